@@ -1,0 +1,10 @@
+# One test program for the library and one for the rooms above it; each test is a case of its own for ctest.
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+file(GLOB library_tests CONFIGURE_DEPENDS tests/script/*.cpp tests/shared/*.cpp tests/commands/*/*.cpp)
+file(GLOB test_support CONFIGURE_DEPENDS tests/support/*.cpp)
+add_executable(library-tests ${library_tests} ${test_support})
+target_include_directories(library-tests PRIVATE tests)
+target_link_libraries(library-tests PRIVATE cordboard::cordboard GTest::gtest GTest::gmock GTest::gtest_main)
+gtest_discover_tests(library-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX library.)

@@ -1,0 +1,125 @@
+// NANSI: the number series. The host keeps the rows; this command checks, asks the host, and releases.
+
+#include <string_view>
+
+#include "script/Conversions.h"
+#include "script/Generate.h"
+#include "script/Module.h"
+#include "script/Report.h"
+#include "script/Text.h"
+#include "shared/SplitRange.h"
+
+namespace cordboard {
+
+namespace {
+
+bool ListNUMTYP(const Action& action) {
+  return OrReport(scSQLSelectValuesAndDesc(), "GetValidValForParam", Message::DescribedListNotBuilt,
+                  action.Parameter());
+}
+
+// Nothing sets these permissions back to True, and the answer is False in every case.
+bool CheckNUMTYP(const Action&) {
+  if (IsTrue(scIsValueEqual("CP"))) {
+    scSetCanHaveParamRange("NUMSE", false);
+    scSetCanHaveParamMultiple("NUMSE", false);
+  } else if (IsTrue(scIsValueEqual("AI"))) {
+    scSetCanHaveParamRange("NUMSE", false);
+  }
+  return false;
+}
+
+// The rule of length of a number type, on both ends of the range; of "AI" on the first alone.
+bool LengthSuitsType(const std::string& context, const Value& NUMTYP, const std::string& from, const std::string& to) {
+  if (Equals(NUMTYP, "EC")) {
+    const bool fits = Length(from) <= 3 && Length(to) <= 3;
+    return OrReport(fits, context, Message::NumberTooLong, "3", NUMTYP);
+  }
+  for (const char* type : {"DE", "DG", "DN", "EX", "MA"}) {
+    if (!Equals(NUMTYP, type)) continue;
+    const bool fits = Length(from) >= 2 && (to.empty() || Length(to) >= 2);
+    return OrReport(fits, context, Message::NumberTooShort, "2", NUMTYP);
+  }
+  if (Equals(NUMTYP, "AI")) return OrReport(Length(from) <= 1, context, Message::NumberTooLong, "1", NUMTYP);
+  return true;
+}
+
+bool Add(const Action& action) {
+  const std::string context = "Add: " + action.CmdName;
+  const Value NUMTYP = scGetParamValue("NUMTYP");
+  const Value NUMSE = scGetParamValue("NUMSE");
+  std::string from;
+  std::string to;
+  SplitRange(NUMSE, from, to);
+  if (!LengthSuitsType(context, NUMTYP, from, to)) return false;
+
+  Value code;
+  const bool initiated = scNANSIinitiate(NUMSE, NUMTYP, code);
+  if (!initiated) scErrorMessage(0, 2, 2, context, code);
+  return initiated;
+}
+
+// Frees every position that none of the five tables names, not only those of the deleted number. ITNUI is asked twice.
+bool ReleaseEquipment() {
+  return scRunQuery(Sql(" UPDATE EQUIPMENT SET USED = FALSE", NL, " WHERE EQU NOT IN (SELECT EQU FROM KSEXI) AND", NL,
+                        " EQU NOT IN (SELECT EQU FROM EXTEIDIR) AND", NL, " EQU NOT IN (SELECT EQU FROM EXTEIAUX) AND",
+                        NL, " EQU NOT IN (SELECT EQU FROM ITNUI) AND", NL, " EQU NOT IN (SELECT EQU FROM CBELI) AND",
+                        NL, " EQU NOT IN (SELECT EQU FROM ITNUI)"));
+}
+
+// No envelope: a step that fails leaves what the steps before it have done.
+bool Delete(const Action& action) {
+  const std::string context = "Delete: " + action.CmdName;
+  RowSet rows;
+  if (!scRunQuery(Sql("SELECT NUMSE, NUMTYP FROM NANSI ", NL, " WHERE CmdId = ", action.CmdId), rows)) {
+    Report(context, Message::RecordNotRead, action.CmdName);
+    return false;
+  }
+  const Value NUMSE = rows[0][0];
+  const Value NUMTYP = rows[1][0];
+  if (NUMSE.IsEmptyText()) {
+    Report(context, Message::ColumnHasNoValue, "NUMSE");
+    return false;
+  }
+  return OrReport(scRunQuery(Sql("DELETE * FROM NANSI", NL, "WHERE CmdId = ", action.CmdId)), context,
+                  Message::RecordNotDeleted, action.CmdName, action.CmdId) &&
+         OrReport(scNANSIremoveFromBlockedRange(NUMSE, NUMTYP), context, Message::BlockedRangeNotRemoved, NUMSE) &&
+         OrReport(ReleaseEquipment(), context, Message::StatementFailed);
+}
+
+// The lines come in the order that DISTINCT gives. The answer is that of the last statement.
+bool Generate(const Action& action) {
+  const std::string context = "Generating: " + action.CmdName;
+  RowSet rows;
+  bool flag = OrReport(scRunQuery("SELECT DISTINCT Start, End, Numtyp From NANSIBlockedRange", rows), context,
+                       Message::GenerationFailed);
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    const Value Start = Trim(rows[0][row]);
+    const Value End = Trim(rows[1][row]);
+    const Value Numtyp = rows[2][row];
+    if (End.IsNull() && Numtyp.IsNull()) {
+      Debug("  Ignoring this value, as it is not a valid NANSI range");
+      continue;
+    }
+    const bool range = !End.IsNull() && !Equals(End, Start);
+    const std::string NUMSE = range ? Text(Start, "&&", End) : Text(Start);
+    const std::string line = Text("NANSI:NUMTYP=", Numtyp, ",NUMSE=", NUMSE, ";");
+    flag = OrReport(InsertBuiltCmd(action, line), context, Message::GenerationFailed);
+  }
+  return flag;
+}
+
+}  // namespace
+
+bool NANSI(const Action& action) {
+  static const Module module{
+      .SetInfo = Add,
+      .DeleteInfo = Delete,
+      .GenerateCmd = Generate,
+      .ValidValues = {{"NUMTYP", ListNUMTYP}},
+      .StatCheck = {{"NUMTYP", CheckNUMTYP}},
+  };
+  return module.Run(action);
+}
+
+}  // namespace cordboard

@@ -1,0 +1,44 @@
+// A command module: a plain set of workers, and the table of what they serve.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "script/Action.h"
+
+namespace cordboard {
+
+using Worker = bool (*)(const Action& action);
+
+// The parameters that one worker serves: one name, or several that share it.
+class ParameterNames {
+ public:
+  ParameterNames(const char* name) : names_{name} {}
+  ParameterNames(std::initializer_list<const char*> names) : names_(names.begin(), names.end()) {}
+
+  const std::vector<std::string>& all() const { return names_; }
+
+ private:
+  std::vector<std::string> names_;
+};
+
+struct ParameterWorker {
+  ParameterNames names;
+  Worker worker;
+};
+
+struct Module {
+  Worker SetInfo = nullptr;
+  Worker EditInfo = nullptr;
+  Worker DeleteInfo = nullptr;
+  Worker GenerateCmd = nullptr;
+  std::vector<ParameterWorker> ValidValues = {};
+  std::vector<ParameterWorker> StatCheck = {};
+
+  // Runs the worker for the action and gives its answer. An action or a parameter that is not served gives False, and
+  // nothing else happens. All names are compared exactly.
+  bool Run(const Action& action) const;
+};
+
+}  // namespace cordboard

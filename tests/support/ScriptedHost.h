@@ -1,0 +1,120 @@
+// A host for transcript tests: its answers are scripted before the action, every call is noted, and a query or a list
+// that no script answers fails the test.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "script/Action.h"
+#include "script/Host.h"
+#include "script/TracingHost.h"
+
+namespace cordboard {
+
+// Joins the lines of an expected transcript, so that a difference is shown line by line.
+std::string Lines(std::initializer_list<std::string> lines);
+
+class ScriptedHost : public Host {
+ public:
+  ScriptedHost();
+  ~ScriptedHost() override;
+
+  // --- The script.
+
+  // The form: what scGetParamValue gives; empty for every other name. scSetParamValue and scResetParam change it.
+  void Param(const std::string& name, Value value) { params_[name] = std::move(value); }
+  // What scGetValueArray and scGetValidValues give, with True.
+  void Array(const std::string& name, List values) { arrays_[name] = std::move(values); }
+  void ValidValues(const std::string& name, List values) { validValues_[name] = std::move(values); }
+  // What scGetNumberOfValidValues gives, with True.
+  void NumberOfValidValues(const std::string& name, Value count) { counts_[name] = std::move(count); }
+  // The rows that a statement gives, [column][row]; none at all for {}. Given several times, the answers follow each
+  // other, and the last stays. NL in a statement is written as CR LF.
+  void Rows(const std::string& sql, std::vector<std::vector<Value>> columns);
+  // The operation answers False: always, or for one first argument. A refused query may still give Rows.
+  void Refuse(const std::string& operation) { refused_.insert({operation, ""}); }
+  void Refuse(const std::string& operation, const std::string& first) { refused_.insert({operation, first}); }
+  // The operation throws HostFailure.
+  void Fail(const std::string& operation, const std::string& first) { failed_.insert({operation, first}); }
+  void PreviousValue(Value previous) { previous_ = std::move(previous); }
+  void ValueEqual(Value answer, const Value& to) { equal_[TraceText(to)] = std::move(answer); }
+  void InitiateCode(Value code) { initiateCode_ = std::move(code); }
+  void AutoEquOption(Value clause) { autoEqu_ = std::move(clause); }
+  void Selected(std::vector<std::vector<Value>> columns) { selected_ = RowSet(std::move(columns)); }
+
+  // --- The action and its transcript.
+
+  // Runs the action with this host. A failure leaves as a RunTimeFailure.
+  bool Run(const Action& action);
+  // All calls so far, a line each.
+  std::string Calls() const;
+  // The calls but for the reads of the form.
+  std::string Effects() const;
+
+  // --- The operations.
+
+  Value scGetParamValue(const std::string& name) override;
+  bool scSetParamValue(const std::string& name, const Value& value) override;
+  bool scResetParam(const std::string& name) override;
+  bool scSetParamOptional(const std::string& name, bool optional) override;
+  void scSetCanHaveParamRange(const std::string& name, bool allowed) override;
+  void scSetCanHaveParamMultiple(const std::string& name, bool allowed) override;
+  Value scIsValueEqual(const Value& value) override;
+  bool scGetValueArray(const std::string& name, List& values) override;
+  void scGetPreviousValue(Value& previous) override;
+  bool scActiveDefinition(const std::string& name, const Value& definition) override;
+  void SetTemplate(bool on) override;
+  bool scCollectSingleValues(const std::string& sql, const Selector& database) override;
+  bool scAddSingleValues(const std::string& sql) override;
+  bool scSubtractSingleValues(const std::string& sql) override;
+  bool scCollectValuesAndDesc(const std::string& sql, const Selector& database) override;
+  bool scSQLSelectValuesAndDesc() override;
+  bool scSQLSelectValuesAndDescByDefinition(const Value& definition) override;
+  bool scPushValidValues(const std::variant<Value, List>& values, const std::optional<std::string>& name) override;
+  bool scPushValidRangeValues(const Value& from, const Value& to) override;
+  bool scRemoveFromValidValues(const std::string& name, const Value& value) override;
+  bool scRemoveFromValidRangeValues(const std::string& name, const Value& from, const Value& to) override;
+  bool scGetValidValues(const std::string& name, List& values) override;
+  bool scGetNumberOfValidValues(const std::string& name, const Value& definition, Value& count) override;
+  bool scRunQuery(const std::string& sql, RowSet* rows, const Selector& database) override;
+  bool scSQLInsert(const std::string& table, const List& columns, const List& values) override;
+  bool scSQLUpdate(const std::string& table, const List& columns, const List& values, const List& keys,
+                   const List& keyValues) override;
+  RowSet scSQLSelect(const std::string& table, const List& columns, const List& keys, const List& keyValues) override;
+  Value scBuildCmdID() override;
+  bool scStartTransaction() override;
+  bool scCommitTransaction() override;
+  bool scRollBackTransaction() override;
+  bool scNANSIinitiate(const Value& numse, const Value& numtyp, Value& code) override;
+  bool scNANSIremoveFromBlockedRange(const Value& numse, const Value& numtyp) override;
+  bool scGetAutoEquOptionValue(Value& clause) override;
+  void scFilterEQU(const Value& first, const Value& second) override;
+  void scErrorMessage(int first, int second, int third, const std::string& context, const Value& code,
+                      const std::vector<Value>& arguments) override;
+  void scPrintToDebugWindow(const std::string& line) override;
+
+ private:
+  bool Answer(const std::string& operation, const std::string& first = "");
+
+  std::shared_ptr<TracingHost> trace_;
+  std::map<std::string, Value> params_;
+  std::map<std::string, List> arrays_;
+  std::map<std::string, List> validValues_;
+  std::map<std::string, Value> counts_;
+  std::map<std::string, std::deque<RowSet>> rows_;
+  std::set<std::pair<std::string, std::string>> refused_;
+  std::set<std::pair<std::string, std::string>> failed_;
+  std::map<std::string, Value> equal_;
+  Value previous_;
+  Value initiateCode_;
+  Value autoEqu_;
+  RowSet selected_;
+  int lastCmdId_ = 1000;
+};
+
+}  // namespace cordboard
