@@ -14,4 +14,10 @@ inline bool InsertBuiltCmd(const Action& action, const std::string& line) {
   return scRunQuery(Sql("INSERT INTO BuiltCmd VALUES (", action.OrderNumber(), ",'", line, "')"));
 }
 
+// A piece of a line, such as ",CUST=" and its value, where the value is not null, or is not blank; otherwise nothing.
+inline std::string UnlessNull(const char* name, const Value& value) { return value.IsNull() ? "" : Text(name, value); }
+inline std::string UnlessBlank(const char* name, const Value& value) {
+  return value.IsBlank() ? "" : Text(name, value);
+}
+
 }  // namespace cordboard

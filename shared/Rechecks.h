@@ -1,0 +1,24 @@
+// Static checks of a parameter whose list depends on another one: remember the value, reset the parameter, and put the
+// value back only if it still fits. A value that no longer fits is dropped in silence.
+#pragma once
+
+#include <string>
+
+#include "script/Action.h"
+
+namespace cordboard {
+
+// Resets the parameter and puts `kept` back if it stands in the list as it now is. Each step that fails is reported
+// with the parameter's name: 61013 the reset, 61020 the list, 61016 the value.
+bool Revalidate(const std::string& context, const std::string& parameter, const Value& kept);
+
+// The same for the parameter's present value, but a list that cannot be had is reported with the command's name.
+bool StatCheck_RecheckValue(const std::string& CmdName, const std::string& parameter);
+
+// LIM against the LOCATION on the form.
+bool StatCheck_LIM(const std::string& CmdName);
+// EQU and BPOS against the named location parameter.
+bool StatCheck_EQU(const std::string& locationParameter);
+bool StatCheck_BPOS(const std::string& locationParameter);
+
+}  // namespace cordboard

@@ -1,0 +1,30 @@
+// The lists of valid values that many commands show in the same way. Each provider fills the host's list of the
+// action's parameter, and reports a failure under its own name. None reads the form but where told.
+#pragma once
+
+#include <string>
+
+#include "script/Action.h"
+
+namespace cordboard {
+
+// The fixed values of the parameter, in the active definition or in the action's.
+bool GetValuesAndDescription(const Action& action);
+bool GetValuesAndDescriptionByDefinition(const Action& action);
+
+bool GetValuesFor_CUST(const Action& action);
+bool GetValuesFor_LOCATION(const Action& action);
+// All LIMs, or those of the LOCATION on the form; ordered as the column is, not by numeric value as CUST, CAT and ROU.
+bool GetValuesFor_LIM(const Action& action);
+// The categories that are defined: those whose SERV is not null.
+bool GetValuesFor_CAT(const Action& action);
+// The call origin groups, less those that `table` holds; with the empty text nothing is taken out.
+bool GetValuesFor_CORG(const Action& action, const std::string& table);
+bool GetValuesFor_CSP(const Action& action);
+bool GetValuesFor_ROU(const Action& action);
+// The free numbers of type EX.
+bool GetValuesFor_EX(const Action& action);
+// In spite of its name a list: the locations, or the one location of the LIM in the EQU on the form.
+bool StatCheck_EQU_LOCATION(const Action& action);
+
+}  // namespace cordboard
