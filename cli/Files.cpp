@@ -1,0 +1,20 @@
+#include "cli/Files.h"
+
+#include "cli/Subcommands.h"
+#include "workbench/UserAction.h"
+
+namespace cordboard::cli {
+
+std::unique_ptr<workbench::Exchange> OpenExchange(const std::string& file) {
+  if (!std::filesystem::exists(file)) throw Exit{NotFound, "there is no file " + file};
+  return workbench::Exchange::Open(file);
+}
+
+const workbench::FormDefinition& FormOf(const std::string& command) {
+  std::vector<workbench::Problem> problems;
+  const workbench::FormDefinition* form = workbench::FindFormOr(command, problems);
+  if (form == nullptr) throw Exit{NotFound, problems.front().message};
+  return *form;
+}
+
+}  // namespace cordboard::cli

@@ -1,0 +1,18 @@
+// The files that the command line names.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "workbench/Exchange.h"
+#include "workbench/FormDefinition.h"
+
+namespace cordboard::cli {
+
+// Opens an exchange; a missing file ends the subcommand with NotFound.
+std::unique_ptr<workbench::Exchange> OpenExchange(const std::string& file);
+
+// The form of a command; an unknown one ends the subcommand with NotFound and the nearest name.
+const workbench::FormDefinition& FormOf(const std::string& command);
+
+}  // namespace cordboard::cli

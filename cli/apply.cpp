@@ -1,0 +1,112 @@
+// cordboard apply: performs the actions of plan files, all or nothing.
+
+#include <unistd.h>
+
+#include <fstream>
+#include <iostream>
+#include <list>
+#include <nlohmann/json.hpp>
+
+#include "cli/Files.h"
+#include "cli/Output.h"
+#include "cli/Subcommands.h"
+#include "workbench/Plan.h"
+
+namespace cordboard::cli {
+
+namespace {
+
+using workbench::PlanResult;
+
+struct Options {
+  std::string file;
+  std::vector<std::string> plans;
+  bool dryRun = false;
+  bool keepGoing = false;
+  bool json = false;
+};
+
+constexpr std::size_t linesBetweenNotes = 500;
+
+std::function<void(std::size_t)> Progress() {
+  if (isatty(STDERR_FILENO) != 1) return {};
+  return [](std::size_t lines) {
+    if (lines % linesBetweenNotes == 0) std::cerr << '\r' << lines << " lines" << std::flush;
+  };
+}
+
+void Report(const PlanResult& result) {
+  for (const workbench::LineReport& report : result.reports) {
+    for (const workbench::Problem& problem : report.problems) {
+      const std::string text =
+          report.file + ":" + std::to_string(report.line) + ": " + Written(report.command, problem);
+      report.refused ? Error(text) : Warning(text);
+    }
+  }
+}
+
+void ReportJson(const PlanResult& result) {
+  nlohmann::json lines = nlohmann::json::array();
+  for (const workbench::LineReport& report : result.reports) {
+    nlohmann::json problems = nlohmann::json::array();
+    for (const workbench::Problem& problem : report.problems) problems.push_back(ToJson(problem));
+    lines.push_back({{"file", report.file},
+                     {"line", report.line},
+                     {"command", report.command},
+                     {"refused", report.refused},
+                     {"problems", problems}});
+  }
+  PrintJson({{"done", result.done}, {"refused", result.refused}, {"kept", result.kept}, {"lines", lines}});
+}
+
+std::string Summary(const PlanResult& result, bool dryRun) {
+  const std::string counts = std::to_string(result.done) + " done, " + std::to_string(result.refused) + " refused";
+  if (result.kept) return counts;
+  return counts + (dryRun ? "; nothing was kept, since this is a dry run" : "; nothing was kept");
+}
+
+int Apply(const Options& options) {
+  const auto exchange = OpenExchange(options.file);
+  std::list<std::ifstream> open;
+  std::vector<workbench::PlanFile> files;
+  for (const std::string& plan : options.plans) {
+    if (plan == "-") {
+      files.push_back({"standard input", std::cin});
+      continue;
+    }
+    if (!std::filesystem::exists(plan)) throw Exit{NotFound, "there is no plan file " + plan};
+    std::ifstream& in = open.emplace_back(plan, std::ios::binary);
+    if (!in || std::filesystem::is_directory(plan)) throw Exit{Trouble, "the plan file " + plan + " cannot be read"};
+    files.push_back({plan, in});
+  }
+
+  workbench::Session session(*exchange);
+  const PlanResult result = ApplyPlan(
+      session, files,
+      {.dryRun = options.dryRun, .keepGoing = options.keepGoing, .progress = options.json ? nullptr : Progress()});
+  if (options.json) {
+    ReportJson(result);
+  } else {
+    Report(result);
+    Note("plan", Summary(result, options.dryRun));
+  }
+  return result.refused == 0 ? Done : Refused;
+}
+
+}  // namespace
+
+void AddApply(CLI::App& app, int& exitCode) {
+  auto options = std::make_shared<Options>();
+  CLI::App* sub = app.add_subcommand("apply", "Perform the actions of plan files: all of them, or none");
+  sub->add_option("FILE", options->file, "the exchange file")->required();
+  sub->add_option("PLAN", options->plans, "plan files with one action a line; - reads standard input")->required();
+  sub->add_flag("--dry-run", options->dryRun, "try everything and keep nothing");
+  sub->add_flag("--keep-going", options->keepGoing, "keep the good lines where others are refused");
+  sub->add_flag("--json", options->json, "report as JSON on standard output");
+  sub->footer(
+      "A line adds (NANSI:NUMTYP=EX,NUMSE=100&&199;), changes (edit KSEXI DIR=100:CUST=3;) or removes\n"
+      "(delete KSEXI DIR=100;). Lines that begin with # are comments. See docs/plans.md.");
+  sub->callback([options, &exitCode] { exitCode = Apply(*options); });
+}
+
+}  // namespace cordboard::cli

@@ -1,0 +1,81 @@
+// cordboard explain: what one action does, call by call, without doing it.
+
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "cli/Files.h"
+#include "cli/Output.h"
+#include "cli/Subcommands.h"
+#include "script/TracingHost.h"
+#include "workbench/PlanLine.h"
+
+namespace cordboard::cli {
+
+namespace {
+
+struct Options {
+  std::string file;
+  std::string line;
+  bool json = false;
+};
+
+void Print(const std::vector<TracedCall>& calls, const workbench::Outcome& outcome) {
+  for (const TracedCall& call : calls) {
+    std::cout << std::string(static_cast<std::size_t>(call.depth) * 2, ' ') << call.call;
+    if (!call.answer.empty()) std::cout << "  ->  " << call.answer;
+    std::cout << '\n';
+  }
+  std::cout << (outcome.done ? "done" : "refused") << '\n';
+}
+
+void PrintAsJson(const std::vector<TracedCall>& calls, const workbench::Outcome& outcome) {
+  nlohmann::json traced = nlohmann::json::array();
+  for (const TracedCall& call : calls)
+    traced.push_back({{"call", call.call}, {"answer", call.answer}, {"depth", call.depth}});
+  nlohmann::json problems = nlohmann::json::array();
+  for (const auto& problem : outcome.done ? outcome.warnings : outcome.problems) problems.push_back(ToJson(problem));
+  PrintJson({{"calls", traced}, {"done", outcome.done}, {"problems", problems}});
+}
+
+workbench::UserAction Parsed(const std::string& line) {
+  try {
+    if (auto action = workbench::ParsePlanLine(line)) return *action;
+  } catch (const workbench::PlanLineError& error) {
+    throw Exit{Usage, error.what()};
+  }
+  throw Exit{Usage, "the line holds no action"};
+}
+
+int Explain(const Options& options) {
+  const workbench::UserAction action = Parsed(options.line);
+  const auto exchange = OpenExchange(options.file);
+  std::shared_ptr<TracingHost> trace;
+  workbench::Session session(*exchange, [&trace](std::shared_ptr<Host> host) {
+    return trace = std::make_shared<TracingHost>(std::move(host));
+  });
+  workbench::Transaction transaction(*exchange);
+  const workbench::Outcome outcome = Perform(session, action);
+  transaction.RollBack();
+
+  if (options.json) {
+    PrintAsJson(trace->calls(), outcome);
+  } else {
+    Print(trace->calls(), outcome);
+  }
+  for (const auto& problem : outcome.problems) Error(Written(action.command, problem));
+  for (const auto& problem : outcome.warnings) Warning(Written(action.command, problem));
+  return outcome.done ? Done : Refused;
+}
+
+}  // namespace
+
+void AddExplain(CLI::App& app, int& exitCode) {
+  auto options = std::make_shared<Options>();
+  CLI::App* sub = app.add_subcommand("explain", "Show what an action does, call by call, and undo it");
+  sub->add_option("FILE", options->file, "the exchange file")->required();
+  sub->add_option("LINE", options->line, "the action, as a line of a plan")->required();
+  sub->add_flag("--json", options->json, "print as JSON");
+  sub->callback([options, &exitCode] { exitCode = Explain(*options); });
+}
+
+}  // namespace cordboard::cli

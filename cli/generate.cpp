@@ -1,0 +1,58 @@
+// cordboard generate: the exchange's command lines.
+
+#include <fstream>
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "cli/Files.h"
+#include "cli/Output.h"
+#include "cli/Subcommands.h"
+#include "workbench/Generation.h"
+
+namespace cordboard::cli {
+
+namespace {
+
+struct Options {
+  std::string file;
+  std::string output;
+  bool json = false;
+};
+
+void Write(const workbench::Generated& generated, std::ostream& out) {
+  for (const workbench::GeneratedLine& line : generated.lines) out << line.text << '\n';
+}
+
+int Generate(const Options& options) {
+  const auto exchange = OpenExchange(options.file);
+  workbench::Session session(*exchange);
+  const workbench::Generated generated = workbench::Generate(session);
+  for (const auto& [command, problem] : generated.problems) Error(Written(command, problem));
+  if (options.json) {
+    nlohmann::json data = nlohmann::json::array();
+    for (const auto& line : generated.lines) data.push_back({{"command", line.command}, {"line", line.text}});
+    PrintJson(data);
+  } else if (options.output.empty()) {
+    Write(generated, std::cout);
+  } else {
+    std::ofstream out(options.output, std::ios::binary);
+    Write(generated, out);
+    out.close();
+    if (!out) throw Exit{Trouble, "the lines cannot be written to " + options.output};
+    Note("lines", std::to_string(generated.lines.size()) + " written to " + options.output);
+  }
+  return generated.problems.empty() ? Done : Refused;
+}
+
+}  // namespace
+
+void AddGenerate(CLI::App& app, int& exitCode) {
+  auto options = std::make_shared<Options>();
+  CLI::App* sub = app.add_subcommand("generate", "Print the exchange's command lines");
+  sub->add_option("FILE", options->file, "the exchange file")->required();
+  auto* output = sub->add_option("-o,--output", options->output, "write the lines to this file");
+  sub->add_flag("--json", options->json, "print as JSON")->excludes(output);
+  sub->callback([options, &exitCode] { exitCode = Generate(*options); });
+}
+
+}  // namespace cordboard::cli

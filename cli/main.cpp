@@ -1,0 +1,76 @@
+// cordboard: prepare a telephone exchange offline, and get its command lines.
+
+#include <exception>
+#include <iostream>
+#include <memory>
+
+#include "cli/Output.h"
+#include "cli/Subcommands.h"
+#include "workbench/Connection.h"
+#include "workbench/Exchange.h"
+#include "workbench/Plant.h"
+
+namespace {
+
+using namespace cordboard;
+using namespace cordboard::cli;
+
+const char* const exitCodes =
+    "Exit codes: 0 done, 1 a fault of the program, 2 usage, 3 refused, 4 not found, 5 file or database trouble.";
+
+int Parse(CLI::App& app, int argc, char** argv) {
+  try {
+    app.parse(argc, argv);
+    return Done;
+  } catch (const CLI::ParseError& error) {
+    // Help and version end well; every other complaint is about usage.
+    return app.exit(error) == 0 ? Done : Usage;
+  }
+}
+
+int Run(int argc, char** argv) {
+  CLI::App app("Prepare a private telephone exchange offline, and get its command lines.", "cordboard");
+  app.set_version_flag("--version", CORDBOARD_VERSION);
+  app.footer(exitCodes);
+  app.require_subcommand(1);
+  int exitCode = Done;
+  AddNew(app, exitCode);
+  AddApply(app, exitCode);
+  AddValues(app, exitCode);
+  AddShow(app, exitCode);
+  AddGenerate(app, exitCode);
+  AddExplain(app, exitCode);
+  AddCommands(app, exitCode);
+  AddHelp(app, exitCode);
+  const int parsed = Parse(app, argc, argv);
+  return parsed == Done ? exitCode : parsed;
+}
+
+int RunAndReport(int argc, char** argv) {
+  try {
+    const int exitCode = Run(argc, argv);
+    if (std::cout.flush()) return exitCode;
+    Error("standard output could not be written");
+    return Trouble;
+  } catch (const Exit& exit) {
+    Error(exit.message);
+    return exit.code;
+  } catch (const workbench::ExchangeError& error) {
+    Error(error.what());
+  } catch (const workbench::PlantError& error) {
+    Error(error.what());
+  } catch (const workbench::DatabaseError& error) {
+    Error(std::string("the database refuses: ") + error.what());
+  } catch (const std::exception& error) {
+    Error(std::string("this is a fault of the program: ") + error.what());
+    return Internal;
+  }
+  return Trouble;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  return RunAndReport(argc, argv);
+}

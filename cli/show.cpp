@@ -1,0 +1,70 @@
+// cordboard show: what an exchange holds.
+
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "cli/Files.h"
+#include "cli/Output.h"
+#include "cli/Subcommands.h"
+#include "script/Conversions.h"
+
+namespace cordboard::cli {
+
+namespace {
+
+struct Options {
+  std::string file;
+  std::string command;
+  bool json = false;
+};
+
+void ShowTables(workbench::Exchange& exchange, bool json) {
+  nlohmann::json data = nlohmann::json::array();
+  std::vector<std::vector<std::string>> rows;
+  for (const workbench::FormDefinition* form : workbench::Forms()) {
+    const Value count = exchange.Dynamic().Single("SELECT COUNT(*) FROM [" + form->table + "]");
+    data.push_back({{"command", form->command}, {"title", form->title}, {"records", ToJson(count)}});
+    rows.push_back({form->command, Joined(count), form->title});
+  }
+  if (json) return PrintJson({{"release", exchange.release()}, {"tables", data}});
+  std::cout << "Release " << exchange.release() << "\n\n";
+  PrintTable({"COMMAND", "RECORDS", ""}, rows);
+}
+
+void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition& form, bool json) {
+  const RowSet records = exchange.Dynamic().Run("SELECT * FROM [" + form.table + "] ORDER BY rowid");
+  const RowSet columns = exchange.Dynamic().Run("SELECT name FROM pragma_table_info(?)", {form.table});
+  std::vector<std::string> names;
+  for (const Value& name : columns[0]) names.push_back(Joined(name));
+  nlohmann::json data = nlohmann::json::array();
+  std::vector<std::vector<std::string>> rows;
+  for (std::size_t row = 0; row < records.RowCount(); ++row) {
+    nlohmann::json record;
+    std::vector<std::string> cells;
+    for (std::size_t column = 0; column < names.size(); ++column) {
+      record[names[column]] = ToJson(records[column][row]);
+      cells.push_back(records[column][row].IsNull() ? "-" : Joined(records[column][row]));
+    }
+    data.push_back(record);
+    rows.push_back(cells);
+  }
+  if (json) return PrintJson(data);
+  PrintTable(names, rows);
+}
+
+}  // namespace
+
+void AddShow(CLI::App& app, int&) {
+  auto options = std::make_shared<Options>();
+  CLI::App* sub = app.add_subcommand("show", "Show what an exchange holds: its tables, or the records of a command");
+  sub->add_option("FILE", options->file, "the exchange file")->required();
+  sub->add_option("COMMAND", options->command, "the command whose records to show");
+  sub->add_flag("--json", options->json, "print as JSON");
+  sub->callback([options] {
+    const auto exchange = OpenExchange(options->file);
+    if (options->command.empty()) return ShowTables(*exchange, options->json);
+    ShowRecords(*exchange, FormOf(options->command), options->json);
+  });
+}
+
+}  // namespace cordboard::cli

@@ -1,0 +1,153 @@
+#include "workbench/Exchange.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "script/Conversions.h"
+#include "workbench/FixedValues.h"
+#include "workbench/Plant.h"
+#include "workbench/Resources.h"
+#include "workbench/Schema.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+// What marks a file as an exchange ("CBBX"), and the version of its schema.
+constexpr int applicationId = 0x43424258;
+constexpr int schemaVersion = 1;
+
+void MakeTables(Connection& database, const char* selector) {
+  for (const std::string& statement : TheSchema().CreateStatements(selector)) database.Execute(statement);
+}
+
+}  // namespace
+
+const std::vector<std::string>& Releases() {
+  static const std::vector<std::string> releases = {"R6", "R6/1", "R7", "R8"};
+  return releases;
+}
+
+std::unique_ptr<Exchange> Exchange::Create(const std::filesystem::path& file, const std::string& release,
+                                           const Plant& plant) {
+  if (std::filesystem::exists(file)) throw ExchangeError(file.string() + " exists already; choose another name");
+  try {
+    std::unique_ptr<Exchange> exchange(new Exchange(Connection(file, Connection::Mode::Create)));
+    exchange->dynamic_.Execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL");
+    exchange->Fill(release, plant);
+    return exchange;
+  } catch (...) {
+    std::error_code ignored;
+    for (const char* ending : {"", "-wal", "-shm", "-journal"})
+      std::filesystem::remove(file.string() + ending, ignored);
+    throw;
+  }
+}
+
+std::unique_ptr<Exchange> Exchange::CreateInMemory(const std::string& release, const Plant& plant) {
+  std::unique_ptr<Exchange> exchange(new Exchange(Connection()));
+  exchange->Fill(release, plant);
+  return exchange;
+}
+
+void Exchange::Fill(const std::string& release, const Plant& plant) {
+  if (std::ranges::find(Releases(), release) == Releases().end()) throw ExchangeError("there is no release " + release);
+  release_ = release;
+  Transaction transaction(*this);
+  MakeTables(dynamic_, "dynamic");
+  dynamic_.Execute("CREATE TABLE [Cordboard] ([Name] TEXT PRIMARY KEY, [Value]) WITHOUT ROWID");
+  dynamic_.Run("INSERT INTO [Cordboard] VALUES ('Release', ?), ('CmdId', 0)", {release});
+  EnterPlant(*this, plant);
+  dynamic_.Execute("PRAGMA application_id = " + std::to_string(applicationId) +
+                   "; PRAGMA user_version = " + std::to_string(schemaVersion));
+  transaction.Commit();
+}
+
+std::unique_ptr<Exchange> Exchange::Open(const std::filesystem::path& file) {
+  if (!std::filesystem::exists(file)) throw ExchangeError("there is no file " + file.string());
+  const std::string notAnExchange = file.string() + " is not an exchange";
+  if (!std::filesystem::is_regular_file(file)) throw ExchangeError(notAnExchange);
+  // SQLite opens a file that it may not write for reading.
+  std::unique_ptr<Exchange> exchange(new Exchange(Connection(file, Connection::Mode::ReadWrite)));
+  try {
+    if (!Equals(exchange->dynamic_.Single("PRAGMA application_id"), applicationId)) throw ExchangeError(notAnExchange);
+  } catch (const DatabaseError& error) {
+    throw ExchangeError(notAnExchange + " (" + error.what() + ")");
+  }
+  if (!Equals(exchange->dynamic_.Single("PRAGMA user_version"), schemaVersion))
+    throw ExchangeError(file.string() + " was made by another version of cordboard");
+  exchange->dynamic_.Execute("PRAGMA synchronous = FULL");
+  exchange->release_ = Joined(exchange->dynamic_.Single("SELECT [Value] FROM [Cordboard] WHERE [Name] = 'Release'"));
+  return exchange;
+}
+
+Connection* Exchange::Database(const std::string& selector) {
+  if (selector == "dynamic") return &dynamic_;
+  if (selector == "static") return &Static();
+  return selector == "site" ? &Site() : nullptr;
+}
+
+Connection& Exchange::Static() {
+  if (!static_) {
+    static_.emplace();
+    MakeTables(*static_, "static");
+    EnterFixedValues(*static_, release_);
+    static_->Execute("PRAGMA query_only = 1");
+  }
+  return *static_;
+}
+
+Connection& Exchange::Site() {
+  if (!site_) {
+    if (siteFile_) {
+      const bool made = !std::filesystem::exists(*siteFile_);
+      site_.emplace(*siteFile_, Connection::Mode::Create);
+      if (made) MakeTables(*site_, "site");
+    } else {
+      site_.emplace();
+      MakeTables(*site_, "site");
+    }
+    for (int i = 0; i < dynamic_.OpenTransactions(); ++i) site_->Start();
+  }
+  return *site_;
+}
+
+Value Exchange::NewCmdId() {
+  return dynamic_.Single("UPDATE [Cordboard] SET [Value] = [Value] + 1 WHERE [Name] = 'CmdId' RETURNING [Value]");
+}
+
+void Exchange::Start() {
+  dynamic_.Start();
+  if (site_) site_->Start();
+}
+
+void Exchange::Commit() {
+  dynamic_.Commit();
+  if (site_) site_->Commit();
+}
+
+void Exchange::RollBack() {
+  dynamic_.RollBack();
+  if (site_) site_->RollBack();
+}
+
+void Transaction::Commit() {
+  exchange_.Commit();
+  open_ = false;
+}
+
+void Transaction::RollBack() {
+  open_ = false;
+  exchange_.RollBack();
+}
+
+Transaction::~Transaction() {
+  if (!open_) return;
+  try {
+    exchange_.RollBack();
+  } catch (const DatabaseError&) {
+    // The database has rolled back by itself, or is gone: there is nothing left to undo.
+  }
+}
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,67 @@
+// What a command's form is: its parameters, its record and what the record handling does (data/forms/<COMMAND>.json).
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace cordboard::workbench {
+
+struct ParameterDefinition {
+  std::string name;
+  std::string title;
+  bool mandatory = false;
+  bool multiple = false;  // takes several values, "1&2&5"
+  bool range = false;     // takes a range, "100&&199"
+  bool list = false;      // the command builds a list of valid values for it
+  bool fixed = false;     // its values are the fixed ones of the release, though the command builds no list
+  bool check = false;     // the command has a static check for it
+};
+
+// Some digits of a whole parameter, entered on the form as sub-digit parameters. Several that share the same digits add
+// up, each to as many digits as the place has.
+struct DigitPlace {
+  int first = 1;  // position of the first digit, from 1
+  int width = 1;
+  std::vector<std::string> parameters;
+};
+
+// A whole parameter that the form folds from sub-digit parameters. Digits without a place, or not given, are the fill.
+struct Folding {
+  std::string parameter;
+  int length = 0;
+  char fill = '0';
+  std::vector<DigitPlace> places = {};
+};
+
+// What the record handling does after an action, where the command's rules leave it to the host.
+struct RecordHandling {
+  bool removeRowAfterDelete = false;
+  std::vector<std::string> writeAfterEdit = {};  // key columns that an edit leaves as they were
+};
+
+struct FormDefinition {
+  std::string command;
+  std::string title;
+  std::string help;                  // one sentence
+  std::string table;                 // the table of its records
+  std::vector<std::string> columns;  // the columns that "SetInfo" is given, "CMDID" first
+  std::vector<ParameterDefinition> parameters = {};
+  std::vector<Folding> foldings = {};
+  RecordHandling handling = {};
+  bool single = false;  // one record for the whole exchange: an add changes the record that stands
+  bool adds = false;
+  bool edits = false;
+  bool deletes = false;
+  bool generates = false;
+
+  const ParameterDefinition* Find(std::string_view name) const;
+  const Folding* FoldingOf(std::string_view parameter) const;   // of a whole parameter
+  const Folding* FoldingWith(std::string_view subDigit) const;  // that a sub-digit parameter belongs to
+};
+
+// The forms of all commands that are built, by command name.
+const FormDefinition* FindForm(std::string_view command);
+std::vector<const FormDefinition*> Forms();
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,137 @@
+#include "workbench/FormFilling.h"
+
+#include <algorithm>
+
+#include "script/Conversions.h"
+#include "workbench/Elements.h"
+#include "workbench/Nearest.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+constexpr std::size_t shownValues = 10;
+
+std::vector<std::string> ParameterNames(const FormDefinition& definition) {
+  std::vector<std::string> names;
+  for (const ParameterDefinition& parameter : definition.parameters) names.push_back(parameter.name);
+  return names;
+}
+
+// "10, 20, 30 ... (57 in all)"; a list of nothing says so.
+std::string Shown(const ValueList& list) {
+  const std::vector<ValidValue> all = list.All();
+  if (all.empty()) return "no value at present";
+  std::string text;
+  for (std::size_t i = 0; i < std::min(all.size(), shownValues); ++i) text += (i == 0 ? "" : ", ") + all[i].value;
+  return all.size() <= shownValues ? text : text + ", ... (" + std::to_string(all.size()) + " in all)";
+}
+
+std::string WrongCharacters(const std::string& value) {
+  if (value.find('\'') != value.npos) return "a value must not hold a quote character (')";
+  const bool control = std::ranges::any_of(value, [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+  return control ? "a value must not hold control characters" : "";
+}
+
+// Why the form does not take this many values at present, or nothing.
+std::string WrongNumber(const Form& form, const Assignment& assignment) {
+  const bool range = HoldsRange(assignment.value);
+  if (range && !form.TakesRange(assignment.name)) return "a range is not possible here; give one value";
+  if (HoldsSeveral(assignment.value) && !form.TakesSeveral(assignment.name))
+    return "several values are not possible here; give one value";
+  return "";
+}
+
+// Whether the parameter takes its value apart at "&" at all: elsewhere the sign is part of the value.
+bool TakesElements(const FormDefinition& definition, const std::string& name) {
+  const ParameterDefinition* parameter = definition.Find(name);
+  return parameter->range || parameter->multiple;
+}
+
+void CheckAgainstList(Session& session, const Assignment& assignment, const std::vector<std::string>& elements,
+                      std::vector<Problem>& problems) {
+  const ValueList* list = session.host().FreshList(assignment.name);
+  const std::vector<Problem> reported = TakeProblems(session, assignment.name, assignment.value);
+  problems.insert(problems.end(), reported.begin(), reported.end());
+  // A list that is not built, in silence, is no list: the rules leave the value to the form.
+  if (list == nullptr || !reported.empty()) return;
+  for (const std::string& element : elements) {
+    if (list->Contains(element)) continue;
+    problems.push_back({assignment.name, element, "this value is not possible here", Shown(*list)});
+    return;
+  }
+}
+
+}  // namespace
+
+std::vector<Problem> TakeProblems(Session& session, const std::string& parameter, const std::string& value) {
+  std::vector<Problem> problems;
+  for (const ReportedMessage& message : session.host().TakeMessages())
+    problems.push_back({parameter, value, message.text, ""});
+  return problems;
+}
+
+void SetValue(Session& session, const Assignment& assignment, std::vector<Problem>& problems,
+              std::vector<Problem>& warnings) {
+  const auto& [name, value] = assignment;
+  Form& form = session.form();
+  const ParameterDefinition* parameter = form.definition().Find(name);
+  const auto refuse = [&](const std::string& message) { problems.push_back({name, value, message, ""}); };
+  if (parameter == nullptr)
+    return refuse("there is no parameter " + name + " in " + form.definition().command + "." +
+                  DidYouMean(name, ParameterNames(form.definition())));
+  if (const std::string wrong = WrongCharacters(value); !wrong.empty()) return refuse(wrong);
+
+  // Nothing behind the equals sign clears the parameter.
+  if (value.empty()) {
+    form.Reset(name);
+  } else {
+    std::vector<std::string> elements = {value};
+    if (TakesElements(form.definition(), name)) {
+      try {
+        elements = Elements(value);
+      } catch (const ElementsError& error) {
+        return refuse(error.what());
+      }
+    }
+    if (parameter->list || parameter->fixed) {
+      const std::size_t before = problems.size();
+      CheckAgainstList(session, assignment, elements, problems);
+      if (problems.size() > before) return;
+    }
+    form.Set(name, value);
+  }
+
+  if (!parameter->check) return;
+  session.host().Checking(name);
+  const RunResult check = session.Run("StatCheck", 0, {name}, name);
+  if (check.failure) refuse("the check failed (" + *check.failure + ")");
+  // A check stops the user where it answers False and says why; one that answers False in silence found nothing.
+  for (const Problem& problem : TakeProblems(session, name, value))
+    (check.answer ? warnings : problems).push_back(problem);
+}
+
+void CheckWhole(Session& session, const std::vector<Assignment>& values, std::vector<Problem>& problems) {
+  const Form& form = session.form();
+  for (const ParameterDefinition& parameter : form.definition().parameters) {
+    if (form.IsMandatory(parameter.name) && form.Get(parameter.name).IsBlank())
+      problems.push_back({parameter.name, "", "this parameter has to be given (" + parameter.title + ")", ""});
+  }
+  for (const Assignment& assignment : values) {
+    const ParameterDefinition* parameter = form.definition().Find(assignment.name);
+    if (parameter == nullptr || !problems.empty()) continue;
+    if (TakesElements(form.definition(), assignment.name)) {
+      if (const std::string wrong = WrongNumber(form, assignment); !wrong.empty())
+        problems.push_back({assignment.name, assignment.value, wrong, ""});
+    }
+    // A parameter of the form alone may come and go; one that is stored must not be lost in silence.
+    const bool stored =
+        std::ranges::find(form.definition().columns, assignment.name) != form.definition().columns.end();
+    if (stored && Joined(form.Get(assignment.name)) != assignment.value)
+      problems.push_back({assignment.name, assignment.value,
+                          "a check of the values behind it has cleared this value, since the two do not go together",
+                          ""});
+  }
+}
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,39 @@
+#include "workbench/Generation.h"
+
+#include <nlohmann/json.hpp>
+
+#include "script/Conversions.h"
+#include "workbench/FormFilling.h"
+#include "workbench/Resources.h"
+
+namespace cordboard::workbench {
+
+const std::vector<std::string>& GenerationOrder() {
+  static const std::vector<std::string> order =
+      nlohmann::json::parse(Resource("generation-order.json")).get<std::vector<std::string>>();
+  return order;
+}
+
+Generated Generate(Session& session) {
+  Generated generated;
+  Exchange& exchange = session.exchange();
+  // The lines go by way of a table of the exchange; they are taken from there and the table is left empty.
+  Transaction transaction(exchange);
+  int number = 0;
+  for (const std::string& command : GenerationOrder()) {
+    const FormDefinition* definition = FindForm(command);
+    if (definition == nullptr || !definition->generates) continue;
+    session.host().OpenForm(*definition);
+    const RunResult result = session.Run("GenerateCmd", 0, {std::to_string(++number)});
+    for (Problem& problem : TakeProblems(session, "", "")) generated.problems.emplace_back(command, std::move(problem));
+    if (result.failure)
+      generated.problems.emplace_back(command, Problem{"", "", "the generation failed (" + *result.failure + ")", ""});
+    const RowSet rows =
+        exchange.Dynamic().Run("SELECT [Line] FROM [BuiltCmd] WHERE [OrderNo] = ? ORDER BY rowid", {number});
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) generated.lines.push_back({command, Joined(rows[0][row])});
+  }
+  transaction.RollBack();
+  return generated;
+}
+
+}  // namespace cordboard::workbench

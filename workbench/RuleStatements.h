@@ -1,0 +1,39 @@
+// The library's statements on an exchange's databases: mapped from their dialect, refused where they are malformed, and
+// traced to the debug window when they fail.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "script/Host.h"
+#include "workbench/ValueList.h"
+
+namespace cordboard::workbench {
+
+class Exchange;
+
+using DebugLines = std::vector<std::string>;
+
+// The database that a selector names; an empty one, and none at all, name the default.
+std::string SelectorName(const Selector& selector, const char* otherwise);
+
+// Runs one statement. Nothing where it fails.
+std::optional<RowSet> RunRule(Exchange& exchange, const std::string& sql, const std::string& selector,
+                              DebugLines& debug);
+// A query as a step of a list, checked against the schema but not run. Nothing where it would fail.
+std::optional<ListStatement> PrepareList(Exchange& exchange, const std::string& sql, const std::string& selector,
+                                         DebugLines& debug);
+// The fixed values of a parameter in one definition.
+ListStatement FixedList(Exchange& exchange, const std::string& command, const std::string& parameter, int definition);
+
+// Rows by names and values, without statement text. An empty value becomes a null; a key without a name counts for
+// nothing. The templates' tables are found in their own database.
+bool InsertRow(Exchange& exchange, const std::string& table, const List& columns, const List& values,
+               DebugLines& debug);
+bool UpdateRows(Exchange& exchange, const std::string& table, const List& columns, const List& values, const List& keys,
+                const List& keyValues, DebugLines& debug);
+RowSet SelectRows(Exchange& exchange, const std::string& table, const List& columns, const List& keys,
+                  const List& keyValues, DebugLines& debug);
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,113 @@
+#include "workbench/ValueList.h"
+
+#include <charconv>
+#include <optional>
+#include <unordered_set>
+
+#include "script/Conversions.h"
+#include "workbench/Connection.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+template <typename... Cases>
+struct Overloaded : Cases... {
+  using Cases::operator()...;
+};
+template <typename... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
+
+// The number that the text is exactly, "7" but not "07".
+std::optional<long long> WholeNumber(const std::string& text) {
+  long long number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size() || std::to_string(number) != text) return std::nullopt;
+  return number;
+}
+
+bool Within(const std::string& value, long long from, long long to) {
+  const auto number = WholeNumber(value);
+  return number && *number >= from && *number <= to;
+}
+
+// Whether a row of the statement has the value in its first column: the statement as an inner query, so that the
+// database can use its indexes.
+bool Gives(const ListStatement& statement, const std::string& value) {
+  std::string columns = "v";
+  for (int i = 1; i < statement.database->PrepareRule(statement.sql); ++i) columns += ", c" + std::to_string(i);
+  std::vector<Value> parameters = statement.parameters;
+  parameters.emplace_back(value);
+  return !statement.database
+              ->RunRule("WITH list(" + columns + ") AS (" + statement.sql + ") SELECT 1 FROM list WHERE v = ? LIMIT 1",
+                        parameters)
+              .IsEmpty();
+}
+
+}  // namespace
+
+void ValueList::Collect(ListStatement statement) {
+  steps_.clear();
+  Add(std::move(statement));
+}
+
+std::vector<ValidValue> ValueList::All() const {
+  std::vector<ValidValue> all;
+  const auto remove = [&all](const auto& unwanted) {
+    std::erase_if(all, [&](const ValidValue& entry) { return unwanted(entry.value); });
+  };
+  for (const auto& step : steps_) {
+    std::visit(
+        Overloaded{
+            [&](const AddRows& add) {
+              const RowSet rows = add.statement.database->RunRule(add.statement.sql, add.statement.parameters);
+              for (std::size_t row = 0; row < rows.RowCount(); ++row)
+                all.push_back({Joined(rows[0][row]), rows.ColumnCount() > 1 ? Joined(rows[1][row]) : ""});
+            },
+            [&](const SubtractRows& subtract) {
+              const ListStatement& statement = subtract.statement;
+              const RowSet rows = statement.database->RunRule(statement.sql, statement.parameters);
+              std::unordered_set<std::string> unwanted;
+              for (std::size_t row = 0; row < rows.RowCount(); ++row) unwanted.insert(Joined(rows[0][row]));
+              remove([&](const std::string& value) { return unwanted.contains(value); });
+            },
+            [&](const PushValue& push) {
+              all.push_back({push.value, ""});
+            },
+            [&](const PushNumbers& push) {
+              for (long long number = push.from; number <= push.to; ++number)
+                all.push_back({std::to_string(number), ""});
+            },
+            [&](const RemoveValue& step_) { remove([&](const std::string& value) { return value == step_.value; }); },
+            [&](const RemoveNumbers& step_) {
+              remove([&](const std::string& value) { return Within(value, step_.from, step_.to); });
+            },
+        },
+        step);
+  }
+  return all;
+}
+
+bool ValueList::Contains(const std::string& value) const {
+  for (auto step = steps_.rbegin(); step != steps_.rend(); ++step) {
+    // Nothing where this step says nothing about the value.
+    const auto decided = std::visit(
+        Overloaded{
+            [&](const AddRows& add) { return Gives(add.statement, value) ? std::optional(true) : std::nullopt; },
+            [&](const SubtractRows& sub) { return Gives(sub.statement, value) ? std::optional(false) : std::nullopt; },
+            [&](const PushValue& push) { return push.value == value ? std::optional(true) : std::nullopt; },
+            [&](const PushNumbers& push) {
+              return Within(value, push.from, push.to) ? std::optional(true) : std::nullopt;
+            },
+            [&](const RemoveValue& rem) { return rem.value == value ? std::optional(false) : std::nullopt; },
+            [&](const RemoveNumbers& rem) {
+              return Within(value, rem.from, rem.to) ? std::optional(false) : std::nullopt;
+            },
+        },
+        *step);
+    if (decided) return *decided;
+  }
+  return false;
+}
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,71 @@
+// A list of valid values, kept as what built it. It is put together only when somebody reads it whole; whether one
+// value is in it is answered step by step from the last, by look-ups, so that a check costs the same in a large
+// exchange.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "script/Value.h"
+
+namespace cordboard::workbench {
+
+class Connection;
+
+struct ValidValue {
+  std::string value;
+  std::string description;
+  friend bool operator==(const ValidValue&, const ValidValue&) = default;
+};
+
+// A statement of the rules as SQLite takes it, on its database.
+struct ListStatement {
+  Connection* database;
+  std::string sql;
+  std::vector<Value> parameters;
+};
+
+class ValueList {
+ public:
+  // Replace the list, add to it, and take away from it, with the first column of a statement's rows (and the second as
+  // descriptions).
+  void Collect(ListStatement statement);
+  void Add(ListStatement statement) { steps_.push_back(AddRows{std::move(statement)}); }
+  void Subtract(ListStatement statement) { steps_.push_back(SubtractRows{std::move(statement)}); }
+  void Push(std::string value) { steps_.push_back(PushValue{std::move(value)}); }
+  void PushRange(long long from, long long to) { steps_.push_back(PushNumbers{from, to}); }
+  void Remove(std::string value) { steps_.push_back(RemoveValue{std::move(value)}); }
+  void RemoveRange(long long from, long long to) { steps_.push_back(RemoveNumbers{from, to}); }
+
+  // The whole list, in order.
+  std::vector<ValidValue> All() const;
+  bool Contains(const std::string& value) const;
+
+ private:
+  struct AddRows {
+    ListStatement statement;
+  };
+  struct SubtractRows {
+    ListStatement statement;
+  };
+  struct PushValue {
+    std::string value;
+  };
+  struct PushNumbers {
+    long long from;
+    long long to;
+  };
+  struct RemoveValue {
+    std::string value;
+  };
+  struct RemoveNumbers {
+    long long from;
+    long long to;
+  };
+
+  std::vector<std::variant<AddRows, SubtractRows, PushValue, PushNumbers, RemoveValue, RemoveNumbers>> steps_;
+};
+
+}  // namespace cordboard::workbench

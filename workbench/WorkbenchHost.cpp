@@ -1,0 +1,279 @@
+#include "workbench/WorkbenchHost.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "script/Conversions.h"
+#include "workbench/Elements.h"
+#include "workbench/NumberSeries.h"
+#include "workbench/RuleStatements.h"
+
+namespace cordboard::workbench {
+
+Form& WorkbenchHost::OpenForm(const FormDefinition& definition) {
+  lists_.clear();
+  building_.clear();
+  checking_.clear();
+  messages_.clear();
+  debugLines_.clear();
+  return form_.emplace(definition);
+}
+
+Form& WorkbenchHost::form() {
+  if (!form_) throw std::logic_error("no form is open");
+  return *form_;
+}
+
+std::vector<ReportedMessage> WorkbenchHost::TakeMessages() { return std::exchange(messages_, {}); }
+std::vector<std::string> WorkbenchHost::TakeDebugLines() { return std::exchange(debugLines_, {}); }
+
+// --- Parameters of the form.
+
+Value WorkbenchHost::scGetParamValue(const std::string& name) { return form().Get(name); }
+
+bool WorkbenchHost::scSetParamValue(const std::string& name, const Value& value) {
+  if (form().definition().Find(name) == nullptr) return false;
+  // The form holds texts, whatever kind of value a check puts back.
+  form().Set(name, value.IsNumber() ? Value(Joined(value)) : value);
+  return true;
+}
+
+bool WorkbenchHost::scResetParam(const std::string& name) {
+  if (form().definition().Find(name) == nullptr) return false;
+  form().Reset(name);
+  return true;
+}
+
+bool WorkbenchHost::scSetParamOptional(const std::string& name, bool optional) {
+  if (form().definition().Find(name) == nullptr) return false;
+  form().SetMandatory(name, !optional);
+  return true;
+}
+
+void WorkbenchHost::scSetCanHaveParamRange(const std::string& name, bool allowed) {
+  form().SetTakesRange(name, allowed);
+}
+
+void WorkbenchHost::scSetCanHaveParamMultiple(const std::string& name, bool allowed) {
+  form().SetTakesSeveral(name, allowed);
+}
+
+Value WorkbenchHost::scIsValueEqual(const Value& value) {
+  const Value present = form().Get(checking_);
+  return present.IsEmpty() ? Value::Null() : Value(Equals(present, value));
+}
+
+bool WorkbenchHost::scGetValueArray(const std::string& name, List& values) {
+  if (form().definition().Find(name) == nullptr) return false;
+  const Value typed = form().Get(name);
+  // Without a value the list stays as it came, without bounds.
+  if (typed.IsBlank()) return true;
+  try {
+    std::vector<Value> elements;
+    for (std::string& element : Elements(ToText(typed))) elements.emplace_back(std::move(element));
+    values = List(std::move(elements));
+    return true;
+  } catch (const ElementsError&) {
+    return false;
+  }
+}
+
+void WorkbenchHost::scGetPreviousValue(Value& previous) { previous = form().Previous(checking_); }
+
+bool WorkbenchHost::scActiveDefinition(const std::string& name, const Value& definition) {
+  if (form().definition().Find(name) == nullptr) return false;
+  form().SetActiveDefinition(name, ToInt32(definition));
+  lists_.erase(name);
+  return true;
+}
+
+void WorkbenchHost::SetTemplate(bool) {}
+
+// --- Lists of valid values.
+
+ValueList& WorkbenchHost::Named(const std::string& parameter) {
+  const ParameterDefinition* definition = form().definition().Find(parameter);
+  // A list that the command does not build begins with the fixed values; checks change it from there on.
+  if (!lists_.contains(parameter) && definition != nullptr && definition->fixed)
+    lists_[parameter].Collect(
+        FixedList(exchange_, form().definition().command, parameter, form().ActiveDefinition(parameter)));
+  return lists_[parameter];
+}
+
+const ValueList* WorkbenchHost::FreshList(const std::string& parameter) {
+  const ParameterDefinition* definition = form().definition().Find(parameter);
+  if (definition == nullptr) return nullptr;
+  if (!definition->list) return definition->fixed ? &Named(parameter) : nullptr;
+  if (std::ranges::find(building_, parameter) != building_.end()) return &lists_[parameter];
+  struct Building {
+    std::vector<std::string>& stack;
+    Building(std::vector<std::string>& names, const std::string& name) : stack(names) { stack.push_back(name); }
+    ~Building() { stack.pop_back(); }
+  };
+  lists_.erase(parameter);
+  bool built = false;
+  {
+    const Building building(building_, parameter);
+    built = buildList_ && buildList_(parameter);
+  }
+  return built ? &lists_[parameter] : nullptr;
+}
+
+template <typename Change>
+bool WorkbenchHost::ChangeList(ValueList& list, const std::string& sql, const std::string& selector, Change change) {
+  const auto statement = PrepareList(exchange_, sql, selector, debugLines_);
+  if (!statement) return false;
+  (list.*change)(*statement);
+  return true;
+}
+
+bool WorkbenchHost::scCollectSingleValues(const std::string& sql, const Selector& database) {
+  return ChangeList(Current(), sql, SelectorName(database, "dynamic"), &ValueList::Collect);
+}
+
+bool WorkbenchHost::scAddSingleValues(const std::string& sql) {
+  return ChangeList(Current(), sql, "dynamic", &ValueList::Add);
+}
+
+bool WorkbenchHost::scSubtractSingleValues(const std::string& sql) {
+  return ChangeList(Current(), sql, "dynamic", &ValueList::Subtract);
+}
+
+bool WorkbenchHost::scCollectValuesAndDesc(const std::string& sql, const Selector& database) {
+  return ChangeList(Current(), sql, SelectorName(database, "static"), &ValueList::Collect);
+}
+
+bool WorkbenchHost::scSQLSelectValuesAndDesc() {
+  const std::string& parameter = building_.empty() ? checking_ : building_.back();
+  return scSQLSelectValuesAndDescByDefinition(form().ActiveDefinition(parameter));
+}
+
+bool WorkbenchHost::scSQLSelectValuesAndDescByDefinition(const Value& definition) {
+  const std::string& parameter = building_.empty() ? checking_ : building_.back();
+  Current().Collect(FixedList(exchange_, form().definition().command, parameter, ToInt32(definition)));
+  return true;
+}
+
+bool WorkbenchHost::scPushValidValues(const std::variant<Value, List>& values, const std::optional<std::string>& name) {
+  ValueList& list = name ? Named(*name) : Current();
+  if (const auto* one = std::get_if<Value>(&values)) {
+    list.Push(Joined(*one));
+  } else {
+    for (const Value& value : std::get<List>(values)) list.Push(Joined(value));
+  }
+  return true;
+}
+
+bool WorkbenchHost::scPushValidRangeValues(const Value& from, const Value& to) {
+  Current().PushRange(ToInt32(from), ToInt32(to));
+  return true;
+}
+
+bool WorkbenchHost::scRemoveFromValidValues(const std::string& name, const Value& value) {
+  Named(name).Remove(Joined(value));
+  return true;
+}
+
+bool WorkbenchHost::scRemoveFromValidRangeValues(const std::string& name, const Value& from, const Value& to) {
+  Named(name).RemoveRange(ToInt32(from), ToInt32(to));
+  return true;
+}
+
+bool WorkbenchHost::scGetValidValues(const std::string& name, List& values) {
+  const ValueList* list = FreshList(name);
+  if (list == nullptr) return false;
+  std::vector<Value> all;
+  for (ValidValue& entry : list->All()) all.emplace_back(std::move(entry.value));
+  values = List(std::move(all));
+  return true;
+}
+
+bool WorkbenchHost::scGetNumberOfValidValues(const std::string& name, const Value&, Value& count) {
+  const ValueList* list = FreshList(name);
+  if (list == nullptr) return false;
+  count = list->All().size();
+  return true;
+}
+
+// --- The database.
+
+bool WorkbenchHost::scRunQuery(const std::string& sql, RowSet* rows, const Selector& database) {
+  auto found = RunRule(exchange_, sql, SelectorName(database, "dynamic"), debugLines_);
+  if (found && rows != nullptr) *rows = std::move(*found);
+  return found.has_value();
+}
+
+bool WorkbenchHost::scSQLInsert(const std::string& table, const List& columns, const List& values) {
+  return InsertRow(exchange_, table, columns, values, debugLines_);
+}
+
+bool WorkbenchHost::scSQLUpdate(const std::string& table, const List& columns, const List& values, const List& keys,
+                                const List& keyValues) {
+  return UpdateRows(exchange_, table, columns, values, keys, keyValues, debugLines_);
+}
+
+RowSet WorkbenchHost::scSQLSelect(const std::string& table, const List& columns, const List& keys,
+                                  const List& keyValues) {
+  return SelectRows(exchange_, table, columns, keys, keyValues, debugLines_);
+}
+
+Value WorkbenchHost::scBuildCmdID() { return exchange_.NewCmdId(); }
+
+template <typename Step>
+bool WorkbenchHost::Succeeds(Step step) {
+  try {
+    step();
+    return true;
+  } catch (const DatabaseError& error) {
+    debugLines_.push_back(std::string("The database refused: ") + error.what());
+    return false;
+  }
+}
+
+bool WorkbenchHost::scStartTransaction() {
+  return Succeeds([this] { exchange_.Start(); });
+}
+
+bool WorkbenchHost::scCommitTransaction() {
+  return Succeeds([this] { exchange_.Commit(); });
+}
+
+bool WorkbenchHost::scRollBackTransaction() {
+  return Succeeds([this] { exchange_.RollBack(); });
+}
+
+// --- Operations of the exchange.
+
+bool WorkbenchHost::scNANSIinitiate(const Value& numse, const Value& numtyp, Value& code) {
+  SeriesRefusal refusal;
+  if (!Succeeds([&] { refusal = InitiateSeries(exchange_, Joined(numse), Joined(numtyp)); })) {
+    code = 62000;
+    return false;
+  }
+  seriesRefusal_ = refusal.reason;
+  if (refusal.code != 0) code = refusal.code;
+  return refusal.code == 0;
+}
+
+bool WorkbenchHost::scNANSIremoveFromBlockedRange(const Value& numse, const Value& numtyp) {
+  return Succeeds([&] { RemoveFromBlockedRange(exchange_, Joined(numse), Joined(numtyp)); });
+}
+
+bool WorkbenchHost::scGetAutoEquOptionValue(Value&) { return false; }
+
+void WorkbenchHost::scFilterEQU(const Value&, const Value&) {}
+
+// --- Reports.
+
+void WorkbenchHost::scErrorMessage(int, int, int third, const std::string& context, const Value& code,
+                                   const std::vector<Value>& arguments) {
+  std::string text = MessageText(code, arguments);
+  // A code of the host's own creation of number series comes without arguments; its reason names the number.
+  if (arguments.empty() && !seriesRefusal_.empty()) text += " (" + std::exchange(seriesRefusal_, "") + ")";
+  messages_.push_back({third, context, Joined(code), arguments, text});
+}
+
+void WorkbenchHost::scPrintToDebugWindow(const std::string& line) { debugLines_.push_back(line); }
+
+}  // namespace cordboard::workbench

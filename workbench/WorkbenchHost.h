@@ -1,0 +1,98 @@
+// The workbench as the library's host: an exchange's databases, the form that is open, its lists and the messages.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "script/Host.h"
+#include "workbench/Exchange.h"
+#include "workbench/Form.h"
+#include "workbench/Messages.h"
+#include "workbench/ValueList.h"
+
+namespace cordboard::workbench {
+
+class WorkbenchHost : public Host {
+ public:
+  explicit WorkbenchHost(Exchange& exchange) : exchange_(exchange) {}
+
+  // How the host has the library build the list of a parameter: a nested Run. Set by the session.
+  using BuildList = std::function<bool(const std::string& parameter)>;
+  void SetBuildList(BuildList build) { buildList_ = std::move(build); }
+
+  // Opens an empty form of the command; its messages and lists are gone with it.
+  Form& OpenForm(const FormDefinition& definition);
+  Form& form();
+
+  // The list of a parameter as it is built anew for the form as it now is. Nothing where the library builds none or
+  // fails to.
+  const ValueList* FreshList(const std::string& parameter);
+  // The parameter that a static check runs for; checks nest inside list building.
+  void Checking(const std::string& parameter) { checking_ = parameter; }
+
+  std::vector<ReportedMessage> TakeMessages();
+  std::vector<std::string> TakeDebugLines();
+
+  Value scGetParamValue(const std::string& name) override;
+  bool scSetParamValue(const std::string& name, const Value& value) override;
+  bool scResetParam(const std::string& name) override;
+  bool scSetParamOptional(const std::string& name, bool optional) override;
+  void scSetCanHaveParamRange(const std::string& name, bool allowed) override;
+  void scSetCanHaveParamMultiple(const std::string& name, bool allowed) override;
+  Value scIsValueEqual(const Value& value) override;
+  bool scGetValueArray(const std::string& name, List& values) override;
+  void scGetPreviousValue(Value& previous) override;
+  bool scActiveDefinition(const std::string& name, const Value& definition) override;
+  void SetTemplate(bool on) override;
+  bool scCollectSingleValues(const std::string& sql, const Selector& database) override;
+  bool scAddSingleValues(const std::string& sql) override;
+  bool scSubtractSingleValues(const std::string& sql) override;
+  bool scCollectValuesAndDesc(const std::string& sql, const Selector& database) override;
+  bool scSQLSelectValuesAndDesc() override;
+  bool scSQLSelectValuesAndDescByDefinition(const Value& definition) override;
+  bool scPushValidValues(const std::variant<Value, List>& values, const std::optional<std::string>& name) override;
+  bool scPushValidRangeValues(const Value& from, const Value& to) override;
+  bool scRemoveFromValidValues(const std::string& name, const Value& value) override;
+  bool scRemoveFromValidRangeValues(const std::string& name, const Value& from, const Value& to) override;
+  bool scGetValidValues(const std::string& name, List& values) override;
+  bool scGetNumberOfValidValues(const std::string& name, const Value& definition, Value& count) override;
+  bool scRunQuery(const std::string& sql, RowSet* rows, const Selector& database) override;
+  bool scSQLInsert(const std::string& table, const List& columns, const List& values) override;
+  bool scSQLUpdate(const std::string& table, const List& columns, const List& values, const List& keys,
+                   const List& keyValues) override;
+  RowSet scSQLSelect(const std::string& table, const List& columns, const List& keys, const List& keyValues) override;
+  Value scBuildCmdID() override;
+  bool scStartTransaction() override;
+  bool scCommitTransaction() override;
+  bool scRollBackTransaction() override;
+  bool scNANSIinitiate(const Value& numse, const Value& numtyp, Value& code) override;
+  bool scNANSIremoveFromBlockedRange(const Value& numse, const Value& numtyp) override;
+  bool scGetAutoEquOptionValue(Value& clause) override;
+  void scFilterEQU(const Value& first, const Value& second) override;
+  void scErrorMessage(int first, int second, int third, const std::string& context, const Value& code,
+                      const std::vector<Value>& arguments) override;
+  void scPrintToDebugWindow(const std::string& line) override;
+
+ private:
+  ValueList& Current() { return lists_[building_.empty() ? checking_ : building_.back()]; }
+  ValueList& Named(const std::string& parameter);
+  template <typename Change>
+  bool ChangeList(ValueList& list, const std::string& sql, const std::string& selector, Change change);
+  template <typename Step>
+  bool Succeeds(Step step);
+
+  Exchange& exchange_;
+  BuildList buildList_;
+  std::optional<Form> form_;
+  std::map<std::string, ValueList> lists_;
+  std::vector<std::string> building_;
+  std::string checking_;
+  std::string seriesRefusal_;
+  std::vector<ReportedMessage> messages_;
+  std::vector<std::string> debugLines_;
+};
+
+}  // namespace cordboard::workbench
