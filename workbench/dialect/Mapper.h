@@ -1,0 +1,31 @@
+// From the library's statement dialect to SQLite. docs/dialect.md tells the dialect.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "script/Value.h"
+#include "workbench/dialect/DialectError.h"
+
+namespace cordboard::workbench {
+
+struct MappedStatement {
+  enum class Kind { Read, Write };
+
+  // SQLite's text, with a ? for each literal. Statements that differ in their literals alone have the same text.
+  std::string sql;
+  std::vector<Value> parameters;  // texts, numbers and truth values, one for each ?
+  Kind kind = Kind::Read;
+};
+
+inline constexpr std::size_t kLongestStatement = 1 << 20;  // bytes
+inline constexpr int kDeepestNesting = 100;                // brackets within brackets, sub-selects included
+
+// Maps one statement; fails with a DialectError for what the dialect does not take. What it gives may still fail in
+// SQLite, for an unknown name above all. The result may call the functions VAL(value) and dialect_like(pattern, value),
+// which the database has to supply: NumericValue of script/Conversions.h and LikeMatches of Like.h, null for a null.
+MappedStatement Map(std::string_view statement);
+
+}  // namespace cordboard::workbench
