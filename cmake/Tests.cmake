@@ -6,6 +6,7 @@ file(GLOB library_tests CONFIGURE_DEPENDS tests/script/*.cpp tests/shared/*.cpp 
 file(GLOB test_support CONFIGURE_DEPENDS tests/support/*.cpp)
 add_executable(library-tests ${library_tests} ${test_support})
 target_include_directories(library-tests PRIVATE tests)
+target_compile_definitions(library-tests PRIVATE CORDBOARD_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 target_link_libraries(library-tests PRIVATE cordboard::cordboard GTest::gtest GTest::gmock GTest::gtest_main)
 gtest_discover_tests(library-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX library.)
 

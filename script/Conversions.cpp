@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <locale>
+#include <sstream>
 #include <string_view>
 
 #include "script/RunTimeFailure.h"
@@ -40,16 +42,17 @@ std::size_t NumberLength(std::string_view text) {
   return end;
 }
 
-// Reads a text that NumberLength has found to be a number; one too large to hold becomes infinite.
+// Reads a text that NumberLength has found to be a number.
 double ReadNumber(std::string_view text) {
   if (text.starts_with('+')) text.remove_prefix(1);
   double number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc::result_out_of_range) return number;
-  // from_chars does not tell too large from too small: the exponent's sign does.
-  if (text.find("e-") != text.npos || text.find("E-") != text.npos) return 0;
-  const double infinite = std::numeric_limits<double>::infinity();
-  return text.starts_with('-') ? -infinite : infinite;
+  // from_chars does not tell too large from too small; a stream gives the greatest number or 0.
+  std::istringstream stream{std::string(text)};
+  stream.imbue(std::locale::classic());
+  stream >> number;
+  return number;
 }
 
 std::optional<double> NumericText(std::string_view text) {
@@ -100,7 +103,10 @@ std::partial_ordering CompareTextWithNumber(const std::string& text, double numb
   return numeric ? *numeric <=> number : std::partial_ordering::greater;
 }
 
-std::partial_ordering Reversed(std::partial_ordering order) { return 0 <=> order; }
+std::partial_ordering Reversed(std::partial_ordering order) {
+  if (std::is_lt(order)) return std::partial_ordering::greater;
+  return std::is_gt(order) ? std::partial_ordering::less : order;
+}
 
 }  // namespace
 
@@ -178,22 +184,22 @@ std::optional<std::partial_ordering> Compare(const Value& left, const Value& rig
 
 bool Equals(const Value& left, const Value& right) {
   const auto order = Compare(left, right);
-  return order && *order == 0;
+  return order && std::is_eq(*order);
 }
 
 bool Differs(const Value& left, const Value& right) {
   const auto order = Compare(left, right);
-  return order && *order != 0;
+  return order && std::is_neq(*order);
 }
 
 bool Less(const Value& left, const Value& right) {
   const auto order = Compare(left, right);
-  return order && *order < 0;
+  return order && std::is_lt(*order);
 }
 
 bool Greater(const Value& left, const Value& right) {
   const auto order = Compare(left, right);
-  return order && *order > 0;
+  return order && std::is_gt(*order);
 }
 
 }  // namespace cordboard

@@ -1,17 +1,21 @@
 // The platform's rules for values, stated once.
 //
-// Numbers as text   A whole number has no point: 5 is "5". Others have up to 15 digits: 0.5 is "0.5".
+// Numbers as text   A whole number below 10^15 has no point: 5 is "5". Others have up to 15 digits: 0.5 is "0.5",
+//                   10^15 is "1E+15".
 // Truth values      True is -1 as a number and "True" as a text, False 0 and "False".
 // Numeric texts     A text is numeric when it is, as a whole, an optional sign, digits with at most one point among or
 //                   beside them, and an optional exponent; blanks around it do not count. "12A" and "" are not numeric.
-// Whole numbers     Halves round to the even neighbour: 0.5 is 0, 1.5 is 2, 2.5 is 2. Beyond 16 or 32 bits: Overflow.
-// Leading digits    NumericValue reads as much of a text as is a number, passing over blanks anywhere: "12A" is 12,
-//                   "1e2" is 100, " 3 4" is 34, "A" and "" are 0. It never fails on a text.
+//                   One beyond what a number holds is read as the greatest or least there is.
+// Whole numbers     Halves round to the even neighbour: 0.5 is 0, 1.5 is 2, 2.5 is 2. What is beyond 16 or 32 bits then
+//                   is an Overflow.
+// Leading digits    NumericValue reads as much of a text as is a number, passing over blanks, tabs and line ends
+//                   anywhere: "12A" is 12, "1e2" is 100, " 3 4" is 34, "A" and "" are 0. It never fails on a text.
 // Empty             0 as a number, the empty text as a text, False as a truth value.
 // Null              Fails every conversion with InvalidUseOfNull, but gives no characters in a joined text.
 // Comparison        With null nothing is known: neither equal nor different. Otherwise empty is equal to empty, to the
-//                   empty text and to 0. Two texts compare by their characters. A text that is numeric compares with a
-//                   number or a truth value as a number; any other text is different, and greater.
+//                   empty text, to 0 and to False. Two texts compare by their characters, and so does empty with a
+//                   text. A text that is numeric compares with a number or a truth value as a number; any other text is
+//                   different, and greater: "True" is not True.
 // Blanks            Trims take the blank (character 32) alone, neither tabs nor line ends.
 #pragma once
 

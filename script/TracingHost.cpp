@@ -240,7 +240,7 @@ bool TracingHost::scGetNumberOfValidValues(const std::string& name, const Value&
 
 bool TracingHost::scRunQuery(const std::string& sql, RowSet* rows, const Selector& database) {
   const std::size_t index = calls_.size();
-  const bool answer = Trace(CallText("scRunQuery", sql, RowsArgument{rows, database}, database),
+  const bool answer = Trace(CallText("scRunQuery", sql, RowsArgument{rows, database}),
                             [&] { return next().scRunQuery(sql, rows, database); });
   if (rows != nullptr) NoteOut(index, *rows);
   return answer;

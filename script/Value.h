@@ -4,9 +4,15 @@
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace cordboard {
+
+// The types that make a number: bool makes a truth value, and a single char nothing.
+template <typename Type>
+concept NumberType = std::is_arithmetic_v<Type> && !std::same_as<Type, bool> && !std::same_as<Type, char>;
 
 class Value {
  public:
@@ -18,9 +24,7 @@ class Value {
   Value(std::string_view text) : content_(std::string(text)) {}
   Value(const char* text) : content_(std::string(text)) {}
   Value(std::same_as<bool> auto truth) : content_(truth) {}
-  template <typename Number>
-  requires(std::integral<Number> || std::floating_point<Number>) && (!std::same_as<Number, bool>)Value(Number number)
-      : content_(static_cast<double>(number)) {}
+  Value(NumberType auto number) : content_(static_cast<double>(number)) {}
   Value(const void*) = delete;
 
   static Value Null() {

@@ -1,0 +1,120 @@
+#include "script/Envelope.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "script/CurrentHost.h"
+#include "script/NullHost.h"
+#include "script/TracingHost.h"
+#include "support/Outcome.h"
+#include "support/ScriptedHost.h"
+
+namespace cordboard {
+namespace {
+
+using Steps = std::set<std::string>;
+
+class RefusingHost : public NullHost {
+ public:
+  explicit RefusingHost(Steps refused) : refused_(std::move(refused)) {}
+
+  bool scStartTransaction() override { return !refused_.contains("start"); }
+  bool scCommitTransaction() override { return !refused_.contains("commit"); }
+  bool scRollBackTransaction() override { return !refused_.contains("rollback"); }
+
+ private:
+  Steps refused_;
+};
+
+struct Path {
+  const char* name;
+  Steps refused;
+  bool work;  // the answer of the work
+  bool answer;
+  std::string transcript;
+};
+
+const std::string report = "scErrorMessage(0, 2, 2, \"Add: NANSI\", ";
+
+const std::vector<Path> paths = {
+    {"work done", {}, true, true, Lines({"scStartTransaction()", "work", "scCommitTransaction()"})},
+    {"work refused", {}, false, false, Lines({"scStartTransaction()", "work", "scRollBackTransaction()"})},
+    {"start refused, which skips the work and still rolls back",
+     {"start"},
+     true,
+     false,
+     Lines({"scStartTransaction()", report + "62010)", "scRollBackTransaction()"})},
+    {"commit refused, which changes no answer",
+     {"commit"},
+     true,
+     true,
+     Lines({"scStartTransaction()", "work", "scCommitTransaction()", report + "62011)"})},
+    {"rollback refused",
+     {"rollback"},
+     false,
+     false,
+     Lines({"scStartTransaction()", "work", "scRollBackTransaction()", report + "62012)"})},
+    {"start and rollback refused",
+     {"start", "rollback"},
+     true,
+     false,
+     Lines({"scStartTransaction()", report + "62010)", "scRollBackTransaction()", report + "62012)"})},
+    {"everything refused but the work",
+     {"start", "commit", "rollback"},
+     true,
+     false,
+     Lines({"scStartTransaction()", report + "62010)", "scRollBackTransaction()", report + "62012)"})},
+};
+
+// Runs with a host that refuses these steps, and gives the transcript.
+std::string Transcript(const Steps& refused, const std::function<void()>& run) {
+  const auto host = std::make_shared<TracingHost>(std::make_shared<RefusingHost>(refused));
+  SetCurrentHost(host);
+  run();
+  SetCurrentHost(nullptr);
+  std::string transcript;
+  for (const TracedCall& call : host->calls()) {
+    transcript += (call.call.starts_with("scPrintToDebugWindow") ? "work" : call.call) + "\n";
+  }
+  return transcript;
+}
+
+TEST(Envelope, FollowsEveryPathToItsEnd) {
+  for (const auto& [name, refused, work, answer, transcript] : paths) {
+    SCOPED_TRACE(name);
+    bool given = !answer;
+    EXPECT_EQ(Transcript(refused,
+                         [&, worked = work] {
+                           given = InTransaction("Add: NANSI", [&] {
+                             Debug("the work");
+                             return worked;
+                           });
+                         }),
+              transcript);
+    EXPECT_EQ(given, answer);
+  }
+}
+
+TEST(Envelope, LeavesTheTransactionOpenWhereTheWorkFailsTheCall) {
+  const std::string transcript = Transcript({}, [] {
+    EXPECT_EQ(Outcome([] { return InTransaction("Add: NANSI", [] { return List()[0].truth(); }); }),
+              "SubscriptOutOfRange");
+  });
+  EXPECT_EQ(transcript, Lines({"scStartTransaction()"}));
+}
+
+TEST(Envelope, CanBeClosedByAWorkerThatOpenedItByItself) {
+  bool answer = false;
+  EXPECT_EQ(Transcript({}, [&] { answer = CloseTransaction("Edit: X", true); }), Lines({"scCommitTransaction()"}));
+  EXPECT_TRUE(answer);
+  EXPECT_EQ(Transcript({}, [&] { answer = CloseTransaction("Edit: X", false); }), Lines({"scRollBackTransaction()"}));
+  EXPECT_FALSE(answer);
+}
+
+}  // namespace
+}  // namespace cordboard
