@@ -28,9 +28,8 @@ bool PutBackIfListed(const std::string& context, const std::string& parameter, c
 
 // Puts a text back where the statement, made from it, gives the location on the form. One that the statement does not
 // find fails the call.
-template <typename LocationStatement>
 bool PutBackIfAtLocation(const std::string& context, const std::string& parameter, const std::string& locationParameter,
-                         LocationStatement statement) {
+                         std::string (*statement)(const std::string& kept)) {
   const std::string location = ToText(scGetParamValue(locationParameter));
   const std::string kept = ToText(scGetParamValue(parameter));
   if (!Reset(context, parameter)) return false;
