@@ -15,9 +15,9 @@ bool Revalidate(const std::string& context, const std::string& parameter, const 
 // The same for the parameter's present value, but a list that cannot be had is reported with the command's name.
 bool StatCheck_RecheckValue(const std::string& CmdName, const std::string& parameter);
 
-// LIM against the LOCATION on the form.
+// LIM against the LOCATION on the form. A LIM that the exchange does not have fails the call, as does such an EQU.
 bool StatCheck_LIM(const std::string& CmdName);
-// EQU and BPOS against the named location parameter.
+// EQU and BPOS against the named location parameter. A BPOS without a board is dropped.
 bool StatCheck_EQU(const std::string& locationParameter);
 bool StatCheck_BPOS(const std::string& locationParameter);
 

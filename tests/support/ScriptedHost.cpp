@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "script/CScript.h"
 #include "script/Conversions.h"
 #include "script/RunTimeFailure.h"
 

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "script/Action.h"
+#include "script/CScript.h"
 #include "script/Host.h"
 #include "script/TracingHost.h"
 
@@ -51,6 +52,13 @@ class ScriptedHost : public Host {
 
   // Runs the action with this host. A failure leaves as a RunTimeFailure.
   bool Run(const Action& action);
+  // Calls a routine that takes no action with this host, and gives its answer.
+  template <typename Routine>
+  auto With(Routine routine) {
+    CScript script;
+    script.AddObject(trace_);
+    return routine();
+  }
   // All calls so far, a line each.
   std::string Calls() const;
   // The calls but for the reads of the form.
