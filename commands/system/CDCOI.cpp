@@ -1,0 +1,80 @@
+// CDCOI: three digit strings for a customer, or for calls without one.
+
+#include "script/Conversions.h"
+#include "script/Envelope.h"
+#include "script/Module.h"
+#include "shared/GenericRecord.h"
+#include "shared/ValueLists.h"
+
+namespace cordboard {
+
+namespace {
+
+// A customer has one record, and so has the absence of a customer. Release R6 alone allows several.
+bool IsFirstOfCustomer(const Action& action, const std::string& context, const Value& CUST) {
+  if (action.oaRelease == "R6") return true;
+  RowSet rows;
+  scRunQuery(CUST.IsBlank() ? Sql("SELECT COUNT(*) FROM CDCOI WHERE CUST IS NULL")
+                            : Sql("SELECT COUNT(*) FROM CDCOI WHERE CUST = '", CUST, "' "),
+             rows);
+  return OrReport(!Differs(rows[0][0], 0), context, Message::KeyExistsAlready, "CUSTOMER");
+}
+
+// The columns are fixed, whatever ParamList holds. The identifier is taken before the transaction opens, so an add
+// that is refused uses one up.
+bool Add(const Action& action) {
+  const std::string context = "Add: " + action.CmdName;
+  const List columns{"CMDID", "INTDIV", "PRIDIV", "PUBDIV", "CUST", "DESCRIPTION"};
+  List values{scBuildCmdID()};
+  return InTransaction(context, [&] {
+    for (const char* name : {"INTDIV", "PRIDIV", "PUBDIV", "CUST", "DESCRIPTION"}) values.Append(scGetParamValue(name));
+    const Value CUST = values[4];
+    return IsFirstOfCustomer(action, context, CUST) && OrReport(scSQLInsert(action.CmdName, columns, values), context,
+                                                                Message::InsertRefused, action.CmdName, action.CmdName);
+  });
+}
+
+// A customer that has a record leaves the list, on R6 as well.
+bool ListCUST(const Action& action) {
+  return GetValuesFor_CUST(action) && OrReport(scSubtractSingleValues("SELECT CUST FROM CDCOI"), "GetValuesFor_CUST",
+                                               Message::DescribedListNotBuilt, action.Parameter());
+}
+
+// The digit B, which the exchange writes as #, may stand at the end alone, and has to stand there behind an A or B at
+// the beginning. In spite of the traces nothing is reset, and a B in between is reported, once, but stops nobody.
+bool CheckDigits(const Action& action) {
+  const std::string context = "StaticCheck";
+  const std::string parameter = action.Parameter();
+  const Value value = scGetParamValue(parameter);
+  if (value.IsEmpty()) return true;
+
+  const std::string digits = ToText(value);
+  if (digits.empty()) return true;
+  const std::size_t last = digits.size() - 1;
+  if (digits.find_first_of("AaBb") == 0 && digits.find_last_of("Bb") != last) {
+    Debug(" The number has to end with a B(#), resetting param ...");
+    Report(context, Message::DigitsMustEndWithB, parameter);
+    return false;
+  }
+  const std::size_t firstB = digits.find_first_of("Bb");
+  if (firstB != digits.npos && firstB != last) {
+    Debug(" The value of this param cannot have a B(#) in between, resetting param ...");
+    Report(context, Message::DigitsHaveBInBetween, parameter);
+  }
+  return true;
+}
+
+}  // namespace
+
+bool CDCOI(const Action& action) {
+  static const Module module{
+      .SetInfo = Add,
+      .EditInfo = GenericEditInfo,
+      .DeleteInfo = GenericDeleteInfo,
+      .ValidValues = {{"CUST", ListCUST}},
+      .StatCheck = {{{"INTDIV", "PRIDIV", "PUBDIV"}, CheckDigits}},
+  };
+  return module.Run(action);
+}
+
+}  // namespace cordboard
