@@ -1,0 +1,200 @@
+// RODDI: the destinations of the routes. A destination is a number of type "ED"; a record binds it to a route for one
+// customer and one choice.
+
+#include <iterator>
+
+#include "script/Conversions.h"
+#include "script/Envelope.h"
+#include "script/Generate.h"
+#include "script/Module.h"
+#include "script/Report.h"
+#include "script/Text.h"
+#include "shared/GenericRecord.h"
+#include "shared/Routes.h"
+#include "shared/Usage.h"
+#include "shared/ValueLists.h"
+
+namespace cordboard {
+
+namespace {
+
+// The new-destination mark: 1 where the route and the destination last checked had no record yet. The check of ROU or
+// DEST sets it, the lists of CUST and CHO obey it. It is 0 at load and lives as long as the library is loaded, past any
+// change of host. No other module keeps anything between two calls.
+int newDestinationMark = 0;
+
+bool ListDEST(const Action& action) {
+  const std::string sql =
+      Sql("SELECT NUMSE FROM NANSI ", NL, " WHERE NUMTYP = 'ED' ", NL, " AND USED = FALSE ", NL, " ORDER BY NUMSE");
+  return OrReport(scCollectSingleValues(sql), "GetValidValForParam", Message::ListNotBuilt, action.Parameter());
+}
+
+bool ListROU(const Action& action) {
+  return OrReport(scCollectSingleValues("SELECT ROU FROM ROCAI"), "GetValidValForParam", Message::ListNotBuilt,
+                  action.Parameter());
+}
+
+// For a new destination the customers are taken out of what the host's list holds. A failure has no message.
+bool ListCUST(const Action&) {
+  if (newDestinationMark == 1) return scSubtractSingleValues("SELECT CUST FROM CUSTOMERS");
+  return scCollectSingleValues("SELECT CUST FROM CUSTOMERS", Value());
+}
+
+// The range has no message either.
+bool ListCHO(const Action& action) {
+  return newDestinationMark == 1 ? GetValuesAndDescription(action) : scPushValidRangeValues(0, 7);
+}
+
+// While one of the two is blank the mark, CUST and CHO stay as they are. A query that fails finds no record. The answer
+// is that of the last reset, and a reset that fails has no message.
+bool CheckPair(const Action&) {
+  const Value ROU = scGetParamValue("ROU");
+  const Value DEST = scGetParamValue("DEST");
+  if (ROU.IsBlank() || DEST.IsBlank()) return true;
+  newDestinationMark = 0;
+  RowSet rows;
+  scRunQuery(Sql("SELECT * FROM RODDI WHERE ROU = '", ROU, "'", NL, "AND DEST ='", DEST, "'", NL), rows);
+  if (rows.IsEmpty()) newDestinationMark = 1;
+  scResetParam("CUST");
+  return scResetParam("CHO");
+}
+
+List Record(const List& columns, const Value& DEST) {
+  List values(std::vector<Value>(columns.size()));
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const std::string name = ToText(columns[i]);
+    values[i] = name == "CMDID"    ? scBuildCmdID()
+                : name == "NUMTYP" ? Value("ED")
+                : name == "DEST"   ? DEST
+                                   : scGetParamValue(name);
+  }
+  return values;
+}
+
+// The number is taken into use before the test for a duplicate, whose message is that of a failed commit.
+bool AddDestination(const Action& action, const std::string& context, const Value& DEST) {
+  const List values = Record(action.ParamList, DEST);
+  if (!InsertExtension(DEST, "ED")) return false;
+  const auto value = [&](const char* column) { return ValueOf(column, action.ParamList, values); };
+  RowSet rows;
+  if (!scRunQuery(Sql("Select * from RODDI where ROU = '", value("ROU"), "' and DEST = '", DEST, "' and CUST = '",
+                      value("CUST"), "' and CHO = '", value("CHO"), "'"),
+                  rows))
+    return false;
+  return OrReport(rows.IsEmpty(), "Record exists", Message::CommitFailed) &&
+         OrReport(scSQLInsert(action.CmdName, action.ParamList, values), context, Message::InsertFailed,
+                  action.CmdName);
+}
+
+// No envelope. A start that fails, or destinations that cannot be had, end the action with nothing closed. From then on
+// the transaction is committed whatever happened: what was added before a failure stays, and so does the use of the
+// number that failed.
+bool Add(const Action& action) {
+  const std::string context = "Add: " + action.CmdName;
+  if (!OrReport(scStartTransaction(), context, Message::StartFailed)) return false;
+  List destinations;
+  if (!OrReport(scGetValueArray("DEST", destinations), context, Message::ListNotBuilt, "DEST")) return false;
+
+  bool flag = true;
+  for (const Value& DEST : destinations) {
+    flag = AddDestination(action, context, DEST);
+    if (!flag) break;
+  }
+  if (!scCommitTransaction()) {
+    Report(context, Message::CommitFailed);
+    if (!scRollBackTransaction()) Report(context, Message::RollBackFailed);
+  }
+  return flag;
+}
+
+// Every edit writes all ten columns, whatever has changed. A value that is left out keeps the old one, so no column can
+// be cleared. The use of the number is moved even where the number stays the same.
+bool Edit(const Action& action) {
+  static const char* const columns[] = {"DEST", "CUST", "CHO", "DRN", "ROU", "PRE", "TRC", "SRT", "NUMACK", "ADC"};
+  const std::string context = "Edit: " + action.CmdName;
+  return InTransaction(context, [&] {
+    RowSet old;
+    if (!scRunQuery(Sql("SELECT DEST,CUST, CHO,DRN,ROU,PRE,TRC,SRT,NUMACK,ADC FROM RODDI WHERE CmdId = ", action.CmdId),
+                    old))
+      return false;
+    for (std::size_t i = 0; i < std::size(columns); ++i) {
+      const std::string column = columns[i];
+      Value value = scGetParamValue(column);
+      if (column == "DEST" && Length(Joined(value)) > 5) {
+        Report(context, Message::ValueNotValidHere, "DEST");
+        return false;
+      }
+      if (value.IsBlank()) value = old[i][0];
+      if (value.IsBlank()) value = Value();
+      const bool written =
+          WriteColumn("RODDI", action.CmdId, column, value) && (column != "DEST" || UpdateExtOpeGrp(old[0][0], value));
+      if (!OrReport(written, context, Message::ColumnNotWritten, column)) return false;
+    }
+    return true;
+  });
+}
+
+// No envelope. A record that could not be read, or is gone, is reported (the first in the words of another command) and
+// stops nothing: the number that is released is empty then. Nothing closes the transaction behind a failed delete,
+// which is reported as a failed rollback, and a rollback that fails is reported as a failed commit.
+bool Delete(const Action& action) {
+  const std::string context = "Delete: " + action.CmdName;
+  if (!OrReport(scStartTransaction(), context, Message::StartFailed)) return false;
+  RowSet rows;
+  if (!scRunQuery(Sql("SELECT DEST FROM RODDI ", NL, " WHERE CmdID = ", action.CmdId), rows)) {
+    Report(context, Message::ValueNotFound, "DIR, EQU", "EXTEIDIR");
+  } else if (rows.IsEmpty()) {
+    Report(context, Message::RecordNotFound);
+  }
+  const Value DEST = rows.IsEmpty() ? Value() : rows[0][0];
+  const bool deleted = scRunQuery(Sql("DELETE * FROM RODDI", NL, " WHERE CmdId = ", action.CmdId));
+  if (!OrReport(deleted, context, Message::RollBackFailed)) return false;
+  // Released even where other records hold the same destination.
+  DeleteExtOpeGrp(DEST);
+  if (!scCommitTransaction()) {
+    Report(context, Message::CommitFailed);
+    if (!scRollBackTransaction()) Report(context, Message::CommitFailed);
+  }
+  return true;
+}
+
+// The fields of a line do not come in the order of the columns. The answer is that of the last insert.
+bool Generate(const Action& action) {
+  const std::string context = "Generating: " + action.CmdName;
+  RowSet rows;
+  bool flag = OrReport(scRunQuery("SELECT ROU, DEST, CHO, CUST, DRN, PRE, TRC, SRT, NUMACK, ADC FROM RODDI", rows),
+                       context, Message::GenerationFailed);
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    const auto [ROU, DEST, CHO, CUST, DRN, PRE, TRC, SRT, NUMACK, ADC] = TrimmedRow<10>(rows, row);
+    const std::string line =
+        Text("RODDI:ROU=", ROU, ",DEST=", DEST, UnlessBlank(",CHO=", CHO), UnlessBlank(",CUST=", CUST),
+             UnlessBlank(",DRN=", DRN), UnlessBlank(",SRT=", SRT), UnlessBlank(",TRC=", TRC), UnlessBlank(",PRE=", PRE),
+             UnlessBlank(",NUMACK=", NUMACK), UnlessBlank(",ADC=", ADC), ";");
+    flag = OrReport(InsertBuiltCmd(action, line), context, Message::GenerationFailed);
+  }
+  return flag;
+}
+
+}  // namespace
+
+bool RODDI(const Action& action) {
+  static const Module module{
+      .SetInfo = Add,
+      .EditInfo = Edit,
+      .DeleteInfo = Delete,
+      .GenerateCmd = Generate,
+      // The digits 14, 15, 20 and 21 of ADC have no list.
+      .ValidValues = {{"DEST", ListDEST},
+                      {"CHO", ListCHO},
+                      {"CUST", ListCUST},
+                      {"ROU", ListROU},
+                      {{"ADC_D1", "ADC_D2", "ADC_D3", "ADC_D4", "ADC_D5", "ADC_D6", "ADC_D7", "ADC_D8", "ADC_D9",
+                        "ADC_D10", "ADC_D11", "ADC_D12", "ADC_D13", "ADC_D16", "ADC_D17", "ADC_D18", "ADC_D19",
+                        "ADC_D22", "ADC_D23"},
+                       GetValuesAndDescription}},
+      .StatCheck = {{{"ROU", "DEST"}, CheckPair}},
+  };
+  return module.Run(action);
+}
+
+}  // namespace cordboard
