@@ -18,7 +18,8 @@ constexpr int applicationId = 0x43424258;
 constexpr int schemaVersion = 1;
 
 void MakeTables(Connection& database, const char* selector) {
-  for (const std::string& statement : TheSchema().CreateStatements(selector)) database.Execute(statement);
+  static const Schema schema = ReadSchema(Resource("schema.json"));
+  for (const std::string& statement : CreateStatements(schema.Database(selector))) database.Execute(statement);
 }
 
 }  // namespace

@@ -114,7 +114,9 @@ void SetValue(Session& session, const Assignment& assignment, std::vector<Proble
 void CheckWhole(Session& session, const std::vector<Assignment>& values, std::vector<Problem>& problems) {
   const Form& form = session.form();
   for (const ParameterDefinition& parameter : form.definition().parameters) {
-    if (form.IsMandatory(parameter.name) && form.Get(parameter.name).IsBlank())
+    // A parameter whose value was refused has been spoken of.
+    const bool refused = std::ranges::find(problems, parameter.name, &Problem::parameter) != problems.end();
+    if (!refused && form.IsMandatory(parameter.name) && form.Get(parameter.name).IsBlank())
       problems.push_back({parameter.name, "", "this parameter has to be given (" + parameter.title + ")", ""});
   }
   for (const Assignment& assignment : values) {

@@ -2,7 +2,6 @@
 
 #include "script/Conversions.h"
 #include "workbench/Exchange.h"
-#include "workbench/Schema.h"
 #include "workbench/dialect/Mapper.h"
 
 namespace cordboard::workbench {
@@ -26,10 +25,6 @@ Connection& Database(Exchange& exchange, const std::string& selector) {
   Connection* database = exchange.Database(selector);
   if (database == nullptr) throw DatabaseError("there is no database '" + selector + "'");
   return *database;
-}
-
-Connection& DatabaseOf(Exchange& exchange, const std::string& table) {
-  return Database(exchange, TheSchema().Find("site", table) != nullptr ? "site" : "dynamic");
 }
 
 std::string Bracketed(const std::string& name) {
@@ -92,40 +87,40 @@ ListStatement FixedList(Exchange& exchange, const std::string& command, const st
           {command, parameter, definition}};
 }
 
-bool InsertRow(Exchange& exchange, const std::string& table, const List& columns, const List& values,
-               DebugLines& debug) {
+bool InsertRow(Exchange& exchange, const std::string& selector, const std::string& table, const List& columns,
+               const List& values, DebugLines& debug) {
   return Try("insert into " + table, debug,
              [&] {
                if (columns.size() != values.size()) throw DatabaseError("columns and values differ in number");
                std::string places;
                for (std::size_t i = 0; i < values.size(); ++i) places += places.empty() ? "?" : ", ?";
-               return DatabaseOf(exchange, table)
+               return Database(exchange, selector)
                    .RunRule("INSERT INTO " + Bracketed(table) + " (" + Names(columns) + ") VALUES (" + places + ")",
                             {values.begin(), values.end()});
              })
       .has_value();
 }
 
-bool UpdateRows(Exchange& exchange, const std::string& table, const List& columns, const List& values, const List& keys,
-                const List& keyValues, DebugLines& debug) {
+bool UpdateRows(Exchange& exchange, const std::string& selector, const std::string& table, const List& columns,
+                const List& values, const List& keys, const List& keyValues, DebugLines& debug) {
   return Try("update of " + table, debug,
              [&] {
                std::vector<Value> parameters;
                const std::string set = Assigned(columns, values, ", ", parameters);
                const std::string where = Where(keys, keyValues, parameters);
-               return DatabaseOf(exchange, table)
+               return Database(exchange, selector)
                    .RunRule("UPDATE " + Bracketed(table) + " SET " + set + where, parameters);
              })
       .has_value();
 }
 
-RowSet SelectRows(Exchange& exchange, const std::string& table, const List& columns, const List& keys,
-                  const List& keyValues, DebugLines& debug) {
+RowSet SelectRows(Exchange& exchange, const std::string& selector, const std::string& table, const List& columns,
+                  const List& keys, const List& keyValues, DebugLines& debug) {
   return Try("select from " + table, debug,
              [&] {
                std::vector<Value> parameters;
                const std::string where = Where(keys, keyValues, parameters);
-               return DatabaseOf(exchange, table)
+               return Database(exchange, selector)
                    .RunRule("SELECT " + Names(columns) + " FROM " + Bracketed(table) + where + " ORDER BY rowid",
                             parameters);
              })

@@ -27,13 +27,13 @@ std::optional<ListStatement> PrepareList(Exchange& exchange, const std::string& 
 // The fixed values of a parameter in one definition.
 ListStatement FixedList(Exchange& exchange, const std::string& command, const std::string& parameter, int definition);
 
-// Rows by names and values, without statement text. An empty value becomes a null; a key without a name counts for
-// nothing. The templates' tables are found in their own database.
-bool InsertRow(Exchange& exchange, const std::string& table, const List& columns, const List& values,
-               DebugLines& debug);
-bool UpdateRows(Exchange& exchange, const std::string& table, const List& columns, const List& values, const List& keys,
-                const List& keyValues, DebugLines& debug);
-RowSet SelectRows(Exchange& exchange, const std::string& table, const List& columns, const List& keys,
-                  const List& keyValues, DebugLines& debug);
+// Rows by names and values, without statement text, in the database of a selector. An empty value becomes a null; a key
+// without a name counts for nothing.
+bool InsertRow(Exchange& exchange, const std::string& selector, const std::string& table, const List& columns,
+               const List& values, DebugLines& debug);
+bool UpdateRows(Exchange& exchange, const std::string& selector, const std::string& table, const List& columns,
+                const List& values, const List& keys, const List& keyValues, DebugLines& debug);
+RowSet SelectRows(Exchange& exchange, const std::string& selector, const std::string& table, const List& columns,
+                  const List& keys, const List& keyValues, DebugLines& debug);
 
 }  // namespace cordboard::workbench

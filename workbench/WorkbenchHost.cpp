@@ -15,6 +15,7 @@ Form& WorkbenchHost::OpenForm(const FormDefinition& definition) {
   lists_.clear();
   building_.clear();
   checking_.clear();
+  template_ = false;
   messages_.clear();
   debugLines_.clear();
   return form_.emplace(definition);
@@ -88,7 +89,7 @@ bool WorkbenchHost::scActiveDefinition(const std::string& name, const Value& def
   return true;
 }
 
-void WorkbenchHost::SetTemplate(bool) {}
+void WorkbenchHost::SetTemplate(bool on) { template_ = on; }
 
 // --- Lists of valid values.
 
@@ -205,17 +206,17 @@ bool WorkbenchHost::scRunQuery(const std::string& sql, RowSet* rows, const Selec
 }
 
 bool WorkbenchHost::scSQLInsert(const std::string& table, const List& columns, const List& values) {
-  return InsertRow(exchange_, table, columns, values, debugLines_);
+  return InsertRow(exchange_, RowDatabase(), table, columns, values, debugLines_);
 }
 
 bool WorkbenchHost::scSQLUpdate(const std::string& table, const List& columns, const List& values, const List& keys,
                                 const List& keyValues) {
-  return UpdateRows(exchange_, table, columns, values, keys, keyValues, debugLines_);
+  return UpdateRows(exchange_, RowDatabase(), table, columns, values, keys, keyValues, debugLines_);
 }
 
 RowSet WorkbenchHost::scSQLSelect(const std::string& table, const List& columns, const List& keys,
                                   const List& keyValues) {
-  return SelectRows(exchange_, table, columns, keys, keyValues, debugLines_);
+  return SelectRows(exchange_, RowDatabase(), table, columns, keys, keyValues, debugLines_);
 }
 
 Value WorkbenchHost::scBuildCmdID() { return exchange_.NewCmdId(); }

@@ -78,6 +78,8 @@ class WorkbenchHost : public Host {
 
  private:
   ValueList& Current() { return lists_[building_.empty() ? checking_ : building_.back()]; }
+  // Rows that are written by names go to the templates where a template command is at work.
+  const char* RowDatabase() const { return template_ ? "site" : "dynamic"; }
   ValueList& Named(const std::string& parameter);
   template <typename Change>
   bool ChangeList(ValueList& list, const std::string& sql, const std::string& selector, Change change);
@@ -90,6 +92,7 @@ class WorkbenchHost : public Host {
   std::map<std::string, ValueList> lists_;
   std::vector<std::string> building_;
   std::string checking_;
+  bool template_ = false;
   std::string seriesRefusal_;
   std::vector<ReportedMessage> messages_;
   std::vector<std::string> debugLines_;
