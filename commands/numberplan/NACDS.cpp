@@ -1,0 +1,124 @@
+// NACDS: the categories CDCAT of a number NUM, joined by "&". No stored number may be the beginning of another.
+
+#include "script/Conversions.h"
+#include "script/Envelope.h"
+#include "script/Module.h"
+#include "script/Report.h"
+#include "shared/GenericRecord.h"
+
+namespace cordboard {
+
+namespace {
+
+// Whether the number and every stored one differ within the length of the shorter. The record `CmdId` itself is left
+// out, and 0 leaves out none. A query that failed counts as taken.
+bool CheckNumberFree(const Value& number, std::int32_t CmdId) {
+  const std::string others =
+      CmdId != 0 ? Sql("SELECT NUM FROM NACDS WHERE NOT CMDID = ", CmdId) : Sql("SELECT NUM FROM NACDS");
+  RowSet rows;
+  if (!scRunQuery(others, rows)) return false;
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    const std::string stored = ToText(rows[0][row]);
+    const std::string wanted = ToText(number);
+    if (stored.starts_with(wanted) || wanted.starts_with(stored)) return false;
+  }
+  return true;
+}
+
+bool RefuseNumber(const std::string& context) {
+  Debug(" This range is already in use, enter another value");
+  Report(context, Message::NumberInUse);
+  return false;
+}
+
+std::string JoinedWithAmpersands(const List& values) {
+  std::string text;
+  for (std::size_t i = 0; i < values.size(); ++i) text += Text(i == 0 ? "" : "&", values[i]);
+  return text;
+}
+
+// One record for each number. Only the answer of the second list counts; it fails without a message. Numbers that could
+// not be had leave a list without bounds, which fails the call.
+bool Add(const Action& action) {
+  const std::string context = "Add: " + action.CmdName;
+  return InTransaction(context, [&] {
+    List numbers;
+    List categories;
+    scGetValueArray("NUM", numbers);
+    if (!scGetValueArray("CDCAT", categories)) return false;
+    for (const Value& NUM : numbers) {
+      if (!CheckNumberFree(NUM, 0)) return RefuseNumber(context);
+      const Value CmdID = scBuildCmdID();
+      const Value CDCAT = JoinedWithAmpersands(categories);
+      if (!OrReport(scSQLInsert(action.CmdName, {"CmdID", "NUM", "CDCAT"}, {CmdID, NUM, CDCAT}), context,
+                    Message::InsertFailed, action.CmdName))
+        return false;
+    }
+    return true;
+  });
+}
+
+// Adds the categories on the form to those of the record. A value that the form does not give stays as it was. Only the
+// empty state counts as no stored category: behind a null or an empty text the new ones begin with "&".
+bool Merge(const Action& action) {
+  const std::string context = "Edit: " + action.CmdName;
+  return InTransaction(context, [&] {
+    RowSet rows;
+    scRunQuery(Sql("SELECT NUM, CDCAT FROM NACDS WHERE CmdId = ", action.CmdId), rows);
+    const Value oldNUM = rows[0][0];
+    const Value oldCDCAT = rows[1][0];
+
+    const auto write = [&](const char* name, const Value& value) {
+      return OrReport(WriteColumn(action.CmdName, action.CmdId, name, value), context, Message::ColumnNotWritten, name);
+    };
+    const Value NUM = scGetParamValue("NUM");
+    if (!write("NUM", NUM.IsBlank() ? oldNUM : NUM)) return false;
+    const Value CDCAT = scGetParamValue("CDCAT");
+    if (CDCAT.IsBlank()) return write("CDCAT", oldCDCAT);
+    return write("CDCAT", oldCDCAT.IsEmpty() ? CDCAT : Text(oldCDCAT, "&", CDCAT));
+  });
+}
+
+// A number that is taken ends the edit. An update that fails does not: the answer is that of the last one. An empty
+// value is written as the empty text.
+bool Edit(const Action& action) {
+  const std::string context = "Edit: " + action.CmdName;
+  return InTransaction(context, [&] {
+    bool flag = true;
+    for (const Value& parameter : action.ParamList) {
+      const std::string name = ToText(parameter);
+      const Value value = scGetParamValue(name);
+      if (name == "NUM" && !CheckNumberFree(value, action.CmdId)) return RefuseNumber(context);
+      flag = OrReport(scRunQuery(Sql("UPDATE ", action.CmdName, " SET ", name, " = '", value, "'", NL,
+                                     " WHERE CmdId = ", action.CmdId)),
+                      context, Message::ColumnUpdateFailed, name, action.CmdName);
+    }
+    return flag;
+  });
+}
+
+// A number has one record: an add of one that is stored merges into it.
+bool AddOrMerge(const Action& action) {
+  const Value NUM = scGetParamValue("NUM");
+  RowSet count;
+  scRunQuery(Sql("SELECT Count(*) FROM NACDS WHERE NUM = '", NUM, "'"), count);
+  if (Equals(count[0][0], 0)) return Add(action);
+  RowSet record;
+  scRunQuery(Sql("SELECT CMDID FROM NACDS WHERE NUM = '", NUM, "'"), record);
+  Action merge = action;
+  merge.CmdId = ToInt32(record[0][0]);
+  return Merge(merge);
+}
+
+}  // namespace
+
+bool NACDS(const Action& action) {
+  static const Module module{
+      .SetInfo = AddOrMerge,
+      .EditInfo = Edit,
+      .DeleteInfo = GenericDeleteInfo,
+  };
+  return module.Run(action);
+}
+
+}  // namespace cordboard

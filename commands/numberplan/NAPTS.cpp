@@ -1,0 +1,145 @@
+// NAPTS: up to six positions for a number EXL, one by one in POS1 to POS6 and joined by "&" in POS.
+
+#include "script/Conversions.h"
+#include "script/Envelope.h"
+#include "script/Module.h"
+#include "script/Report.h"
+#include "shared/GenericRecord.h"
+#include "shared/ValueLists.h"
+
+namespace cordboard {
+
+namespace {
+
+const List columns = {"CmdID", "EXL", "POS", "POS1", "POS2", "POS3", "POS4", "POS5", "POS6"};
+constexpr std::size_t POS = 2;   // the index of POS in `columns`
+constexpr std::size_t POS1 = 3;  // and of the first position
+
+void TakePosition(List& values, std::size_t column, const Value& value) {
+  values[column] = value;
+  Debug(columns[column], " = ", value);
+}
+
+// The positions from the several values of POS. More than six fail the call.
+bool TakePositionsOfPOS(const std::string& context, List& values) {
+  List positions;
+  if (!OrReport(scGetValueArray("POS", positions), context, Message::ListNotBuilt, "POS")) return false;
+  for (std::size_t i = 0; i < positions.size(); ++i) TakePosition(values, POS1 + i, positions[i]);
+  return true;
+}
+
+// The positions one by one from the form, and those that are given joined into POS.
+void ReadPositions(List& values) {
+  std::string joined;
+  bool first = true;
+  for (std::size_t column = POS1; column < columns.size(); ++column) {
+    TakePosition(values, column, scGetParamValue(ToText(columns[column])));
+    if (values[column].IsEmpty()) continue;
+    joined += Text(first ? "" : "&", values[column]);
+    first = false;
+  }
+  values[POS] = joined;
+}
+
+// One record for each value of EXL. A number that has a record already refuses the whole add, but those behind it are
+// still looked up and inserted, to be rolled back in the end; their single positions are then not read but reported.
+// Any step that fails ends the add.
+bool Add(const Action& action) {
+  const std::string context = "Add: " + action.CmdName;
+  return InTransaction(context, [&] {
+    List numbers;
+    if (!OrReport(scGetValueArray("EXL", numbers), context, Message::ListNotBuilt, "EXL")) return false;
+    bool flag = true;
+    for (const Value& EXL : numbers) {
+      Debug("EXL = ", EXL);
+      RowSet rows;
+      if (!OrReport(scRunQuery(Sql("SELECT EXL FROM ", action.CmdName, NL, " WHERE EXL = '", EXL, "'"), rows), context,
+                    Message::ListNotBuilt, "EXL"))
+        return false;
+      if (!rows.IsEmpty()) {
+        Report(context, Message::NumberInUse);
+        Debug("That number series has already been used");
+        flag = false;
+        continue;
+      }
+      List values(std::vector<Value>(columns.size()));
+      values[1] = EXL;
+      TakePosition(values, POS, scGetParamValue("POS"));
+      if (!values[POS].IsEmptyText()) {
+        if (!TakePositionsOfPOS(context, values)) return false;
+      } else if (flag) {
+        ReadPositions(values);
+      } else {
+        for (std::size_t column = POS1; column < columns.size(); ++column)
+          Report(context, Message::ListNotBuilt, columns[column]);
+      }
+      values[0] = scBuildCmdID();
+      if (!OrReport(scSQLInsert(action.CmdName, columns, values), context, Message::InsertFailed, action.CmdName))
+        return false;
+    }
+    return flag;
+  });
+}
+
+// The text of POS after an edit. An "&" stands between two neighbours that are both given. POS6 is never copied: with
+// all six given the text ends in "&".
+std::string JoinedPositions(const List& positions) {
+  std::string text;
+  for (std::size_t i = 0; i + 1 < positions.size(); ++i) {
+    if (!positions[i].IsEmpty()) text += Text(positions[i], positions[i + 1].IsEmpty() ? "" : "&");
+  }
+  return text;
+}
+
+// Whatever the updates of the parameters gave, the answer is that of the update of POS.
+bool Edit(const Action& action) {
+  const std::string context = "Edit: " + action.CmdName;
+  return InTransaction(context, [&] {
+    for (const Value& parameter : action.ParamList) {
+      const std::string name = ToText(parameter);
+      const Value value = scGetParamValue(name);
+      OrReport(scRunQuery(Sql("UPDATE NAPTS SET ", name, " = '", value, "'", NL, " WHERE CmdId = ", action.CmdId)),
+               context, Message::ColumnUpdateFailed, name, action.CmdName);
+    }
+    List positions;
+    for (std::size_t column = POS1; column < columns.size(); ++column)
+      positions.Append(scGetParamValue(ToText(columns[column])));
+    const std::string text = JoinedPositions(positions);
+    return OrReport(scRunQuery(Sql("UPDATE NAPTS SET POS = '", text, "'", NL, " WHERE CmdId = ", action.CmdId)),
+                    context, Message::InsertFailed, action.CmdName);
+  });
+}
+
+// A value chosen in one position leaves the lists of the five others, and the value that it had before comes back into
+// all six. Into the five others it is put also where there was none. Steps before the walk are not tested.
+bool CheckPosition(const Action& action) {
+  const std::string parameter = action.Parameter();
+  if (!scGetParamValue(parameter).IsEmpty()) scSetParamOptional("POS", true);
+  Value previous;
+  scGetPreviousValue(previous);
+  if (!previous.IsEmpty()) scPushValidValues(previous, parameter);
+  const Value value = scGetParamValue(parameter);
+  for (const char* other : {"POS1_D1D2", "POS2_D1D2", "POS3_D1D2", "POS4_D1D2", "POS5_D1D2", "POS6_D1D2"}) {
+    if (other == parameter) continue;
+    if (scRemoveFromValidValues(other, value) && scPushValidValues(previous, other)) continue;
+    Report("StatCheck", Message::ResetFailed, other);
+    if (parameter == "POS5_D1D2" || parameter == "POS6_D1D2") Debug(" Error Reseting the other Position values ");
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool NAPTS(const Action& action) {
+  static const Module module{
+      .SetInfo = Add,
+      .EditInfo = Edit,
+      .DeleteInfo = GenericDeleteInfo,
+      .ValidValues = {{{"POS1_D3", "POS2_D3", "POS3_D3", "POS4_D3", "POS5_D3", "POS6_D3"}, GetValuesAndDescription}},
+      .StatCheck = {{{"POS1_D1D2", "POS2_D1D2", "POS3_D1D2", "POS4_D1D2", "POS5_D1D2", "POS6_D1D2"}, CheckPosition}},
+  };
+  return module.Run(action);
+}
+
+}  // namespace cordboard
