@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "workbench/Names.h"
 #include "workbench/dialect/Mapping.h"
 
 namespace cordboard::workbench {

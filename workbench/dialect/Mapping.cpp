@@ -1,24 +1,8 @@
 #include "workbench/dialect/Mapping.h"
 
-#include <algorithm>
+#include "workbench/Names.h"
 
 namespace cordboard::workbench {
-namespace {
-
-char Small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-// SQLite's names for the place of a row in its table, which no table has as a column.
-bool IsRowPlace(std::string_view name) {
-  return SameName(name, "rowid") || SameName(name, "oid") || SameName(name, "_rowid_");
-}
-
-}  // namespace
-
-bool SameName(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return Small(a) == Small(b); });
-}
-
 bool Mapping::Accept(Symbol symbol) {
   if (!At(symbol)) return false;
   tokens.Advance();

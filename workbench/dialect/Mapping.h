@@ -10,9 +10,6 @@
 
 namespace cordboard::workbench {
 
-// Names are the same in any capitals.
-bool SameName(std::string_view left, std::string_view right);
-
 // What the mapper has to know of a SELECT when it comes to the order of its rows.
 struct Query {
   std::vector<std::string_view> tables;  // by the names under which they are known, in order of appearance

@@ -1,0 +1,61 @@
+// The tables of the databases, read from data/schema.json.
+//
+// The file holds for each database ("dynamic", "static", "site") a list of tables:
+//   {"name": "NANSI", "columns": ["CmdId", "NUMSE", "NUMTYP", "USED"],  in the order of an insert without names
+//    "further": [],                             columns behind these, which only some statement or the host names
+//    "types": {"CmdId": "whole", "USED": "truth"},                       every other column is text
+//    "indexes": [["NUMSE"], ["NUMTYP", "USED", "NUMSE"]], "note": "..."}
+// Names of tables and columns are the same in any capitals.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace cordboard::workbench {
+
+class SchemaError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+struct Column {
+  // A text column keeps '007' as it is, a whole column makes 7 of it, a truth column holds true and false.
+  enum class Type { Text, Whole, Truth };
+
+  std::string name;
+  Type type = Type::Text;
+  bool further = false;
+};
+
+struct Table {
+  std::string name;
+  std::vector<Column> columns;
+  std::vector<std::vector<std::string>> indexes;  // by the names of their columns
+  std::string note;
+
+  const Column* Find(std::string_view column) const;  // null where there is none
+};
+
+struct DatabaseSchema {
+  std::string name;
+  std::vector<Table> tables;
+
+  const Table* Find(std::string_view table) const;  // null where there is none
+};
+
+struct Schema {
+  std::vector<DatabaseSchema> databases;
+
+  const DatabaseSchema& Database(std::string_view name) const;  // fails with a SchemaError where there is none
+};
+
+// Fails with a SchemaError that names the table, where the text is not a schema.
+Schema ReadSchema(std::string_view json);
+
+// The statements that create the database's tables and indexes, in SQLite's own language and always in the same order.
+// The declared types are TEXT, INTEGER and BOOLEAN. No column is a key, so that rows stand in the order of insertion.
+std::vector<std::string> CreateStatements(const DatabaseSchema& database);
+
+}  // namespace cordboard::workbench
