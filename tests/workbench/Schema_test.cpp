@@ -1,0 +1,156 @@
+#include "workbench/Schema.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+
+namespace cordboard::workbench {
+namespace {
+
+using std::string;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+string Refusal(const string& json) {
+  try {
+    ReadSchema(json);
+  } catch (const SchemaError& error) {
+    return error.what();
+  }
+  return "taken";
+}
+
+string RefusalOfTable(const string& rest) { return Refusal(R"({"dynamic": [{"name": "t", )" + rest + "}]}"); }
+
+Schema Shipped() {
+  std::ifstream file(CORDBOARD_SOURCE_DIR "/data/schema.json");
+  return ReadSchema(string(std::istreambuf_iterator<char>(file), {}));
+}
+
+// --- Reading.
+
+TEST(Schema, ReadsTablesWithTheirColumnsInOrder) {
+  const Schema schema = ReadSchema(R"({"dynamic": [
+      {"name": "NANSI", "columns": ["CmdId", "NUMSE", "USED"], "further": ["MARK"], "note": "numbers",
+       "types": {"cmdid": "whole", "USED": "truth"}, "indexes": [["numse"], ["USED", "NUMSE"]]}], "site": []})");
+  ASSERT_EQ(schema.databases.size(), 2u);
+  EXPECT_EQ(schema.Database("SITE").tables.size(), 0u);
+  const Table* table = schema.Database("dynamic").Find("nansi");
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->name, "NANSI");
+  EXPECT_EQ(table->note, "numbers");
+  ASSERT_EQ(table->columns.size(), 4u);
+  EXPECT_EQ(table->columns[0].type, Column::Type::Whole);
+  EXPECT_EQ(table->columns[1].type, Column::Type::Text);
+  EXPECT_EQ(table->columns[2].type, Column::Type::Truth);
+  EXPECT_FALSE(table->columns[2].further);
+  EXPECT_TRUE(table->columns[3].further);
+  EXPECT_THAT(table->indexes, ElementsAre(ElementsAre("NUMSE"), ElementsAre("USED", "NUMSE")));
+  EXPECT_EQ(table->Find("used"), &table->columns[2]);
+  EXPECT_EQ(table->Find("unknown"), nullptr);
+  EXPECT_EQ(schema.Database("dynamic").Find("unknown"), nullptr);
+  EXPECT_THROW(schema.Database("unknown"), SchemaError);
+}
+
+TEST(Schema, RefusesWhatIsNoSchemaAndNamesTheTable) {
+  EXPECT_THAT(Refusal("{"), HasSubstr("the schema cannot be read: "));
+  EXPECT_THAT(Refusal("[1]"), HasSubstr("the schema cannot be read: "));
+  EXPECT_THAT(Refusal(R"({"dynamic": [{"columns": ["a"]}]})"), HasSubstr("the schema cannot be read: "));
+  EXPECT_THAT(Refusal(R"({"dynamic": [{"name": 1}]})"), HasSubstr("the schema cannot be read: "));
+  EXPECT_EQ(Refusal(R"({"dynamic": [{"name": "t", "columns": ["a"]}, {"name": "T", "columns": ["a"]}]})"),
+            "table T stands in dynamic twice");
+  EXPECT_EQ(RefusalOfTable(R"("note": "n")"), "table t: it has no columns");
+  EXPECT_EQ(RefusalOfTable(R"("columns": ["a", "A"])"), "table t: the column A stands there twice");
+  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "further": ["a"])"), "table t: the column a stands there twice");
+  EXPECT_EQ(RefusalOfTable(R"("columns": ["a]"])"), "table t: a name is not valid");
+  EXPECT_EQ(RefusalOfTable(R"("columns": [""])"), "table t: a name is not valid");
+  EXPECT_EQ(RefusalOfTable(R"("columns": ["RowId"])"), "table t: no column is named RowId");
+  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "types": {"b": "whole"})"), "table t: there is no column b");
+  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "types": {"a": "text"})"),
+            "table t: the type of a is neither whole nor truth");
+  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "indexes": [["b"]])"), "table t: there is no column b");
+  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "indexes": [[]])"), "table t: an index has no columns");
+  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "keys": [])"), "table t: \"keys\" has no meaning");
+  EXPECT_THAT(RefusalOfTable(R"("columns": [1])"), HasSubstr("table t: "));
+}
+
+// --- Creating.
+
+TEST(Schema, CreatesTablesAndIndexes) {
+  const Schema schema = ReadSchema(R"({"dynamic": [
+      {"name": "NANSI", "columns": ["CmdId", "NUMSE"], "further": ["USED"],
+       "types": {"CmdId": "whole", "USED": "truth"}, "indexes": [["NUMSE"], ["USED", "NUMSE"]]},
+      {"name": "t", "columns": ["End"]}]})");
+  EXPECT_THAT(
+      CreateStatements(schema.Database("dynamic")),
+      ElementsAre("CREATE TABLE [NANSI] ([CmdId] INTEGER, [NUMSE] TEXT, [USED] BOOLEAN)",
+                  "CREATE INDEX [NANSI by NUMSE] ON [NANSI] ([NUMSE])",
+                  "CREATE INDEX [NANSI by USED NUMSE] ON [NANSI] ([USED], [NUMSE])", "CREATE TABLE [t] ([End] TEXT)"));
+}
+
+// --- The schema that is shipped.
+
+TEST(Schema, ShipsThreeDatabases) {
+  const Schema schema = Shipped();
+  ASSERT_EQ(schema.databases.size(), 3u);
+  EXPECT_NE(schema.Database("dynamic").Find("NANSI"), nullptr);
+  EXPECT_NE(schema.Database("static").Find("ParamValueDesc"), nullptr);
+  EXPECT_NE(schema.Database("site").Find("KSEXITEMPLATE"), nullptr);
+}
+
+TEST(Schema, ShipsWholeNumbersForIdentifiersAndBoardPositionsAlone) {
+  const std::set<string> positions = {"Locations", "LIMs", "Boards", "Equipment", "TRKLINE"};
+  for (const DatabaseSchema& database : Shipped().databases) {
+    for (const Table& table : database.tables) {
+      for (const Column& column : table.columns) {
+        const string& name = column.name;
+        const bool identifier = name == "CmdId" || name == "CmdID" || name == "CMDID";
+        const bool part = positions.contains(table.name) && (name == "LIM" || name == "Magazine" || name == "Slot");
+        const bool whole = identifier || part || name == "DefinitionNo" || name == "OrderNo";
+        const auto type = whole ? Column::Type::Whole : name == "USED" ? Column::Type::Truth : Column::Type::Text;
+        EXPECT_EQ(column.type, type) << table.name << '.' << name;
+        if (identifier) {
+          EXPECT_EQ(&column, &table.columns.front()) << table.name;
+        }
+      }
+    }
+  }
+}
+
+TEST(Schema, ShipsAnIndexOnEveryIdentifier) {
+  for (const DatabaseSchema& database : Shipped().databases) {
+    for (const Table& table : database.tables) {
+      if (!table.Find("CmdId")) continue;
+      ASSERT_FALSE(table.indexes.empty()) << table.name;
+      EXPECT_THAT(table.indexes.front(), ElementsAre(table.columns.front().name)) << table.name;
+    }
+  }
+}
+
+TEST(Schema, ShipsNoFurtherColumnWhereRowsGoInWithoutNames) {
+  const DatabaseSchema dynamic = Shipped().Database("dynamic");
+  for (const auto& [name, columns] : {std::pair("BuiltCmd", 2u), {"USEDFILES", 1u}, {"PELPI", 11u}, {"CLODI", 5u}}) {
+    const Table* table = dynamic.Find(name);
+    ASSERT_NE(table, nullptr) << name;
+    EXPECT_EQ(table->columns.size(), columns) << name;
+  }
+}
+
+TEST(Schema, ShipsTheColumnsThatAreReadByPosition) {
+  const DatabaseSchema dynamic = Shipped().Database("dynamic");
+  const auto at = [&](const char* table, std::size_t position) {
+    return dynamic.Find(table)->columns.at(position).name;
+  };
+  EXPECT_EQ(at("EXCCS", 6), "CATTYP");
+  EXPECT_EQ(at("CLFOC", 2), "DATA");
+  EXPECT_EQ(at("CLFOC", 5), "DATA1");
+  EXPECT_EQ(at("CLFOC", 44), "DATA40");
+  EXPECT_EQ(at("NASCS", 11), "PGSA");
+}
+
+}  // namespace
+}  // namespace cordboard::workbench
