@@ -48,7 +48,9 @@ Value Form::Get(const std::string& name) const {
     const std::string digits = Folded(*folding);
     if (!digits.empty()) return digits;
   }
-  return Found(values_, name);
+  const Value value = Found(values_, name);
+  const ParameterDefinition* parameter = definition_.Find(name);
+  return value.IsEmpty() && parameter != nullptr && parameter->text ? Value("") : value;
 }
 
 Value Form::Previous(const std::string& name) const { return Found(previous_, name); }

@@ -21,7 +21,8 @@ ParameterDefinition ReadParameter(const json& data) {
           .range = data.value("range", false),
           .list = data.value("list", false),
           .fixed = data.value("fixed", false),
-          .check = data.value("check", false)};
+          .check = data.value("check", false),
+          .text = data.value("text", false)};
 }
 
 Folding ReadFolding(const json& data) {

@@ -16,6 +16,7 @@ struct ParameterDefinition {
   bool list = false;      // the command builds a list of valid values for it
   bool fixed = false;     // its values are the fixed ones of the release, though the command builds no list
   bool check = false;     // the command has a static check for it
+  bool text = false;      // reads as the empty text, not as empty, where no value was given
 };
 
 // Some digits of a whole parameter, entered on the form as sub-digit parameters. Several that share the same digits add

@@ -158,10 +158,14 @@ bool WorkbenchHost::scSQLSelectValuesAndDescByDefinition(const Value& definition
 
 bool WorkbenchHost::scPushValidValues(const std::variant<Value, List>& values, const std::optional<std::string>& name) {
   ValueList& list = name ? Named(*name) : Current();
+  // A check may put back the previous value of a parameter that had none: nothing to choose.
+  const auto push = [&list](const Value& value) {
+    if (!value.IsBlank()) list.Push(Joined(value));
+  };
   if (const auto* one = std::get_if<Value>(&values)) {
-    list.Push(Joined(*one));
+    push(*one);
   } else {
-    for (const Value& value : std::get<List>(values)) list.Push(Joined(value));
+    for (const Value& value : std::get<List>(values)) push(value);
   }
   return true;
 }
