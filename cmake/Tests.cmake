@@ -9,3 +9,9 @@ target_include_directories(library-tests PRIVATE tests)
 target_compile_definitions(library-tests PRIVATE CORDBOARD_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 target_link_libraries(library-tests PRIVATE cordboard::cordboard GTest::gtest GTest::gmock GTest::gtest_main)
 gtest_discover_tests(library-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX library.)
+
+# The habits of the project: what stands in the tree, and the tools that put it there.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+add_test(NAME tree.habits COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree.py)
+add_test(NAME tree.check_tree COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree_test.py)
+set_tests_properties(tree.check_tree PROPERTIES ENVIRONMENT PYTHONDONTWRITEBYTECODE=1)
