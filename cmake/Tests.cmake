@@ -14,4 +14,6 @@ gtest_discover_tests(library-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX library.)
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_test(NAME tree.habits COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree.py)
 add_test(NAME tree.check_tree COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree_test.py)
-set_tests_properties(tree.check_tree PROPERTIES ENVIRONMENT PYTHONDONTWRITEBYTECODE=1)
+add_test(NAME tree.new_command COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/new_command_test.py)
+set_tests_properties(tree.check_tree tree.new_command PROPERTIES
+  ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1;CXX=${CMAKE_CXX_COMPILER}")
