@@ -63,6 +63,15 @@ class NewCommand(unittest.TestCase):
         self.assert_compiles("commands/groups/GPAGI.cpp")
         self.assert_compiles("tests/commands/groups/GPAGI_test.cpp")
 
+    @unittest.skipUnless(shutil.which("clang-format"), "needs clang-format")
+    def test_makes_code_that_is_formatted(self):
+        self.make("groups", "GPAGI")
+        self.make("extensions", "EXTEITEMPLATE")
+        style = f"--style=file:{SOURCE / '.clang-format'}"
+        done = subprocess.run(["clang-format", style, "--dry-run", "-Werror", *self.root.rglob("*.cpp")],
+                              capture_output=True, text=True, check=False)
+        self.assertEqual(done.returncode, 0, done.stderr)
+
     def test_makes_a_test_that_fails_until_it_is_filled_in(self):
         self.make("groups", "GPAGI")
         self.assertIn("  FAIL() << ", (self.root / "tests/commands/groups/GPAGI_test.cpp").read_text())
