@@ -18,3 +18,21 @@ if(CORDBOARD_WORKBENCH)
   target_link_libraries(workbench-tests PRIVATE cordboard_workbench GTest::gtest GTest::gmock GTest::gtest_main)
   gtest_discover_tests(workbench-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX workbench.)
 endif()
+
+# The habits of the project: what stands in the tree, and the tools that put it there.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+add_test(NAME tree.habits COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree.py)
+add_test(NAME tree.check_tree COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree_test.py)
+add_test(NAME tree.new_command COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/new_command_test.py)
+set_tests_properties(tree.check_tree tree.new_command PROPERTIES
+  ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1;CXX=${CMAKE_CXX_COMPILER}")
+
+# What is installed serves an embedder.
+if(CORDBOARD_SANITIZE)
+  set(embed_flags -fsanitize=${CORDBOARD_SANITIZE})
+endif()
+add_test(NAME install.embed COMMAND ${CMAKE_COMMAND}
+  -DBUILD=${PROJECT_BINARY_DIR} -DSOURCE=${PROJECT_SOURCE_DIR} -DWORK=${PROJECT_BINARY_DIR}/embed-test
+  -DCXX=${CMAKE_CXX_COMPILER} -DFLAGS=${embed_flags}
+  -P ${PROJECT_SOURCE_DIR}/tests/install/embed.cmake)
+set_tests_properties(install.embed PROPERTIES LABELS slow)

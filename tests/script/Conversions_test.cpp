@@ -110,13 +110,13 @@ const std::vector<Conversion> conversions = {
 };
 
 TEST(Conversions, ToNumbersFollowTheTable) {
-  for (const auto& [value, isNumeric, number, int16, int32, leading] : conversions) {
-    SCOPED_TRACE(TraceText(value));
-    EXPECT_EQ(IsNumeric(value), isNumeric);
-    EXPECT_EQ(Outcome([&] { return ToNumber(value); }), number);
-    EXPECT_EQ(Outcome([&] { return ToInt16(value); }), int16);
-    EXPECT_EQ(Outcome([&] { return ToInt32(value); }), int32);
-    EXPECT_EQ(Outcome([&] { return NumericValue(value); }), leading);
+  for (const Conversion& row : conversions) {
+    SCOPED_TRACE(TraceText(row.value));
+    EXPECT_EQ(IsNumeric(row.value), row.isNumeric);
+    EXPECT_EQ(Outcome([&] { return ToNumber(row.value); }), row.number);
+    EXPECT_EQ(Outcome([&] { return ToInt16(row.value); }), row.int16);
+    EXPECT_EQ(Outcome([&] { return ToInt32(row.value); }), row.int32);
+    EXPECT_EQ(Outcome([&] { return NumericValue(row.value); }), row.leading);
   }
 }
 
@@ -148,10 +148,10 @@ const std::vector<Texts> texts = {
 };
 
 TEST(Conversions, TheTextOfAValueFollowsTheTableAndNullIsJoinedButNeverRead) {
-  for (const auto& [value, read, joined] : texts) {
-    SCOPED_TRACE(TraceText(value));
-    EXPECT_EQ(Outcome([&] { return ToText(value); }), read);
-    EXPECT_EQ(Joined(value), joined);
+  for (const Texts& row : texts) {
+    SCOPED_TRACE(TraceText(row.value));
+    EXPECT_EQ(Outcome([&] { return ToText(row.value); }), row.read);
+    EXPECT_EQ(Joined(row.value), row.joined);
   }
 }
 
@@ -196,10 +196,10 @@ const std::vector<Truth> truths = {
 };
 
 TEST(Conversions, ToTruthValuesFollowTheTable) {
-  for (const auto& [value, converted, condition] : truths) {
-    SCOPED_TRACE(TraceText(value));
-    EXPECT_EQ(Outcome([&] { return ToTruth(value); }), converted);
-    EXPECT_EQ(Outcome([&] { return IsTrue(value); }), condition);
+  for (const Truth& row : truths) {
+    SCOPED_TRACE(TraceText(row.value));
+    EXPECT_EQ(Outcome([&] { return ToTruth(row.value); }), row.converted);
+    EXPECT_EQ(Outcome([&] { return IsTrue(row.value); }), row.condition);
   }
 }
 
