@@ -20,4 +20,12 @@ if(TARGET cordboard_remote)
     target_compile_options(remote-tests PRIVATE -Wno-maybe-uninitialized)
   endif()
   gtest_discover_tests(remote-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX remote.)
+
+  add_executable(remote-serve-for-tests tests/remote/serve_main.cpp)
+  target_link_libraries(remote-serve-for-tests PRIVATE cordboard_remote)
+  find_package(Python3 3.8 COMPONENTS Interpreter)
+  if(Python3_FOUND)
+    add_test(NAME remote.process COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tests/remote/process_test.py
+                                         $<TARGET_FILE:remote-serve-for-tests>)
+  endif()
 endif()

@@ -91,7 +91,7 @@ TEST(Hostile, ChangedBytesNeverBreakTheOutput) {
                                 "true",
                                 ",",
                                 ":"};
-  for (int round = 0; round < 3000; ++round) {
+  for (int round = 0; round < 1500; ++round) {
     std::string bytes = whole;
     for (std::size_t changes = 1 + random() % 4; changes > 0; --changes) {
       const std::size_t at = random() % bytes.size();
@@ -123,14 +123,11 @@ TEST(Hostile, ObjectsOfVeryManyMembersAreReadInGoodTime) {
   EXPECT_EQ(ConverseBytes(line + "}}\n").out, Failure("1", -32602, "Run has no Definition") + "\n");
 }
 
-TEST(Hostile, LinesBeyondTheLimitAreRefusedAndPassedOver) {
-  const auto padded = [](std::size_t length) {
-    return addObject + std::string(length - addObject.size(), ' ') + "\n" + addObject + "\n";
-  };
+TEST(Hostile, LinesBeyondTheLimitAreRefusedUnreadAndPassedOver) {
+  const auto said = [](std::size_t length) { return ConverseBytes(std::string(length, 'x') + "\n" + addObject).out; };
   const std::string added = Result(R"("add")", "null") + "\n";
-  EXPECT_EQ(ConverseBytes(padded(MaximumLine)).out, added + added);
-  EXPECT_EQ(ConverseBytes(padded(MaximumLine + 1)).out,
-            Failure("null", -32700, "the line is longer than 64 MiB") + "\n" + added);
+  EXPECT_EQ(said(MaximumLine), Failure("null", -32700, "the line is not JSON, at byte 1") + "\n" + added);
+  EXPECT_EQ(said(MaximumLine + 1), Failure("null", -32700, "the line is longer than 64 MiB") + "\n" + added);
 }
 
 TEST(Hostile, LongTextsGoThroughWhole) {
