@@ -31,5 +31,6 @@ void AddGenerate(CLI::App& app, int& exitCode);
 void AddExplain(CLI::App& app, int& exitCode);
 void AddCommands(CLI::App& app, int& exitCode);
 void AddHelp(CLI::App& app, int& exitCode);
+void AddServe(CLI::App& app, int& exitCode);
 
 }  // namespace cordboard::cli

@@ -40,6 +40,7 @@ int Run(int argc, char** argv) {
   AddShow(app, exitCode);
   AddGenerate(app, exitCode);
   AddExplain(app, exitCode);
+  AddServe(app, exitCode);
   AddCommands(app, exitCode);
   AddHelp(app, exitCode);
   const int parsed = Parse(app, argc, argv);

@@ -36,3 +36,19 @@ add_test(NAME install.embed COMMAND ${CMAKE_COMMAND}
   -DCXX=${CMAKE_CXX_COMPILER} -DFLAGS=${embed_flags}
   -P ${PROJECT_SOURCE_DIR}/tests/install/embed.cmake)
 set_tests_properties(install.embed PROPERTIES LABELS slow)
+
+# The remote host: its own test program, and a process that the tests talk to as a peer does.
+if(TARGET cordboard_remote)
+  file(GLOB remote_tests CONFIGURE_DEPENDS tests/remote/*_test.cpp)
+  add_executable(remote-tests ${remote_tests} tests/remote/Conversation.cpp)
+  target_include_directories(remote-tests PRIVATE tests)
+  target_link_libraries(remote-tests PRIVATE cordboard_remote GTest::gtest GTest::gmock GTest::gtest_main)
+  if(CORDBOARD_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # A false alarm of GCC under sanitizers, about variants.
+    target_compile_options(remote-tests PRIVATE -Wno-maybe-uninitialized)
+  endif()
+  gtest_discover_tests(remote-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX remote.)
+
+  add_test(NAME remote.process COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/remote/process_test.py
+                                       $<TARGET_FILE:cordboard> serve)
+endif()

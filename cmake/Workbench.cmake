@@ -15,15 +15,8 @@ add_library(cordboard_workbench STATIC ${workbench_sources} ${resources})
 target_link_libraries(cordboard_workbench PUBLIC cordboard::cordboard PRIVATE SQLite::SQLite3
                       nlohmann_json::nlohmann_json)
 
-# TEMP
-if(FALSE)
-file(GLOB remote_sources CONFIGURE_DEPENDS remote/*.cpp)
-add_library(cordboard_remote STATIC ${remote_sources})
-target_link_libraries(cordboard_remote PUBLIC cordboard::cordboard PRIVATE nlohmann_json::nlohmann_json)
-endif()
-
 file(GLOB cli_sources CONFIGURE_DEPENDS cli/*.cpp)
 add_executable(cordboard ${cli_sources})
 target_compile_definitions(cordboard PRIVATE CORDBOARD_VERSION="${PROJECT_VERSION}")
-target_link_libraries(cordboard PRIVATE cordboard_workbench CLI11::CLI11 nlohmann_json::nlohmann_json)
+target_link_libraries(cordboard PRIVATE cordboard_workbench cordboard_remote CLI11::CLI11 nlohmann_json::nlohmann_json)
 install(TARGETS cordboard RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
