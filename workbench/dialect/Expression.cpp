@@ -30,9 +30,15 @@ void Parameter(Mapping& mapping, Value value) {
   mapping.tokens.Advance();
 }
 
+// The text without the second of each two quotes.
 std::string TextOf(std::string_view token) {
-  std::string text(token);
-  for (auto quote = text.find('\''); quote != text.npos; quote = text.find('\'', quote + 1)) text.erase(quote, 1);
+  std::string text;
+  text.reserve(token.size());
+  for (auto quote = token.find('\''); quote != token.npos; quote = token.find('\'')) {
+    text += token.substr(0, quote + 1);
+    token.remove_prefix(quote + 2);
+  }
+  text += token;
   return text;
 }
 
@@ -131,17 +137,18 @@ void MapExpression(Mapping& mapping) {
   const auto need_value = [&](std::string_view word) {
     if (!complete) mapping.Refuse("expected a value before " + std::string(word));
   };
+  const auto need_operator = [&] {
+    if (complete) mapping.Refuse("expected an operator or the end before this");
+  };
   const auto put_operator = [&](std::string_view text) {
     mapping.Put(text);
     mapping.tokens.Advance();
     complete = false;
   };
   for (;;) {
-    const Token token = mapping.tokens.current();
-    bool negated = false;
-    Symbol symbol = token.symbol;
-    if (symbol == Symbol::Not && complete) {
-      negated = true;
+    Symbol symbol = mapping.tokens.current().symbol;
+    const bool negated = symbol == Symbol::Not && complete;  // NOT behind a value belongs to the operator behind it
+    if (negated) {
       mapping.tokens.Advance();
       symbol = mapping.tokens.current().symbol;
       if (symbol != Symbol::In && symbol != Symbol::Like && symbol != Symbol::Between) {
@@ -157,12 +164,12 @@ void MapExpression(Mapping& mapping) {
       case Symbol::Yes:
       case Symbol::Null:
       case Symbol::Open:
-        if (complete) mapping.Refuse("expected an operator or the end before this");
+        need_operator();
         operand = {mapping.result.sql.size(), mapping.result.parameters.size()};
         Operand(mapping);
         complete = true;
         break;
-      case Symbol::Compare: put_operator(token.text); break;
+      case Symbol::Compare: put_operator(mapping.tokens.current().text); break;
       case Symbol::And: put_operator("AND"); break;
       case Symbol::Or: put_operator("OR"); break;
       case Symbol::Is: put_operator("IS"); break;
@@ -181,6 +188,7 @@ void MapExpression(Mapping& mapping) {
         if (!complete) mapping.Put(negated ? "NOT LIKE" : "LIKE");
         break;
       case Symbol::Exists:
+        need_operator();
         put_operator("EXISTS");
         Brackets(mapping, false);
         complete = true;
