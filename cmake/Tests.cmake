@@ -11,7 +11,7 @@ target_link_libraries(library-tests PRIVATE cordboard::cordboard GTest::gtest GT
 gtest_discover_tests(library-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX library.)
 
 if(CORDBOARD_WORKBENCH)
-  file(GLOB workbench_tests CONFIGURE_DEPENDS tests/workbench/*.cpp)
+  file(GLOB workbench_tests CONFIGURE_DEPENDS tests/workbench/*.cpp tests/workbench/support/*.cpp)
   add_executable(workbench-tests ${workbench_tests} ${test_support})
   target_include_directories(workbench-tests PRIVATE tests)
   target_compile_definitions(workbench-tests PRIVATE CORDBOARD_SOURCE_DIR="${PROJECT_SOURCE_DIR}")

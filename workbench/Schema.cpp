@@ -21,7 +21,7 @@ const Named* FindNamed(const std::vector<Named>& all, std::string_view name) {
 
 // A name goes into square brackets as it is.
 std::string ReadName(const Json& json) {
-  const std::string name = json.get<std::string>();
+  std::string name = json.get<std::string>();
   if (name.empty() || name.find_first_of(std::string("[]\0", 3)) != name.npos) throw SchemaError("a name is not valid");
   if (IsRowPlace(name)) throw SchemaError("no column is named " + name);
   return name;

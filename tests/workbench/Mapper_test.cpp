@@ -297,6 +297,7 @@ TEST(Mapper, RefusesMalformedExpressions) {
       {"a = 5 -3", "expected an operator or the end before this"},
       {"a (b)", "the only functions are COUNT, MIN, MAX, SUM, AVG and VAL"},
       {"a NOT NULL", "expected IN, LIKE or BETWEEN behind NOT"},
+      {"a EXISTS (SELECT b FROM u)", "expected an operator or the end before this"},
       {"a = * b", "expected a value"},
       {"a * 2 = 4", "expected the end of the statement"},
       {"t. = 1", "expected a column behind its table"},

@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <string>
+
+#include "workbench/support/TestDatabase.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -25,11 +25,6 @@ string Refusal(const string& json) {
 }
 
 string RefusalOfTable(const string& rest) { return Refusal(R"({"dynamic": [{"name": "t", )" + rest + "}]}"); }
-
-Schema Shipped() {
-  std::ifstream file(CORDBOARD_SOURCE_DIR "/data/schema.json");
-  return ReadSchema(string(std::istreambuf_iterator<char>(file), {}));
-}
 
 // --- Reading.
 
@@ -95,7 +90,7 @@ TEST(Schema, CreatesTablesAndIndexes) {
 // --- The schema that is shipped.
 
 TEST(Schema, ShipsThreeDatabases) {
-  const Schema schema = Shipped();
+  const Schema& schema = ShippedSchema();
   ASSERT_EQ(schema.databases.size(), 3u);
   EXPECT_NE(schema.Database("dynamic").Find("NANSI"), nullptr);
   EXPECT_NE(schema.Database("static").Find("ParamValueDesc"), nullptr);
@@ -104,7 +99,7 @@ TEST(Schema, ShipsThreeDatabases) {
 
 TEST(Schema, ShipsWholeNumbersForIdentifiersAndBoardPositionsAlone) {
   const std::set<string> positions = {"Locations", "LIMs", "Boards", "Equipment", "TRKLINE"};
-  for (const DatabaseSchema& database : Shipped().databases) {
+  for (const DatabaseSchema& database : ShippedSchema().databases) {
     for (const Table& table : database.tables) {
       for (const Column& column : table.columns) {
         const string& name = column.name;
@@ -122,7 +117,7 @@ TEST(Schema, ShipsWholeNumbersForIdentifiersAndBoardPositionsAlone) {
 }
 
 TEST(Schema, ShipsAnIndexOnEveryIdentifier) {
-  for (const DatabaseSchema& database : Shipped().databases) {
+  for (const DatabaseSchema& database : ShippedSchema().databases) {
     for (const Table& table : database.tables) {
       if (!table.Find("CmdId")) continue;
       ASSERT_FALSE(table.indexes.empty()) << table.name;
@@ -132,7 +127,7 @@ TEST(Schema, ShipsAnIndexOnEveryIdentifier) {
 }
 
 TEST(Schema, ShipsNoFurtherColumnWhereRowsGoInWithoutNames) {
-  const DatabaseSchema dynamic = Shipped().Database("dynamic");
+  const DatabaseSchema& dynamic = ShippedSchema().Database("dynamic");
   for (const auto& [name, columns] : {std::pair("BuiltCmd", 2u), {"USEDFILES", 1u}, {"PELPI", 11u}, {"CLODI", 5u}}) {
     const Table* table = dynamic.Find(name);
     ASSERT_NE(table, nullptr) << name;
@@ -141,7 +136,7 @@ TEST(Schema, ShipsNoFurtherColumnWhereRowsGoInWithoutNames) {
 }
 
 TEST(Schema, ShipsTheColumnsThatAreReadByPosition) {
-  const DatabaseSchema dynamic = Shipped().Database("dynamic");
+  const DatabaseSchema& dynamic = ShippedSchema().Database("dynamic");
   const auto at = [&](const char* table, std::size_t position) {
     return dynamic.Find(table)->columns.at(position).name;
   };

@@ -62,5 +62,11 @@ void MapSubSelect(Mapping& mapping);   // a SELECT within one, without its brack
 void MapFrom(Mapping& mapping);        // what stands behind FROM
 void MapWhere(Mapping& mapping);       // WHERE and its condition, if there is one
 void MapExpression(Mapping& mapping);  // one expression: a comma outside of its brackets ends it
+void MapOperand(Mapping& mapping);     // one value within it
+// An expression or a sub-select in brackets; several expressions where a list may stand.
+void MapBrackets(Mapping& mapping, bool list);
+
+// The text of a literal, without the second of each two quotes.
+std::string TextOf(std::string_view token);
 
 }  // namespace cordboard::workbench
