@@ -1,5 +1,5 @@
-// Texts are UTF-8; lengths and positions count characters, not bytes. A byte that is part of no character counts as
-// one.
+// Texts are UTF-8; lengths and positions count characters, not bytes. Bytes in the shape of a character count as one,
+// whatever they stand for; a byte that is part of none counts as one by itself.
 #pragma once
 
 #include <cstddef>

@@ -34,6 +34,8 @@ const std::vector<Broken> broken = {
     {"a beginning with a letter behind it", "\xC3z", 2},
     {"a character cut short by another", "\xE2\x82\xC3\xA9", 3},
     {"bytes that begin no character", "\xC0\xC1\xF5\xFF", 4},
+    {"a beginning that no character has, with its rest", "\xC1\xBF\xF5\x80\x80\x80", 6},
+    {"the shape of a character that does not exist", "\xED\xA0\x80z", 2},
     {"a character of four bytes without its last", "\xF0\x9F\x98z", 4},
 };
 
