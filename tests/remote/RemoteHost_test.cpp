@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 #include <memory>
 #include <sstream>
 
@@ -318,7 +319,7 @@ TEST(RemoteAnswer, ThatIsAnErrorFailsTheCallWithThePeersMessage) {
 TEST(RemoteCall, OfANumberThatIsNotFiniteFailsAndIsNotSent) {
   const Peer peer("");
   try {
-    scSetParamValue("LIM", ToNumber("1e999"));
+    scSetParamValue("LIM", std::numeric_limits<double>::infinity());
     FAIL() << "no failure";
   } catch (const RunTimeFailure& failure) {
     EXPECT_EQ(failure.cause(), RunTimeFailure::Cause::Overflow);

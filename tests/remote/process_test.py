@@ -70,12 +70,12 @@ class RemoteHost(unittest.TestCase):
             self.assertEqual(server.wait(timeout=60), 0)
 
     @unittest.skipIf(sys.platform == "win32", "a closed pipe shows otherwise there")
-    def test_a_peer_that_no_longer_reads_ends_the_process_with_status_1(self):
+    def test_a_peer_that_no_longer_reads_ends_the_process_with_status_5(self):
         with started() as server:
             server.stdout.close()
             server.stdin.write(ADD_OBJECT)
             server.stdin.close()
-            self.assertEqual(server.wait(timeout=60), 1)
+            self.assertEqual(server.wait(timeout=60), 5)
 
 
 if __name__ == "__main__":
