@@ -73,7 +73,8 @@ std::vector<Problem> TakeProblems(Session& session, const std::string& parameter
 
 void SetValue(Session& session, const Assignment& assignment, std::vector<Problem>& problems,
               std::vector<Problem>& warnings) {
-  const auto& [name, value] = assignment;
+  const std::string& name = assignment.name;
+  const std::string& value = assignment.value;
   Form& form = session.form();
   const ParameterDefinition* parameter = form.definition().Find(name);
   const auto refuse = [&](const std::string& message) { problems.push_back({name, value, message, ""}); };

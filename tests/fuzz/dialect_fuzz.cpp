@@ -1,0 +1,30 @@
+// Statements: the mapper takes a statement or says why not; what it gives is one statement that SQLite prepares or
+// refuses, with as many parameters as it has places.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "workbench/Exchange.h"
+#include "workbench/Plant.h"
+#include "workbench/dialect/Mapper.h"
+
+using namespace cordboard;
+using namespace cordboard::workbench;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const auto exchange = Exchange::CreateInMemory("R7", ReadPlant("example"));
+  try {
+    const MappedStatement mapped = Map(std::string_view(reinterpret_cast<const char*>(data), size));
+    exchange->Start();
+    try {
+      exchange->Dynamic().RunRule(mapped.sql, mapped.parameters);
+    } catch (const DatabaseError& error) {
+      if (std::string_view(error.what()).starts_with("the statement does not take these parameters")) std::abort();
+    }
+    exchange->RollBack();
+  } catch (const DialectError&) {
+    // Refused.
+  }
+  return 0;
+}
