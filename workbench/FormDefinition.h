@@ -17,6 +17,9 @@ struct ParameterDefinition {
   bool fixed = false;     // its values are the fixed ones of the release, though the command builds no list
   bool check = false;     // the command has a static check for it
   bool text = false;      // reads as the empty text, not as empty, where no value was given
+  bool reuse = false;     // a value that a record has is possible as well, though the list has it no more
+  // Several values make a record each, so that an edit, which changes one record, takes one value.
+  bool oneInEdit = false;
 };
 
 // Some digits of a whole parameter, entered on the form as sub-digit parameters. Several that share the same digits add
@@ -38,7 +41,7 @@ struct Folding {
 // What the record handling does after an action, where the command's rules leave it to the host.
 struct RecordHandling {
   bool removeRowAfterDelete = false;
-  std::vector<std::string> writeAfterEdit = {};  // key columns that an edit leaves as they were
+  std::vector<std::string> writeAfterEdit = {};  // columns that an edit leaves as they were
 };
 
 struct FormDefinition {

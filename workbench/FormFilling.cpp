@@ -5,6 +5,7 @@
 #include "script/Conversions.h"
 #include "workbench/Elements.h"
 #include "workbench/Nearest.h"
+#include "workbench/Records.h"
 
 namespace cordboard::workbench {
 
@@ -19,9 +20,9 @@ std::vector<std::string> ParameterNames(const FormDefinition& definition) {
 }
 
 // "10, 20, 30 ... (57 in all)"; a list of nothing says so.
-std::string Shown(const ValueList& list) {
+std::string Shown(const ValueList& list, bool mandatory) {
   const std::vector<ValidValue> all = list.All();
-  if (all.empty()) return "no value at present";
+  if (all.empty()) return mandatory ? "no value at present" : "no value at present; leave it out";
   std::string text;
   for (std::size_t i = 0; i < std::min(all.size(), shownValues); ++i) text += (i == 0 ? "" : ", ") + all[i].value;
   return all.size() <= shownValues ? text : text + ", ... (" + std::to_string(all.size()) + " in all)";
@@ -55,9 +56,13 @@ void CheckAgainstList(Session& session, const Assignment& assignment, const std:
   problems.insert(problems.end(), reported.begin(), reported.end());
   // A list that is not built, in silence, is no list: the rules leave the value to the form.
   if (list == nullptr || !reported.empty()) return;
+  const Form& form = session.form();
+  const bool reuse = form.definition().Find(assignment.name)->reuse;
   for (const std::string& element : elements) {
     if (list->Contains(element)) continue;
-    problems.push_back({assignment.name, element, "this value is not possible here", Shown(*list)});
+    if (reuse && IsHeld(session.exchange(), form.definition(), assignment.name, element)) continue;
+    problems.push_back(
+        {assignment.name, element, "this value is not possible here", Shown(*list, form.IsMandatory(assignment.name))});
     return;
   }
 }

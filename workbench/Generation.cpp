@@ -8,6 +8,16 @@
 
 namespace cordboard::workbench {
 
+namespace {
+
+// How far a generation came.
+std::string Behind(std::size_t lines) {
+  if (lines == 0) return "before the first line";
+  return lines == 1 ? "after 1 line" : "after " + std::to_string(lines) + " lines";
+}
+
+}  // namespace
+
 const std::vector<std::string>& GenerationOrder() {
   static const std::vector<std::string> order =
       nlohmann::json::parse(Resource("generation-order.json")).get<std::vector<std::string>>();
@@ -26,10 +36,13 @@ Generated Generate(Session& session) {
     session.host().OpenForm(*definition);
     const RunResult result = session.Run("GenerateCmd", 0, {std::to_string(++number)});
     for (Problem& problem : TakeProblems(session, "", "")) generated.problems.emplace_back(command, std::move(problem));
-    if (result.failure)
-      generated.problems.emplace_back(command, Problem{"", "", "the generation failed (" + *result.failure + ")", ""});
     const RowSet rows =
         exchange.Dynamic().Run("SELECT [Line] FROM [BuiltCmd] WHERE [OrderNo] = ? ORDER BY rowid", {number});
+    if (result.failure) {
+      const std::string message =
+          "lines are missing: the generation ended " + Behind(rows.RowCount()) + " (" + *result.failure + ")";
+      generated.problems.emplace_back(command, Problem{"", "", message, ""});
+    }
     for (std::size_t row = 0; row < rows.RowCount(); ++row) generated.lines.push_back({command, Joined(rows[0][row])});
   }
   transaction.RollBack();

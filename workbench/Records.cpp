@@ -44,6 +44,12 @@ std::optional<std::int32_t> FindRecord(Exchange& exchange, const FormDefinition&
   return std::nullopt;
 }
 
+bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::string& column, const std::string& value) {
+  return !exchange.Dynamic()
+              .Run("SELECT 1 FROM [" + definition.table + "] WHERE [" + column + "] = ? LIMIT 1", {value})
+              .IsEmpty();
+}
+
 void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form) {
   for (const std::string& column : definition.columns) {
     if (definition.Find(column) == nullptr) continue;

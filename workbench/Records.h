@@ -15,10 +15,13 @@ namespace cordboard::workbench {
 std::optional<std::int32_t> FindRecord(Exchange& exchange, const FormDefinition& definition,
                                        const std::vector<Assignment>& selection, std::vector<Problem>& problems);
 
+// Whether a record has this value in the column.
+bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::string& column, const std::string& value);
+
 // Puts the stored values of a record on the form.
 void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form);
 
-// What the rules of some commands leave to the host: a changed key is written into its row, a deleted record's row
+// What the rules of some commands leave to the host: a changed value is written into its row, a deleted record's row
 // goes.
 void WriteKeysAfterEdit(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId,
                         const std::vector<std::string>& changed, const Form& form);

@@ -4,6 +4,20 @@
 
 namespace cordboard::workbench {
 
+namespace {
+
+// Why a call failed, for its user. A rule that counts on a row fails at the first look at what its query found: the
+// query tells what is missing.
+std::string Reason(const RunTimeFailure& failure, std::string foundNothing) {
+  if (failure.cause() != RunTimeFailure::Cause::SubscriptOutOfRange || foundNothing.empty())
+    return std::string(Name(failure.cause())) + ": " + failure.what();
+  for (std::size_t at = foundNothing.find("\r\n"); at != foundNothing.npos; at = foundNothing.find("\r\n", at))
+    foundNothing.replace(at, 2, " ");
+  return "a row that has to be there was not found by " + foundNothing;
+}
+
+}  // namespace
+
 Session::Session(Exchange& exchange, const Decorate& decorate)
     : exchange_(exchange), host_(std::make_shared<WorkbenchHost>(exchange)) {
   script_.AddObject(decorate ? decorate(host_) : host_);
@@ -17,10 +31,11 @@ RunResult Session::Run(const std::string& function, std::int32_t CmdId, const Li
   const int definition = parameter.empty() ? 1 : open.ActiveDefinition(parameter);
   const int openBefore = exchange_.OpenTransactions();
   RunResult result;
+  host_->ForgetQueries();
   try {
     result.answer = script_.Run(definition, exchange_.release(), function, open.definition().command, CmdId, ParamList);
   } catch (const RunTimeFailure& failure) {
-    result.failure = std::string(Name(failure.cause())) + ": " + failure.what();
+    result.failure = Reason(failure, host_->FoundNothing());
   }
   while (exchange_.OpenTransactions() > openBefore) exchange_.RollBack();
   return result;

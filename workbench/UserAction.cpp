@@ -74,6 +74,11 @@ Outcome Edit(Session& session, const FormDefinition& definition, const UserActio
   const auto record = FindRecord(session.exchange(), definition, action.selection, problems);
   if (!record) return Refused(std::move(problems));
   LoadRecord(session.exchange(), definition, *record, session.form());
+  for (const ParameterDefinition& parameter : definition.parameters) {
+    if (!parameter.oneInEdit) continue;
+    session.form().SetTakesSeveral(parameter.name, false);
+    session.form().SetTakesRange(parameter.name, false);
+  }
   SetAll(session, action.values, problems, warnings);
   CheckWhole(session, action.values, problems);
   const std::vector<std::string> changed = ChangedColumns(definition, action.values);

@@ -205,6 +205,7 @@ bool WorkbenchHost::scGetNumberOfValidValues(const std::string& name, const Valu
 
 bool WorkbenchHost::scRunQuery(const std::string& sql, RowSet* rows, const Selector& database) {
   auto found = RunRule(exchange_, sql, SelectorName(database, "dynamic"), debugLines_);
+  foundNothing_ = found && found->IsEmpty() && rows != nullptr ? sql : "";
   if (found && rows != nullptr) *rows = std::move(*found);
   return found.has_value();
 }

@@ -33,6 +33,10 @@ class WorkbenchHost : public Host {
   // The parameter that a static check runs for; checks nest inside list building.
   void Checking(const std::string& parameter) { checking_ = parameter; }
 
+  // The statement of the query that was the last to run, where it found nothing.
+  const std::string& FoundNothing() const { return foundNothing_; }
+  void ForgetQueries() { foundNothing_.clear(); }
+
   std::vector<ReportedMessage> TakeMessages();
   std::vector<std::string> TakeDebugLines();
 
@@ -94,6 +98,7 @@ class WorkbenchHost : public Host {
   std::string checking_;
   bool template_ = false;
   std::string seriesRefusal_;
+  std::string foundNothing_;
   std::vector<ReportedMessage> messages_;
   std::vector<std::string> debugLines_;
 };

@@ -1,0 +1,425 @@
+// The road of a user through the route commands, on a real exchange.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include "script/Conversions.h"
+#include "workbench/FormFilling.h"
+#include "workbench/Generation.h"
+#include "workbench/Plan.h"
+#include "workbench/PlanLine.h"
+#include "workbench/Plant.h"
+#include "workbench/Resources.h"
+
+namespace cordboard::workbench {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::StartsWith;
+
+const std::string series = "NANSI:NUMTYP=ED,NUMSE=80&&89;";
+const std::string route1 = "ROCAI:ROU=1,PROTOCOL=ISDN,MARKET=DE,TRAF=1,DIST=5;";
+const std::string route2 = "ROCAI:ROU=2,PROTOCOL=CAS,MARKET=DE,TRAF=2;";
+
+class Routes : public testing::Test {
+ protected:
+  // Opens another exchange in place of the present one.
+  void Open(const std::string& release) {
+    session_.reset();
+    exchange_ = Exchange::CreateInMemory(release, ReadPlant("example"));
+    session_.emplace(*exchange_);
+  }
+
+  void SetUp() override { Open("R7"); }
+
+  // Performs one line of a plan as a user action of its own. What it was refused for, or warned of, stands in texts().
+  bool Do(const std::string& line) {
+    const Outcome outcome = Perform(*session_, *ParsePlanLine(line));
+    texts_.clear();
+    for (const auto& problems : {outcome.problems, outcome.warnings}) {
+      for (const Problem& problem : problems)
+        texts_.push_back(problem.parameter + (problem.parameter.empty() ? "" : ": ") + problem.message +
+                         (problem.allowed.empty() ? "" : " Possible: " + problem.allowed));
+    }
+    return outcome.done;
+  }
+
+  void Prepare(const std::vector<std::string>& lines) {
+    for (const std::string& line : lines) ASSERT_TRUE(Do(line)) << line << ": " << testing::PrintToString(texts_);
+  }
+
+  void Apply(const std::string& plan) {
+    std::istringstream in{std::string(Resource(plan))};
+    const PlanResult result = ApplyPlan(*session_, {{plan, in}}, {});
+    ASSERT_TRUE(result.kept) << plan;
+    EXPECT_THAT(result.reports, IsEmpty()) << plan;
+  }
+
+  // The values of a parameter that are valid while the form holds `given`.
+  std::vector<std::string> Valid(const std::string& command, const std::string& parameter,
+                                 const std::vector<Assignment>& given = {}) {
+    std::vector<Problem> warnings;
+    EXPECT_THAT(FillForm(*session_, *FindForm(command), given, warnings), IsEmpty());
+    const ValueList* list = session_->host().FreshList(parameter);
+    std::vector<std::string> values;
+    for (const ValidValue& entry : list->All()) values.push_back(entry.value);
+    return values;
+  }
+
+  std::vector<std::string> Lines(const std::string& command) {
+    std::vector<std::string> lines;
+    for (const GeneratedLine& line : Generate(*session_).lines) {
+      if (line.command == command) lines.push_back(line.text);
+    }
+    return lines;
+  }
+
+  Value Single(const std::string& sql) { return exchange_->Dynamic().Single(sql); }
+  const std::vector<std::string>& texts() const { return texts_; }
+  Session& session() { return *session_; }
+
+ private:
+  std::unique_ptr<Exchange> exchange_;
+  std::optional<Session> session_;
+  std::vector<std::string> texts_;
+};
+
+// --- Categories.
+
+TEST_F(Routes, TheListsFollowThePoolTheReleaseAndTheProtocol) {
+  EXPECT_THAT(Valid("ROCAI", "ROU"), SizeIs(20));
+  EXPECT_THAT(Valid("ROCAI", "PROTOCOL"), ElementsAre("CAS", "ISDN", "QSIG"));
+  EXPECT_THAT(Valid("ROCAI", "MARKET"), IsEmpty());
+  EXPECT_THAT(Valid("ROCAI", "MARKET", {{"PROTOCOL", "ISDN"}}), ElementsAre("DE", "SE", "UK"));
+  Open("R6");
+  EXPECT_THAT(Valid("ROCAI", "MARKET", {{"PROTOCOL", "ISDN"}}), ElementsAre("DE", "SE"));
+  Open("R8");
+  EXPECT_THAT(Valid("ROCAI", "PROTOCOL"), ElementsAre("CAS", "ISDN", "QSIG", "SIP"));
+}
+
+TEST_F(Routes, EveryProtocolAndMarketOfEveryReleaseGivesLines) {
+  for (const std::string& release : Releases()) {
+    Open(release);
+    int route = 0;
+    for (const std::string& protocol : Valid("ROCAI", "PROTOCOL")) {
+      const std::vector<std::string> markets = Valid("ROCAI", "MARKET", {{"PROTOCOL", protocol}});
+      EXPECT_GE(markets.size(), 2u) << protocol;
+      for (const std::string& market : markets)
+        Prepare({"ROCAI:ROU=" + std::to_string(++route) + ",PROTOCOL=" + protocol + ",MARKET=" + market + ",TRAF=1;"});
+    }
+    EXPECT_GE(route, 6) << release;
+    EXPECT_THAT(Generate(session()).problems, IsEmpty()) << release;
+    EXPECT_THAT(Lines("ROCAI"), SizeIs(route)) << release;
+    EXPECT_THAT(Lines("RODAI"), SizeIs(route)) << release;
+  }
+}
+
+TEST_F(Routes, AnAddTakesTheRouteAndADeleteFreesIt) {
+  Prepare({route1});
+  EXPECT_THAT(Valid("ROCAI", "ROU").front(), "2");
+  EXPECT_THAT(Valid("RODAI", "ROU").front(), "2");
+  EXPECT_FALSE(Do(route1));
+  EXPECT_THAT(texts(), ElementsAre(StartsWith("ROU: this value is not possible here Possible: 2, 3, ")));
+  Prepare({"delete ROCAI ROU=1;"});
+  EXPECT_THAT(Valid("ROCAI", "ROU").back(), "20");
+  EXPECT_THAT(Valid("ROCAI", "ROU").front(), "1");
+  EXPECT_FALSE(Do("delete ROCAI ROU=1;"));
+  EXPECT_THAT(texts(), ElementsAre("there is no record of ROCAI with ROU=1"));
+}
+
+TEST_F(Routes, AnEditMovesTheRouteAndKeepsWhatIsLeftOut) {
+  Prepare({route1, "edit ROCAI ROU=1:ROU=5,TRAF=7;"});
+  EXPECT_THAT(Lines("ROCAI"), ElementsAre(StartsWith("ROCAI:ROU=5,SEL=7110000000,SIG=011110000080,TRAF=7,TRM=4,"
+                                                     "SERV=1101,DIST =5,")));
+  EXPECT_THAT(Valid("ROCAI", "ROU").front(), "1");
+  EXPECT_THAT(Valid("ROCAI", "ROU"), testing::Not(testing::Contains("5")));
+}
+
+TEST_F(Routes, AnEditNeverClearsAColumn) {
+  Prepare({route1, "edit ROCAI ROU=1:DIST=;"});
+  EXPECT_EQ(Single("SELECT DIST FROM ROCAI"), Value("5"));
+  EXPECT_FALSE(Do("edit ROCAI ROU=1:TRAF=;"));
+  EXPECT_THAT(texts(), ElementsAre("TRAF: this parameter has to be given (Traffic classes)"));
+}
+
+TEST_F(Routes, ADescriptionIsAddedEditedAndCleared) {
+  Prepare({"ROCAI:ROU=1,PROTOCOL=ISDN,MARKET=DE,TRAF=1,DESCRIPTION=North;"});
+  EXPECT_EQ(Single("SELECT DESCRIPTION FROM ROCAI"), Value("North"));
+  Prepare({"edit ROCAI ROU=1:DESCRIPTION=South;"});
+  EXPECT_EQ(Single("SELECT DESCRIPTION FROM ROCAI"), Value("South"));
+  Prepare({"edit ROCAI ROU=1:DESCRIPTION=;"});
+  EXPECT_TRUE(Single("SELECT DESCRIPTION FROM ROCAI").IsNull());
+}
+
+TEST_F(Routes, AMarketThatTheNewProtocolHasStays) {
+  Prepare({route1, "edit ROCAI ROU=1:PROTOCOL=QSIG;"});
+  EXPECT_EQ(Single("SELECT PROTOCOL FROM ROCAI"), Value("QSIG"));
+  EXPECT_EQ(Single("SELECT MARKET FROM ROCAI"), Value("DE"));
+}
+
+TEST_F(Routes, AMarketThatTheNewProtocolLacksHasToBeGivenAnew) {
+  Prepare({"ROCAI:ROU=1,PROTOCOL=ISDN,MARKET=SE,TRAF=1;"});
+  EXPECT_FALSE(Do("edit ROCAI ROU=1:PROTOCOL=CAS;"));
+  EXPECT_THAT(texts(), ElementsAre(StartsWith("MARKET: this parameter has to be given")));
+  EXPECT_FALSE(Do("edit ROCAI ROU=1:PROTOCOL=CAS,MARKET=SE;"));
+  EXPECT_THAT(texts(), ElementsAre("MARKET: this value is not possible here Possible: DE, UK"));
+  Prepare({"edit ROCAI ROU=1:PROTOCOL=CAS,MARKET=UK;"});
+  EXPECT_EQ(Single("SELECT MARKET FROM ROCAI"), Value("UK"));
+}
+
+TEST_F(Routes, DeletingARouteLeavesItsDestinations) {
+  Prepare({series, route1, "RODDI:ROU=1,DEST=80,CHO=0;", "delete ROCAI ROU=1;"});
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=80,CHO=0;"));
+  EXPECT_THAT(Valid("RODDI", "ROU"), IsEmpty());
+}
+
+// --- Data.
+
+TEST_F(Routes, ADataRecordChangesNothing) {
+  Prepare({route1, "RODAI:ROU=9;"});
+  EXPECT_THAT(Lines("RODAI"), ElementsAre("RODAI:ROU=1,TYPE=PRI30,VARI=11,VARO=11,VARC=3,FILTER=2;"));
+  EXPECT_THAT(Valid("ROCAI", "ROU"), testing::Contains("9"));
+  EXPECT_FALSE(Do("RODAI:ROU=1;"));
+  EXPECT_FALSE(Do("delete RODAI ROU=9;"));
+  EXPECT_THAT(texts(), ElementsAre("records of RODAI cannot be deleted"));
+}
+
+TEST_F(Routes, ARouteWithoutSignallingValuesEndsTheLinesAndIsNamed) {
+  Prepare({series, route1, route2, "ROCAI:ROU=3,PROTOCOL=QSIG,MARKET=DE,TRAF=1;", "RODDI:ROU=1,DEST=80;"});
+  Single("UPDATE ROCAI SET MARKET = 'NO' WHERE ROU = '2' RETURNING 1");
+  const Generated generated = Generate(session());
+  const std::string end = " FROM ROUTEDATA WHERE PROTOCOL='CAS' AND Market='NO' AND RELEASE='R7')";
+  ASSERT_THAT(generated.problems, SizeIs(2));
+  EXPECT_EQ(generated.problems[0].first, "ROCAI");
+  EXPECT_EQ(generated.problems[0].second.message,
+            "lines are missing: the generation ended after 1 line (a row that has to be there was not found by SELECT "
+            "SEL, SIG, TRM, SERV, NODG, BCAP" +
+                end);
+  EXPECT_EQ(generated.problems[1].first, "RODAI");
+  EXPECT_EQ(generated.problems[1].second.message,
+            "lines are missing: the generation ended after 1 line (a row that has to be there was not found by SELECT "
+            "TYPE, VARI, VARO, VARC, FILTER" +
+                end);
+  EXPECT_THAT(Lines("ROCAI"), ElementsAre(StartsWith("ROCAI:ROU=1,")));
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=80;"));
+}
+
+// --- Destinations.
+
+class Destinations : public Routes {
+ protected:
+  void SetUp() override {
+    Routes::SetUp();
+    Prepare({series, route1, route2});
+  }
+};
+
+TEST_F(Destinations, TheListsHoldTheRoutesAndTheFreeNumbersOfTheirType) {
+  Prepare({"NANSI:NUMTYP=EX,NUMSE=100&&109;"});
+  EXPECT_THAT(Valid("RODDI", "ROU"), ElementsAre("1", "2"));
+  EXPECT_THAT(Valid("RODDI", "DEST"), SizeIs(10));
+  EXPECT_FALSE(Do("RODDI:ROU=1,DEST=100;"));
+  EXPECT_THAT(texts(), ElementsAre(StartsWith("DEST: this value is not possible here Possible: 80, 81, ")));
+}
+
+TEST_F(Destinations, SeveralAreAddedAtOnceAndTakeTheirNumbers) {
+  Prepare({"RODDI:ROU=1,DEST=80&82&&83,CHO=0,TRC=1;"});
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=80,CHO=0,TRC=1;", "RODDI:ROU=1,DEST=82,CHO=0,TRC=1;",
+                                          "RODDI:ROU=1,DEST=83,CHO=0,TRC=1;"));
+  EXPECT_THAT(Valid("RODDI", "DEST"), ElementsAre("81", "84", "85", "86", "87", "88", "89"));
+  EXPECT_EQ(Single("SELECT COUNT(*) FROM UsedExtOpeGrp WHERE NUMTYP = 'ED'"), Value(3));
+}
+
+TEST_F(Destinations, ADestinationThatARouteHasIsPossibleOnAnotherAsFurtherChoice) {
+  Prepare({"RODDI:ROU=1,DEST=80,CHO=0;", "RODDI:ROU=2,DEST=80,CHO=1;"});
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=80,CHO=0;", "RODDI:ROU=2,DEST=80,CHO=1;"));
+}
+
+TEST_F(Destinations, ANewOneIsForAllCustomersAndOffersEveryChoice) {
+  const std::vector<Assignment> given = {{"ROU", "1"}, {"DEST", "80"}};
+  EXPECT_THAT(Valid("RODDI", "CUST", given), IsEmpty());
+  EXPECT_THAT(Valid("RODDI", "CHO", given), ElementsAre("0", "1", "2", "3", "4", "5", "6", "7"));
+  EXPECT_FALSE(Do("RODDI:ROU=1,DEST=80,CUST=1,CHO=0;"));
+  EXPECT_THAT(texts(), ElementsAre("CUST: this value is not possible here Possible: no value at present; leave it "
+                                   "out"));
+}
+
+TEST_F(Destinations, OneThatTheRouteHasTakesTheCustomers) {
+  Prepare({"RODDI:ROU=1,DEST=80,CHO=0;"});
+  const std::vector<Assignment> given = {{"ROU", "1"}, {"DEST", "80"}};
+  EXPECT_THAT(Valid("RODDI", "CUST", given), ElementsAre("1", "2"));
+  EXPECT_THAT(Valid("RODDI", "CHO", given), ElementsAre("0", "1", "2", "3", "4", "5", "6", "7"));
+  Prepare({"RODDI:ROU=1,DEST=80,CUST=2,CHO=0;"});
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=80,CHO=0;", "RODDI:ROU=1,DEST=80,CHO=0,CUST=2;"));
+  EXPECT_FALSE(Do("RODDI:ROU=1,DEST=80,CUST=3,CHO=0;"));
+  EXPECT_THAT(texts(), ElementsAre("CUST: this value is not possible here Possible: 1, 2"));
+}
+
+TEST_F(Destinations, CustomerAndChoiceComeBehindRouteAndDestination) {
+  Prepare({"RODDI:ROU=1,DEST=80;"});
+  EXPECT_FALSE(Do("RODDI:CHO=1,ROU=1,DEST=80;"));
+  EXPECT_THAT(texts(), ElementsAre(HasSubstr("CHO: a check of the values behind it has cleared this value")));
+}
+
+// The mark outlives the form on which a check set it: an edit that gives neither route nor destination meets the lists
+// of the pair that was checked last.
+TEST_F(Destinations, AnEditThatGivesNoRouteMeetsTheListsOfThePairCheckedLast) {
+  Prepare({"RODDI:ROU=1,DEST=80;", "RODDI:ROU=1,DEST=81;"});
+  EXPECT_FALSE(Do("edit RODDI DEST=80:CUST=1;"));
+  Prepare({"edit RODDI DEST=80:ROU=1,CUST=1;"});
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=80,CUST=1;", "RODDI:ROU=1,DEST=81;"));
+  Prepare({"edit RODDI DEST=81:CUST=2;"});
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=80,CUST=1;", "RODDI:ROU=1,DEST=81,CUST=2;"));
+}
+
+TEST_F(Destinations, ADuplicateIsRefusedWithOrWithoutCustomer) {
+  for (const std::string line : {"RODDI:ROU=1,DEST=80;", "RODDI:ROU=1,DEST=80,CUST=1,CHO=3;"}) {
+    Prepare({line});
+    EXPECT_FALSE(Do(line));
+    EXPECT_THAT(texts(), ElementsAre("The change could not be saved. Check whether the record exists already, then try "
+                                     "again."));
+  }
+  EXPECT_THAT(Lines("RODDI"), SizeIs(2));
+}
+
+TEST_F(Destinations, BeforeADuplicateTheRecordsStayAndBehindItNoneIsTried) {
+  Prepare({"RODDI:ROU=1,DEST=81,CHO=0;"});
+  EXPECT_FALSE(Do("RODDI:ROU=1,DEST=80&81&82,CHO=0;"));
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=81,CHO=0;", "RODDI:ROU=1,DEST=80,CHO=0;"));
+  EXPECT_EQ(Single("SELECT COUNT(*) FROM UsedNumbers WHERE DIR = '81'"), Value(2));
+  EXPECT_THAT(Valid("RODDI", "DEST").front(), "82");
+}
+
+TEST_F(Destinations, InAPlanARefusedLineLeavesNothing) {
+  Prepare({"RODDI:ROU=1,DEST=81,CHO=0;"});
+  std::istringstream in("RODDI:ROU=1,DEST=80&81&82,CHO=0;\nRODDI:ROU=2,DEST=83;\n");
+  const PlanResult result = ApplyPlan(session(), {{"plan", in}}, {.keepGoing = true});
+  EXPECT_EQ(result.done, 1u);
+  EXPECT_EQ(result.refused, 1u);
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=81,CHO=0;", "RODDI:ROU=2,DEST=83;"));
+}
+
+TEST_F(Destinations, AnEditKeepsWhatIsLeftOutAndMovesTheUseOfTheNumber) {
+  Prepare({"RODDI:ROU=1,DEST=80,CHO=2,TRC=1,ADC_D5=2;", "edit RODDI DEST=80:DEST=84,TRC=,PRE=00;"});
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=84,CHO=2,TRC=1,PRE=00,ADC=00002000000000000000000;"));
+  EXPECT_THAT(Valid("RODDI", "DEST"), ElementsAre("80", "81", "82", "83", "85", "86", "87", "88", "89"));
+  EXPECT_EQ(Single("SELECT DIR FROM UsedExtOpeGrp"), Value("84"));
+}
+
+TEST_F(Destinations, AnEditTakesOneDestination) {
+  Prepare({"RODDI:ROU=1,DEST=80;"});
+  for (const std::string several : {"81&82", "81&&82"}) {
+    EXPECT_FALSE(Do("edit RODDI DEST=80:DEST=" + several + ";"));
+    EXPECT_THAT(texts(), ElementsAre(HasSubstr("not possible here; give one value"))) << several;
+  }
+}
+
+TEST_F(Destinations, AnEditTakesNoDestinationOfSixDigits) {
+  Prepare({"NANSI:NUMTYP=ED,NUMSE=701234;", "RODDI:ROU=1,DEST=701234;", "RODDI:ROU=1,DEST=80;"});
+  EXPECT_FALSE(Do("edit RODDI DEST=80:DEST=701234;"));
+  EXPECT_THAT(texts(), ElementsAre(StartsWith("The value of DEST is not valid: it is too long")));
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=701234;", "RODDI:ROU=1,DEST=80;"));
+}
+
+TEST_F(Destinations, ADeleteFreesTheNumberEvenWhereAnotherRecordHasIt) {
+  Prepare({"RODDI:ROU=1,DEST=80,CHO=0;", "RODDI:ROU=2,DEST=80,CHO=1;"});
+  EXPECT_FALSE(Do("delete RODDI DEST=80;"));
+  EXPECT_THAT(texts(), ElementsAre(HasSubstr("there are several records")));
+  Prepare({"delete RODDI ROU=1,DEST=80;"});
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=2,DEST=80,CHO=1;"));
+  EXPECT_THAT(Valid("RODDI", "DEST").front(), "80");
+}
+
+TEST_F(Destinations, TheDigitsOfADCFoldIntoOneValueAndAreChecked) {
+  Prepare({"RODDI:ROU=1,DEST=80,ADC_D1=2,ADC_D13=1,ADC_D16=1,ADC_D23=2;"});
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=80,ADC=20000000000010010000002;"));
+  Prepare({"edit RODDI DEST=80:ADC_D22=3;"});
+  EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=80,ADC=20000000000010010000032;"));
+  EXPECT_FALSE(Do("RODDI:ROU=1,DEST=81,ADC_D1=9;"));
+  EXPECT_THAT(texts(), ElementsAre("ADC_D1: this value is not possible here Possible: 0, 1, 2"));
+}
+
+TEST_F(Destinations, EveryDigitOfADCHasValues) {
+  for (const ParameterDefinition& parameter : FindForm("RODDI")->parameters) {
+    if (parameter.name.starts_with("ADC_D")) {
+      EXPECT_THAT(Valid("RODDI", parameter.name), testing::Not(IsEmpty())) << parameter.name;
+    }
+  }
+}
+
+// --- Imported routes.
+
+TEST_F(Routes, AnImportFoldsItsDigitsAndLeavesTheRouteFree) {
+  Prepare({"ROCAI_IMPORT:ROU=7,SIG_D11=8,SIG_D12=0,SEL_D3=4,SEL_D10=1;"});
+  EXPECT_EQ(Single("SELECT SIG FROM ROCAI_IMPORT"), Value("000000000080"));
+  EXPECT_EQ(Single("SELECT SEL FROM ROCAI_IMPORT"), Value("0040000001"));
+  EXPECT_THAT(Valid("ROCAI_IMPORT", "ROU"), SizeIs(20));
+  EXPECT_THAT(Generate(session()).lines, IsEmpty());
+  Prepare({"ROCAI_IMPORT:ROU=8,SIG=011110000070,SEL=7110000000;"});
+  EXPECT_EQ(Single("SELECT SIG FROM ROCAI_IMPORT WHERE ROU = '8'"), Value("011110000070"));
+}
+
+TEST_F(Routes, TheDigitsOfAnImportFollowTheKindOfLine) {
+  EXPECT_THAT(Valid("ROCAI_IMPORT", "SEL_D3"), IsEmpty());
+  EXPECT_THAT(Valid("ROCAI_IMPORT", "SEL_D3", {{"SIG_D11", "8"}}), ElementsAre("0", "1", "2", "3", "4"));
+  EXPECT_THAT(Valid("ROCAI_IMPORT", "SEL_D3", {{"SIG_D11", "3"}}), ElementsAre("0", "1", "2", "3"));
+  EXPECT_THAT(Valid("ROCAI_IMPORT", "SEL_D10", {{"SIG_D11", "3"}}), ElementsAre("0", "1"));
+  EXPECT_THAT(Valid("ROCAI_IMPORT", "SEL_D10", {{"SIG_D11", "1"}}), ElementsAre("0"));
+  EXPECT_THAT(Valid("ROCAI_IMPORT", "SIG_D12", {{"SIG_D11", "1"}}), ElementsAre("0", "1"));
+  EXPECT_THAT(Valid("ROCAI_IMPORT", "SIG_D12", {{"SIG_D11", "8"}}), ElementsAre("0"));
+}
+
+TEST_F(Routes, AChangedKindOfLineKeepsTheDigitsThatFitAndDropsTheOthers) {
+  std::vector<Problem> problems;
+  std::vector<Problem> warnings;
+  session().host().OpenForm(*FindForm("ROCAI_IMPORT"));
+  const std::vector<Assignment> typed = {{"SIG_D11", "8"}, {"SIG_D12", "0"}, {"SEL_D3", "4"}, {"SEL_D10", "1"}};
+  for (const Assignment& assignment : typed) SetValue(session(), assignment, problems, warnings);
+  SetValue(session(), {"SIG_D11", "3"}, problems, warnings);
+  EXPECT_THAT(problems, IsEmpty());
+  EXPECT_THAT(warnings, IsEmpty());
+  EXPECT_EQ(session().form().Get("SIG_D12"), Value("0"));
+  EXPECT_TRUE(session().form().Get("SEL_D3").IsEmpty());
+  EXPECT_EQ(session().form().Get("SEL_D10"), Value("1"));
+}
+
+// --- The example.
+
+std::string Golden(const std::string& name) {
+  std::ifstream in(CORDBOARD_SOURCE_DIR "/tests/workbench/golden/" + name);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+TEST_F(Routes, TheExampleGivesTheLinesOfItsRelease) {
+  for (const std::string release : {"R6", "R8"}) {
+    Open(release);
+    Apply("plans/example.plan");
+    Apply("plans/routes.plan");
+    std::string lines;
+    for (const char* command : {"ROCAI", "RODAI", "RODDI"}) {
+      for (const std::string& line : Lines(command)) lines += line + "\n";
+    }
+    EXPECT_EQ(lines, Golden("routes-" + release + ".txt")) << release;
+  }
+}
+
+TEST_F(Routes, TheLinesOfDestinationsCanBeReadAsAPlan) {
+  Apply("plans/example.plan");
+  Apply("plans/routes.plan");
+  const std::vector<std::string> lines = Lines("RODDI");
+  Open("R7");
+  Prepare({series, route1, route2, "ROCAI:ROU=3,PROTOCOL=QSIG,MARKET=DE,TRAF=1;",
+           "ROCAI:ROU=4,PROTOCOL=ISDN,MARKET=SE,TRAF=1;"});
+  Prepare(lines);
+  EXPECT_EQ(Lines("RODDI"), lines);
+}
+
+}  // namespace
+}  // namespace cordboard::workbench
