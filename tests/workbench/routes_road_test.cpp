@@ -136,7 +136,7 @@ TEST_F(Routes, AnAddTakesTheRouteAndADeleteFreesIt) {
 
 TEST_F(Routes, AnEditMovesTheRouteAndKeepsWhatIsLeftOut) {
   Prepare({route1, "edit ROCAI ROU=1:ROU=5,TRAF=7;"});
-  EXPECT_THAT(Lines("ROCAI"), ElementsAre(StartsWith("ROCAI:ROU=5,SEL=7110000000,SIG=011110000080,TRAF=7,TRM=4,"
+  EXPECT_THAT(Lines("ROCAI"), ElementsAre(StartsWith("ROCAI:ROU=5,SEL=1000000001,SIG=100100000080,TRAF=7,TRM=4,"
                                                      "SERV=1101,DIST =5,")));
   EXPECT_THAT(Valid("ROCAI", "ROU").front(), "1");
   EXPECT_THAT(Valid("ROCAI", "ROU"), testing::Not(testing::Contains("5")));
@@ -184,7 +184,7 @@ TEST_F(Routes, DeletingARouteLeavesItsDestinations) {
 
 TEST_F(Routes, ADataRecordChangesNothing) {
   Prepare({route1, "RODAI:ROU=9;"});
-  EXPECT_THAT(Lines("RODAI"), ElementsAre("RODAI:ROU=1,TYPE=PRI30,VARI=11,VARO=11,VARC=3,FILTER=2;"));
+  EXPECT_THAT(Lines("RODAI"), ElementsAre("RODAI:ROU=1,TYPE=T30,VARI=11,VARO=11,VARC=3,FILTER=2;"));
   EXPECT_THAT(Valid("ROCAI", "ROU"), testing::Contains("9"));
   EXPECT_FALSE(Do("RODAI:ROU=1;"));
   EXPECT_FALSE(Do("delete RODAI ROU=9;"));
@@ -362,8 +362,8 @@ TEST_F(Routes, AnImportFoldsItsDigitsAndLeavesTheRouteFree) {
   EXPECT_EQ(Single("SELECT SEL FROM ROCAI_IMPORT"), Value("0040000001"));
   EXPECT_THAT(Valid("ROCAI_IMPORT", "ROU"), SizeIs(20));
   EXPECT_THAT(Generate(session()).lines, IsEmpty());
-  Prepare({"ROCAI_IMPORT:ROU=8,SIG=011110000070,SEL=7110000000;"});
-  EXPECT_EQ(Single("SELECT SIG FROM ROCAI_IMPORT WHERE ROU = '8'"), Value("011110000070"));
+  Prepare({"ROCAI_IMPORT:ROU=8,SIG=100100000070,SEL=1000000001;"});
+  EXPECT_EQ(Single("SELECT SIG FROM ROCAI_IMPORT WHERE ROU = '8'"), Value("100100000070"));
 }
 
 TEST_F(Routes, TheDigitsOfAnImportFollowTheKindOfLine) {
