@@ -17,6 +17,9 @@ struct ParameterDefinition {
   bool fixed = false;     // its values are the fixed ones of the release, though the command builds no list
   bool check = false;     // the command has a static check for it
   bool text = false;      // reads as the empty text, not as empty, where no value was given
+
+  // Whether its value is taken apart at "&": elsewhere the sign is part of the value.
+  bool TakesElements() const { return multiple || range; }
 };
 
 // Some digits of a whole parameter, entered on the form as sub-digit parameters. Several that share the same digits add

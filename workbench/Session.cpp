@@ -1,5 +1,6 @@
 #include "workbench/Session.h"
 
+#include "script/MessageCodes.h"
 #include "script/RunTimeFailure.h"
 
 namespace cordboard::workbench {
@@ -7,8 +8,16 @@ namespace cordboard::workbench {
 Session::Session(Exchange& exchange, const Decorate& decorate)
     : exchange_(exchange), host_(std::make_shared<WorkbenchHost>(exchange)) {
   script_.AddObject(decorate ? decorate(host_) : host_);
-  host_->SetBuildList(
-      [this](const std::string& parameter) { return Run("GetValidValForParam", 0, {parameter}, parameter).answer; });
+  host_->SetBuildList([this](const std::string& parameter) {
+    const std::string action = "GetValidValForParam";
+    const RunResult result = Run(action, 0, {parameter}, parameter);
+    // A list that failed is not a list that was left to the form.
+    if (result.failure) {
+      host_->scPrintToDebugWindow(action + " of " + parameter + " failed (" + *result.failure + ")");
+      host_->scErrorMessage(0, 2, 2, action, static_cast<int>(Message::ListNotBuilt), {parameter});
+    }
+    return result.answer;
+  });
 }
 
 RunResult Session::Run(const std::string& function, std::int32_t CmdId, const List& ParamList,
@@ -16,6 +25,7 @@ RunResult Session::Run(const std::string& function, std::int32_t CmdId, const Li
   const Form& open = host_->form();
   const int definition = parameter.empty() ? 1 : open.ActiveDefinition(parameter);
   const int openBefore = exchange_.OpenTransactions();
+  const int enclosing = host_->Enclose(openBefore);
   RunResult result;
   try {
     result.answer = script_.Run(definition, exchange_.release(), function, open.definition().command, CmdId, ParamList);
@@ -23,6 +33,7 @@ RunResult Session::Run(const std::string& function, std::int32_t CmdId, const Li
     result.failure = std::string(Name(failure.cause())) + ": " + failure.what();
   }
   while (exchange_.OpenTransactions() > openBefore) exchange_.RollBack();
+  host_->Enclose(enclosing);
   return result;
 }
 
