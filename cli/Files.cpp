@@ -10,6 +10,12 @@ std::unique_ptr<workbench::Exchange> OpenExchange(const std::string& file) {
   return workbench::Exchange::Open(file);
 }
 
+std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file) {
+  auto exchange = OpenExchange(file);
+  if (exchange->IsReadOnly()) throw Exit{Trouble, file + " may not be written"};
+  return exchange;
+}
+
 const workbench::FormDefinition& FormOf(const std::string& command) {
   std::vector<workbench::Problem> problems;
   const workbench::FormDefinition* form = workbench::FindFormOr(command, problems);

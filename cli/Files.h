@@ -12,6 +12,10 @@ namespace cordboard::cli {
 // Opens an exchange; a missing file ends the subcommand with NotFound.
 std::unique_ptr<workbench::Exchange> OpenExchange(const std::string& file);
 
+// The same for a subcommand that performs actions, be it for a trial: a file that may not be written ends it with
+// Trouble.
+std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file);
+
 // The form of a command; an unknown one ends the subcommand with NotFound and the nearest name.
 const workbench::FormDefinition& FormOf(const std::string& command);
 

@@ -15,7 +15,8 @@ namespace cordboard::cli {
 namespace {
 
 bool Coloured() {
-  static const bool coloured = isatty(STDERR_FILENO) == 1 && std::getenv("NO_COLOR") == nullptr;
+  const char* refused = std::getenv("NO_COLOR");
+  static const bool coloured = isatty(STDERR_FILENO) == 1 && (refused == nullptr || *refused == '\0');
   return coloured;
 }
 

@@ -11,7 +11,7 @@
 
 namespace cordboard::cli {
 
-// A line on standard error; its first word in colour where that is a terminal and NO_COLOR is not set.
+// A line on standard error; its first word in colour where that is a terminal and NO_COLOR is not set to anything.
 void Note(const std::string& label, const std::string& text);
 void Error(const std::string& text);
 void Warning(const std::string& text);

@@ -28,10 +28,11 @@ struct Options {
 
 constexpr std::size_t linesBetweenNotes = 500;
 
+// A count that is written over itself; what is written behind it begins on its line.
 std::function<void(std::size_t)> Progress() {
   if (isatty(STDERR_FILENO) != 1) return {};
   return [](std::size_t lines) {
-    if (lines % linesBetweenNotes == 0) std::cerr << '\r' << lines << " lines" << std::flush;
+    if (lines % linesBetweenNotes == 0) std::cerr << lines << " lines\r" << std::flush;
   };
 }
 
@@ -66,7 +67,7 @@ std::string Summary(const PlanResult& result, bool dryRun) {
 }
 
 int Apply(const Options& options) {
-  const auto exchange = OpenExchange(options.file);
+  const auto exchange = OpenToWrite(options.file);
   std::list<std::ifstream> open;
   std::vector<workbench::PlanFile> files;
   for (const std::string& plan : options.plans) {

@@ -48,7 +48,8 @@ workbench::UserAction Parsed(const std::string& line) {
 
 int Explain(const Options& options) {
   const workbench::UserAction action = Parsed(options.line);
-  const auto exchange = OpenExchange(options.file);
+  const auto exchange = OpenToWrite(options.file);
+  FormOf(action.command);
   std::shared_ptr<TracingHost> trace;
   workbench::Session session(*exchange, [&trace](std::shared_ptr<Host> host) {
     return trace = std::make_shared<TracingHost>(std::move(host));

@@ -1,5 +1,6 @@
 // cordboard generate: the exchange's command lines.
 
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <nlohmann/json.hpp>
@@ -25,6 +26,9 @@ void Write(const workbench::Generated& generated, std::ostream& out) {
 
 int Generate(const Options& options) {
   const auto exchange = OpenExchange(options.file);
+  std::error_code ignored;
+  if (std::filesystem::equivalent(options.file, options.output, ignored))
+    throw Exit{Usage, "the lines cannot be written over the exchange itself"};
   workbench::Session session(*exchange);
   const workbench::Generated generated = workbench::Generate(session);
   for (const auto& [command, problem] : generated.problems) Error(Written(command, problem));

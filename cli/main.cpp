@@ -1,6 +1,8 @@
 // cordboard: prepare a telephone exchange offline, and get its command lines.
 
+#include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -8,6 +10,8 @@
 #include "cli/Subcommands.h"
 #include "workbench/Connection.h"
 #include "workbench/Exchange.h"
+#include "workbench/Nearest.h"
+#include "workbench/Plan.h"
 #include "workbench/Plant.h"
 
 namespace {
@@ -18,7 +22,17 @@ using namespace cordboard::cli;
 const char* const exitCodes =
     "Exit codes: 0 done, 1 a fault of the program, 2 usage, 3 refused, 4 not found, 5 file or database trouble.";
 
+// What stands in the place of a subcommand and is none: a better complaint than that one is missing.
+void CheckSubcommand(const CLI::App& app, int argc, char** argv) {
+  if (argc < 2 || argv[1][0] == '-') return;
+  std::vector<std::string> names;
+  for (const CLI::App* sub : app.get_subcommands({})) names.push_back(sub->get_name());
+  if (std::ranges::find(names, argv[1]) == names.end())
+    throw Exit{Usage, "there is no subcommand " + std::string(argv[1]) + "." + workbench::DidYouMean(argv[1], names)};
+}
+
 int Parse(CLI::App& app, int argc, char** argv) {
+  CheckSubcommand(app, argc, argv);
   try {
     app.parse(argc, argv);
     return Done;
@@ -60,8 +74,12 @@ int RunAndReport(int argc, char** argv) {
     Error(error.what());
   } catch (const workbench::PlantError& error) {
     Error(error.what());
+  } catch (const workbench::PlanError& error) {
+    Error(error.what());
   } catch (const workbench::DatabaseError& error) {
     Error(std::string("the database refuses: ") + error.what());
+  } catch (const std::filesystem::filesystem_error& error) {
+    Error(error.path1().string() + ": " + error.code().message());
   } catch (const std::exception& error) {
     Error(std::string("this is a fault of the program: ") + error.what());
     return Internal;

@@ -5,6 +5,7 @@
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "workbench/Exchange.h"
+#include "workbench/Nearest.h"
 #include "workbench/Plant.h"
 
 namespace cordboard::cli {
@@ -20,6 +21,10 @@ struct Options {
 void New(const Options& options) {
   if (std::filesystem::exists(options.file))
     throw Exit{Refused, options.file + " exists already; choose another name or remove it"};
+  const std::vector<std::string> builtIn = workbench::PlantNames();
+  if (std::ranges::find(builtIn, options.plant) == builtIn.end() && !std::filesystem::exists(options.plant))
+    throw Exit{NotFound, "there is no plant file '" + options.plant + "', and no built-in plant of that name." +
+                             workbench::DidYouMean(options.plant, builtIn)};
   const workbench::Plant plant = workbench::ReadPlant(options.plant);
   workbench::Exchange::Create(options.file, options.release, plant);
   std::size_t positions = 0;

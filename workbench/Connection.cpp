@@ -79,8 +79,8 @@ Connection::Connection(const std::filesystem::path& file, Mode mode) {
   const int flags = mode == Mode::ReadOnly    ? SQLITE_OPEN_READONLY
                     : mode == Mode::ReadWrite ? SQLITE_OPEN_READWRITE
                                               : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-  readOnly_ = mode == Mode::ReadOnly;
-  Open(file.string(), flags);
+  // SQLite gives some names a meaning of their own, ":memory:" among them; whole paths are names of files alone.
+  Open(std::filesystem::absolute(file).string(), flags);
 }
 
 Connection::Connection() { Open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY); }
@@ -95,6 +95,12 @@ void Connection::Open(const std::string& name, int flags) {
   // Text in double quotes is never taken for a value where no column has that name.
   sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  // Nothing in a file that came from elsewhere acts by itself, and no statement reaches another file.
+  sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_limit(database, SQLITE_LIMIT_ATTACHED, 0);
+  readOnly_ = sqlite3_db_readonly(database, "main") == 1;
   RegisterSqlFunctions(database);
 }
 
@@ -106,13 +112,16 @@ void Connection::Execute(const std::string& sql) {
 
 sqlite3_stmt* Connection::Prepared(const std::string& sql, Statements& kept) {
   if (const auto found = kept.find(sql); found != kept.end()) return found->second.get();
-  sqlite3_stmt* statement = nullptr;
+  sqlite3_stmt* prepared = nullptr;
+  const char* rest = nullptr;
   if (sqlite3_prepare_v3(database_.get(), sql.c_str(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
-                         &statement, nullptr) != SQLITE_OK)
+                         &prepared, &rest) != SQLITE_OK)
     Fail();
+  Statement statement(prepared);
+  if (!statement || rest != sql.c_str() + sql.size()) throw DatabaseError("this is not one statement");
   if (kept.size() >= keptStatements) kept.clear();
-  kept[sql].reset(statement);
-  return statement;
+  kept[sql] = std::move(statement);
+  return prepared;
 }
 
 sqlite3_stmt* Connection::PreparedRule(const std::string& sql) {
@@ -138,6 +147,7 @@ RowSet Connection::RunRule(const std::string& sql, const std::vector<Value>& par
 }
 
 RowSet Connection::Step(sqlite3_stmt* statement, const std::vector<Value>& parameters) {
+  if (open_ > 0 && IsTransactionLost()) throw DatabaseError("the database has given up the transaction");
   if (sqlite3_bind_parameter_count(statement) != static_cast<int>(parameters.size()))
     throw DatabaseError("the statement does not take these parameters");
   for (std::size_t i = 0; i < parameters.size(); ++i) Bind(statement, static_cast<int>(i) + 1, parameters[i]);
@@ -162,6 +172,8 @@ Value Connection::Single(const std::string& sql, const std::vector<Value>& param
   return rows.IsEmpty() ? Value() : rows[0][0];
 }
 
+bool Connection::IsTransactionLost() const { return sqlite3_get_autocommit(database_.get()) != 0; }
+
 void Connection::Start() {
   const std::string begin = readOnly_ ? "BEGIN" : "BEGIN IMMEDIATE";
   Run(open_ == 0 ? begin : "SAVEPOINT level" + std::to_string(open_));
@@ -177,6 +189,7 @@ void Connection::Commit() {
 void Connection::RollBack() {
   if (open_ == 0) throw DatabaseError("there is no transaction to roll back");
   --open_;
+  if (IsTransactionLost()) return;
   if (open_ == 0) {
     Run("ROLLBACK");
   } else {

@@ -25,7 +25,8 @@ class Connection {
  public:
   enum class Mode { Create, ReadWrite, ReadOnly };
 
-  // Opens a file; Create makes a new one. Fails with DatabaseError.
+  // Opens a file; Create makes a new one. A file that may not be written is opened for reading. Fails with
+  // DatabaseError.
   Connection(const std::filesystem::path& file, Mode mode);
   // A database in memory.
   Connection();
@@ -43,11 +44,15 @@ class Connection {
   // Prepares and keeps a statement of the library, and gives the number of its columns. Fails where it does not fit.
   int PrepareRule(const std::string& sql);
 
-  // Transactions nest: the outermost is one of the database, the inner ones are savepoints in it.
+  // Transactions nest: the outermost is one of the database, the inner ones are savepoints in it. Where the database
+  // gives one up by itself, as it may on a full disk, every statement fails until all are rolled back: nothing of it is
+  // kept piece by piece.
   void Start();
   void Commit();
   void RollBack();
   int OpenTransactions() const { return open_; }
+
+  bool IsReadOnly() const { return readOnly_; }
 
  private:
   struct CloseDatabase {
@@ -64,6 +69,7 @@ class Connection {
   sqlite3_stmt* Prepared(const std::string& sql, Statements& kept);
   sqlite3_stmt* PreparedRule(const std::string& sql);
   RowSet Step(sqlite3_stmt* statement, const std::vector<Value>& parameters);
+  bool IsTransactionLost() const;
   [[noreturn]] void Fail() const;
 
   std::unique_ptr<sqlite3, CloseDatabase> database_;

@@ -1,5 +1,7 @@
 #include "workbench/Exchange.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <system_error>
 
@@ -22,6 +24,17 @@ void MakeTables(Connection& database, const char* selector) {
   for (const std::string& statement : CreateStatements(schema.Database(selector))) database.Execute(statement);
 }
 
+// Generated lines are nobody's data: while an exchange is open they stand in a table of the connection, in front of the
+// one in the file, so that an exchange can be generated that is not to be written.
+void KeepLinesApart(Connection& database) {
+  database.Execute("CREATE TEMP TABLE [BuiltCmd] AS SELECT * FROM [main].[BuiltCmd] LIMIT 0");
+}
+
+void RemoveFiles(const std::filesystem::path& file) {
+  std::error_code ignored;
+  for (const char* ending : {"", "-wal", "-shm", "-journal"}) std::filesystem::remove(file.string() + ending, ignored);
+}
+
 }  // namespace
 
 const std::vector<std::string>& Releases() {
@@ -31,16 +44,18 @@ const std::vector<std::string>& Releases() {
 
 std::unique_ptr<Exchange> Exchange::Create(const std::filesystem::path& file, const std::string& release,
                                            const Plant& plant) {
+  if (!file.has_filename()) throw ExchangeError("an exchange needs the name of a file");
   if (std::filesystem::exists(file)) throw ExchangeError(file.string() + " exists already; choose another name");
   try {
     std::unique_ptr<Exchange> exchange(new Exchange(Connection(file, Connection::Mode::Create)));
     exchange->dynamic_.Execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL");
     exchange->Fill(release, plant);
     return exchange;
+  } catch (const DatabaseError& error) {
+    RemoveFiles(file);
+    throw ExchangeError(file.string() + " cannot be made: " + error.what());
   } catch (...) {
-    std::error_code ignored;
-    for (const char* ending : {"", "-wal", "-shm", "-journal"})
-      std::filesystem::remove(file.string() + ending, ignored);
+    RemoveFiles(file);
     throw;
   }
 }
@@ -62,24 +77,28 @@ void Exchange::Fill(const std::string& release, const Plant& plant) {
   dynamic_.Execute("PRAGMA application_id = " + std::to_string(applicationId) +
                    "; PRAGMA user_version = " + std::to_string(schemaVersion));
   transaction.Commit();
+  KeepLinesApart(dynamic_);
 }
 
 std::unique_ptr<Exchange> Exchange::Open(const std::filesystem::path& file) {
   if (!std::filesystem::exists(file)) throw ExchangeError("there is no file " + file.string());
   const std::string notAnExchange = file.string() + " is not an exchange";
   if (!std::filesystem::is_regular_file(file)) throw ExchangeError(notAnExchange);
-  // SQLite opens a file that it may not write for reading.
-  std::unique_ptr<Exchange> exchange(new Exchange(Connection(file, Connection::Mode::ReadWrite)));
   try {
-    if (!Equals(exchange->dynamic_.Single("PRAGMA application_id"), applicationId)) throw ExchangeError(notAnExchange);
+    std::unique_ptr<Exchange> exchange(new Exchange(Connection(file, Connection::Mode::ReadWrite)));
+    Connection& database = exchange->dynamic_;
+    if (!Equals(database.Single("PRAGMA application_id"), applicationId)) throw ExchangeError(notAnExchange);
+    if (!Equals(database.Single("PRAGMA user_version"), schemaVersion))
+      throw ExchangeError(file.string() + " was made by another version of cordboard");
+    database.Execute("PRAGMA synchronous = FULL");
+    KeepLinesApart(database);
+    exchange->release_ = Joined(database.Single("SELECT [Value] FROM [Cordboard] WHERE [Name] = 'Release'"));
+    return exchange;
   } catch (const DatabaseError& error) {
-    throw ExchangeError(notAnExchange + " (" + error.what() + ")");
+    if (access(std::filesystem::absolute(file).parent_path().c_str(), W_OK) != 0)
+      throw ExchangeError(file.string() + " cannot be opened where it is: an open exchange writes beside its file");
+    throw ExchangeError(file.string() + " cannot be opened as an exchange: " + error.what());
   }
-  if (!Equals(exchange->dynamic_.Single("PRAGMA user_version"), schemaVersion))
-    throw ExchangeError(file.string() + " was made by another version of cordboard");
-  exchange->dynamic_.Execute("PRAGMA synchronous = FULL");
-  exchange->release_ = Joined(exchange->dynamic_.Single("SELECT [Value] FROM [Cordboard] WHERE [Name] = 'Release'"));
-  return exchange;
 }
 
 Connection* Exchange::Database(const std::string& selector) {

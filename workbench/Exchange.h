@@ -34,6 +34,7 @@ class Exchange {
   static std::unique_ptr<Exchange> Open(const std::filesystem::path& file);
 
   const std::string& release() const { return release_; }
+  bool IsReadOnly() const { return dynamic_.IsReadOnly(); }
 
   // The database of a selector: "dynamic", "static" or "site". Nothing for any other.
   Connection* Database(const std::string& selector);

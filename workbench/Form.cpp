@@ -9,6 +9,8 @@ namespace cordboard::workbench {
 
 namespace {
 
+constexpr double greatestPart = 1e15;
+
 bool Flag(const std::map<std::string, bool>& changed, const std::string& name, bool otherwise) {
   const auto found = changed.find(name);
   return found == changed.end() ? otherwise : found->second;
@@ -25,13 +27,13 @@ std::string Form::Folded(const Folding& folding) const {
   const Value whole = Found(values_, folding.parameter);
   std::string digits = whole.IsText() ? whole.text() : "";
   for (const DigitPlace& place : folding.places) {
-    int sum = 0;
+    long long sum = 0;
     bool here = false;
     for (const std::string& parameter : place.parameters) {
       const Value part = Found(values_, parameter);
       if (part.IsBlank()) continue;
       here = true;
-      sum += static_cast<int>(NumericValue(part));
+      sum += static_cast<long long>(std::clamp(NumericValue(part), 0.0, greatestPart));
     }
     if (!here) continue;
     digits.resize(std::max<std::size_t>(digits.size(), static_cast<std::size_t>(folding.length)), folding.fill);
@@ -59,25 +61,44 @@ void Form::Set(const std::string& name, const Value& value) {
   previous_[name] = Get(name);
   values_[name] = value;
   const Folding* folding = definition_.FoldingOf(name);
-  if (folding == nullptr || !value.IsText()) return;
+  if (folding == nullptr) return;
+  ClearParts(*folding);
   for (const DigitPlace& place : folding->places) {
     // Parameters that add up to one place cannot be told apart in the whole.
-    if (place.parameters.size() != 1) continue;
+    if (!value.IsText() || place.parameters.size() != 1) continue;
     const std::string digits = Middle(value.text(), place.first, place.width);
     if (!digits.empty()) values_[place.parameters.front()] = digits;
   }
 }
 
 void Form::Reset(const std::string& name) {
+  previous_[name] = Get(name);
   values_.erase(name);
-  if (const Folding* folding = definition_.FoldingWith(name)) {
-    // Without its sub-digit parameters a whole is nothing more than what they left in it.
-    values_.erase(folding->parameter);
+  if (const Folding* folding = definition_.FoldingOf(name)) ClearParts(*folding);
+  if (const Folding* folding = definition_.FoldingWith(name)) ClearDigits(*folding, name);
+}
+
+void Form::ClearParts(const Folding& folding) {
+  for (const DigitPlace& place : folding.places) {
+    for (const std::string& parameter : place.parameters) values_.erase(parameter);
   }
-  if (const Folding* folding = definition_.FoldingOf(name)) {
-    for (const DigitPlace& place : folding->places) {
-      for (const std::string& parameter : place.parameters) values_.erase(parameter);
-    }
+}
+
+void Form::ClearDigits(const Folding& folding, const std::string& subDigit) {
+  const auto whole = values_.find(folding.parameter);
+  if (whole == values_.end() || !whole->second.IsText()) return;
+  std::string digits = whole->second.text();
+  for (const DigitPlace& place : folding.places) {
+    if (std::ranges::find(place.parameters, subDigit) == place.parameters.end()) continue;
+    const auto first = static_cast<std::size_t>(place.first - 1);
+    for (std::size_t i = first; i < std::min(first + static_cast<std::size_t>(place.width), digits.size()); ++i)
+      digits[i] = folding.fill;
+  }
+  // A whole in which nothing is left was never given.
+  if (digits.find_first_not_of(folding.fill) == digits.npos) {
+    values_.erase(whole);
+  } else {
+    whole->second = digits;
   }
 }
 

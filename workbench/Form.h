@@ -19,10 +19,12 @@ class Form {
   // The present value, empty if none was given. A whole parameter is folded from its sub-digit parameters where one of
   // them has a value.
   Value Get(const std::string& name) const;
-  // The value that the parameter had before its last Set; empty if it had none.
+  // The value that the parameter had before its last Set or Reset; empty if it had none.
   Value Previous(const std::string& name) const;
   // Gives the parameter a value, and a whole parameter's digits to its sub-digit parameters.
   void Set(const std::string& name, const Value& value);
+  // Clears the parameter, with all sub-digit parameters of a whole; the digits of a sub-digit parameter go back to the
+  // fill in its whole.
   void Reset(const std::string& name);
 
   // What the form asks of the user at this moment; checks change it.
@@ -38,6 +40,8 @@ class Form {
 
  private:
   std::string Folded(const Folding& folding) const;
+  void ClearParts(const Folding& folding);
+  void ClearDigits(const Folding& folding, const std::string& subDigit);
 
   const FormDefinition& definition_;
   std::map<std::string, Value> values_;

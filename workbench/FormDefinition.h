@@ -20,6 +20,9 @@ struct ParameterDefinition {
   bool reuse = false;     // a value that a record has is possible as well, though the list has it no more
   // Several values make a record each, so that an edit, which changes one record, takes one value.
   bool oneInEdit = false;
+
+  // Whether its value is taken apart at "&": elsewhere the sign is part of the value.
+  bool TakesElements() const { return multiple || range; }
 };
 
 // Some digits of a whole parameter, entered on the form as sub-digit parameters. Several that share the same digits add

@@ -43,12 +43,6 @@ std::string WrongNumber(const Form& form, const Assignment& assignment) {
   return "";
 }
 
-// Whether the parameter takes its value apart at "&" at all: elsewhere the sign is part of the value.
-bool TakesElements(const FormDefinition& definition, const std::string& name) {
-  const ParameterDefinition* parameter = definition.Find(name);
-  return parameter->range || parameter->multiple;
-}
-
 void CheckAgainstList(Session& session, const Assignment& assignment, const std::vector<std::string>& elements,
                       std::vector<Problem>& problems) {
   const ValueList* list = session.host().FreshList(assignment.name);
@@ -90,10 +84,10 @@ void SetValue(Session& session, const Assignment& assignment, std::vector<Proble
 
   // Nothing behind the equals sign clears the parameter.
   if (value.empty()) {
-    form.Reset(name);
+    session.host().scResetParam(name);
   } else {
     std::vector<std::string> elements = {value};
-    if (TakesElements(form.definition(), name)) {
+    if (parameter->TakesElements()) {
       try {
         elements = Elements(value);
       } catch (const ElementsError& error) {
@@ -128,17 +122,20 @@ void CheckWhole(Session& session, const std::vector<Assignment>& values, std::ve
   for (const Assignment& assignment : values) {
     const ParameterDefinition* parameter = form.definition().Find(assignment.name);
     if (parameter == nullptr || !problems.empty()) continue;
-    if (TakesElements(form.definition(), assignment.name)) {
+    if (parameter->TakesElements()) {
       if (const std::string wrong = WrongNumber(form, assignment); !wrong.empty())
         problems.push_back({assignment.name, assignment.value, wrong, ""});
     }
     // A parameter of the form alone may come and go; one that is stored must not be lost in silence.
     const bool stored =
         std::ranges::find(form.definition().columns, assignment.name) != form.definition().columns.end();
-    if (stored && Joined(form.Get(assignment.name)) != assignment.value)
-      problems.push_back({assignment.name, assignment.value,
-                          "a check of the values behind it has cleared this value, since the two do not go together",
-                          ""});
+    const std::string present = Joined(form.Get(assignment.name));
+    if (stored && present != assignment.value)
+      problems.push_back(
+          {assignment.name, assignment.value,
+           present.empty() ? "a check of the values behind it has cleared this value, since the two do not go together"
+                           : "a check has changed this value to " + present + "; give that, or leave it out",
+           ""});
   }
 }
 

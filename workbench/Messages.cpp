@@ -14,14 +14,20 @@ const nlohmann::json& Catalogue() {
   return catalogue;
 }
 
-std::string Filled(std::string text, const std::vector<Value>& arguments) {
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    const std::string place = "{" + std::to_string(i + 1) + "}";
-    const std::string argument = Joined(arguments[i]);
-    for (std::size_t at = text.find(place); at != text.npos; at = text.find(place, at + argument.size()))
-      text.replace(at, place.size(), argument);
+// Place-holders are {1} to {9}. One pass, so that an argument that looks like one stays as it is.
+std::string Filled(const std::string& text, const std::vector<Value>& arguments) {
+  std::string filled;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool place = text[i] == '{' && i + 2 < text.size() && text[i + 2] == '}';
+    const std::size_t number = place ? static_cast<std::size_t>(text[i + 1] - '0') : 0;
+    if (number >= 1 && number <= arguments.size()) {
+      filled += Joined(arguments[number - 1]);
+      i += 2;
+    } else {
+      filled += text[i];
+    }
   }
-  return text;
+  return filled;
 }
 
 }  // namespace

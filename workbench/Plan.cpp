@@ -19,6 +19,11 @@ bool ReadLine(std::istream& in, std::string& line) {
   return true;
 }
 
+// The mark that some editors put in front of UTF-8 text.
+void DropByteOrderMark(std::string& line) {
+  if (line.starts_with("\xEF\xBB\xBF")) line.erase(0, 3);
+}
+
 // Performs one line in a transaction of its own, so that a refused one leaves nothing.
 std::optional<LineReport> ApplyLine(Session& session, const std::string& line) {
   LineReport report;
@@ -47,6 +52,7 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
   for (const PlanFile& file : files) {
     std::string line;
     for (std::size_t number = 1; ReadLine(file.in, line); ++number) {
+      if (number == 1) DropByteOrderMark(line);
       auto report = ApplyLine(session, line);
       if (options.progress) options.progress(++lines);
       if (!report) continue;
@@ -56,6 +62,7 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
       report->line = number;
       result.reports.push_back(std::move(*report));
     }
+    if (file.in.bad()) throw PlanError(file.name + " cannot be read to its end; nothing was kept");
   }
   result.kept = !options.dryRun && result.done > 0 && (result.refused == 0 || options.keepGoing);
   if (result.kept) {

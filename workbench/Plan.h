@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <istream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,12 @@
 #include "workbench/UserAction.h"
 
 namespace cordboard::workbench {
+
+// A plan that cannot be read to its end; the message names the file.
+class PlanError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
 
 struct PlanFile {
   std::string name;
@@ -39,7 +46,8 @@ struct PlanResult {
 };
 
 // Applies the lines in order. A refused line leaves nothing behind; with one or more of them nothing at all is kept,
-// unless the options say so. Every line is tried, so that all that is wrong is reported.
+// unless the options say so. Every line is tried, so that all that is wrong is reported. Fails with PlanError, and
+// keeps nothing, where a file breaks off: what is missing would not be noticed.
 PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const PlanOptions& options);
 
 }  // namespace cordboard::workbench

@@ -7,6 +7,9 @@ namespace cordboard::workbench {
 
 namespace {
 
+// The carriage return is what is left of a line end of Windows.
+constexpr std::string_view blanks = " \t\r";
+
 // Reads a line from left to right; all reading passes over blanks and tabs in front.
 class Reader {
  public:
@@ -35,9 +38,9 @@ class Reader {
   std::string Content(std::string_view ends) {
     if (rest_.starts_with('"')) return Quoted();
     const std::size_t end = std::min(rest_.find_first_of(ends), rest_.size());
-    const std::string value(TrimBlanks(rest_.substr(0, end)));
+    const std::string_view content = rest_.substr(0, end);
+    const std::string value(content.substr(0, content.find_last_not_of(blanks) + 1));
     rest_.remove_prefix(end);
-    SkipBlanks();
     return value;
   }
 
@@ -45,7 +48,7 @@ class Reader {
 
  private:
   void SkipBlanks() {
-    const std::size_t first = rest_.find_first_not_of(" \t\r");
+    const std::size_t first = rest_.find_first_not_of(blanks);
     rest_.remove_prefix(std::min(first, rest_.size()));
   }
 
@@ -82,9 +85,9 @@ std::vector<Assignment> Assignments(Reader& reader, std::string_view ends) {
 
 void End(Reader& reader) {
   if (!reader.Take(';')) {
-    throw PlanLineError(reader.AtEnd() ? "the line is not ended: a semicolon is missing"
-                                       : "a comma or the semicolon is missing before '" +
-                                             std::string(reader.rest().substr(0, 20)) + "'");
+    throw PlanLineError(reader.AtEnd()
+                            ? "the line is not ended: a semicolon is missing"
+                            : "a comma or the semicolon is missing before '" + Left(reader.rest(), 20) + "'");
   }
   if (!reader.AtEnd() && !reader.AtComment())
     throw PlanLineError("behind the semicolon stands more than a comment; give one action a line");
@@ -118,6 +121,7 @@ std::optional<UserAction> ParsePlanLine(std::string_view line) {
 }
 
 Assignment ParseAssignment(std::string_view text) {
+  if (!IsUtf8(text)) throw PlanLineError("the value is not UTF-8 text");
   const std::size_t equals = text.find('=');
   if (equals == text.npos || equals == 0)
     throw PlanLineError("'" + std::string(text) + "' is not of the form NAME=value");

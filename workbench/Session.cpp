@@ -1,5 +1,6 @@
 #include "workbench/Session.h"
 
+#include "script/MessageCodes.h"
 #include "script/RunTimeFailure.h"
 
 namespace cordboard::workbench {
@@ -21,8 +22,16 @@ std::string Reason(const RunTimeFailure& failure, std::string foundNothing) {
 Session::Session(Exchange& exchange, const Decorate& decorate)
     : exchange_(exchange), host_(std::make_shared<WorkbenchHost>(exchange)) {
   script_.AddObject(decorate ? decorate(host_) : host_);
-  host_->SetBuildList(
-      [this](const std::string& parameter) { return Run("GetValidValForParam", 0, {parameter}, parameter).answer; });
+  host_->SetBuildList([this](const std::string& parameter) {
+    const std::string action = "GetValidValForParam";
+    const RunResult result = Run(action, 0, {parameter}, parameter);
+    // A list that failed is not a list that was left to the form.
+    if (result.failure) {
+      host_->scPrintToDebugWindow(action + " of " + parameter + " failed (" + *result.failure + ")");
+      host_->scErrorMessage(0, 2, 2, action, static_cast<int>(Message::ListNotBuilt), {parameter});
+    }
+    return result.answer;
+  });
 }
 
 RunResult Session::Run(const std::string& function, std::int32_t CmdId, const List& ParamList,
@@ -30,6 +39,7 @@ RunResult Session::Run(const std::string& function, std::int32_t CmdId, const Li
   const Form& open = host_->form();
   const int definition = parameter.empty() ? 1 : open.ActiveDefinition(parameter);
   const int openBefore = exchange_.OpenTransactions();
+  const int enclosing = host_->Enclose(openBefore);
   RunResult result;
   host_->ForgetQueries();
   try {
@@ -38,6 +48,7 @@ RunResult Session::Run(const std::string& function, std::int32_t CmdId, const Li
     result.failure = Reason(failure, host_->FoundNothing());
   }
   while (exchange_.OpenTransactions() > openBefore) exchange_.RollBack();
+  host_->Enclose(enclosing);
   return result;
 }
 

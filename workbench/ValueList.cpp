@@ -31,24 +31,36 @@ bool Within(const std::string& value, long long from, long long to) {
   return number && *number >= from && *number <= to;
 }
 
-// Whether a row of the statement has the value in its first column: the statement as an inner query, so that the
-// database can use its indexes.
+// Whether a row of the statement has the value in its first column. A number column finds '1' by '01' too, so that what
+// was found is looked at once more.
 bool Gives(const ListStatement& statement, const std::string& value) {
-  std::string columns = "v";
-  for (int i = 1; i < statement.database->PrepareRule(statement.sql); ++i) columns += ", c" + std::to_string(i);
-  std::vector<Value> parameters = statement.parameters;
-  parameters.emplace_back(value);
-  return !statement.database
-              ->RunRule("WITH list(" + columns + ") AS (" + statement.sql + ") SELECT 1 FROM list WHERE v = ? LIMIT 1",
-                        parameters)
-              .IsEmpty();
+  const ListStatement asked = Membership(statement, value);
+  const RowSet found = asked.database->RunRule(asked.sql, asked.parameters);
+  return !found.IsEmpty() && Joined(found[0][0]) == value;
 }
 
 }  // namespace
 
+ListStatement Membership(const ListStatement& list, const std::string& value) {
+  std::string columns = "v";
+  for (int i = 1; i < list.database->PrepareRule(list.sql); ++i) columns += ", c" + std::to_string(i);
+  ListStatement asked{list.database,
+                      "WITH list(" + columns + ") AS (" + list.sql + ") SELECT v FROM list WHERE v IN (?, ?) LIMIT 1",
+                      list.parameters};
+  const bool number = IsNumeric(value) && Joined(ToNumber(value)) == value;
+  asked.parameters.emplace_back(value);
+  asked.parameters.push_back(number ? Value(ToNumber(value)) : Value::Null());
+  return asked;
+}
+
 void ValueList::Collect(ListStatement statement) {
   steps_.clear();
+  steps_.push_back(Clear{});
   Add(std::move(statement));
+}
+
+void ValueList::Append(const ValueList& changes) {
+  steps_.insert(steps_.end(), changes.steps_.begin(), changes.steps_.end());
 }
 
 std::vector<ValidValue> ValueList::All() const {
@@ -59,10 +71,13 @@ std::vector<ValidValue> ValueList::All() const {
   for (const auto& step : steps_) {
     std::visit(
         Overloaded{
+            [&](const Clear&) { all.clear(); },
             [&](const AddRows& add) {
               const RowSet rows = add.statement.database->RunRule(add.statement.sql, add.statement.parameters);
-              for (std::size_t row = 0; row < rows.RowCount(); ++row)
+              for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+                if (rows[0][row].IsNull() || rows[0][row].IsEmptyText()) continue;
                 all.push_back({Joined(rows[0][row]), rows.ColumnCount() > 1 ? Joined(rows[1][row]) : ""});
+              }
             },
             [&](const SubtractRows& subtract) {
               const ListStatement& statement = subtract.statement;
@@ -89,10 +104,12 @@ std::vector<ValidValue> ValueList::All() const {
 }
 
 bool ValueList::Contains(const std::string& value) const {
+  if (value.empty()) return false;
   for (auto step = steps_.rbegin(); step != steps_.rend(); ++step) {
     // Nothing where this step says nothing about the value.
     const auto decided = std::visit(
         Overloaded{
+            [&](const Clear&) { return std::optional(false); },
             [&](const AddRows& add) { return Gives(add.statement, value) ? std::optional(true) : std::nullopt; },
             [&](const SubtractRows& sub) { return Gives(sub.statement, value) ? std::optional(false) : std::nullopt; },
             [&](const PushValue& push) { return push.value == value ? std::optional(true) : std::nullopt; },

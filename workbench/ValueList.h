@@ -1,6 +1,6 @@
 // A list of valid values, kept as what built it. It is put together only when somebody reads it whole; whether one
 // value is in it is answered step by step from the last, by look-ups, so that a check costs the same in a large
-// exchange.
+// exchange. Values are texts; a row without one gives nothing.
 #pragma once
 
 #include <functional>
@@ -27,6 +27,10 @@ struct ListStatement {
   std::vector<Value> parameters;
 };
 
+// The statement that asks whether `list` gives a value, as an inner query, so that the database can use its indexes.
+// Its parameters are those of `list` and then the value as a text and, where it is one, as a number.
+ListStatement Membership(const ListStatement& list, const std::string& value);
+
 class ValueList {
  public:
   // Replace the list, add to it, and take away from it, with the first column of a statement's rows (and the second as
@@ -38,12 +42,15 @@ class ValueList {
   void PushRange(long long from, long long to) { steps_.push_back(PushNumbers{from, to}); }
   void Remove(std::string value) { steps_.push_back(RemoveValue{std::move(value)}); }
   void RemoveRange(long long from, long long to) { steps_.push_back(RemoveNumbers{from, to}); }
+  // Goes on with the steps of another list, which may replace what is there.
+  void Append(const ValueList& changes);
 
   // The whole list, in order.
   std::vector<ValidValue> All() const;
   bool Contains(const std::string& value) const;
 
  private:
+  struct Clear {};
   struct AddRows {
     ListStatement statement;
   };
@@ -65,7 +72,7 @@ class ValueList {
     long long to;
   };
 
-  std::vector<std::variant<AddRows, SubtractRows, PushValue, PushNumbers, RemoveValue, RemoveNumbers>> steps_;
+  std::vector<std::variant<Clear, AddRows, SubtractRows, PushValue, PushNumbers, RemoveValue, RemoveNumbers>> steps_;
 };
 
 }  // namespace cordboard::workbench

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "script/Conversions.h"
+#include "script/RunTimeFailure.h"
 #include "workbench/Elements.h"
 #include "workbench/NumberSeries.h"
 #include "workbench/RuleStatements.h"
@@ -13,9 +14,11 @@ namespace cordboard::workbench {
 
 Form& WorkbenchHost::OpenForm(const FormDefinition& definition) {
   lists_.clear();
+  changes_.clear();
   building_.clear();
   checking_.clear();
   template_ = false;
+  seriesRefusal_.clear();
   messages_.clear();
   debugLines_.clear();
   return form_.emplace(definition);
@@ -36,13 +39,14 @@ Value WorkbenchHost::scGetParamValue(const std::string& name) { return form().Ge
 bool WorkbenchHost::scSetParamValue(const std::string& name, const Value& value) {
   if (form().definition().Find(name) == nullptr) return false;
   // The form holds texts, whatever kind of value a check puts back.
-  form().Set(name, value.IsNumber() ? Value(Joined(value)) : value);
+  form().Set(name, value.IsNumber() || value.IsTruth() ? Value(Joined(value)) : value);
   return true;
 }
 
 bool WorkbenchHost::scResetParam(const std::string& name) {
   if (form().definition().Find(name) == nullptr) return false;
   form().Reset(name);
+  changes_.erase(name);
   return true;
 }
 
@@ -66,10 +70,15 @@ Value WorkbenchHost::scIsValueEqual(const Value& value) {
 }
 
 bool WorkbenchHost::scGetValueArray(const std::string& name, List& values) {
-  if (form().definition().Find(name) == nullptr) return false;
+  const ParameterDefinition* parameter = form().definition().Find(name);
+  if (parameter == nullptr) return false;
   const Value typed = form().Get(name);
   // Without a value the list stays as it came, without bounds.
   if (typed.IsBlank()) return true;
+  if (!parameter->TakesElements()) {
+    values = {typed};
+    return true;
+  }
   try {
     std::vector<Value> elements;
     for (std::string& element : Elements(ToText(typed))) elements.emplace_back(std::move(element));
@@ -85,7 +94,7 @@ void WorkbenchHost::scGetPreviousValue(Value& previous) { previous = form().Prev
 bool WorkbenchHost::scActiveDefinition(const std::string& name, const Value& definition) {
   if (form().definition().Find(name) == nullptr) return false;
   form().SetActiveDefinition(name, ToInt32(definition));
-  lists_.erase(name);
+  changes_.erase(name);
   return true;
 }
 
@@ -94,31 +103,29 @@ void WorkbenchHost::SetTemplate(bool on) { template_ = on; }
 // --- Lists of valid values.
 
 ValueList& WorkbenchHost::Named(const std::string& parameter) {
-  const ParameterDefinition* definition = form().definition().Find(parameter);
-  // A list that the command does not build begins with the fixed values; checks change it from there on.
-  if (!lists_.contains(parameter) && definition != nullptr && definition->fixed)
-    lists_[parameter].Collect(
-        FixedList(exchange_, form().definition().command, parameter, form().ActiveDefinition(parameter)));
-  return lists_[parameter];
+  const bool built = std::ranges::find(building_, parameter) != building_.end();
+  return built ? lists_[parameter] : changes_[parameter];
 }
 
 const ValueList* WorkbenchHost::FreshList(const std::string& parameter) {
   const ParameterDefinition* definition = form().definition().Find(parameter);
-  if (definition == nullptr) return nullptr;
-  if (!definition->list) return definition->fixed ? &Named(parameter) : nullptr;
+  if (definition == nullptr || !(definition->list || definition->fixed)) return nullptr;
   if (std::ranges::find(building_, parameter) != building_.end()) return &lists_[parameter];
-  struct Building {
-    std::vector<std::string>& stack;
-    Building(std::vector<std::string>& names, const std::string& name) : stack(names) { stack.push_back(name); }
-    ~Building() { stack.pop_back(); }
-  };
   lists_.erase(parameter);
-  bool built = false;
-  {
+  if (definition->list) {
+    struct Building {
+      std::vector<std::string>& stack;
+      Building(std::vector<std::string>& names, const std::string& name) : stack(names) { stack.push_back(name); }
+      ~Building() { stack.pop_back(); }
+    };
     const Building building(building_, parameter);
-    built = buildList_ && buildList_(parameter);
+    if (!buildList_ || !buildList_(parameter)) return nullptr;
+  } else {
+    lists_[parameter].Collect(
+        FixedList(exchange_, form().definition().command, parameter, form().ActiveDefinition(parameter)));
   }
-  return built ? &lists_[parameter] : nullptr;
+  lists_[parameter].Append(changes_[parameter]);
+  return &lists_[parameter];
 }
 
 template <typename Change>
@@ -146,18 +153,16 @@ bool WorkbenchHost::scCollectValuesAndDesc(const std::string& sql, const Selecto
 }
 
 bool WorkbenchHost::scSQLSelectValuesAndDesc() {
-  const std::string& parameter = building_.empty() ? checking_ : building_.back();
-  return scSQLSelectValuesAndDescByDefinition(form().ActiveDefinition(parameter));
+  return scSQLSelectValuesAndDescByDefinition(form().ActiveDefinition(CurrentParameter()));
 }
 
 bool WorkbenchHost::scSQLSelectValuesAndDescByDefinition(const Value& definition) {
-  const std::string& parameter = building_.empty() ? checking_ : building_.back();
-  Current().Collect(FixedList(exchange_, form().definition().command, parameter, ToInt32(definition)));
+  Current().Collect(FixedList(exchange_, form().definition().command, CurrentParameter(), ToInt32(definition)));
   return true;
 }
 
 bool WorkbenchHost::scPushValidValues(const std::variant<Value, List>& values, const std::optional<std::string>& name) {
-  ValueList& list = name ? Named(*name) : Current();
+  ValueList& list = Named(name ? *name : CurrentParameter());
   // A check may put back the previous value of a parameter that had none: nothing to choose.
   const auto push = [&list](const Value& value) {
     if (!value.IsBlank()) list.Push(Joined(value));
@@ -187,18 +192,16 @@ bool WorkbenchHost::scRemoveFromValidRangeValues(const std::string& name, const 
 
 bool WorkbenchHost::scGetValidValues(const std::string& name, List& values) {
   const ValueList* list = FreshList(name);
-  if (list == nullptr) return false;
-  std::vector<Value> all;
-  for (ValidValue& entry : list->All()) all.emplace_back(std::move(entry.value));
-  values = List(std::move(all));
-  return true;
+  return list != nullptr && Succeeds([&] {
+           std::vector<Value> all;
+           for (ValidValue& entry : list->All()) all.emplace_back(std::move(entry.value));
+           values = List(std::move(all));
+         });
 }
 
 bool WorkbenchHost::scGetNumberOfValidValues(const std::string& name, const Value&, Value& count) {
   const ValueList* list = FreshList(name);
-  if (list == nullptr) return false;
-  count = list->All().size();
-  return true;
+  return list != nullptr && Succeeds([&] { count = list->All().size(); });
 }
 
 // --- The database.
@@ -224,7 +227,13 @@ RowSet WorkbenchHost::scSQLSelect(const std::string& table, const List& columns,
   return SelectRows(exchange_, RowDatabase(), table, columns, keys, keyValues, debugLines_);
 }
 
-Value WorkbenchHost::scBuildCmdID() { return exchange_.NewCmdId(); }
+Value WorkbenchHost::scBuildCmdID() {
+  try {
+    return exchange_.NewCmdId();
+  } catch (const DatabaseError& error) {
+    throw RunTimeFailure(RunTimeFailure::Cause::HostFailure, error.what());
+  }
+}
 
 template <typename Step>
 bool WorkbenchHost::Succeeds(Step step) {
@@ -241,12 +250,19 @@ bool WorkbenchHost::scStartTransaction() {
   return Succeeds([this] { exchange_.Start(); });
 }
 
+template <typename Step>
+bool WorkbenchHost::Closes(Step step) {
+  if (exchange_.OpenTransactions() > enclosing_) return Succeeds(step);
+  debugLines_.push_back("There is no transaction to close");
+  return false;
+}
+
 bool WorkbenchHost::scCommitTransaction() {
-  return Succeeds([this] { exchange_.Commit(); });
+  return Closes([this] { exchange_.Commit(); });
 }
 
 bool WorkbenchHost::scRollBackTransaction() {
-  return Succeeds([this] { exchange_.RollBack(); });
+  return Closes([this] { exchange_.RollBack(); });
 }
 
 // --- Operations of the exchange.

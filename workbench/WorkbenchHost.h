@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "script/Host.h"
@@ -36,6 +37,10 @@ class WorkbenchHost : public Host {
   // The statement of the query that was the last to run, where it found nothing.
   const std::string& FoundNothing() const { return foundNothing_; }
   void ForgetQueries() { foundNothing_.clear(); }
+
+  // Says how many transactions stand around the Run that begins: the library can close those alone that it has started
+  // itself. Gives what was said before.
+  int Enclose(int transactions) { return std::exchange(enclosing_, transactions); }
 
   std::vector<ReportedMessage> TakeMessages();
   std::vector<std::string> TakeDebugLines();
@@ -81,7 +86,9 @@ class WorkbenchHost : public Host {
   void scPrintToDebugWindow(const std::string& line) override;
 
  private:
-  ValueList& Current() { return lists_[building_.empty() ? checking_ : building_.back()]; }
+  const std::string& CurrentParameter() const { return building_.empty() ? checking_ : building_.back(); }
+  ValueList& Current() { return Named(CurrentParameter()); }
+  // The list of the parameter while it is being built, and the changes that are made to it at any other time.
   // Rows that are written by names go to the templates where a template command is at work.
   const char* RowDatabase() const { return template_ ? "site" : "dynamic"; }
   ValueList& Named(const std::string& parameter);
@@ -89,14 +96,19 @@ class WorkbenchHost : public Host {
   bool ChangeList(ValueList& list, const std::string& sql, const std::string& selector, Change change);
   template <typename Step>
   bool Succeeds(Step step);
+  template <typename Step>
+  bool Closes(Step step);
 
   Exchange& exchange_;
   BuildList buildList_;
   std::optional<Form> form_;
   std::map<std::string, ValueList> lists_;
+  // What checks have changed in lists that stood: built anew, a list keeps these changes until its parameter is reset.
+  std::map<std::string, ValueList> changes_;
   std::vector<std::string> building_;
   std::string checking_;
   bool template_ = false;
+  int enclosing_ = 0;
   std::string seriesRefusal_;
   std::string foundNothing_;
   std::vector<ReportedMessage> messages_;
