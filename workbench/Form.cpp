@@ -69,6 +69,7 @@ void Form::Set(const std::string& name, const Value& value) {
 }
 
 void Form::Reset(const std::string& name) {
+  previous_[name] = Get(name);
   values_.erase(name);
   if (const Folding* folding = definition_.FoldingWith(name)) {
     // Without its sub-digit parameters a whole is nothing more than what they left in it.

@@ -19,7 +19,7 @@ class Form {
   // The present value, empty if none was given. A whole parameter is folded from its sub-digit parameters where one of
   // them has a value.
   Value Get(const std::string& name) const;
-  // The value that the parameter had before its last Set; empty if it had none.
+  // The value that the parameter had before its last Set or Reset; empty if it had none.
   Value Previous(const std::string& name) const;
   // Gives the parameter a value, and a whole parameter's digits to its sub-digit parameters.
   void Set(const std::string& name, const Value& value);

@@ -22,7 +22,8 @@ ParameterDefinition ReadParameter(const json& data) {
           .list = data.value("list", false),
           .fixed = data.value("fixed", false),
           .check = data.value("check", false),
-          .text = data.value("text", false)};
+          .text = data.value("text", false),
+          .oneInEdit = data.value("oneInEdit", false)};
 }
 
 Folding ReadFolding(const json& data) {

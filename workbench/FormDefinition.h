@@ -11,12 +11,13 @@ struct ParameterDefinition {
   std::string name;
   std::string title;
   bool mandatory = false;
-  bool multiple = false;  // takes several values, "1&2&5"
-  bool range = false;     // takes a range, "100&&199"
-  bool list = false;      // the command builds a list of valid values for it
-  bool fixed = false;     // its values are the fixed ones of the release, though the command builds no list
-  bool check = false;     // the command has a static check for it
-  bool text = false;      // reads as the empty text, not as empty, where no value was given
+  bool multiple = false;   // takes several values, "1&2&5"
+  bool range = false;      // takes a range, "100&&199"
+  bool list = false;       // the command builds a list of valid values for it
+  bool fixed = false;      // its values are the fixed ones of the release, though the command builds no list
+  bool check = false;      // the command has a static check for it
+  bool text = false;       // reads as the empty text, not as empty, where no value was given
+  bool oneInEdit = false;  // several values make a record each, so that an edit, which changes one, takes one
 };
 
 // Some digits of a whole parameter, entered on the form as sub-digit parameters. Several that share the same digits add
@@ -50,7 +51,7 @@ struct FormDefinition {
   std::vector<ParameterDefinition> parameters = {};
   std::vector<Folding> foldings = {};
   RecordHandling handling = {};
-  bool single = false;  // one record for the whole exchange: an add changes the record that stands
+  bool single = false;  // one record for the whole exchange: an add shows and changes the record that stands
   bool adds = false;
   bool edits = false;
   bool deletes = false;

@@ -15,6 +15,9 @@ namespace cordboard::workbench {
 std::optional<std::int32_t> FindRecord(Exchange& exchange, const FormDefinition& definition,
                                        const std::vector<Assignment>& selection, std::vector<Problem>& problems);
 
+// The one record of a command that holds one for the whole exchange, where it stands.
+std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinition& definition);
+
 // Puts the stored values of a record on the form.
 void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form);
 

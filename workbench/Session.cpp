@@ -4,6 +4,22 @@
 
 namespace cordboard::workbench {
 
+namespace {
+
+// What a failure means for the user whose action it ended.
+const char* InWords(RunTimeFailure::Cause cause) {
+  switch (cause) {
+    case RunTimeFailure::Cause::Overflow: return "a number is too large";
+    case RunTimeFailure::Cause::SubscriptOutOfRange:
+      return "a value that it needs was not found, or there are too many";
+    case RunTimeFailure::Cause::TypeMismatch: return "a value is not a number";
+    case RunTimeFailure::Cause::InvalidUseOfNull: return "a value that it needs is missing";
+    default: return "its rules broke off";
+  }
+}
+
+}  // namespace
+
 Session::Session(Exchange& exchange, const Decorate& decorate)
     : exchange_(exchange), host_(std::make_shared<WorkbenchHost>(exchange)) {
   script_.AddObject(decorate ? decorate(host_) : host_);
@@ -20,7 +36,8 @@ RunResult Session::Run(const std::string& function, std::int32_t CmdId, const Li
   try {
     result.answer = script_.Run(definition, exchange_.release(), function, open.definition().command, CmdId, ParamList);
   } catch (const RunTimeFailure& failure) {
-    result.failure = std::string(Name(failure.cause())) + ": " + failure.what();
+    result.failure =
+        std::string(InWords(failure.cause())) + "; " + std::string(Name(failure.cause())) + ": " + failure.what();
   }
   while (exchange_.OpenTransactions() > openBefore) exchange_.RollBack();
   return result;
