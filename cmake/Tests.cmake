@@ -18,3 +18,6 @@ if(CORDBOARD_WORKBENCH)
   target_link_libraries(workbench-tests PRIVATE cordboard_workbench GTest::gtest GTest::gmock GTest::gtest_main)
   gtest_discover_tests(workbench-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX workbench.)
 endif()
+
+# The page of every command says what its form says.
+add_test(NAME tree.pages COMMAND ${PROJECT_SOURCE_DIR}/tools/command-pages --check)
