@@ -52,3 +52,6 @@ if(TARGET cordboard_remote)
   add_test(NAME remote.process COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/remote/process_test.py
                                        $<TARGET_FILE:cordboard> serve)
 endif()
+
+# The page of every command says what its form says.
+add_test(NAME tree.pages COMMAND ${PROJECT_SOURCE_DIR}/tools/command-pages --check)

@@ -56,7 +56,7 @@ struct FormDefinition {
   std::vector<ParameterDefinition> parameters = {};
   std::vector<Folding> foldings = {};
   RecordHandling handling = {};
-  bool single = false;  // one record for the whole exchange: an add changes the record that stands
+  bool single = false;  // one record for the whole exchange: an add shows and changes the record that stands
   bool adds = false;
   bool edits = false;
   bool deletes = false;

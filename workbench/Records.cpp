@@ -50,6 +50,11 @@ bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::str
               .IsEmpty();
 }
 
+std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinition& definition) {
+  std::vector<Problem> none;
+  return definition.single ? FindRecord(exchange, definition, {}, none) : std::nullopt;
+}
+
 void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form) {
   for (const std::string& column : definition.columns) {
     if (definition.Find(column) == nullptr) continue;

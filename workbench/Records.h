@@ -17,6 +17,8 @@ std::optional<std::int32_t> FindRecord(Exchange& exchange, const FormDefinition&
 
 // Whether a record has this value in the column.
 bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::string& column, const std::string& value);
+// The one record of a command that holds one for the whole exchange, where it stands.
+std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinition& definition);
 
 // Puts the stored values of a record on the form.
 void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form);

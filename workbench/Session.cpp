@@ -7,11 +7,23 @@ namespace cordboard::workbench {
 
 namespace {
 
+// What a failure means for the user whose action it ended.
+const char* InWords(RunTimeFailure::Cause cause) {
+  switch (cause) {
+    case RunTimeFailure::Cause::Overflow: return "a number is too large";
+    case RunTimeFailure::Cause::SubscriptOutOfRange:
+      return "a value that it needs was not found, or there are too many";
+    case RunTimeFailure::Cause::TypeMismatch: return "a value is not a number";
+    case RunTimeFailure::Cause::InvalidUseOfNull: return "a value that it needs is missing";
+    default: return "its rules broke off";
+  }
+}
+
 // Why a call failed, for its user. A rule that counts on a row fails at the first look at what its query found: the
 // query tells what is missing.
 std::string Reason(const RunTimeFailure& failure, std::string foundNothing) {
   if (failure.cause() != RunTimeFailure::Cause::SubscriptOutOfRange || foundNothing.empty())
-    return std::string(Name(failure.cause())) + ": " + failure.what();
+    return std::string(InWords(failure.cause())) + "; " + std::string(Name(failure.cause())) + ": " + failure.what();
   for (std::size_t at = foundNothing.find("\r\n"); at != foundNothing.npos; at = foundNothing.find("\r\n", at))
     foundNothing.replace(at, 2, " ");
   return "a row that has to be there was not found by " + foundNothing;

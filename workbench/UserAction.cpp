@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "script/Conversions.h"
+#include "script/Text.h"
 #include "workbench/FormFilling.h"
 #include "workbench/Nearest.h"
 #include "workbench/Records.h"
@@ -57,12 +58,40 @@ void SetAll(Session& session, const std::vector<Assignment>& values, std::vector
   }
 }
 
+// Parameters that add up to the same digits cannot be told apart in a stored whole: where one of them is given anew,
+// the others have to be given too, or their part would be lost in silence.
+void CheckSharedDigits(const Form& form, const std::vector<Assignment>& values, std::vector<Problem>& problems) {
+  const auto given = [&values](const std::string& name) {
+    return std::ranges::find(values, name, &Assignment::name) != values.end();
+  };
+  for (const Folding& folding : form.definition().foldings) {
+    for (const DigitPlace& place : folding.places) {
+      const std::string digits = Middle(Joined(form.Get(folding.parameter)), place.first, place.width);
+      if (digits.find_first_not_of(folding.fill) == digits.npos || std::ranges::none_of(place.parameters, given))
+        continue;
+      for (const std::string& name : place.parameters) {
+        if (!given(name))
+          problems.push_back({name, "",
+                              "this parameter has to be given as well: it and the one that is changed add up to " +
+                                  digits + " in " + folding.parameter,
+                              ""});
+      }
+    }
+  }
+}
+
 Outcome Add(Session& session, const FormDefinition& definition, const UserAction& action) {
   std::vector<Problem> warnings;
   std::vector<Problem> problems = FillForm(session, definition, action.values, warnings);
   CheckWhole(session, action.values, problems);
   if (!problems.empty()) return Refused(std::move(problems));
   Outcome outcome = Act(session, "SetInfo", 0, Names(definition.columns));
+  if (!outcome.done && StandingRecord(session.exchange(), definition))
+    outcome.problems.push_back({"", "",
+                                "there is one record of " + definition.command +
+                                    ", and it stands already; change it with: edit " + definition.command +
+                                    ":NAME=value;",
+                                ""});
   outcome.warnings.insert(outcome.warnings.begin(), warnings.begin(), warnings.end());
   return outcome;
 }
@@ -79,6 +108,7 @@ Outcome Edit(Session& session, const FormDefinition& definition, const UserActio
     session.form().SetTakesSeveral(parameter.name, false);
     session.form().SetTakesRange(parameter.name, false);
   }
+  CheckSharedDigits(session.form(), action.values, problems);
   SetAll(session, action.values, problems, warnings);
   CheckWhole(session, action.values, problems);
   const std::vector<std::string> changed = ChangedColumns(definition, action.values);
@@ -116,6 +146,9 @@ std::vector<Problem> FillForm(Session& session, const FormDefinition& definition
                               std::vector<Problem>& warnings) {
   std::vector<Problem> problems;
   session.host().OpenForm(definition);
+  // What is given is checked together with the record that stands.
+  if (const auto record = StandingRecord(session.exchange(), definition))
+    LoadRecord(session.exchange(), definition, *record, session.form());
   SetAll(session, values, problems, warnings);
   return problems;
 }

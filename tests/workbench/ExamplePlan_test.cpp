@@ -1,0 +1,50 @@
+// The example plan on the example plant: it has to be applied as a whole, on every release.
+
+#include <gmock/gmock.h>
+
+#include <sstream>
+
+#include "support/Road.h"
+#include "workbench/Plan.h"
+#include "workbench/Resources.h"
+
+namespace cordboard::workbench {
+namespace {
+
+struct ExamplePlan : testing::TestWithParam<std::string> {
+  Road road{GetParam()};
+
+  void SetUp() override {
+    std::istringstream plan{std::string(Resource("plans/example.plan"))};
+    const PlanResult result = ApplyPlan(road.session(), {{"example.plan", plan}}, {});
+    for (const LineReport& report : result.reports)
+      ADD_FAILURE() << "line " << report.line << ": " << report.problems.front().message;
+    ASSERT_TRUE(result.kept);
+  }
+};
+
+TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
+  EXPECT_EQ(road.Rows("SELECT EXGID FROM SYIDI"), "7700");
+  EXPECT_EQ(road.Rows("SELECT CDIV, SERV, TRAF FROM GESPI WHERE CSP = '1'"), "10210000|104001100000|310");
+}
+
+TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {
+  EXPECT_THAT(road.Lines(),
+              testing::IsSupersetOf({"NANSI:NUMTYP=EX,NUMSE=100&&199;", "NANSI:NUMTYP=AI,NUMSE=9;",
+                                     "NANSI:NUMTYP=EN,NUMSE=7700&&7701;", "ASPAC:PARNUM=102,PARVAL=1500;"}));
+}
+
+TEST_P(ExamplePlan, GivesLinesOfSeriesAndParametersThatBuildThemAgain) {
+  std::vector<std::string> lines = road.Lines();
+  std::erase_if(lines,
+                [](const std::string& line) { return !line.starts_with("NANSI:") && !line.starts_with("ASPAC:"); });
+  Road again(GetParam());
+  for (const std::string& line : lines) EXPECT_EQ(again.Do(line), "done") << line;
+  EXPECT_EQ(again.Lines(), lines);
+}
+
+INSTANTIATE_TEST_SUITE_P(OnEveryRelease, ExamplePlan, testing::ValuesIn(Releases()),
+                         [](const auto& parameter) { return parameter.param == "R6/1" ? "R6_1" : parameter.param; });
+
+}  // namespace
+}  // namespace cordboard::workbench
