@@ -47,7 +47,7 @@ bool ListADC_D1(const Action& action) {
       return false;
     if (rows.IsEmpty()) return true;
     const Value& ADC = rows[0][0];
-    zeroAlone = ADC.IsBlank() || Left(ToText(ADC), 1) == "0";
+    zeroAlone = ADC.IsEmpty() || ADC.IsNull() || Left(ToText(ADC), 1) == "0";
   }
   const bool listed =
       zeroAlone ? scCollectValuesAndDesc(
@@ -72,7 +72,7 @@ bool CheckDIR(const Action& action) {
   if (rows.IsEmpty()) return true;
   const std::string ITYPE = Joined(rows[0][0]);
   for (int instrument = 0; instrument <= 24; ++instrument) {
-    if (ITYPE == std::to_string(instrument) && !scActiveDefinition("KEY", instrument + 1)) return false;
+    if (ITYPE == std::to_string(instrument)) scActiveDefinition("KEY", instrument + 1);
   }
   return Revalidate(context, "KEY", KEY) && scResetParam("ADC_D1");
 }
