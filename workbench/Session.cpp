@@ -1,5 +1,7 @@
 #include "workbench/Session.h"
 
+#include <string_view>
+
 #include "script/MessageCodes.h"
 #include "script/RunTimeFailure.h"
 
@@ -22,7 +24,8 @@ const char* InWords(RunTimeFailure::Cause cause) {
 // Why a call failed, for its user. A rule that counts on a row fails at the first look at what its query found: the
 // query tells what is missing.
 std::string Reason(const RunTimeFailure& failure, std::string foundNothing) {
-  if (failure.cause() != RunTimeFailure::Cause::SubscriptOutOfRange || foundNothing.empty())
+  const bool inRows = std::string_view(failure.what()).find("row set") != std::string_view::npos;
+  if (!inRows || foundNothing.empty())
     return std::string(InWords(failure.cause())) + "; " + std::string(Name(failure.cause())) + ": " + failure.what();
   for (std::size_t at = foundNothing.find("\r\n"); at != foundNothing.npos; at = foundNothing.find("\r\n", at))
     foundNothing.replace(at, 2, " ");

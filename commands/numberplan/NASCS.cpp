@@ -6,7 +6,7 @@
 #include <map>
 #include <vector>
 
-#include "commands/numberplan/NASCSChecks.h"
+#include "commands/numberplan/NASCS_checks.h"
 #include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/Module.h"

@@ -104,7 +104,7 @@ TEST(SYTDSRoad, TheListsFollowTheFormAsItIsNow) {
   EXPECT_EQ(road.Values("SYTDS", "CDNAL", {{"CDNAS", "27"}}), "28 29 30");
   EXPECT_EQ(road.Values("SYTDS", "CDNAS", {{"CDNAL", "1"}}), "");
   EXPECT_EQ(road.Do("SYTDS:CDNAL=4,CDNAS=4;"), "CDNAS=4: this value is not possible here [1, 2, 3]");
-  EXPECT_EQ(road.Do("SYTDS:CDNAL=1,CDNAS=1;"), "CDNAS=1: this value is not possible here [no value at present]");
+  EXPECT_EQ(road.Do("SYTDS:CDNAL=1,CDNAS=1;"), "CDNAS=1: this value is not possible here [no value at present; leave it out]");
   EXPECT_EQ(road.Do("SYTDS:CDNAL=31;"),
             "CDNAL=31: this value is not possible here [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, ... (30 in all)]");
   EXPECT_EQ(road.Rows(systemTimes), "");
@@ -149,7 +149,7 @@ const char* const numbers = "SELECT NUMSE, USED FROM NANSI WHERE NUMTYP = 'EN' O
 
 TEST(SYIDIRoad, TheNumberIsMarkedAsItIsTakenChangedAndFreed) {
   Road road;
-  EXPECT_EQ(road.Do("SYIDI:EXGID=7700;"), "EXGID=7700: this value is not possible here [no value at present]");
+  EXPECT_EQ(road.Do("SYIDI:EXGID=7700;"), "EXGID=7700: this value is not possible here [no value at present; leave it out]");
   ASSERT_EQ(road.Do("NANSI:NUMTYP=EN,NUMSE=7700&&7702;"), "done");
   EXPECT_EQ(road.Values("SYIDI", "EXGID"), "7700 7701 7702");
 

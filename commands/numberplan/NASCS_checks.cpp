@@ -1,4 +1,4 @@
-#include "commands/numberplan/NASCSChecks.h"
+#include "commands/numberplan/NASCS_checks.h"
 
 #include <vector>
 
