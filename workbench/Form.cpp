@@ -67,7 +67,8 @@ void Form::Set(const std::string& name, const Value& value) {
     // Parameters that add up to one place cannot be told apart in the whole.
     if (!value.IsText() || place.parameters.size() != 1) continue;
     const std::string digits = Middle(value.text(), place.first, place.width);
-    if (!digits.empty()) values_[place.parameters.front()] = digits;
+    // The beginning of a place would be read as its end.
+    if (Length(digits) == static_cast<std::size_t>(place.width)) values_[place.parameters.front()] = digits;
   }
 }
 

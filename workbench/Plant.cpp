@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include "workbench/Elements.h"
 #include "workbench/Exchange.h"
@@ -29,6 +30,31 @@ std::string EQU(const Plant::Board& board, int individual) {
   return text;
 }
 
+// What stands in a place that there is not, or where something stands already.
+void Check(const Plant& plant) {
+  std::set<std::string> locations;
+  for (const auto& location : plant.locations) locations.insert(location.name);
+  std::set<int> lims;
+  for (const auto& lim : plant.lims) {
+    const std::string name = "LIM " + std::to_string(lim.number);
+    if (lim.number < 1 || lim.number > 999) throw PlantError(name + " is not between 1 and 999");
+    if (!lims.insert(lim.number).second) throw PlantError(name + " stands there twice");
+    if (!locations.contains(lim.location)) throw PlantError(name + ": there is no location '" + lim.location + "'");
+  }
+  std::set<std::string> slots;
+  for (const auto& board : plant.boards) {
+    const std::string name = "the board in LIM " + std::to_string(board.lim) + ", magazine " +
+                             std::to_string(board.magazine) + ", slot " + std::to_string(board.slot);
+    if (!lims.contains(board.lim)) throw PlantError(name + ": there is no such LIM");
+    if (board.magazine < 0 || board.magazine > 9) throw PlantError(name + ": a magazine is between 0 and 9");
+    if (board.slot < 0 || board.slot > 99) throw PlantError(name + ": a slot is between 0 and 99");
+    if (!slots.insert(EQU(board, 0)).second) throw PlantError(name + " stands there twice");
+  }
+  for (const auto& [lim, line] : plant.trunkLines) {
+    if (!lims.contains(lim)) throw PlantError("trunk line " + line + ": there is no LIM " + std::to_string(lim));
+  }
+}
+
 Plant Read(const json& data) {
   Plant plant{.name = data.at("name")};
   for (const json& place : data.at("locations"))
@@ -49,6 +75,7 @@ Plant Read(const json& data) {
     for (const std::string& route : Elements(routes)) plant.routes.push_back(route);
   }
   plant.categories = data.value("categories", 0);
+  Check(plant);
   return plant;
 }
 

@@ -156,15 +156,17 @@ std::vector<Problem> FillForm(Session& session, const FormDefinition& definition
 Outcome Perform(Session& session, const UserAction& action) {
   std::vector<Problem> problems;
   const FormDefinition* definition = FindFormOr(action.command, problems);
-  if (definition == nullptr) return Refused(std::move(problems));
+  return definition == nullptr ? Refused(std::move(problems)) : Perform(session, *definition, action);
+}
+
+Outcome Perform(Session& session, const FormDefinition& definition, const UserAction& action) {
   const auto cannot = [&](const char* what) {
     return Refused({{"", "", "records of " + action.command + " cannot be " + what, ""}});
   };
   switch (action.kind) {
-    case UserAction::Kind::Add: return definition->adds ? Add(session, *definition, action) : cannot("added");
-    case UserAction::Kind::Edit: return definition->edits ? Edit(session, *definition, action) : cannot("changed");
-    case UserAction::Kind::Delete:
-      return definition->deletes ? Delete(session, *definition, action) : cannot("deleted");
+    case UserAction::Kind::Add: return definition.adds ? Add(session, definition, action) : cannot("added");
+    case UserAction::Kind::Edit: return definition.edits ? Edit(session, definition, action) : cannot("changed");
+    case UserAction::Kind::Delete: return definition.deletes ? Delete(session, definition, action) : cannot("deleted");
   }
   return Refused({});
 }

@@ -40,6 +40,8 @@ struct Outcome {
 // Performs the action. A refused one leaves what the rules of its command leave: some write
 // without a transaction, so a caller that wants all or nothing puts one around it.
 Outcome Perform(Session& session, const UserAction& action);
+// The same on a form of one's own.
+Outcome Perform(Session& session, const FormDefinition& definition, const UserAction& action);
 
 // Opens the form of a command and sets the values as Perform does, without acting. Gives what stands in the way.
 std::vector<Problem> FillForm(Session& session, const FormDefinition& definition, const std::vector<Assignment>& values,

@@ -1,0 +1,230 @@
+#include "workbench/Exchange.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "workbench/Plant.h"
+#include "workbench/support/TemporaryFolder.h"
+#include "workbench/support/TestExchange.h"
+
+namespace cordboard::workbench {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+
+const Plant& Example() {
+  static const Plant plant = ReadPlant("example");
+  return plant;
+}
+
+std::string CannotCreate(const std::filesystem::path& file, const std::string& release = "R7",
+                         const Plant& plant = Example()) {
+  return Refusal<ExchangeError>([&] { Exchange::Create(file, release, plant); });
+}
+
+std::string CannotOpen(const std::filesystem::path& file) {
+  return Refusal<ExchangeError>([&] { Exchange::Open(file); });
+}
+
+// --- Creating.
+
+TEST(Exchange, IsOneFileThatCanBeOpenedAgain) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(Exchange::Create(folder / "office.cbx", "R6/1", Example())->release(), "R6/1");
+  EXPECT_FALSE(std::filesystem::exists(folder / "office.cbx-wal"));
+  const auto exchange = Exchange::Open(folder / "office.cbx");
+  EXPECT_EQ(exchange->release(), "R6/1");
+  EXPECT_FALSE(exchange->IsReadOnly());
+  EXPECT_EQ(Count(*exchange, "Boards"), static_cast<int>(Example().boards.size()));
+}
+
+TEST(Exchange, AConfirmedActionSurvivesALossOfPower) {
+  const TemporaryFolder folder;
+  const auto made = Exchange::Create(folder / "office.cbx", "R7", Example());
+  EXPECT_EQ(Rows(*made, "PRAGMA journal_mode"), R"([["wal"]])");
+  EXPECT_EQ(Rows(*made, "PRAGMA synchronous"), "[[2]]");
+  EXPECT_EQ(Rows(*Exchange::Open(folder / "office.cbx"), "PRAGMA synchronous"), "[[2]]");
+}
+
+TEST(Exchange, IsBuiltForOneOfFourReleases) {
+  EXPECT_EQ(Releases(), (std::vector<std::string>{"R6", "R6/1", "R7", "R8"}));
+  for (const std::string& release : Releases()) EXPECT_EQ(ExampleExchange(release)->release(), release);
+  EXPECT_EQ(Refusal<ExchangeError>([] { ExampleExchange("R9"); }), "there is no release R9");
+}
+
+TEST(Exchange, DoesNotTakeThePlaceOfAFile) {
+  const TemporaryFolder folder;
+  WriteFile(folder / "office.cbx", "mine");
+  EXPECT_THAT(CannotCreate(folder / "office.cbx"), EndsWith("office.cbx exists already; choose another name"));
+  EXPECT_EQ(ReadFile(folder / "office.cbx"), "mine");
+  EXPECT_THAT(CannotCreate(folder / "."), HasSubstr("exists already"));
+}
+
+TEST(Exchange, NeedsAName) {
+  EXPECT_EQ(CannotCreate(""), "an exchange needs the name of a file");
+  const TemporaryFolder folder;
+  EXPECT_EQ(CannotCreate(folder / ""), "an exchange needs the name of a file");
+}
+
+TEST(Exchange, OneThatCouldNotBeMadeLeavesNoFile) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(CannotCreate(folder / "office.cbx", "R9"), "there is no release R9");
+  EXPECT_TRUE(folder.IsEmpty());
+  EXPECT_THAT(CannotCreate(folder / "missing" / "office.cbx"),
+              EndsWith("office.cbx cannot be made: unable to open database file"));
+  EXPECT_TRUE(folder.IsEmpty());
+}
+
+TEST(Exchange, HoldsEveryTableOfTheSchemaAndNoRowsButThoseOfThePlant) {
+  const auto exchange = ExampleExchange();
+  for (const char* table : {"NANSI", "NANSIBlockedRange", "KSEXI", "BuiltCmd", "UsedNumbers"})
+    EXPECT_EQ(Count(*exchange, table), 0) << table;
+  EXPECT_EQ(Count(*exchange, "LIMs"), 2);
+}
+
+// --- Opening.
+
+TEST(Exchange, AMissingFileIsNotOpenedAndNotMade) {
+  const TemporaryFolder folder;
+  EXPECT_THAT(CannotOpen(folder / "office.cbx"), HasSubstr("there is no file "));
+  EXPECT_TRUE(folder.IsEmpty());
+  EXPECT_EQ(CannotOpen(""), "there is no file ");
+}
+
+TEST(Exchange, AnythingElseIsNotOpenedAndNotTouched) {
+  const TemporaryFolder folder;
+  WriteFile(folder / "empty.cbx", "");
+  EXPECT_THAT(CannotOpen(folder / "empty.cbx"), EndsWith("empty.cbx is not an exchange"));
+  EXPECT_EQ(ReadFile(folder / "empty.cbx"), "");
+
+  const std::string text(5000, 'x');
+  WriteFile(folder / "text.cbx", text);
+  EXPECT_THAT(CannotOpen(folder / "text.cbx"), EndsWith("cannot be opened as an exchange: file is not a database"));
+  EXPECT_EQ(ReadFile(folder / "text.cbx"), text);
+
+  Connection(folder / "other.cbx", Connection::Mode::Create).Execute("CREATE TABLE t (a)");
+  const std::string before = ReadFile(folder / "other.cbx");
+  EXPECT_THAT(CannotOpen(folder / "other.cbx"), EndsWith("other.cbx is not an exchange"));
+  EXPECT_EQ(ReadFile(folder / "other.cbx"), before);
+
+  EXPECT_THAT(CannotOpen(folder / "."), HasSubstr("is not an exchange"));
+}
+
+TEST(Exchange, OneOfAnotherVersionIsNotOpened) {
+  const TemporaryFolder folder;
+  Exchange::Create(folder / "office.cbx", "R7", Example())->Dynamic().Execute("PRAGMA user_version = 2");
+  EXPECT_THAT(CannotOpen(folder / "office.cbx"), EndsWith("was made by another version of cordboard"));
+}
+
+TEST(Exchange, ADamagedOneIsNotOpened) {
+  const TemporaryFolder folder;
+  Exchange::Create(folder / "office.cbx", "R7", Example());
+  std::string content = ReadFile(folder / "office.cbx");
+  content.resize(300);
+  WriteFile(folder / "office.cbx", content);
+  EXPECT_THAT(CannotOpen(folder / "office.cbx"), HasSubstr("cannot be opened as an exchange: "));
+}
+
+// --- Databases.
+
+TEST(Exchange, HasThreeDatabases) {
+  const auto exchange = ExampleExchange();
+  EXPECT_EQ(exchange->Database("dynamic"), &exchange->Dynamic());
+  EXPECT_EQ(Rows(*exchange, "SELECT COUNT(*) FROM KSEXITEMPLATE", "site"), "[[0]]");
+  EXPECT_NE(Rows(*exchange, "SELECT COUNT(*) FROM ParamValueDesc", "static"), "[[0]]");
+  EXPECT_EQ(exchange->Database("static"), exchange->Database("static"));
+  EXPECT_EQ(exchange->Database("other"), nullptr);
+  EXPECT_EQ(exchange->Database(""), nullptr);
+  EXPECT_EQ(exchange->Database("Dynamic"), nullptr);
+}
+
+TEST(Exchange, TheFixedValuesAreNotWritten) {
+  const auto exchange = ExampleExchange();
+  EXPECT_EQ(Refusal<DatabaseError>([&] { exchange->Database("static")->Run("DELETE FROM ParamValueDesc"); }),
+            "attempt to write a readonly database");
+}
+
+TEST(Exchange, TemplatesAreKeptInTheFileThatIsNamedForThem) {
+  const TemporaryFolder folder;
+  const std::string count = "SELECT COUNT(*) FROM KSEXITEMPLATE";
+  for (const char* expected : {"[[0]]", "[[1]]"}) {
+    const auto exchange = ExampleExchange();
+    exchange->UseSite(folder / "templates.cbs");
+    EXPECT_EQ(Rows(*exchange, count, "site"), expected);
+    exchange->Database("site")->Run("INSERT INTO KSEXITEMPLATE (CmdId) VALUES (1)");
+  }
+}
+
+TEST(Exchange, GivesEveryIdentifierOnce) {
+  const TemporaryFolder folder;
+  const auto exchange = Exchange::Create(folder / "office.cbx", "R7", Example());
+  const double first = exchange->NewCmdId().number();
+  EXPECT_EQ(exchange->NewCmdId(), Value(first + 1));
+  EXPECT_EQ(Exchange::Open(folder / "office.cbx")->NewCmdId(), Value(first + 2));
+}
+
+// Generated lines are nobody's data: they never reach the file.
+TEST(Exchange, GeneratedLinesStandInNoFile) {
+  const TemporaryFolder folder;
+  Exchange::Create(folder / "office.cbx", "R7", Example());
+  {
+    const auto exchange = Exchange::Open(folder / "office.cbx");
+    exchange->Dynamic().RunRule("INSERT INTO BuiltCmd VALUES (1, 'NANSI:;')", {});
+    EXPECT_EQ(Count(*exchange, "BuiltCmd"), 1);
+  }
+  EXPECT_EQ(Count(*Exchange::Open(folder / "office.cbx"), "BuiltCmd"), 0);
+}
+
+// --- Transactions.
+
+TEST(Exchange, ATransactionCoversConfigurationAndTemplates) {
+  const auto exchange = ExampleExchange();
+  const auto fill = [&] {
+    exchange->Dynamic().Run("INSERT INTO NANSI (NUMSE) VALUES ('1')");
+    exchange->Database("site")->Run("INSERT INTO KSEXITEMPLATE (CmdId) VALUES (1)");
+  };
+  const auto counts = [&] {
+    return Rows(*exchange, "SELECT COUNT(*) FROM NANSI") +
+           Rows(*exchange, "SELECT COUNT(*) FROM KSEXITEMPLATE", "site");
+  };
+  exchange->Start();
+  exchange->Start();
+  fill();  // the templates are opened here, inside of both
+  exchange->RollBack();
+  EXPECT_EQ(counts(), "[[0]][[0]]");
+  fill();
+  exchange->Commit();
+  EXPECT_EQ(counts(), "[[1]][[1]]");
+}
+
+TEST(Exchange, ATransactionThatIsNotCommittedIsRolledBackAtItsEnd) {
+  const auto exchange = ExampleExchange();
+  {
+    Transaction outer(*exchange);
+    exchange->Dynamic().Run("INSERT INTO NANSI (NUMSE) VALUES ('1')");
+    { Transaction inner(*exchange); }
+    EXPECT_EQ(exchange->OpenTransactions(), 1);
+  }
+  EXPECT_EQ(exchange->OpenTransactions(), 0);
+  EXPECT_EQ(Count(*exchange, "NANSI"), 0);
+  {
+    Transaction kept(*exchange);
+    exchange->Dynamic().Run("INSERT INTO NANSI (NUMSE) VALUES ('1')");
+    kept.Commit();
+  }
+  EXPECT_EQ(Count(*exchange, "NANSI"), 1);
+}
+
+TEST(Exchange, OneThatIsClosedInATransactionKeepsNothingOfIt) {
+  const TemporaryFolder folder;
+  {
+    const auto exchange = Exchange::Create(folder / "office.cbx", "R7", Example());
+    exchange->Start();
+    exchange->Dynamic().Run("INSERT INTO NANSI (NUMSE) VALUES ('1')");
+  }
+  EXPECT_EQ(Count(*Exchange::Open(folder / "office.cbx"), "NANSI"), 0);
+}
+
+}  // namespace
+}  // namespace cordboard::workbench

@@ -1,0 +1,228 @@
+#include "workbench/Form.h"
+
+#include <gtest/gtest.h>
+
+#include "script/TracingHost.h"
+
+namespace cordboard::workbench {
+namespace {
+
+// A form with a whole parameter of six digits: 1 and 4 are parameters of their own, 2 and 3 one parameter, 5 the sum of
+// two, and 6 has none.
+FormDefinition Definition() {
+  FormDefinition form;
+  form.command = "TEST";
+  for (const char* name : {"DIR", "SERV", "D1", "D2D3", "D4", "D5_A", "D5_B"})
+    form.parameters.push_back({.name = name, .title = name});
+  form.parameters.push_back({.name = "NOTE", .title = "Note", .text = true});
+  form.parameters.push_back({.name = "NUM", .title = "Numbers", .mandatory = true, .multiple = true, .range = true});
+  form.foldings = {{.parameter = "SERV",
+                    .length = 6,
+                    .fill = '0',
+                    .places = {{1, 1, {"D1"}}, {2, 2, {"D2D3"}}, {4, 1, {"D4"}}, {5, 1, {"D5_A", "D5_B"}}}}};
+  return form;
+}
+
+class FormTest : public testing::Test {
+ protected:
+  std::string Get(const std::string& name) { return TraceText(form_.Get(name)); }
+  std::string Previous(const std::string& name) { return TraceText(form_.Previous(name)); }
+
+  const FormDefinition definition_ = Definition();
+  Form form_{definition_};
+};
+
+// --- Values.
+
+TEST_F(FormTest, AValueThatWasNotGivenIsEmpty) {
+  EXPECT_EQ(Get("DIR"), "Empty");
+  EXPECT_EQ(Get("NOTE"), "\"\"") << "a parameter may read as the empty text instead";
+  EXPECT_EQ(Get("unknown"), "Empty");
+}
+
+TEST_F(FormTest, AValueIsKeptAsItWasGiven) {
+  form_.Set("DIR", "100");
+  EXPECT_EQ(Get("DIR"), "\"100\"");
+  form_.Set("DIR", "");
+  EXPECT_EQ(Get("DIR"), "\"\"");
+  form_.Set("DIR", Value::Null());
+  EXPECT_EQ(Get("DIR"), "Null");
+  form_.Set("NOTE", Value::Null());
+  EXPECT_EQ(Get("NOTE"), "Null");
+}
+
+TEST_F(FormTest, AResetValueIsAsIfItWasNeverGiven) {
+  form_.Set("DIR", "100");
+  form_.Set("NOTE", "x");
+  form_.Reset("DIR");
+  form_.Reset("NOTE");
+  EXPECT_EQ(Get("DIR"), "Empty");
+  EXPECT_EQ(Get("NOTE"), "\"\"");
+}
+
+TEST_F(FormTest, ThePreviousValueIsThatBeforeTheLastChange) {
+  EXPECT_EQ(Previous("DIR"), "Empty");
+  form_.Set("DIR", "100");
+  EXPECT_EQ(Previous("DIR"), "Empty");
+  form_.Set("DIR", "200");
+  EXPECT_EQ(Previous("DIR"), "\"100\"");
+  form_.Reset("DIR");
+  EXPECT_EQ(Previous("DIR"), "\"200\"");
+  form_.Set("DIR", "300");
+  EXPECT_EQ(Previous("DIR"), "Empty");
+}
+
+// --- Folding.
+
+TEST_F(FormTest, AWholeIsFoldedFromItsSubDigitParameters) {
+  form_.Set("D1", "7");
+  EXPECT_EQ(Get("SERV"), "\"700000\"") << "what is not given is the fill";
+  form_.Set("D4", "9");
+  form_.Set("D2D3", "12");
+  EXPECT_EQ(Get("SERV"), "\"712900\"");
+}
+
+TEST_F(FormTest, WithoutSubDigitsThereIsNoWhole) { EXPECT_EQ(Get("SERV"), "Empty"); }
+
+TEST_F(FormTest, ASubDigitFillsItsPlaceFromTheRight) {
+  form_.Set("D2D3", "5");
+  EXPECT_EQ(Get("SERV"), "\"005000\"");
+  form_.Set("D2D3", "123");
+  EXPECT_EQ(Get("SERV"), "\"023000\"");
+}
+
+TEST_F(FormTest, SubDigitsOfOnePlaceAddUp) {
+  form_.Set("D5_A", "1");
+  EXPECT_EQ(Get("SERV"), "\"000010\"");
+  form_.Set("D5_B", "4");
+  EXPECT_EQ(Get("SERV"), "\"000050\"");
+}
+
+TEST_F(FormTest, ASubDigitThatIsNoNumberCountsByItsLeadingDigits) {
+  form_.Set("D1", "x");
+  EXPECT_EQ(Get("SERV"), "\"000000\"");
+  form_.Set("D1", "3x");
+  EXPECT_EQ(Get("SERV"), "\"300000\"");
+  form_.Set("D1", "-3");
+  EXPECT_EQ(Get("SERV"), "\"000000\"");
+  form_.Set("D1", "99999999999999999999999999");
+  EXPECT_EQ(Get("SERV").size(), 8u);
+}
+
+TEST_F(FormTest, ABlankSubDigitDoesNotCount) {
+  form_.Set("D1", "");
+  form_.Set("D4", Value::Null());
+  EXPECT_EQ(Get("SERV"), "Empty");
+}
+
+TEST_F(FormTest, TheDigitsOfAWholeGoToItsSubDigitParameters) {
+  form_.Set("SERV", "123456");
+  EXPECT_EQ(Get("D1"), "\"1\"");
+  EXPECT_EQ(Get("D2D3"), "\"23\"");
+  EXPECT_EQ(Get("D4"), "\"4\"");
+  EXPECT_EQ(Get("D5_A"), "Empty") << "two that add up cannot be told apart";
+  EXPECT_EQ(Get("SERV"), "\"123456\"") << "the digits without a parameter of their own stay";
+}
+
+TEST_F(FormTest, ASubDigitChangesItsPlaceInTheWholeAlone) {
+  form_.Set("SERV", "123456");
+  form_.Set("D2D3", "99");
+  EXPECT_EQ(Get("SERV"), "\"199456\"");
+  form_.Set("D5_A", "8");
+  EXPECT_EQ(Get("SERV"), "\"199486\"");
+}
+
+TEST_F(FormTest, ANewWholeLeavesNothingOfTheSubDigitsBefore) {
+  form_.Set("D5_A", "3");
+  form_.Set("D5_B", "1");
+  form_.Set("SERV", "123456");
+  EXPECT_EQ(Get("SERV"), "\"123456\"");
+  form_.Set("SERV", "77");
+  EXPECT_EQ(Get("D4"), "Empty");
+  EXPECT_EQ(Get("D1"), "\"7\"");
+  EXPECT_EQ(Get("D2D3"), "Empty") << "one digit of two";
+}
+
+TEST_F(FormTest, AWholeThatIsSetToNoValueTakesItsSubDigitsWithIt) {
+  form_.Set("D1", "7");
+  form_.Set("SERV", Value::Null());
+  EXPECT_EQ(Get("SERV"), "Null");
+  EXPECT_EQ(Get("D1"), "Empty");
+  form_.Set("D1", "7");
+  form_.Set("SERV", "");
+  EXPECT_EQ(Get("SERV"), "\"\"");
+}
+
+TEST_F(FormTest, AResetWholeTakesItsSubDigitsWithIt) {
+  form_.Set("SERV", "123456");
+  form_.Set("D5_A", "1");
+  form_.Reset("SERV");
+  EXPECT_EQ(Get("SERV"), "Empty");
+  for (const char* name : {"D1", "D2D3", "D4", "D5_A"}) EXPECT_EQ(Get(name), "Empty") << name;
+}
+
+TEST_F(FormTest, AResetSubDigitGoesBackToTheFillAndTheOtherDigitsStay) {
+  form_.Set("SERV", "123456");
+  form_.Reset("D2D3");
+  EXPECT_EQ(Get("D2D3"), "Empty");
+  EXPECT_EQ(Get("SERV"), "\"100456\"");
+  form_.Reset("D5_A");
+  EXPECT_EQ(Get("SERV"), "\"100406\"");
+}
+
+TEST_F(FormTest, AWholeWhoseDigitsAreAllResetIsEmpty) {
+  form_.Set("SERV", "100400");
+  form_.Reset("D1");
+  EXPECT_EQ(Get("SERV"), "\"000400\"");
+  form_.Reset("D4");
+  EXPECT_EQ(Get("SERV"), "\"000000\"") << "two zeros are given";
+  form_.Reset("D2D3");
+  EXPECT_EQ(Get("SERV"), "Empty");
+  form_.Set("D1", "1");
+  form_.Reset("D1");
+  EXPECT_EQ(Get("SERV"), "Empty");
+}
+
+TEST_F(FormTest, AShortWholeIsFilledUpOnceItIsFolded) {
+  form_.Set("SERV", "12");
+  EXPECT_EQ(Get("SERV"), "\"120000\"");
+}
+
+// --- What the form asks of the user.
+
+TEST_F(FormTest, AFormAsksWhatItsDefinitionSaysUntilACheckChangesIt) {
+  EXPECT_TRUE(form_.IsMandatory("NUM"));
+  EXPECT_TRUE(form_.TakesRange("NUM"));
+  EXPECT_TRUE(form_.TakesSeveral("NUM"));
+  EXPECT_FALSE(form_.IsMandatory("DIR"));
+  EXPECT_FALSE(form_.TakesRange("DIR"));
+  EXPECT_FALSE(form_.TakesSeveral("DIR"));
+  form_.SetMandatory("NUM", false);
+  form_.SetTakesRange("NUM", false);
+  form_.SetTakesSeveral("NUM", false);
+  form_.SetMandatory("DIR", true);
+  form_.SetTakesRange("DIR", true);
+  form_.SetTakesSeveral("DIR", true);
+  EXPECT_FALSE(form_.IsMandatory("NUM"));
+  EXPECT_FALSE(form_.TakesRange("NUM"));
+  EXPECT_FALSE(form_.TakesSeveral("NUM"));
+  EXPECT_TRUE(form_.IsMandatory("DIR"));
+  EXPECT_TRUE(form_.TakesRange("DIR"));
+  EXPECT_TRUE(form_.TakesSeveral("DIR"));
+}
+
+TEST_F(FormTest, AnUnknownParameterIsNeverAskedFor) {
+  EXPECT_FALSE(form_.IsMandatory("unknown"));
+  EXPECT_FALSE(form_.TakesRange("unknown"));
+  EXPECT_FALSE(form_.TakesSeveral("unknown"));
+}
+
+TEST_F(FormTest, TheFirstDefinitionIsActiveUntilACheckChangesIt) {
+  EXPECT_EQ(form_.ActiveDefinition("DIR"), 1);
+  form_.SetActiveDefinition("DIR", 4);
+  EXPECT_EQ(form_.ActiveDefinition("DIR"), 4);
+  EXPECT_EQ(form_.ActiveDefinition("SERV"), 1);
+}
+
+}  // namespace
+}  // namespace cordboard::workbench

@@ -1,0 +1,235 @@
+#include "workbench/ValueList.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "workbench/Connection.h"
+#include "workbench/RuleStatements.h"
+#include "workbench/support/TestExchange.h"
+
+namespace cordboard::workbench {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+class ValueListTest : public testing::Test {
+ protected:
+  ValueListTest() {
+    database_.Execute(
+        "CREATE TABLE [t] ([Text] TEXT, [Whole] INTEGER, [About] TEXT);"
+        "INSERT INTO [t] VALUES ('10', 10, 'ten'), ('07', 7, 'seven'), ('', NULL, 'blank'), (NULL, 3, NULL),"
+        "                       ('A1', 11, 'letters'), ('10', 10, 'ten again')");
+  }
+
+  ListStatement Of(const std::string& sql, std::vector<Value> parameters = {}) {
+    return {&database_, sql, std::move(parameters)};
+  }
+
+  std::vector<std::string> Values() {
+    std::vector<std::string> values;
+    for (const ValidValue& entry : list_.All()) values.push_back(entry.value);
+    return values;
+  }
+
+  Connection database_;
+  ValueList list_;
+};
+
+// --- What builds a list.
+
+TEST_F(ValueListTest, AListThatNothingBuiltHoldsNothing) {
+  EXPECT_THAT(list_.All(), IsEmpty());
+  EXPECT_FALSE(list_.Contains("1"));
+}
+
+TEST_F(ValueListTest, ACollectionHoldsTheRowsInTheirOrderWithTheirDescriptions) {
+  list_.Collect(Of("SELECT [Text], [About] FROM [t] WHERE [Whole] > ? ORDER BY [Whole] DESC", {6}));
+  EXPECT_THAT(list_.All(), ElementsAre(ValidValue{"A1", "letters"}, ValidValue{"10", "ten"},
+                                       ValidValue{"10", "ten again"}, ValidValue{"07", "seven"}));
+}
+
+TEST_F(ValueListTest, ACollectionReplacesWhatWasThere) {
+  list_.Push("5");
+  list_.Collect(Of("SELECT [Text] FROM [t] WHERE [Whole] = 7"));
+  EXPECT_THAT(Values(), ElementsAre("07"));
+  EXPECT_FALSE(list_.Contains("5"));
+}
+
+TEST_F(ValueListTest, ARowWithoutAValueGivesNothing) {
+  list_.Collect(Of("SELECT [Text] FROM [t] WHERE [Whole] IS NULL OR [Whole] = 3"));
+  EXPECT_THAT(Values(), IsEmpty());
+  EXPECT_FALSE(list_.Contains(""));
+}
+
+TEST_F(ValueListTest, NumbersAreTextsInAList) {
+  list_.Collect(Of("SELECT [Whole] FROM [t] ORDER BY rowid"));
+  EXPECT_THAT(Values(), ElementsAre("10", "7", "3", "11", "10"));
+  EXPECT_TRUE(list_.Contains("7"));
+  EXPECT_FALSE(list_.Contains("07")) << "the list shows 7";
+  EXPECT_FALSE(list_.Contains("7.0"));
+}
+
+TEST_F(ValueListTest, ComputedNumbersAreFoundToo) {
+  list_.Collect(Of("SELECT MAX([Whole]) + 1 FROM [t]"));
+  list_.Add(Of("SELECT VAL([Text]) / 2 FROM [t] WHERE [Text] = '07'"));
+  EXPECT_THAT(Values(), ElementsAre("12", "3.5"));
+  EXPECT_TRUE(list_.Contains("12"));
+  EXPECT_TRUE(list_.Contains("3.5"));
+  EXPECT_FALSE(list_.Contains("012"));
+}
+
+TEST_F(ValueListTest, AdditionsStandBehindWhatIsThere) {
+  list_.Push("1");
+  list_.Add(Of("SELECT [Text] FROM [t] WHERE [Whole] = 7"));
+  list_.PushRange(9, 11);
+  EXPECT_THAT(Values(), ElementsAre("1", "07", "9", "10", "11"));
+  EXPECT_TRUE(list_.Contains("10"));
+  EXPECT_FALSE(list_.Contains("12"));
+}
+
+TEST_F(ValueListTest, ASubtractionTakesEveryCopyAndIgnoresWhatIsNotThere) {
+  list_.Collect(Of("SELECT [Text] FROM [t] ORDER BY rowid"));
+  list_.Subtract(Of("SELECT [Text] FROM [t] WHERE [Text] = '10' UNION SELECT 'other'"));
+  EXPECT_THAT(Values(), ElementsAre("07", "A1"));
+  EXPECT_FALSE(list_.Contains("10"));
+}
+
+TEST_F(ValueListTest, ASubtractionThatFindsNothingLeavesTheListAlone) {
+  list_.PushRange(1, 2);
+  list_.Subtract(Of("SELECT [Text] FROM [t] WHERE 0"));
+  EXPECT_THAT(Values(), ElementsAre("1", "2"));
+}
+
+TEST_F(ValueListTest, AValueThatIsTakenAwayCanComeBack) {
+  list_.PushRange(1, 3);
+  list_.Remove("2");
+  EXPECT_FALSE(list_.Contains("2"));
+  list_.Push("2");
+  EXPECT_THAT(Values(), ElementsAre("1", "3", "2"));
+  EXPECT_TRUE(list_.Contains("2"));
+}
+
+TEST_F(ValueListTest, RangesAreOfWholeNumbersAsTheyAreWritten) {
+  for (const char* value : {"-1", "0", "1", "01", "1x", "2"}) list_.Push(value);
+  list_.RemoveRange(-1, 1);
+  EXPECT_THAT(Values(), ElementsAre("01", "1x", "2"));
+  list_.PushRange(5, 4);
+  EXPECT_THAT(Values(), ElementsAre("01", "1x", "2"));
+  list_.PushRange(-2, -1);
+  EXPECT_TRUE(list_.Contains("-1"));
+  EXPECT_FALSE(list_.Contains("-01"));
+}
+
+TEST_F(ValueListTest, AListGoesOnWithTheStepsOfAnother) {
+  list_.PushRange(1, 3);
+  ValueList changes;
+  changes.Remove("2");
+  changes.Push("9");
+  list_.Append(changes);
+  EXPECT_THAT(Values(), ElementsAre("1", "3", "9"));
+  changes.Collect(Of("SELECT [Text] FROM [t] WHERE [Whole] = 7"));
+  list_.Append(changes);
+  EXPECT_THAT(Values(), ElementsAre("07"));
+  EXPECT_FALSE(list_.Contains("1"));
+}
+
+TEST_F(ValueListTest, AListShowsTheDatabaseAsItIsWhenItIsRead) {
+  list_.Collect(Of("SELECT [Text] FROM [t] WHERE [Whole] = 42"));
+  EXPECT_THAT(Values(), IsEmpty());
+  database_.Execute("INSERT INTO [t] VALUES ('new', 42, NULL)");
+  EXPECT_THAT(Values(), ElementsAre("new"));
+  EXPECT_TRUE(list_.Contains("new"));
+}
+
+// --- The look-up says what the whole list says, whatever the steps.
+
+TEST_F(ValueListTest, AValueIsContainedExactlyWhereTheWholeListHoldsIt) {
+  const std::vector<ListStatement> statements = {
+      Of("SELECT [Text] FROM [t]"),
+      Of("SELECT [Text], [About] FROM [t] WHERE [Whole] >= ?", {10}),
+      Of("SELECT [Whole], [About] FROM [t] ORDER BY [Whole]"),
+      Of("SELECT DISTINCT [Whole] FROM [t]"),
+      Of("SELECT MAX([Whole]), COUNT(*) FROM [t] GROUP BY [Text]"),
+      Of("SELECT VAL([Text]) FROM [t]"),
+      Of("SELECT [Whole] / 4.0 FROM [t]"),
+      Of("SELECT [Text] FROM [t] WHERE [Text] IN (SELECT [Whole] FROM [t])"),
+      Of("SELECT ? UNION SELECT [About] FROM [t]", {"1"}),
+  };
+  const std::vector<std::string> values = {"",    "0",  "1",    "2",   "3",   "7",     "07",  "10",  "11",  "A1",
+                                           "010", "-1", "10.0", "2.5", "ten", "seven", "1e1", " 10", "null"};
+  std::mt19937 generator(20240229);
+  const auto any = [&](std::size_t count) {
+    return std::uniform_int_distribution<std::size_t>(0, count - 1)(generator);
+  };
+  const auto number = [&] { return static_cast<long long>(any(15)) - 2; };
+  for (int round = 0; round < 400; ++round) {
+    ValueList list;
+    std::string steps;
+    for (std::size_t step = any(8); step > 0; --step) {
+      const std::size_t kind = any(8);
+      steps += std::to_string(kind) + " ";
+      switch (kind) {
+        case 0: list.Collect(statements[any(statements.size())]); break;
+        case 1:
+        case 2: list.Add(statements[any(statements.size())]); break;
+        case 3: list.Subtract(statements[any(statements.size())]); break;
+        case 4: list.Push(values[1 + any(values.size() - 1)]); break;
+        case 5: list.PushRange(number(), number()); break;
+        case 6: list.Remove(values[any(values.size())]); break;
+        default: list.RemoveRange(number(), number()); break;
+      }
+    }
+    const std::vector<ValidValue> all = list.All();
+    for (const std::string& value : values) {
+      const bool held = std::ranges::find(all, value, &ValidValue::value) != all.end();
+      ASSERT_EQ(list.Contains(value), held) << "'" << value << "' after the steps " << steps;
+    }
+  }
+}
+
+// --- The cost of a look-up.
+
+// How the database finds one value in a list of the rules.
+std::string PlanOf(Exchange& exchange, const std::string& rule, const std::string& database = "dynamic") {
+  DebugLines debug;
+  const auto list = PrepareList(exchange, rule, database, debug);
+  if (!list) return debug.front();
+  const ListStatement asked = Membership(*list, "100");
+  const RowSet plan = asked.database->Run("EXPLAIN QUERY PLAN " + asked.sql, asked.parameters);
+  std::string text;
+  for (const Value& detail : plan[3]) text += detail.text() + "\n";
+  return text;
+}
+
+TEST(ValueListPlan, AValueIsLookedUpThroughAnIndexOfItsColumn) {
+  const auto exchange = ExampleExchange();
+  for (const char* rule :
+       {"SELECT NUMSE FROM NANSI",
+        " SELECT NUMSE FROM NANSI \r\n WHERE NUMTYP = 'EX' \r\n AND USED = FALSE \r\n ORDER BY NUMSE",
+        "SELECT DISTINCT NUMSE FROM NANSI WHERE NUMTYP = 'EX'"}) {
+    const std::string plan = PlanOf(*exchange, rule);
+    EXPECT_THAT(plan, HasSubstr("NUMSE=?")) << rule;
+    EXPECT_THAT(plan, Not(HasSubstr("SCAN NANSI"))) << rule;
+  }
+}
+
+TEST(ValueListPlan, SoAreTheNumbersAndPositionsThatOtherRecordsHold) {
+  const auto exchange = ExampleExchange();
+  for (const char* rule :
+       {"SELECT DIR FROM KSEXI", " SELECT DIR FROM EXTEIDIR ", "SELECT ADN FROM KSANI",
+        "SELECT ROU, DESCRIPTION FROM ROCAI \r\nORDER BY VAL(ROU) ", " SELECT EQU FROM EQUIPMENT WHERE USED = FALSE"}) {
+    const std::string plan = PlanOf(*exchange, rule);
+    EXPECT_THAT(plan, HasSubstr("SEARCH")) << rule;
+    EXPECT_THAT(plan, HasSubstr("=?")) << rule;
+    EXPECT_THAT(plan, Not(HasSubstr("SCAN"))) << rule;
+  }
+}
+
+}  // namespace
+}  // namespace cordboard::workbench
