@@ -16,6 +16,7 @@ RunResult Session::Run(const std::string& function, std::int32_t CmdId, const Li
   const Form& open = host_->form();
   const int definition = parameter.empty() ? 1 : open.ActiveDefinition(parameter);
   const int openBefore = exchange_.OpenTransactions();
+  const int enclosing = host_->Enclose(openBefore);
   RunResult result;
   try {
     result.answer = script_.Run(definition, exchange_.release(), function, open.definition().command, CmdId, ParamList);
@@ -23,6 +24,7 @@ RunResult Session::Run(const std::string& function, std::int32_t CmdId, const Li
     result.failure = std::string(Name(failure.cause())) + ": " + failure.what();
   }
   while (exchange_.OpenTransactions() > openBefore) exchange_.RollBack();
+  host_->Enclose(enclosing);
   return result;
 }
 

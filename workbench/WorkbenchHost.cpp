@@ -240,12 +240,19 @@ bool WorkbenchHost::scStartTransaction() {
   return Succeeds([this] { exchange_.Start(); });
 }
 
+template <typename Step>
+bool WorkbenchHost::Closes(Step step) {
+  if (exchange_.OpenTransactions() > enclosing_) return Succeeds(step);
+  debugLines_.push_back("There is no transaction to close");
+  return false;
+}
+
 bool WorkbenchHost::scCommitTransaction() {
-  return Succeeds([this] { exchange_.Commit(); });
+  return Closes([this] { exchange_.Commit(); });
 }
 
 bool WorkbenchHost::scRollBackTransaction() {
-  return Succeeds([this] { exchange_.RollBack(); });
+  return Closes([this] { exchange_.RollBack(); });
 }
 
 // --- Operations of the exchange.

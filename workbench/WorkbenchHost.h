@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "script/Host.h"
@@ -32,6 +33,10 @@ class WorkbenchHost : public Host {
   const ValueList* FreshList(const std::string& parameter);
   // The parameter that a static check runs for; checks nest inside list building.
   void Checking(const std::string& parameter) { checking_ = parameter; }
+
+  // Says how many transactions stand around the Run that begins: the library can close those alone that it has started
+  // itself. Gives what was said before.
+  int Enclose(int transactions) { return std::exchange(enclosing_, transactions); }
 
   std::vector<ReportedMessage> TakeMessages();
   std::vector<std::string> TakeDebugLines();
@@ -85,6 +90,8 @@ class WorkbenchHost : public Host {
   bool ChangeList(ValueList& list, const std::string& sql, const std::string& selector, Change change);
   template <typename Step>
   bool Succeeds(Step step);
+  template <typename Step>
+  bool Closes(Step step);
 
   Exchange& exchange_;
   BuildList buildList_;
@@ -93,6 +100,7 @@ class WorkbenchHost : public Host {
   std::vector<std::string> building_;
   std::string checking_;
   bool template_ = false;
+  int enclosing_ = 0;
   std::string seriesRefusal_;
   std::vector<ReportedMessage> messages_;
   std::vector<std::string> debugLines_;
