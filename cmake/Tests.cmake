@@ -18,3 +18,12 @@ if(CORDBOARD_WORKBENCH)
   target_link_libraries(workbench-tests PRIVATE cordboard_workbench GTest::gtest GTest::gmock GTest::gtest_main)
   gtest_discover_tests(workbench-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX workbench.)
 endif()
+
+# Faults: every command with every call of its host going wrong.
+if(CORDBOARD_WORKBENCH)
+  file(GLOB fault_tests CONFIGURE_DEPENDS tests/fault/*.cpp)
+  add_executable(fault-tests ${fault_tests} ${test_support})
+  target_include_directories(fault-tests PRIVATE tests)
+  target_link_libraries(fault-tests PRIVATE cordboard_workbench GTest::gtest GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(fault-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX fault.)
+endif()
