@@ -55,3 +55,12 @@ endif()
 
 # The page of every command says what its form says.
 add_test(NAME tree.pages COMMAND ${PROJECT_SOURCE_DIR}/tools/command-pages --check)
+
+# Faults: every command with every call of its host going wrong.
+if(CORDBOARD_WORKBENCH)
+  file(GLOB fault_tests CONFIGURE_DEPENDS tests/fault/*.cpp)
+  add_executable(fault-tests ${fault_tests} ${test_support})
+  target_include_directories(fault-tests PRIVATE tests)
+  target_link_libraries(fault-tests PRIVATE cordboard_workbench GTest::gtest GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(fault-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX fault.)
+endif()

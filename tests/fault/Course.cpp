@@ -1,0 +1,150 @@
+#include "fault/Course.h"
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+#include <sstream>
+
+#include "script/MessageBox.h"
+
+namespace cordboard {
+
+namespace {
+
+// Puts the box out of sight, and notes whether there was one.
+class BoxWatch {
+ public:
+  explicit BoxWatch(bool& shown)
+      : before_(SetMessageBox([&shown](const std::string&, const std::string&, int) { shown = true; })) {}
+  ~BoxWatch() { SetMessageBox(before_); }
+  BoxWatch(const BoxWatch&) = delete;
+  BoxWatch& operator=(const BoxWatch&) = delete;
+
+ private:
+  MessageBoxHook before_;
+};
+
+List ParamListOf(const Scenario& scenario, const Deed& deed) {
+  if (deed.function == "SetInfo") return scenario.columns;
+  if (deed.function == "EditInfo") return scenario.changed;
+  if (deed.function == "GenerateCmd") return {"7"};
+  return deed.parameter.empty() ? List() : List{deed.parameter};
+}
+
+bool IsTrue(const TracedCall& call) { return call.answer.starts_with("True"); }
+
+// The lines that only one of the two has.
+std::string Difference(const std::string& before, const std::string& after) {
+  if (before == after) return "";
+  const auto lines = [](const std::string& text) {
+    std::multiset<std::string> all;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) all.insert(line);
+    return all;
+  };
+  std::vector<std::string> gone;
+  std::vector<std::string> come;
+  std::ranges::set_difference(lines(before), lines(after), std::back_inserter(gone));
+  std::ranges::set_difference(lines(after), lines(before), std::back_inserter(come));
+  std::string text;
+  for (const std::string& line : gone) text += "  - " + line + "\n";
+  for (const std::string& line : come) text += "  + " + line + "\n";
+  return text.empty() ? "the order of the rows differs\n" : text;
+}
+
+}  // namespace
+
+// Texts in single quotes and digits are values.
+std::string WithoutValues(const std::string& call) {
+  std::string words;
+  bool quoted = false;
+  for (const char c : call) {
+    if (c == '\'') quoted = !quoted;
+    if (!quoted && (c < '0' || c > '9')) words += c;
+  }
+  return words;
+}
+
+std::string OperationOf(const TracedCall& call) { return call.call.substr(0, call.call.find('(')); }
+
+std::size_t Course::Count(const std::string& operation) const {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(calls, [&](const TracedCall& call) { return OperationOf(call) == operation; }));
+}
+
+std::size_t Course::CountTrue(const std::string& operation) const {
+  return static_cast<std::size_t>(std::ranges::count_if(
+      calls, [&](const TracedCall& call) { return IsTrue(call) && OperationOf(call) == operation; }));
+}
+
+int Course::Deepest() const {
+  int open = 0;
+  int deepest = 0;
+  for (const TracedCall& call : calls) {
+    if (!IsTrue(call)) continue;
+    const std::string operation = OperationOf(call);
+    if (operation == "scStartTransaction") deepest = std::max(deepest, ++open);
+    if (operation == "scCommitTransaction" || operation == "scRollBackTransaction") --open;
+  }
+  return deepest;
+}
+
+std::string Course::LastRefused() const {
+  const auto last = std::ranges::find_if(calls.rbegin(), calls.rend(), [](const TracedCall& call) {
+    return call.answer.starts_with("False") && CanRefuse(OperationOf(call));
+  });
+  return last == calls.rend() ? "" : last->call;
+}
+
+std::string Course::Road() const {
+  std::string road;
+  std::string last;
+  for (const TracedCall& call : calls) {
+    // The arguments of these are values alone.
+    const std::string operation = OperationOf(call);
+    const bool values = operation == "scErrorMessage" || operation.find("Valid") != operation.npos ||
+                        operation == "scPrintToDebugWindow" || operation == "scNANSIinitiate";
+    const std::string step =
+        (values ? operation : WithoutValues(call.call)) + (call.answer.starts_with("False") ? "-" : "+") + "\n";
+    if (step != last) road += step;  // a loop that goes round once more is no other road
+    last = step;
+  }
+  return road + (failure ? "failed" : answer ? "True" : "False");
+}
+
+std::string Course::Transcript() const {
+  std::string text;
+  for (const TracedCall& call : calls) text += "  " + call.call + " -> " + call.answer + "\n";
+  return text + "  => " + (failure ? *failure : answer ? "True" : "False") + "\n" + difference;
+}
+
+Course Go(World& world, const std::string& before, const Scenario& scenario, const Deed& deed, std::size_t wrongCall,
+          Fault fault) {
+  Course course;
+  workbench::Transaction undone(world.exchange());
+  std::shared_ptr<TracingHost> trace;
+  {
+    const BoxWatch watch(course.box);
+    workbench::Session session(world.exchange(), [&](std::shared_ptr<Host> workbench) {
+      return trace = std::make_shared<TracingHost>(std::make_shared<FailingHost>(workbench, wrongCall, fault));
+    });
+    scenario.Fill(session);
+    session.host().Checking(deed.parameter);
+    const auto changes = world.Changes();
+    course.openBefore = world.exchange().OpenTransactions();
+    try {
+      const workbench::RunResult result =
+          session.Run(deed.function, scenario.CmdId, ParamListOf(scenario, deed), deed.parameter);
+      course.answer = result.answer;
+      course.failure = result.failure;
+    } catch (const std::exception& escaped) {
+      course.escaped = escaped.what();
+    }
+    course.openAfter = world.exchange().OpenTransactions();
+    course.calls = trace->calls();
+    if (!course.Succeeded() && world.Changes() != changes) course.difference = Difference(before, world.Dump());
+  }
+  return course;
+}
+
+}  // namespace cordboard

@@ -1,0 +1,188 @@
+#include "fault/World.h"
+
+#include <algorithm>
+
+#include "script/Conversions.h"
+#include "workbench/Names.h"
+#include "workbench/NumberSeries.h"
+#include "workbench/Plant.h"
+#include "workbench/Resources.h"
+
+namespace cordboard {
+
+namespace {
+
+using workbench::Column;
+using workbench::Connection;
+using workbench::DatabaseSchema;
+using workbench::Table;
+
+constexpr std::uint32_t seed = 20;
+constexpr std::size_t rowsPerTable = 4;
+constexpr std::size_t mostKnown = 100;
+constexpr int categories = 6;
+
+const workbench::Schema& Tables() {
+  static const workbench::Schema schema = workbench::ReadSchema(workbench::Resource("schema.json"));
+  return schema;
+}
+
+std::string Capitals(std::string name) {
+  for (char& c : name) c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  return name;
+}
+
+bool StartsWith(const std::string& name, const std::string& beginning) {
+  return name.size() > beginning.size() && workbench::SameName(name.substr(0, beginning.size()), beginning);
+}
+
+// The generated lines are the library's output; no row of them stands before.
+bool IsOutput(const Table& table) { return workbench::SameName(table.name, "BuiltCmd"); }
+
+RowSet Rows(Connection& database, const Table& table) {
+  return database.Run("SELECT * FROM [" + table.name + "] ORDER BY rowid");
+}
+
+// Puts all rows of a database into one text, in one statement: a test does so thousands of times.
+std::string DumpStatement(const DatabaseSchema& database) {
+  std::string rows;
+  for (const Table& table : database.tables) {
+    rows += (rows.empty() ? "SELECT '" : " UNION ALL SELECT '") + table.name + ":'";
+    for (const Column& column : table.columns) rows += " || ' ' || quote([" + column.name + "])";
+    rows += " AS line FROM [" + table.name + "]";
+  }
+  return "SELECT group_concat(line, x'0A') FROM (" + rows + ")";
+}
+
+Value AsText(const Value& value) { return value.IsNull() ? value : Value(Joined(value)); }
+
+// The value of the row, with that chance, or any.
+const Value& Choose(const std::vector<Value>& known, std::size_t row, unsigned percent, Random& random) {
+  return random.Chance(percent) ? known[row % known.size()] : random.Of(known);
+}
+
+}  // namespace
+
+World::World(const std::string& release) {
+  workbench::Plant plant = workbench::ReadPlant("example");
+  plant.categories = categories;
+  exchange_ = workbench::Exchange::CreateInMemory(release, plant);
+  Random random(seed, release);
+  known_["RELEASE"] = {release};
+
+  // Numbers of every type.
+  Connection& fixed = *exchange_->Database("static");
+  const RowSet types =
+      fixed.Run("SELECT DISTINCT [Value] FROM [ParamValueDesc] WHERE [Command] = 'NANSI' AND [Param] = 'NUMTYP'");
+  for (std::size_t i = 0; i < types.RowCount(); ++i) {
+    const std::string first = std::to_string(300 + 10 * i);
+    workbench::InitiateSeries(*exchange_, first + "&&" + std::to_string(305 + 10 * i), Joined(types[0][i]));
+  }
+
+  fixed.Execute("PRAGMA query_only = 0");
+  for (const char* selector : {"static", "dynamic", "site"}) {
+    for (const Table& table : Tables().Database(selector).tables)
+      FillTable(*exchange_->Database(selector), table, random);
+  }
+  fixed.Execute("PRAGMA query_only = 1");
+}
+
+// A table that the plant or the release has filled keeps its rows; what is null there gets values in most rows.
+void World::FillTable(Connection& database, const Table& table, Random& random) {
+  if (IsOutput(table)) return;
+  const RowSet given = Rows(database, table);
+  database.Run("DELETE FROM [" + table.name + "]");
+  const std::size_t count = given.IsEmpty() ? rowsPerTable : given.RowCount();
+  for (std::size_t row = 0; row < count; ++row) {
+    std::vector<Value> values;
+    std::string places;
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+      const Value stands = given.IsEmpty() ? Value::Null() : given[i][row];
+      values.push_back(stands.IsNull() ? CellFor(table, table.columns[i], row, random) : stands);
+      places += places.empty() ? "?" : ", ?";
+    }
+    database.Run("INSERT INTO [" + table.name + "] VALUES (" + places + ")", values);
+  }
+  Learn(table, Rows(database, table));
+}
+
+// The first table that has a column of the name tells its values, in the order of the rows, so that columns of one
+// table go together. Fixed values are told under the name of their parameter.
+void World::Learn(const Table& table, const RowSet& rows) {
+  for (std::size_t column = 0; column < rows.ColumnCount(); ++column) {
+    std::vector<Value>& known = known_[Capitals(table.columns[column].name)];
+    if (!known.empty()) continue;
+    for (std::size_t row = 0; row < std::min(rows.RowCount(), mostKnown); ++row) known.push_back(rows[column][row]);
+  }
+  if (table.name != "ParamValueDesc") return;
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    const std::string parameter = Capitals(Joined(rows[1][row]));
+    known_[parameter].push_back(rows[2][row]);
+    known_[Capitals(Joined(rows[0][row])) + "." + parameter].push_back(rows[2][row]);
+  }
+}
+
+const std::vector<Value>& World::Known(const std::string& command, const std::string& name) {
+  const std::vector<Value>& own = known_[Capitals(command + "." + name)];
+  return own.empty() ? known_[Capitals(name)] : own;
+}
+
+Value World::CellFor(const Table& table, const Column& column, std::size_t row, Random& random) {
+  if (workbench::SameName(column.name, "CmdId")) return exchange_->NewCmdId();
+  if (column.type == Column::Type::Truth) return random.Chance(50);
+  if (random.Chance(4)) return Value::Null();
+  if (column.type == Column::Type::Whole) return random.Below(4);
+  const std::vector<Value>* known = &Known(table.name, column.name);
+  if (known->empty() && random.Chance(60)) known = &known_["NUMSE"];
+  if (!known->empty() && random.Chance(95)) return AsText(Choose(*known, row, 92, random));
+  return random.Chance(70) ? random.TextOf("0123456789", 1, 5) : random.TextOf("ABCDEFX", 1, 6);
+}
+
+std::vector<const Table*> World::TablesOf(const std::string& command) {
+  const DatabaseSchema& database = Tables().Database("dynamic");
+  if (const Table* table = database.Find(command)) return {table};
+  std::vector<const Table*> tables;
+  for (const Table& table : database.tables) {
+    if (StartsWith(table.name, command)) tables.push_back(&table);
+  }
+  return tables;
+}
+
+std::vector<std::string> World::TablesOfRecords() {
+  std::vector<std::string> tables;
+  for (const Table& table : Tables().Database("dynamic").tables) {
+    if (table.Find("CmdId") != nullptr && table.name != "NANSI") tables.push_back(table.name);
+  }
+  return tables;
+}
+
+Value World::ValueFor(const std::string& command, const std::string& parameter, std::size_t row, Random& random) {
+  const std::vector<Value>& known = Known(command, parameter);
+  if (!known.empty() && random.Chance(60)) return Joined(Choose(known, row, 50, random));
+  switch (random.Below(10)) {
+    case 0:
+    case 1: return {};
+    case 2: return "";
+    case 3: return random.Chance(20) ? Value("it's") : Value(random.TextOf("ABCDEF", 1, 4));
+    case 4: return random.TextOf("0123456789", 8, 30);
+    case 5: return random.TextOf("0123456789ABab &-.", 1, 8);
+    case 6: return Joined(random.Of(known_["NUMSE"]));
+    default: return random.TextOf("0123456789", 1, 4);
+  }
+}
+
+std::pair<Value, Value> World::Changes() {
+  const auto count = [this](const char* selector) {
+    return exchange_->Database(selector)->Single("SELECT total_changes()");
+  };
+  return {count("dynamic"), count("site")};
+}
+
+std::string World::Dump() {
+  static const std::string dynamic = DumpStatement(Tables().Database("dynamic"));
+  static const std::string site = DumpStatement(Tables().Database("site"));
+  return Joined(exchange_->Dynamic().Single(dynamic)) + "\nTemplates\n" +
+         Joined(exchange_->Database("site")->Single(site));
+}
+
+}  // namespace cordboard
