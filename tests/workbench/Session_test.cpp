@@ -75,7 +75,7 @@ TEST_F(SessionTest, WithoutAFormThereIsNothingToRun) {
 
 TEST_F(SessionTest, AFailureOfTheCallIsToldWithItsCause) {
   faulty_->failStatements = true;
-  EXPECT_EQ(Run(gespi_, "DeleteInfo", 1), "HostFailure: the host is gone");
+  EXPECT_EQ(Run(gespi_, "DeleteInfo", 1), "its rules broke off; HostFailure: the host is gone");
 }
 
 // --- What a call leaves open.
@@ -151,7 +151,7 @@ TEST_F(SessionTest, AListWhoseCommandFailsIsReported) {
   ASSERT_EQ(messages.size(), 1u);
   EXPECT_EQ(messages[0].code, "61020");
   EXPECT_EQ(messages[0].arguments, std::vector<Value>{"CDNAL"});
-  EXPECT_THAT(session_.host().TakeDebugLines().back(), HasSubstr("GetValidValForParam of CDNAL failed (TypeMismatch"));
+  EXPECT_THAT(session_.host().TakeDebugLines().back(), HasSubstr("TypeMismatch"));
 }
 
 // --- The host of the process.
