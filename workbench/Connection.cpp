@@ -147,7 +147,7 @@ RowSet Connection::RunRule(const std::string& sql, const std::vector<Value>& par
 }
 
 RowSet Connection::Step(sqlite3_stmt* statement, const std::vector<Value>& parameters) {
-  if (open_ > 0 && IsTransactionLost()) throw DatabaseError("the database has given up the transaction");
+  if (open_ > 0 && IsTransactionLost()) throw DatabaseError("the database has given up the transaction" + lostBy_);
   if (sqlite3_bind_parameter_count(statement) != static_cast<int>(parameters.size()))
     throw DatabaseError("the statement does not take these parameters");
   for (std::size_t i = 0; i < parameters.size(); ++i) Bind(statement, static_cast<int>(i) + 1, parameters[i]);
@@ -163,7 +163,10 @@ RowSet Connection::Step(sqlite3_stmt* statement, const std::vector<Value>& param
   }
   // The reset gives the step's failure once more; the message stays until the next call.
   const int reset = sqlite3_reset(statement);
-  if (code != SQLITE_DONE || reset != SQLITE_OK) Fail();
+  if (code != SQLITE_DONE || reset != SQLITE_OK) {
+    if (open_ > 0 && IsTransactionLost()) lostBy_ = std::string(": ") + sqlite3_errmsg(database_.get());
+    Fail();
+  }
   return RowSet(std::move(columns));
 }
 

@@ -76,6 +76,7 @@ class Connection {
   Statements kept_;
   Statements keptRules_;
   bool readOnly_ = false;
+  std::string lostBy_;  // why the database gave up a transaction
   int open_ = 0;
 };
 

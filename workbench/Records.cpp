@@ -57,7 +57,8 @@ std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinit
 
 void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form) {
   for (const std::string& column : definition.columns) {
-    if (definition.Find(column) == nullptr) continue;
+    // A whole comes even where the form shows its digits alone: an edit of one digit keeps the others.
+    if (definition.Find(column) == nullptr && definition.FoldingOf(column) == nullptr) continue;
     const Value stored =
         exchange.Dynamic().Single("SELECT [" + column + "] FROM [" + definition.table + "] WHERE [CmdId] = ?", {CmdId});
     if (!stored.IsNull()) form.Set(column, Joined(stored));

@@ -287,7 +287,7 @@ TEST_F(ConnectionTest, WhatFollowsALostTransactionFailsUntilAllAreRolledBack) {
   Insert("before");
   database_.Run("INSERT INTO [u] VALUES ('1')");
   EXPECT_THROW(database_.Run("INSERT INTO [u] VALUES ('1')"), DatabaseError);
-  const std::string lost = "the database has given up the transaction";
+  const std::string lost = "the database has given up the transaction: UNIQUE constraint failed: u.a";
   EXPECT_EQ(Refusal<DatabaseError>([&] { Insert("behind"); }), lost);
   EXPECT_EQ(Refusal<DatabaseError>([&] { database_.Start(); }), lost);
   EXPECT_EQ(Refusal<DatabaseError>([&] { database_.Commit(); }), lost);

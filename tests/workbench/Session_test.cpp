@@ -12,8 +12,10 @@
 namespace cordboard::workbench {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 // A host in front of the workbench in which chosen operations answer False or fail.
 class Faulty : public ForwardingHost {
@@ -50,7 +52,7 @@ class SessionTest : public testing::Test {
   }
   std::string RunOpen(const std::string& function, std::int32_t CmdId, const List& ParamList) {
     const RunResult result = session_.Run(function, CmdId, ParamList);
-    std::string text = result.failure ? *result.failure : result.answer ? "True" : "False";
+    std::string text = result.failure ? "failed: " + *result.failure : result.answer ? "True" : "False";
     for (const ReportedMessage& message : session_.host().TakeMessages()) text += " " + message.code;
     return text;
   }
@@ -75,14 +77,14 @@ TEST_F(SessionTest, WithoutAFormThereIsNothingToRun) {
 
 TEST_F(SessionTest, AFailureOfTheCallIsToldWithItsCause) {
   faulty_->failStatements = true;
-  EXPECT_EQ(Run(gespi_, "DeleteInfo", 1), "its rules broke off; HostFailure: the host is gone");
+  EXPECT_THAT(Run(gespi_, "DeleteInfo", 1), AllOf(StartsWith("failed: "), HasSubstr("the host is gone")));
 }
 
 // --- What a call leaves open.
 
 TEST_F(SessionTest, ATransactionLeftOpenByAFailureIsRolledBack) {
   EXPECT_EQ(Run(sydas_, "SetInfo"), "True");
-  EXPECT_THAT(Run(sydas_, "SetInfo"), HasSubstr("SubscriptOutOfRange"));
+  EXPECT_THAT(Run(sydas_, "SetInfo"), StartsWith("failed: "));
   EXPECT_EQ(exchange_->OpenTransactions(), 0);
   EXPECT_EQ(Count(*exchange_, "SYDAS"), 1);
 }
@@ -96,7 +98,7 @@ TEST_F(SessionTest, ATransactionLeftOpenByARuleIsRolledBack) {
 TEST_F(SessionTest, WhatStoodAroundTheCallStaysOpen) {
   Transaction plan(*exchange_);
   EXPECT_EQ(Run(sydas_, "SetInfo"), "True");
-  EXPECT_THAT(Run(sydas_, "SetInfo"), HasSubstr("SubscriptOutOfRange"));
+  EXPECT_THAT(Run(sydas_, "SetInfo"), StartsWith("failed: "));
   faulty_->refuseArray = true;
   EXPECT_EQ(Run(roddi_, "SetInfo"), "False 61020");
   EXPECT_EQ(exchange_->OpenTransactions(), 1);
@@ -151,7 +153,7 @@ TEST_F(SessionTest, AListWhoseCommandFailsIsReported) {
   ASSERT_EQ(messages.size(), 1u);
   EXPECT_EQ(messages[0].code, "61020");
   EXPECT_EQ(messages[0].arguments, std::vector<Value>{"CDNAL"});
-  EXPECT_THAT(session_.host().TakeDebugLines().back(), HasSubstr("TypeMismatch"));
+  EXPECT_THAT(session_.host().TakeDebugLines().back(), HasSubstr("GetValidValForParam of CDNAL failed ("));
 }
 
 // --- The host of the process.
@@ -161,7 +163,7 @@ TEST_F(SessionTest, TheEndOfASessionLeavesTheLibraryWithoutAHost) {
     const auto other = ExampleExchange();
     Session second(*other);
   }
-  EXPECT_THAT(Run(gespi_, "SetInfo"), HasSubstr("NoHost"));
+  EXPECT_THAT(Run(gespi_, "SetInfo"), AllOf(StartsWith("failed: "), HasSubstr("NoHost")));
 }
 
 }  // namespace

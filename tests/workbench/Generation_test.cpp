@@ -1,0 +1,126 @@
+#include "workbench/Generation.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <sstream>
+
+#include "script/ForwardingHost.h"
+#include "script/RunTimeFailure.h"
+#include "workbench/Plan.h"
+#include "workbench/support/TestExchange.h"
+
+namespace cordboard::workbench {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+// A host whose inserts of lines are refused, or whose statements fail.
+class Faulty : public ForwardingHost {
+ public:
+  using ForwardingHost::ForwardingHost;
+  bool refuseLines = false;
+  bool fail = false;
+
+  bool scRunQuery(const std::string& sql, RowSet* rows, const Selector& database) override {
+    if (fail) throw RunTimeFailure(RunTimeFailure::Cause::HostFailure, "the host is gone");
+    if (refuseLines && sql.starts_with("INSERT INTO BuiltCmd")) return false;
+    return ForwardingHost::scRunQuery(sql, rows, database);
+  }
+};
+
+class GenerationTest : public testing::Test {
+ protected:
+  void Apply(const std::string& plan) {
+    std::istringstream in(plan);
+    ASSERT_TRUE(ApplyPlan(session_, {{"plan", in}}, {}).kept);
+  }
+
+  std::vector<std::string> Lines() {
+    std::vector<std::string> lines;
+    for (const GeneratedLine& line : Generate(session_).lines) lines.push_back(line.command + " " + line.text);
+    return lines;
+  }
+
+  std::unique_ptr<Exchange> exchange_ = ExampleExchange();
+  std::shared_ptr<Faulty> faulty_;
+  Session session_{*exchange_, [this](std::shared_ptr<Host> workbench) {
+                     return faulty_ = std::make_shared<Faulty>(std::move(workbench));
+                   }};
+};
+
+TEST_F(GenerationTest, AnEmptyExchangeHasNoLines) {
+  const Generated generated = Generate(session_);
+  EXPECT_THAT(generated.lines, IsEmpty());
+  EXPECT_THAT(generated.problems, IsEmpty());
+}
+
+TEST_F(GenerationTest, LinesStandInTheNotationOfTheExchange) {
+  Apply("NANSI:NUMTYP=EX,NUMSE=100&&199;\nNANSI:NUMTYP=AI,NUMSE=9;\n");
+  EXPECT_THAT(Lines(), ElementsAre("NANSI NANSI:NUMTYP=EX,NUMSE=100&&199;", "NANSI NANSI:NUMTYP=AI,NUMSE=9;"));
+}
+
+TEST_F(GenerationTest, LinesAreTheSameEachTime) {
+  Apply("NANSI:NUMTYP=EX,NUMSE=100&&199;\nNANSI:NUMTYP=AI,NUMSE=9;\ndelete NANSI NUMSE=150;\n");
+  const auto first = Lines();
+  EXPECT_EQ(first.size(), 3u);
+  EXPECT_EQ(Lines(), first);
+}
+
+TEST_F(GenerationTest, TheExchangeIsLeftAsItIs) {
+  Apply("NANSI:NUMTYP=EX,NUMSE=100&&199;\n");
+  Lines();
+  EXPECT_EQ(Count(*exchange_, "BuiltCmd"), 0);
+  EXPECT_EQ(Rows(*exchange_, "SELECT COUNT(*) FROM [main].[BuiltCmd]"), "[[0]]");
+  EXPECT_EQ(exchange_->OpenTransactions(), 0);
+}
+
+TEST_F(GenerationTest, LinesThatStoodThereBeforeAreNotTakenTwice) {
+  exchange_->Dynamic().Run("INSERT INTO [main].[BuiltCmd] VALUES (1, 'old')");
+  EXPECT_THAT(Lines(), IsEmpty());
+}
+
+TEST_F(GenerationTest, GeneratedLinesCanBeApplied) {
+  Apply("NANSI:NUMTYP=EX,NUMSE=100&&199;\nNANSI:NUMTYP=AI,NUMSE=9;\n");
+  const auto lines = Generate(session_).lines;
+  const auto other = ExampleExchange();
+  Session session(*other);
+  std::string plan;
+  for (const GeneratedLine& line : lines) plan += line.text + "\n";
+  std::istringstream in(plan);
+  EXPECT_TRUE(ApplyPlan(session, {{"plan", in}}, {}).kept);
+  EXPECT_EQ(Rows(*other, "SELECT NUMSE, NUMTYP FROM NANSI"), Rows(*exchange_, "SELECT NUMSE, NUMTYP FROM NANSI"));
+}
+
+TEST_F(GenerationTest, WhatGoesWrongIsToldByCommand) {
+  Apply("NANSI:NUMTYP=EX,NUMSE=100;\n");
+  faulty_->refuseLines = true;
+  const Generated generated = Generate(session_);
+  EXPECT_THAT(generated.lines, IsEmpty());
+  ASSERT_EQ(generated.problems.size(), 1u);
+  EXPECT_EQ(generated.problems[0].first, "NANSI");
+  EXPECT_EQ(exchange_->OpenTransactions(), 0);
+}
+
+TEST_F(GenerationTest, AFailureOfTheCallIsToldToo) {
+  faulty_->fail = true;
+  const Generated generated = Generate(session_);
+  const auto ofNANSI = std::ranges::find(generated.problems, "NANSI", &std::pair<std::string, Problem>::first);
+  ASSERT_NE(ofNANSI, generated.problems.end());
+  EXPECT_THAT(ofNANSI->second.message, HasSubstr("the host is gone"));
+  EXPECT_EQ(exchange_->OpenTransactions(), 0);
+}
+
+TEST(GenerationOrder, HoldsEveryCommandThatGeneratesOnce) {
+  const std::set<std::string> order(GenerationOrder().begin(), GenerationOrder().end());
+  EXPECT_EQ(order.size(), GenerationOrder().size());
+  for (const FormDefinition* form : Forms())
+    EXPECT_TRUE(!form->generates || order.contains(form->command)) << form->command;
+}
+
+}  // namespace
+}  // namespace cordboard::workbench
