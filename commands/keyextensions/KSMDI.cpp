@@ -46,10 +46,10 @@ bool Insert(const List& columns, const List& record) {
   return OrReport(scSQLInsert("KSMDI", columns, record), addContext, Message::InsertFailed, "KSMDI");
 }
 
-// Takes the record step by step through `add`: for each extension with the one key on the form, or, where the form has
-// no DIR, for each composite key.
-template <typename Step>
-bool AddEach(const List& columns, Step addByDIR, Step addByDIRK) {
+// Adds a record for each extension, all with the one key on the form, or, where the form has no DIR, for each composite
+// key. The first that cannot be added ends it.
+using AddRecord = bool (*)(const List& record);
+bool AddEach(const List& columns, AddRecord addByDIR, AddRecord addByDIRK) {
   return InTransaction(addContext, [&] {
     const Value given = scGetParamValue("DIR");
     Debug("DIR = ", given);
@@ -90,11 +90,10 @@ bool ApplyMNS(const List& record) {
 
 // MNS does nothing for composite keys.
 bool AddWithMNS(const Action&) {
-  using Step = bool (*)(const List& record);
-  const Step addByDIR = [](const List& record) {
+  const auto addByDIR = [](const List& record) {
     return HasRoom(record[1]) && ApplyMNS(record) && Insert(columnsWithMNS, record);
   };
-  const Step addByDIRK = [](const List& record) { return HasRoom(record[1]) && Insert(columnsWithMNS, record); };
+  const auto addByDIRK = [](const List& record) { return HasRoom(record[1]) && Insert(columnsWithMNS, record); };
   return AddEach(columnsWithMNS, addByDIR, addByDIRK);
 }
 
