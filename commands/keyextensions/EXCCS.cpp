@@ -28,7 +28,8 @@ bool ListCAT(const Action& action) {
                   "GetValidValForParam", Message::DescribedListNotBuilt, action.Parameter());
 }
 
-// Takes out the roles that other categories have. The value "1&2" is never taken out.
+// Takes out the roles that other categories have. The value "1&2" is never taken out. The answer is that of the last
+// removal.
 bool ListCATTYP(const Action& action) {
   const std::string parameter = action.Parameter();
   if (!GetValuesAndDescription(action)) return false;
@@ -38,14 +39,15 @@ bool ListCATTYP(const Action& action) {
     return false;
   if (rows.IsEmpty()) return true;
   const Value CAT = scGetParamValue("CAT");
+  bool flag = true;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
     if (!Differs(rows[0][row], CAT)) continue;
     const Value& CATTYP = rows[1][row];
     const bool both = Equals(CATTYP, "1&2");
-    if ((both || Equals(CATTYP, "1")) && !scRemoveFromValidValues(parameter, "1")) return false;
-    if ((both || Equals(CATTYP, "2")) && !scRemoveFromValidValues(parameter, "2")) return false;
+    if (both || Equals(CATTYP, "1")) flag = scRemoveFromValidValues(parameter, "1");
+    if (both || Equals(CATTYP, "2")) flag = scRemoveFromValidValues(parameter, "2");
   }
-  return true;
+  return flag;
 }
 
 // Reports under the context of lists, though it is a check.
@@ -57,10 +59,10 @@ bool CheckCAT(const Action&) {
 
 const List columns{"TRAF", "SERV", "CDIV", "ROC", "CATTYP", "DESCRIPTION"};
 
-bool Count(const std::string& context, const std::string& sql, std::int32_t& count) {
+bool Count(const std::string& context, const std::string& sql, Value& count) {
   RowSet rows;
   if (!OrReport(scRunQuery(sql, rows), context, Message::StatementFailed)) return false;
-  count = ToInt32(rows[0][0]);
+  count = rows[0][0];
   return true;
 }
 
@@ -68,10 +70,10 @@ bool Count(const std::string& context, const std::string& sql, std::int32_t& cou
 bool RoleIsFree(const std::string& context, std::int32_t CmdId, const Value& CATTYP) {
   const bool minimum = Equals(CATTYP, "1");
   if (!minimum && !Equals(CATTYP, "2")) return true;
-  std::int32_t count = 0;
+  Value count;
   return Count(context, Sql("SELECT COUNT(*) FROM EXCCS WHERE (CATTYP =  '", CATTYP, "') AND NOT CMDID = ", CmdId),
                count) &&
-         OrReport(count == 0, context, Message::CategoryRoleTaken, minimum ? "MIN" : "DEFAULT");
+         OrReport(!Differs(count, 0), context, Message::CategoryRoleTaken, minimum ? "MIN" : "DEFAULT");
 }
 
 // No two categories may have the same four strings. The report of one that has them bears a context of its own.
@@ -85,7 +87,7 @@ bool StringsAreUnique(const std::string& context, const Value& CAT, const List& 
     Report(context, Message::RecordNotRead, "EXCCS");
     return false;
   }
-  return OrReport(ToInt32(rows[0][0]) == 0, "Quorvel", Message::SameCategoryExists);
+  return OrReport(!Differs(rows[0][0], 0), "Quorvel", Message::SameCategoryExists);
 }
 
 // Frees the additional numbers of the category; their records stay. This happens on every edit, whatever the new SERV:
@@ -149,9 +151,9 @@ bool Edit(const Action& action) { return WriteCategory(action, action.CmdId, fal
 // The tables are asked in this order, and the first that holds the category shows the box.
 bool IsUnused(const std::string& context, double CAT) {
   for (const char* table : {"EXTEIDIR", "KSEXI", "KSANI", "AUCOI_Central", "AUCOI_Regional", "ITNUI"}) {
-    std::int32_t count = 0;
+    Value count;
     if (!Count(context, Sql("SELECT COUNT(*) FROM ", table, " WHERE CAT = '", CAT, "'"), count)) return false;
-    if (count != 0) {
+    if (Differs(count, 0)) {
       ShowMessageBox("Cannot delete as there are extensions initiated with this category", "Error", InformationBox);
       return false;
     }

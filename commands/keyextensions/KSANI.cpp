@@ -42,7 +42,7 @@ bool Add(const Action& action) {
 
     RowSet rows;
     if (!CAT.IsBlank() && !ReadSERV(context, CAT, rows)) return false;
-    return OrReport(InsertExtension(ADN, "EX"), context, Message::InsertFailed, action.CmdName) &&
+    return OrReport(InsertExtension(ADN, "EX"), context, Message::InsertFailed) &&
            OrReport(scSQLInsert(action.CmdName, columns, values), context, Message::InsertFailed, action.CmdName) &&
            OrReport(scRunQuery(Sql("DELETE * FROM KSFKC WHERE KEY = '", KEY, "' AND DIR = '", DIR, "'")), context,
                     Message::StatementFailed);
@@ -133,8 +133,8 @@ bool KSANI_DeleteInfo(const Action& action) {
                   Message::RecordNotRead, action.CmdName))
       return false;
     const Value& ADN = rows[0][0];
-    return OrReport(!ADN.IsBlank(), context, Message::ColumnHasNoValue, "ADN") &&
-           OrReport(DeleteExtOpeGrp(ADN), context, Message::CleanUpFailed, ADN);
+    return OrReport(!ADN.IsEmpty(), context, Message::ColumnHasNoValue, "ADN") &&
+           OrReport(DeleteExtOpeGrp(ADN), context, Message::CleanUpFailed);
   });
 }
 

@@ -47,7 +47,7 @@ bool ListADC_D1(const Action& action) {
       return false;
     if (rows.IsEmpty()) return true;
     const Value& ADC = rows[0][0];
-    zeroAlone = ADC.IsBlank() || Left(ToText(ADC), 1) == "0";
+    zeroAlone = ADC.IsEmpty() || ADC.IsNull() || Left(ToText(ADC), 1) == "0";
   }
   const bool listed =
       zeroAlone ? scCollectValuesAndDesc(
@@ -60,8 +60,8 @@ bool ListADC_D1(const Action& action) {
 // The releases R6 and R6/1 have no list.
 bool ListADC_D11(const Action& action) { return !IsR6(action) && GetValuesAndDescription(action); }
 
-// The definition follows the instruments 0 to 24, compared as texts; any other leaves it as it was. An owner that
-// cannot be read or is not in KSEXI changes nothing.
+// The definition follows the instruments 0 to 24, compared as texts; any other, or one that the form does not take,
+// leaves it as it was. An owner that cannot be read or is not in KSEXI changes nothing.
 bool CheckDIR(const Action& action) {
   const std::string context = "StatCheck: " + action.CmdName;
   const Value DIR = scGetParamValue("DIR");
@@ -72,7 +72,7 @@ bool CheckDIR(const Action& action) {
   if (rows.IsEmpty()) return true;
   const std::string ITYPE = Joined(rows[0][0]);
   for (int instrument = 0; instrument <= 24; ++instrument) {
-    if (ITYPE == std::to_string(instrument) && !scActiveDefinition("KEY", instrument + 1)) return false;
+    if (ITYPE == std::to_string(instrument)) scActiveDefinition("KEY", instrument + 1);
   }
   return Revalidate(context, "KEY", KEY) && scResetParam("ADC_D1");
 }

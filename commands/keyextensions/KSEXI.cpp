@@ -64,7 +64,7 @@ bool ReadOld(const Action& action, const std::string& context, const std::string
 bool EditDIR(const Action& action, const std::string& context, const Value& DIR) {
   Value old;
   if (!ReadOld(action, context, "DIR", old)) return false;
-  if (old.IsBlank()) {
+  if (old.IsEmpty()) {
     Report(context, Message::ColumnHasNoValue, "DIR");
     return false;
   }
@@ -75,7 +75,7 @@ bool EditDIR(const Action& action, const std::string& context, const Value& DIR)
 bool EditEQU(const Action& action, const std::string& context, const Value& EQU) {
   Value old;
   if (!ReadOld(action, context, "EQU", old)) return false;
-  if (old.IsBlank()) {
+  if (old.IsEmpty()) {
     Report(context, Message::ColumnHasNoValue, "EQU");
     return true;
   }
@@ -83,15 +83,14 @@ bool EditEQU(const Action& action, const std::string& context, const Value& EQU)
 }
 
 // Deletes what is on keys that the new instrument does not have; the numbers of the deleted records stay in use. An
-// instrument without any keys makes a list that is no statement, and so cannot be chosen.
+// instrument without any keys, or with keys that cannot be read, makes a list that is no statement, and so cannot be
+// chosen.
 bool EditITYPE(const Action& action, const std::string& context, const Value& ITYPE) {
   const Value DIR = scGetParamValue("DIR");
   RowSet rows;
-  const bool read =
-      scRunQuery(Sql("SELECT Value FROM ParamValueDesc WHERE Command = 'KSANI' AND  Param = 'KEY' AND DefinitionNo = ",
-                     KeyDefinition(ITYPE)),
-                 rows, "static");
-  if (!OrReport(read, context, Message::StatementFailed)) return false;
+  scRunQuery(Sql("SELECT Value FROM ParamValueDesc WHERE Command = 'KSANI' AND  Param = 'KEY' AND DefinitionNo = ",
+                 KeyDefinition(ITYPE)),
+             rows, "static");
   std::string keys;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) keys += Text(row == 0 ? "('" : ",'", Trim(rows[0][row]), "'");
   if (!rows.IsEmpty()) keys += ")";

@@ -35,7 +35,8 @@ bool HasRoom(const Value& DIR) {
     Debug(" Error getting the number of MDN's");
     return false;
   }
-  if (ToInt32(rows[0][0]) < 30) return true;
+  const auto count = Compare(rows[0][0], 30);
+  if (!count || *count < 0) return true;
   Debug("The maximum numbers of MDN's have been initiated for this DIR");
   Report(addContext, Message::TooManyMDN, "30", "MDNs", "DIR");
   return false;

@@ -127,6 +127,27 @@ TEST(EXCCS, ListOfRolesReportsAStepThatFails) {
   }
 }
 
+// The removal of one role answers False.
+class KeepsRole : public ScriptedHost {
+ public:
+  explicit KeepsRole(const std::string& role) : role_(role) {}
+  bool scRemoveFromValidValues(const std::string& name, const Value& value) override {
+    return ScriptedHost::scRemoveFromValidValues(name, value) && value != Value(role_);
+  }
+
+ private:
+  std::string role_;
+};
+
+TEST(EXCCS, ListOfRolesGoesOnBehindARoleThatIsNotTakenOutAndAnswersForTheLast) {
+  for (const char* kept : {"1", "2"}) {
+    KeepsRole host(kept);
+    host.Rows(readRoles, {{"1"}, {"1&2"}});
+    EXPECT_EQ(host.Run(Act("GetValidValForParam", {"CATTYP"})), kept == std::string("1"));
+    EXPECT_EQ(host.Effects(), Lines({whole, QueryLine(readRoles), Remove("1"), Remove("2")}));
+  }
+}
+
 // --- Edit.
 
 const std::string readStored = "SELECT TRAF, SERV, CDIV, ROC, CATTYP, DESCRIPTION FROM EXCCS WHERE CmdID = 7";

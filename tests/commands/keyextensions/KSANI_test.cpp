@@ -197,7 +197,7 @@ struct OwnersADC {
 
 TEST(KSANI, FirstDigitOfADCDoesNotGoBeyondThatOfTheOwner) {
   for (const auto& [ADC, isZeroAlone] :
-       {OwnersADC{"01234", true}, OwnersADC{"0", true}, OwnersADC{"", true}, OwnersADC{Null, true},
+       {OwnersADC{"01234", true}, OwnersADC{"0", true}, OwnersADC{"", false}, OwnersADC{Null, true},
         OwnersADC{Value(), true}, OwnersADC{"112", false}, OwnersADC{" 0", false}}) {
     ScriptedHost host;
     host.Param("DIR", "100");
@@ -319,7 +319,6 @@ TEST_F(KSANICheck, OfTheOwnerStopsAtTheStepThatFails) {
     return asked.Effects();
   };
   EXPECT_EQ(run("scRunQuery", readITYPE), Lines({QueryLine(readITYPE)}));
-  EXPECT_EQ(run("scActiveDefinition", "KEY"), Lines({QueryLine(readITYPE), Activate(4)}));
   EXPECT_EQ(run("scResetParam", "KEY"),
             Lines({QueryLine(readITYPE), Activate(4), resetKey, MessageLine(checking, "61013, \"KEY\"")}));
   EXPECT_EQ(run("scGetValidValues", "KEY"),
@@ -328,6 +327,13 @@ TEST_F(KSANICheck, OfTheOwnerStopsAtTheStepThatFails) {
                                                   MessageLine(checking, "61016, \"KEY\"")}));
   EXPECT_EQ(run("scResetParam", "ADC_D1"),
             Lines({QueryLine(readITYPE), Activate(4), resetKey, askKeys, setKey, resetADC}));
+}
+
+TEST_F(KSANICheck, OfTheOwnerGoesOnWhereTheDefinitionIsNotTaken) {
+  host.Rows(readITYPE, {{"3"}});
+  host.Refuse("scActiveDefinition");
+  EXPECT_TRUE(host.Run(Act("StatCheck", {"DIR"})));
+  EXPECT_EQ(host.Effects(), Lines({QueryLine(readITYPE), Activate(4), resetKey, askKeys, setKey, resetADC}));
 }
 
 // --- Add.
@@ -407,7 +413,7 @@ TEST(KSANI, AddReportsTheStepThatFailsAndRollsBack) {
   EXPECT_EQ(run("scRunQuery", readSERV), begin + Lines({MessageLine(adding, "62000"), rollBack}));
   EXPECT_EQ(run("scRunQuery", AsSent(MarkNumberSql("500", "True"))),
             begin + Lines({StatementLine(MarkNumberSql("500", "True")), MessageLine("SetNumberUsed", "61005, \"500\""),
-                           insertFailed, rollBack}));
+                           MessageLine(adding, "61024"), rollBack}));
   EXPECT_EQ(run("scSQLInsert", "KSANI"), begin + Lines({TakeNumber("500"), Insert("\"3\""), insertFailed, rollBack}));
   EXPECT_EQ(run("scRunQuery", displace), begin + Lines({TakeNumber("500"), Insert("\"3\""), StatementLine(displace),
                                                         MessageLine(adding, "62000"), rollBack}));
@@ -592,15 +598,22 @@ TEST(KSANI, DeleteReportsTheStepThatFails) {
   EXPECT_FALSE(host.Run(Act("DeleteInfo")));
   EXPECT_EQ(host.Calls(),
             Lines({start, QueryLine(readOld), FreeNumber("500"), MessageLine("DeleteExtOpeGrp: 500", "62000"),
-                   MessageLine(deleting, "61026, \"500\""), rollBack}));
+                   MessageLine(deleting, "61026"), rollBack}));
 }
 
-TEST(KSANI, DeleteOfARecordWithoutNumberReportsAndRollsBack) {
-  for (const Value& ADN : {Value(""), Null, Value()}) {
+TEST(KSANI, DeleteOfARecordWithAnEmptyNumberReportsAndRollsBack) {
+  ScriptedHost host;
+  host.Rows(readOld, {{Value()}});
+  EXPECT_FALSE(host.Run(Act("DeleteInfo")));
+  EXPECT_EQ(host.Calls(), Lines({start, QueryLine(readOld), MessageLine(deleting, "60005, \"ADN\""), rollBack}));
+}
+
+TEST(KSANI, DeleteFreesANullAndAnEmptyTextLikeAnyNumber) {
+  for (const Value& ADN : {Value(""), Null}) {
     ScriptedHost host;
     host.Rows(readOld, {{ADN}});
-    EXPECT_FALSE(host.Run(Act("DeleteInfo")));
-    EXPECT_EQ(host.Calls(), Lines({start, QueryLine(readOld), MessageLine(deleting, "60005, \"ADN\""), rollBack}));
+    EXPECT_TRUE(host.Run(Act("DeleteInfo")));
+    EXPECT_EQ(host.Calls(), Lines({start, QueryLine(readOld), FreeNumber(""), commit}));
   }
 }
 

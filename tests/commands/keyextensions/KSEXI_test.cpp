@@ -412,17 +412,15 @@ TEST(KSEXI, EditToANumberOfMoreThanFiveCharactersEndsAndRollsBackAllBeforeIt) {
             Lines({start, StatementLine(Write("CUST", "")), MessageLine(editing, "60049, \"DIR\""), rollBack}));
 }
 
-TEST(KSEXI, EditOfARecordWithoutNumberReportsAndFailsButAParameterBehindItCanStillDecide) {
-  for (const Value& old : {Value(""), Value::Null(), Value()}) {
-    ScriptedHost host;
-    host.Param("DIR", "200");
-    host.Rows(readDIR, {{old}});
-    EXPECT_FALSE(host.Run(Act("EditInfo", {"DIR"})));
-    EXPECT_EQ(host.Effects(), Lines({start, QueryLine(readDIR), MessageLine(editing, "60005, \"DIR\""), rollBack}));
-  }
+TEST(KSEXI, EditOfARecordWithAnEmptyNumberReportsAndFailsButAParameterBehindItCanStillDecide) {
+  ScriptedHost alone;
+  alone.Param("DIR", "200");
+  alone.Rows(readDIR, {{Value()}});
+  EXPECT_FALSE(alone.Run(Act("EditInfo", {"DIR"})));
+  EXPECT_EQ(alone.Effects(), Lines({start, QueryLine(readDIR), MessageLine(editing, "60005, \"DIR\""), rollBack}));
   ScriptedHost host;
   host.Param("DIR", "200");
-  host.Rows(readDIR, {{""}});
+  host.Rows(readDIR, {{Value()}});
   EXPECT_TRUE(host.Run(Act("EditInfo", {"DIR", "TRM"})));
   EXPECT_TRUE(host.Effects().ends_with(Lines({StatementLine(Write("TRM", "")), commit})));
 }
@@ -466,13 +464,26 @@ TEST(KSEXI, EditMovesThePosition) {
                    StatementLine("UPDATE KSEXI SET EQU = 'E2'{NL} WHERE CmdId = 7"), commit}));
 }
 
-TEST(KSEXI, EditOfARecordWithoutPositionReportsAndCommits) {
-  for (const Value& old : {Value(""), Value::Null(), Value()}) {
+TEST(KSEXI, EditOfARecordWithAnEmptyPositionReportsAndCommits) {
+  ScriptedHost host;
+  host.Param("EQU", "E2");
+  host.Rows(readEQU, {{Value()}});
+  EXPECT_TRUE(host.Run(Act("EditInfo", {"EQU"})));
+  EXPECT_EQ(host.Effects(), Lines({start, QueryLine(readEQU), MessageLine(editing, "60005, \"EQU\""), commit}));
+}
+
+TEST(KSEXI, EditMovesANullOrAnEmptyTextLikeAnyNumberAndAnyPosition) {
+  for (const Value& old : {Value(""), Value::Null()}) {
     ScriptedHost host;
+    host.Param("DIR", "200");
     host.Param("EQU", "E2");
+    host.Rows(readDIR, {{old}});
     host.Rows(readEQU, {{old}});
-    EXPECT_TRUE(host.Run(Act("EditInfo", {"EQU"})));
-    EXPECT_EQ(host.Effects(), Lines({start, QueryLine(readEQU), MessageLine(editing, "60005, \"EQU\""), commit}));
+    EXPECT_TRUE(host.Run(Act("EditInfo", {"DIR", "EQU"})));
+    EXPECT_EQ(host.Effects(), Lines({start, QueryLine(readDIR), MoveNumber("", "200"), QueryLine(readEQU),
+                                     StatementLine("UPDATE EQUIPMENT SET USED = FALSE{NL} WHERE EQU = ''"),
+                                     StatementLine("UPDATE EQUIPMENT SET USED = TRUE{NL} WHERE EQU = 'E2'"),
+                                     StatementLine("UPDATE KSEXI SET EQU = 'E2'{NL} WHERE CmdId = 7"), commit}));
   }
 }
 
@@ -547,12 +558,15 @@ TEST(KSEXI, EditToAnInstrumentWithoutKeysMakesAStatementThatCannotRun) {
                                    MessageLine(editing, "61011, \"ITYPE\""), rollBack}));
 }
 
-TEST(KSEXI, EditReportsKeysThatCannotBeRead) {
+TEST(KSEXI, EditTakesKeysThatCannotBeReadForNone) {
   ScriptedHost host;
+  host.Param("DIR", "100");
   host.Param("ITYPE", "3");
   host.Refuse("scRunQuery", readKeys);
+  host.Refuse("scRunQuery", DeleteOther("KSFKC", ""));
   EXPECT_FALSE(host.Run(Act("EditInfo", {"ITYPE"})));
-  EXPECT_EQ(host.Effects(), Lines({start, readKeysCall, MessageLine(editing, "62000"), rollBack}));
+  EXPECT_EQ(host.Effects(), Lines({start, readKeysCall, StatementLine(DeleteOther("KSFKC", "")),
+                                   MessageLine(editing, "61011, \"ITYPE\""), rollBack}));
 }
 
 TEST(KSEXI, EditReportsThatTheTransactionDidNotStartCommitOrRollBack) {
