@@ -60,8 +60,8 @@ bool ListADC_D1(const Action& action) {
 // The releases R6 and R6/1 have no list.
 bool ListADC_D11(const Action& action) { return !IsR6(action) && GetValuesAndDescription(action); }
 
-// The definition follows the instruments 0 to 24, compared as texts; any other leaves it as it was. An owner that
-// cannot be read or is not in KSEXI changes nothing.
+// The definition follows the instruments 0 to 24, compared as texts; any other, or one that the form does not take,
+// leaves it as it was. An owner that cannot be read or is not in KSEXI changes nothing.
 bool CheckDIR(const Action& action) {
   const std::string context = "StatCheck: " + action.CmdName;
   const Value DIR = scGetParamValue("DIR");

@@ -68,6 +68,13 @@ TEST(ExtensionADC, FirstDigitFollowsTheCategoryOnlyIfTheStatementFindsOne) {
   {
     ScriptedHost host;
     host.Param("CAT", "7");
+    host.Rows(readSERV, {{Value::Null()}});
+    EXPECT_TRUE(ListFirst(host));
+    EXPECT_EQ(host.Effects(), Lines({whole, QueryLine(readSERV)}));
+  }
+  {
+    ScriptedHost host;
+    host.Param("CAT", "7");
     host.Rows(readSERV, {{"111111102"}});
     EXPECT_TRUE(ListFirst(host));
     EXPECT_EQ(host.Effects(), Lines({whole, QueryLine(readSERV), withoutTwo}));

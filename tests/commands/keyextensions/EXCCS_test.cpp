@@ -99,7 +99,7 @@ TEST(EXCCS, ListOfRolesIsWholeWhereNoCategoryHasOne) {
 TEST(EXCCS, ListOfRolesLosesThoseOfOtherCategoriesButNeverBothInOne) {
   ScriptedHost host;
   host.Param("CAT", "3");
-  host.Rows(readRoles, {{"1", "3", "4", "5", "6"}, {"1", "2", "2", "1&2", "3"}});
+  host.Rows(readRoles, {{"1", "3", "4", "5", "6", "7"}, {"1", "2", "2", "1&2", "3", Value::Null()}});
   EXPECT_TRUE(host.Run(Act("GetValidValForParam", {"CATTYP"})));
   EXPECT_EQ(host.Calls(),
             Lines({whole, QueryLine(readRoles), Read("CAT"), Remove("1"), Remove("2"), Remove("1"), Remove("2")}));
@@ -124,6 +124,27 @@ TEST(EXCCS, ListOfRolesReportsAStepThatFails) {
     host.Refuse("scRemoveFromValidValues");
     EXPECT_FALSE(host.Run(Act("GetValidValForParam", {"CATTYP"})));
     EXPECT_EQ(host.Effects(), Lines({whole, QueryLine(readRoles), Remove(role)}));
+  }
+}
+
+// The removal of one role answers False.
+class KeepsRole : public ScriptedHost {
+ public:
+  explicit KeepsRole(const std::string& role) : role_(role) {}
+  bool scRemoveFromValidValues(const std::string& name, const Value& value) override {
+    return ScriptedHost::scRemoveFromValidValues(name, value) && value != Value(role_);
+  }
+
+ private:
+  std::string role_;
+};
+
+TEST(EXCCS, ListOfRolesGoesOnBehindARoleThatIsNotTakenOutAndAnswersForTheLast) {
+  for (const char* kept : {"1", "2"}) {
+    KeepsRole host(kept);
+    host.Rows(readRoles, {{"1"}, {"1&2"}});
+    EXPECT_EQ(host.Run(Act("GetValidValForParam", {"CATTYP"})), kept == std::string("1"));
+    EXPECT_EQ(host.Effects(), Lines({whole, QueryLine(readRoles), Remove("1"), Remove("2")}));
   }
 }
 
@@ -175,18 +196,29 @@ TEST_F(EXCCSEdit, ReadsACategoryThatBeginsWithZeroByItsLastCharacter) {
                                    QueryLine(readNumbers), commit}));
 }
 
-TEST_F(EXCCSEdit, TrimsTheValuesForTheSearchAloneAndFindsNothingEqualToANull) {
-  host.Param("TRAF", " t ");
+TEST_F(EXCCSEdit, TrimsTheValuesForTheSearchAlone) {
+  for (const char* name : {"CAT", "TRAF", "SERV", "CDIV", "ROC"})
+    host.Param(name, std::string(" ") + (name == std::string("CAT") ? "3" : std::string(1, name[0])) + " ");
+  const std::string search =
+      "SELECT COUNT(*) FROM EXCCS WHERE CAT <> '3' AND TRAF = 'T' AND  SERV = 'S' AND CDIV = 'C' AND ROC = 'R'";
+  const std::string sweep = "SELECT CmdID from KSANI WHERE CAT = ' 3 '";
+  host.Rows(search, {{0}});
+  host.Rows(sweep, {});
+  EXPECT_TRUE(host.Run(Act("EditInfo", {})));
+  EXPECT_EQ(host.Effects(),
+            Lines({start, QueryLine(readStored), QueryLine(search),
+                   "scSQLUpdate(\"EXCCS\", [\"TRAF\", \"SERV\", \"CDIV\", \"ROC\", \"CATTYP\", \"DESCRIPTION\"], [\" T "
+                   "\", \" S \", \" C \", \" R \", Empty, Empty], [\"CAT\", Empty], [\" 3 \", Empty])",
+                   QueryLine(sweep), commit}));
+}
+
+TEST_F(EXCCSEdit, SearchesForANullAsForAnEmptyText) {
   host.Param("ROC", Value::Null());
   const std::string search =
       "SELECT COUNT(*) FROM EXCCS WHERE CAT <> '3' AND TRAF = 't' AND  SERV = 's' AND CDIV = 'c' AND ROC = ''";
   host.Rows(search, {{0}});
   EXPECT_TRUE(host.Run(Act("EditInfo", {})));
-  EXPECT_EQ(host.Effects(),
-            Lines({start, QueryLine(readStored), QueryLine(search),
-                   "scSQLUpdate(\"EXCCS\", [\"TRAF\", \"SERV\", \"CDIV\", \"ROC\", \"CATTYP\", \"DESCRIPTION\"], [\" t "
-                   "\", \"s\", \"c\", Null, Empty, Empty], [\"CAT\", Empty], [\"3\", Empty])",
-                   QueryLine(readNumbers), commit}));
+  EXPECT_TRUE(host.Effects().starts_with(Lines({start, QueryLine(readStored), QueryLine(search)})));
 }
 
 TEST_F(EXCCSEdit, RefusesTheRoleOfAnotherCategoryButTestsNotBothInOne) {
@@ -204,6 +236,23 @@ TEST_F(EXCCSEdit, RefusesTheRoleOfAnotherCategoryButTestsNotBothInOne) {
   EXPECT_TRUE(host.Run(Act("EditInfo", {})));
   EXPECT_TRUE(host.Effects().ends_with(Lines({start, QueryLine(readStored), QueryLine(countSame),
                                               Update("\"1&2\"", "Empty"), QueryLine(readNumbers), commit})));
+}
+
+TEST_F(EXCCSEdit, TakesNullsForNoRoleAndForNoZeroInFront) {
+  host.Param("CATTYP", Value::Null());
+  host.Param("CAT", Value::Null());
+  const std::string search =
+      "SELECT COUNT(*) FROM EXCCS WHERE CAT <> '' AND TRAF = 't' AND  SERV = 's' AND CDIV = 'c' AND ROC = 'r'";
+  const std::string sweep = "SELECT CmdID from KSANI WHERE CAT = ''";
+  host.Rows(search, {{0}});
+  host.Rows(sweep, {});
+  EXPECT_TRUE(host.Run(Act("EditInfo", {})));
+  EXPECT_EQ(
+      host.Effects(),
+      Lines({start, QueryLine(readStored), QueryLine(search),
+             "scSQLUpdate(\"EXCCS\", [\"TRAF\", \"SERV\", \"CDIV\", \"ROC\", \"CATTYP\", \"DESCRIPTION\"], [\"t\", "
+             "\"s\", \"c\", \"r\", Null, Empty], [\"CAT\", Empty], [Null, Empty])",
+             QueryLine(sweep), commit}));
 }
 
 TEST_F(EXCCSEdit, TakesARoleThatIsFree) {
@@ -503,9 +552,9 @@ const Value Null = Value::Null();
 TEST(EXCCS, GeneratesTheStringsInTheOrderOfTheLineAndLeavesOutWhatHasNoValue) {
   ScriptedHost host;
   host.Rows(readAll, ByColumn({{1, " 1 ", "c", "r", "t", "s", Null, "d"},
-                               {2, "2", Null, "", "t", Value(), Null, Null},
+                               {2, "2", "", "", "t", Value(), Null, Null},
                                {3, "3", Null, Null, Null, Null, Null, "blank"},
-                               {4, "4", Null, Null, Null, Null, "", Null}}));
+                               {4, "4", Null, Null, "", Null, "", Null}}));
   EXPECT_TRUE(host.Run(Act("GenerateCmd", {"5.9"})));
   EXPECT_EQ(host.Calls(), Lines({QueryLine(readAll), DebugLine("EXCCS:CAT=1,CDIV=c,ROC=r,SERV=s,TRAF=t;"),
                                  Built("EXCCS:CAT=1,CDIV=c,ROC=r,SERV=s,TRAF=t;"), DebugLine("EXCCS:CAT=2,TRAF=t;"),

@@ -329,6 +329,13 @@ TEST_F(KSANICheck, OfTheOwnerStopsAtTheStepThatFails) {
             Lines({QueryLine(readITYPE), Activate(4), resetKey, askKeys, setKey, resetADC}));
 }
 
+TEST_F(KSANICheck, OfTheOwnerGoesOnWhereTheDefinitionIsNotTaken) {
+  host.Rows(readITYPE, {{"3"}});
+  host.Refuse("scActiveDefinition");
+  EXPECT_TRUE(host.Run(Act("StatCheck", {"DIR"})));
+  EXPECT_EQ(host.Effects(), Lines({QueryLine(readITYPE), Activate(4), resetKey, askKeys, setKey, resetADC}));
+}
+
 // --- Add.
 
 const std::string adding = "Add: KSANI";
@@ -658,6 +665,21 @@ TEST(KSANI, GeneratesTheCategoryOrAllFourStringsTheSameOnEveryRelease) {
                      read, Built("KSANI:DIR=100,ADN=501,KEY=6,TRAF=t,SERV=s,CDIV=c,ROC=r;"), read,
                      Built("KSANI:DIR=100,TRAF=,SERV=,CDIV=,ROC=;"), read, Built("KSANI:DIR=100,ADN=502,CAT=;")}));
   }
+}
+
+TEST(KSANI, GeneratesBlanksTrimmedAndEmptyTextsWithTheirNamesAsTheyAreNotNull) {
+  ScriptedHost host;
+  std::vector<Value> withoutCAT(11, " x ");
+  withoutCAT[3] = Null;
+  host.Rows(readAll, ByColumn({std::vector<Value>(11, " "), std::vector<Value>(11, " x "), withoutCAT}));
+  host.Rows(ReadITYPE(""), {});
+  host.Rows(ReadITYPE("x"), {});
+  EXPECT_TRUE(host.Run(Act("GenerateCmd", {"12"})));
+  EXPECT_EQ(host.Calls(),
+            Lines({QueryLine(readAll), QueryLine(ReadITYPE("")), Built("KSANI:DIR=,ADN=,KEY=,CAT=,ADC=,CUST=,CALALT=;"),
+                   QueryLine(ReadITYPE("x")), Built("KSANI:DIR=x,ADN=x,KEY=x,CAT=x,ADC=x,CUST=x,CALALT=x;"),
+                   QueryLine(ReadITYPE("x")),
+                   Built("KSANI:DIR=x,ADN=x,KEY=x,TRAF=x,SERV=x,CDIV=x,ROC=x,ADC=x,CUST=x,CALALT=x;")}));
 }
 
 TEST(KSANI, GeneratesALineEvenForARecordWithoutAnyValue) {

@@ -396,6 +396,14 @@ TEST(KSEXI, EditMovesTheUseOfTheNumberAndLeavesTheColumnToTheHost) {
   EXPECT_EQ(host.Effects(), Lines({start, QueryLine(readDIR), MoveNumber("100", "12345"), commit}));
 }
 
+TEST(KSEXI, EditToANullNumberMovesItsUseToNothing) {
+  ScriptedHost host;
+  host.Param("DIR", Value::Null());
+  host.Rows(readDIR, {{"100"}});
+  EXPECT_TRUE(host.Run(Act("EditInfo", {"DIR"})));
+  EXPECT_EQ(host.Effects(), Lines({start, QueryLine(readDIR), MoveNumber("100", ""), commit}));
+}
+
 TEST(KSEXI, EditToANumberOfMoreThanFiveCharactersEndsAndRollsBackAllBeforeIt) {
   ScriptedHost host;
   host.Param("DIR", "123456");
@@ -462,6 +470,21 @@ TEST(KSEXI, EditOfARecordWithAnEmptyPositionReportsAndCommits) {
   host.Rows(readEQU, {{Value()}});
   EXPECT_TRUE(host.Run(Act("EditInfo", {"EQU"})));
   EXPECT_EQ(host.Effects(), Lines({start, QueryLine(readEQU), MessageLine(editing, "60005, \"EQU\""), commit}));
+}
+
+TEST(KSEXI, EditMovesANullOrAnEmptyTextLikeAnyNumberAndAnyPosition) {
+  for (const Value& old : {Value(""), Value::Null()}) {
+    ScriptedHost host;
+    host.Param("DIR", "200");
+    host.Param("EQU", "E2");
+    host.Rows(readDIR, {{old}});
+    host.Rows(readEQU, {{old}});
+    EXPECT_TRUE(host.Run(Act("EditInfo", {"DIR", "EQU"})));
+    EXPECT_EQ(host.Effects(), Lines({start, QueryLine(readDIR), MoveNumber("", "200"), QueryLine(readEQU),
+                                     StatementLine("UPDATE EQUIPMENT SET USED = FALSE{NL} WHERE EQU = ''"),
+                                     StatementLine("UPDATE EQUIPMENT SET USED = TRUE{NL} WHERE EQU = 'E2'"),
+                                     StatementLine("UPDATE KSEXI SET EQU = 'E2'{NL} WHERE CmdId = 7"), commit}));
+  }
 }
 
 TEST(KSEXI, EditReportsAPositionThatCannotBeReadOrFreed) {
@@ -661,6 +684,16 @@ TEST(KSEXI, GeneratesWithoutLANGForR6) {
   }
 }
 
+TEST(KSEXI, GeneratesBlanksTrimmedAndEmptyTextsWithTheirNamesAsTheyAreNotNull) {
+  ScriptedHost host;
+  host.Rows(readLater, ByColumn({std::vector<Value>(14, " "), std::vector<Value>(14, " x ")}));
+  EXPECT_TRUE(host.Run(Act("GenerateCmd", {"12"})));
+  EXPECT_EQ(host.Effects(),
+            Lines({QueryLine(readLater),
+                   Built("KSEXI:DIR=,ITYPE=,ACCTYP=,EQU=,TRAF=,SERV=,CDIV=,ROC=,ADC=,TRM=,CUST=,CALALT=,LANG=;"),
+                   Built("KSEXI:DIR=x,ITYPE=x,ACCTYP=x,EQU=x,CAT=x,ADC=x,TRM=x,CUST=x,CALALT=x,LANG=x;")}));
+}
+
 TEST(KSEXI, GeneratesAllFourStringsInThePlaceOfACategoryEvenWithoutValues) {
   ScriptedHost host;
   host.Rows(readLater, ByColumn({{"100", Null, Null, Null, Null, Null, Null, Null, Null, Null, Null, Null, Null, Null},
@@ -672,9 +705,11 @@ TEST(KSEXI, GeneratesAllFourStringsInThePlaceOfACategoryEvenWithoutValues) {
 
 TEST(KSEXI, GeneratesAnEmptyTextAsACategoryOnR6Alone) {
   ScriptedHost host;
-  host.Rows(readR6, ByColumn({{"101", Null, " ", "t", "s", "c", "r", Null, Null, Null, Null, Null, Null}}));
+  host.Rows(readR6, ByColumn({{"101", Null, " ", "t", "s", "c", "r", Null, Null, Null, Null, Null, Null},
+                              {"102", Null, Null, "t", "s", "c", "r", Null, Null, Null, Null, Null, Null}}));
   EXPECT_TRUE(host.Run(Act("GenerateCmd", {"12"}, "R6")));
-  EXPECT_EQ(host.Effects(), Lines({QueryLine(readR6), Built("KSEXI:DIR=101,CAT=;")}));
+  EXPECT_EQ(host.Effects(), Lines({QueryLine(readR6), Built("KSEXI:DIR=101,CAT=;"),
+                                   Built("KSEXI:DIR=102,TRAF=t,SERV=s,CDIV=c,ROC=r;")}));
 }
 
 TEST(KSEXI, GeneratesTheLineBeforeOnceMoreForARecordWithoutNumberPositionAndInstrument) {

@@ -534,13 +534,16 @@ TEST(KSFKC, AddByCompositeKeyReadsFunctionAndDigitsInEveryPassAndDoesNotTestThem
                 Lines({commit}));
 }
 
-TEST(KSFKC, AddByCompositeKeyOfTNSDisplacesNothing) {
-  ScriptedHost host;
-  host.Array("DIRK", {"1-2"});
-  host.Param("FCN", "TNS");
-  EXPECT_TRUE(host.Run(Act("SetInfo")));
-  EXPECT_EQ(host.Effects(), beginByDIRK + Lines({"scBuildCmdID()"}) +
-                                Times(3, Lines({Insert(1001, "1", "2", "1-2", "\"TNS\"", "Empty")})) + Lines({commit}));
+TEST(KSFKC, AddByCompositeKeyOfTNSOrANullDisplacesNothing) {
+  for (const Value& FCN : {Value("TNS"), Null}) {
+    ScriptedHost host;
+    host.Array("DIRK", {"1-2"});
+    host.Param("FCN", FCN);
+    EXPECT_TRUE(host.Run(Act("SetInfo")));
+    EXPECT_EQ(host.Effects(), beginByDIRK + Lines({"scBuildCmdID()"}) +
+                                  Times(3, Lines({Insert(1001, "1", "2", "1-2", TraceText(FCN), "Empty")})) +
+                                  Lines({commit}));
+  }
 }
 
 TEST(KSFKC, AddByACompositeKeyWithoutCharactersInsertsNothing) {
@@ -705,6 +708,13 @@ TEST_F(KSFKCEdit, ToANumberOfMoreThanFiveCharactersEndsAndRollsBackAllBeforeIt) 
                    MessageLine(editing, "60049, \"DIR\""), rollBack}));
 }
 
+TEST_F(KSFKCEdit, ToANullNumberWritesAnEmptyText) {
+  host.Param("DIR", Null);
+  EXPECT_TRUE(host.Run(Act("EditInfo", {"DIR"})));
+  EXPECT_EQ(host.Effects(),
+            Lines({start, StatementLine(Write("DIRK", "-13")), StatementLine(Write("DIR", "")), commit}));
+}
+
 TEST_F(KSFKCEdit, ReportsThatTheTransactionDidNotStartCommitOrRollBack) {
   {
     ScriptedHost refusing;
@@ -737,6 +747,16 @@ TEST(KSFKC, GeneratesALineForEachKeyAndLeavesOutWhatHasNoValue) {
             Lines({QueryLine(readAll), QueryLine(ReadITYPE("100")), Built("KSFKC:DIR=100,KEY=5,FCN=TNS,DIG=12;"),
                    QueryLine(ReadITYPE("100")), Built("KSFKC:DIR=100,KEY=6,FCN=ABC;"), QueryLine(ReadITYPE("100")),
                    Built("KSFKC:DIR=100;"), QueryLine(ReadITYPE("100")), Built("KSFKC:DIR=100,KEY=7,FCN=DEF;")}));
+}
+
+TEST(KSFKC, GeneratesBlanksTrimmedAndLeavesOutAnEmptyTextOfTheDigitsAlone) {
+  ScriptedHost host;
+  host.Rows(readAll, ByColumn({{" ", " ", " ", " "}, {" x ", " x ", " x ", " x "}}));
+  host.Rows(ReadITYPE(""), {});
+  host.Rows(ReadITYPE("x"), {});
+  EXPECT_TRUE(host.Run(Act("GenerateCmd", {"12"})));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(readAll), QueryLine(ReadITYPE("")), Built("KSFKC:DIR=,KEY=,FCN=;"),
+                                 QueryLine(ReadITYPE("x")), Built("KSFKC:DIR=x,KEY=x,FCN=x,DIG=x;")}));
 }
 
 TEST(KSFKC, GeneratesTheReleaseOfAFixedKeyInFrontInOneRow) {
@@ -773,6 +793,15 @@ TEST(KSFKC, GeneratesWithTheInstrumentOfTheLineBeforeForAnExtensionThatIsNotTher
       Lines({QueryLine(readAll), QueryLine(ReadITYPE("101")), Built("KSFKC:DIR=101,KEY=13,FCN=ABC;"),
              QueryLine(ReadITYPE("100")), Built("KSFKC:DIR=100,KEY=13,FCN=TNS;{LF}KSFKC:DIR=100,KEY=13,FCN=ABC;"),
              QueryLine(ReadITYPE("101")), Built("KSFKC:DIR=101,KEY=13,FCN=TNS;{LF}KSFKC:DIR=101,KEY=13,FCN=ABC;")}));
+}
+
+TEST(KSFKC, GeneratesALineForARecordThatHasOneOfNumberKeyAndFunction) {
+  ScriptedHost host;
+  host.Rows(readAll, ByColumn({{Null, "5", Null, Null}, {Null, Null, "ABC", Null}}));
+  host.Rows(ReadITYPE(""), {});
+  EXPECT_TRUE(host.Run(Act("GenerateCmd", {"12"})));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(readAll), QueryLine(ReadITYPE("")), Built("KSFKC:DIR=,KEY=5;"),
+                                 QueryLine(ReadITYPE("")), Built("KSFKC:DIR=,FCN=ABC;")}));
 }
 
 TEST(KSFKC, GeneratesTheTextBeforeOnceMoreForARecordWithoutNumberKeyAndFunction) {

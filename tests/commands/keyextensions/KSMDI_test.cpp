@@ -625,6 +625,16 @@ TEST(KSMDI, GeneratesTheDigitsFromR7OnAndLeavesOutWhatHasNoValue) {
                                  read, Built("KSMDI:DIR=100,KEY=6,MDN=500;"), read, Built("KSMDI:DIR=100,CALALT=;")}));
 }
 
+TEST(KSMDI, GeneratesBlanksTrimmedAndLeavesOutAnEmptyTextOfTheDigitsAlone) {
+  ScriptedHost host;
+  host.Rows(readLater, ByColumn({std::vector<Value>(5, " "), std::vector<Value>(5, " x ")}));
+  host.Rows(ReadITYPE(""), {});
+  host.Rows(ReadITYPE("x"), {});
+  EXPECT_TRUE(host.Run(Act("GenerateCmd", {"12"})));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(readLater), QueryLine(ReadITYPE("")), Built("KSMDI:DIR=,KEY=,MDN=,CALALT=;"),
+                                 QueryLine(ReadITYPE("x")), Built("KSMDI:DIR=x,KEY=x,MDN=x,CALALT=x,DIG=x;")}));
+}
+
 TEST(KSMDI, GeneratesWithoutDigitsBeforeR7) {
   for (const char* release : {"R6", "R6/1"}) {
     ScriptedHost host;
@@ -647,6 +657,15 @@ TEST(KSMDI, GeneratesTheReleaseOfAFixedKeyInFrontInOneRow) {
     const std::string release = fixed ? "KSFKC:DIR=100,KEY=" + key + ",FCN=TNS;{LF}" : "";
     EXPECT_TRUE(host.Calls().ends_with(Lines({Built(release + "KSMDI:DIR=100,KEY=" + key + ",MDN=500;")})));
   }
+}
+
+TEST(KSMDI, GeneratesALineForARecordThatHasOneOfNumberKeyAndMDN) {
+  ScriptedHost host;
+  host.Rows(readLater, ByColumn({{Null, "5", Null, Null, Null}, {Null, Null, "500", Null, Null}}));
+  host.Rows(ReadITYPE(""), {});
+  EXPECT_TRUE(host.Run(Act("GenerateCmd", {"12"})));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(readLater), QueryLine(ReadITYPE("")), Built("KSMDI:DIR=,KEY=5;"),
+                                 QueryLine(ReadITYPE("")), Built("KSMDI:DIR=,MDN=500;")}));
 }
 
 TEST(KSMDI, GeneratesTheTextBeforeOnceMoreForARecordWithoutNumberKeyAndMDN) {
