@@ -38,6 +38,8 @@ class Form {
 
  private:
   std::string Folded(const Folding& folding) const;
+  std::string Composed(const Folding& folding) const;
+  void SetParts(const Folding& folding, std::string whole);
 
   const FormDefinition& definition_;
   std::map<std::string, Value> values_;
