@@ -22,6 +22,7 @@ std::string Traits(const ParameterDefinition& parameter) {
   add(parameter.range, "range (1&&9)");
   add(parameter.list || parameter.fixed, "list");
   add(parameter.check, "check");
+  add(parameter.next, "next");
   return traits;
 }
 
@@ -45,7 +46,8 @@ void HelpAsJson(const workbench::FormDefinition& form) {
                           {"multiple", parameter.multiple},
                           {"range", parameter.range},
                           {"list", parameter.list || parameter.fixed},
-                          {"check", parameter.check}});
+                          {"check", parameter.check},
+                          {"next", parameter.next}});
   PrintJson({{"command", form.command},
              {"title", form.title},
              {"help", form.help},

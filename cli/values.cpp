@@ -23,8 +23,11 @@ struct Options {
   bool json = false;
 };
 
-void CheckParameter(const workbench::FormDefinition& form, const std::string& name) {
-  if (form.Find(name) != nullptr) return;
+void CheckParameter(const workbench::FormDefinition& form, const std::string& name, const std::string& release) {
+  if (const workbench::ParameterDefinition* parameter = form.Find(name)) {
+    if (parameter->IsIn(release)) return;
+    throw Exit{NotFound, "the release " + release + " does not have the parameter " + name + " in " + form.command};
+  }
   std::vector<std::string> names;
   for (const auto& parameter : form.parameters) names.push_back(parameter.name);
   throw Exit{NotFound,
@@ -34,7 +37,7 @@ void CheckParameter(const workbench::FormDefinition& form, const std::string& na
 int Values(const Options& options) {
   const auto exchange = OpenExchange(options.file);
   const workbench::FormDefinition& form = FormOf(options.command);
-  CheckParameter(form, options.parameter);
+  CheckParameter(form, options.parameter, exchange->release());
   std::vector<workbench::Assignment> given;
   for (const std::string& text : options.given) {
     try {
@@ -54,8 +57,7 @@ int Values(const Options& options) {
   if (list == nullptr)
     throw Exit{NotFound, form.command + " has no list of values for " + options.parameter + "; any value may be typed"};
 
-  std::vector<workbench::ValidValue> all = list->All();
-  if (options.limit > 0 && all.size() > options.limit) all.resize(options.limit);
+  const std::vector<workbench::ValidValue> all = options.limit > 0 ? list->First(options.limit) : list->All();
   if (options.json) {
     nlohmann::json data = nlohmann::json::array();
     for (const auto& [value, description] : all) data.push_back({{"value", value}, {"description", description}});

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "workbench/Connection.h"
+#include "workbench/Elements.h"
 #include "workbench/Resources.h"
 
 namespace cordboard::workbench {
@@ -19,17 +20,36 @@ bool HoldsFor(const json& entry, const std::string& release) {
   return releases == entry.end() || std::find(releases->begin(), releases->end(), json(release)) != releases->end();
 }
 
+std::string Replaced(std::string text, const std::string& sign, const std::string& value) {
+  const std::size_t at = text.find(sign);
+  return at == text.npos ? text : text.replace(at, sign.size(), value);
+}
+
+// A value that is a range ("1&&16") stands for all of it, and % in its description for the single value.
+void EnterList(Connection& database, const std::string& command, const std::string& parameter, int definition,
+               const json& values) {
+  for (const json& entry : values) {
+    const std::string typed = entry.at(0);
+    for (const std::string& value : HoldsRange(typed) ? Elements(typed) : std::vector<std::string>{typed})
+      database.Run(
+          "INSERT INTO [ParamValueDesc] ([Command], [Param], [Value], [ValDesc], [DefinitionNo]) VALUES (?, ?, ?, ?, "
+          "?)",
+          {command, parameter, value, Replaced(entry.at(1), "%", value), definition});
+  }
+}
+
 // {"command": ..., "parameters": {NAME: [{"definition": 1, "releases": [...], "values": [[value, description], ...]}]}}
+// Several commands share a file with "commands", several definitions a list with "definitions".
 void EnterLists(Connection& database, const json& data, const std::string& release) {
+  const std::vector<std::string> commands =
+      data.contains("command") ? json::array({data.at("command")}) : data.at("commands");
   for (const auto& [parameter, lists] : data.at("parameters").items()) {
     for (const json& list : lists) {
       if (!HoldsFor(list, release)) continue;
-      for (const json& entry : list.at("values"))
-        database.Run(
-            "INSERT INTO [ParamValueDesc] ([Command], [Param], [Value], [ValDesc], [DefinitionNo]) VALUES (?, ?, ?, ?, "
-            "?)",
-            {data.at("command").get<std::string>(), parameter, entry.at(0).get<std::string>(),
-             entry.at(1).get<std::string>(), list.value("definition", 1)});
+      const std::vector<int> definitions = list.value("definitions", std::vector<int>{list.value("definition", 1)});
+      for (const std::string& command : commands) {
+        for (const int definition : definitions) EnterList(database, command, parameter, definition, list.at("values"));
+      }
     }
   }
 }

@@ -45,9 +45,20 @@ std::string Form::Folded(const Folding& folding) const {
   return digits;
 }
 
+// The parts with the separator between them, or, where a part is missing, the whole as it was typed.
+std::string Form::Composed(const Folding& folding) const {
+  std::string whole;
+  for (const DigitPlace& place : folding.places) {
+    const Value part = Found(values_, place.parameters.front());
+    if (part.IsBlank()) return Joined(Found(values_, folding.parameter));
+    whole += (whole.empty() ? "" : folding.separator) + Joined(part);
+  }
+  return whole;
+}
+
 Value Form::Get(const std::string& name) const {
   if (const Folding* folding = definition_.FoldingOf(name)) {
-    const std::string digits = Folded(*folding);
+    const std::string digits = folding->separator.empty() ? Folded(*folding) : Composed(*folding);
     if (!digits.empty()) return digits;
   }
   const Value value = Found(values_, name);
@@ -63,12 +74,23 @@ void Form::Set(const std::string& name, const Value& value) {
   const Folding* folding = definition_.FoldingOf(name);
   if (folding == nullptr) return;
   ClearParts(*folding);
+  if (value.IsText() && !folding->separator.empty()) return SetParts(*folding, value.text());
   for (const DigitPlace& place : folding->places) {
     // Parameters that add up to one place cannot be told apart in the whole.
     if (!value.IsText() || place.parameters.size() != 1) continue;
     const std::string digits = Middle(value.text(), place.first, place.width);
     // The beginning of a place would be read as its end.
     if (Length(digits) == static_cast<std::size_t>(place.width)) values_[place.parameters.front()] = digits;
+  }
+}
+
+// The last part has all that is left.
+void Form::SetParts(const Folding& folding, std::string whole) {
+  for (const DigitPlace& place : folding.places) {
+    const bool last = &place == &folding.places.back();
+    const std::size_t end = last ? whole.npos : whole.find(folding.separator);
+    values_[place.parameters.front()] = whole.substr(0, end);
+    whole = end == whole.npos ? "" : whole.substr(end + folding.separator.size());
   }
 }
 

@@ -42,6 +42,8 @@ class Form {
   std::string Folded(const Folding& folding) const;
   void ClearParts(const Folding& folding);
   void ClearDigits(const Folding& folding, const std::string& subDigit);
+  std::string Composed(const Folding& folding) const;
+  void SetParts(const Folding& folding, std::string whole);
 
   const FormDefinition& definition_;
   std::map<std::string, Value> values_;

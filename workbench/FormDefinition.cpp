@@ -13,6 +13,16 @@ namespace {
 
 using nlohmann::json;
 
+std::optional<Pool> ReadPool(const json& data) {
+  if (!data.contains("pool")) return std::nullopt;
+  return Pool{data["pool"].at("table"), data["pool"].at("column")};
+}
+
+std::optional<Narrowing> ReadNarrowing(const json& data) {
+  if (!data.contains("narrowed")) return std::nullopt;
+  return Narrowing{data["narrowed"].at("by"), data["narrowed"].at("without")};
+}
+
 ParameterDefinition ReadParameter(const json& data) {
   return {.name = data.at("name"),
           .title = data.at("title"),
@@ -24,11 +34,21 @@ ParameterDefinition ReadParameter(const json& data) {
           .check = data.value("check", false),
           .text = data.value("text", false),
           .reuse = data.value("reuse", false),
-          .oneInEdit = data.value("oneInEdit", false)};
+          .oneInEdit = data.value("oneInEdit", false),
+          .next = data.value("next", false),
+          .addOnly = data.value("addOnly", false),
+          .releases = data.value("releases", std::vector<std::string>()),
+          .pool = ReadPool(data),
+          .narrowing = ReadNarrowing(data)};
 }
 
 Folding ReadFolding(const json& data) {
-  Folding folding{.parameter = data.at("parameter"), .length = data.at("length")};
+  Folding folding{.parameter = data.at("parameter"), .separator = data.value("separator", std::string())};
+  if (!folding.separator.empty()) {
+    for (const json& part : data.at("parts")) folding.places.push_back({.parameters = {part.get<std::string>()}});
+    return folding;
+  }
+  folding.length = data.at("length");
   folding.fill = data.value("fill", std::string("0")).at(0);
   for (const json& place : data.at("places"))
     folding.places.push_back({place.at("first"), place.value("width", 1), place.at("parameters")});
@@ -42,6 +62,9 @@ FormDefinition ReadForm(std::string_view text) {
                       .help = data.at("help"),
                       .table = data.at("table"),
                       .columns = data.at("columns"),
+                      .inStep = data.value("inStep", std::vector<std::vector<std::string>>()),
+                      .oneOf = data.value("oneOf", std::vector<std::vector<std::string>>()),
+                      .ordered = data.value("ordered", false),
                       .single = data.value("single", false)};
   for (const json& parameter : data.at("parameters")) form.parameters.push_back(ReadParameter(parameter));
   for (const json& folding : data.value("folding", json::array())) form.foldings.push_back(ReadFolding(folding));
@@ -71,9 +94,17 @@ const std::map<std::string, FormDefinition, std::less<>>& AllForms() {
 
 }  // namespace
 
+bool ParameterDefinition::IsIn(std::string_view release) const {
+  return releases.empty() || std::ranges::find(releases, release) != releases.end();
+}
+
 const ParameterDefinition* FormDefinition::Find(std::string_view name) const {
   const auto found = std::ranges::find(parameters, name, &ParameterDefinition::name);
   return found == parameters.end() ? nullptr : &*found;
+}
+
+std::size_t FormDefinition::Place(std::string_view name) const {
+  return static_cast<std::size_t>(std::ranges::find(parameters, name, &ParameterDefinition::name) - parameters.begin());
 }
 
 const Folding* FormDefinition::FoldingOf(std::string_view parameter) const {

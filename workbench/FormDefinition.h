@@ -1,11 +1,25 @@
 // What a command's form is: its parameters, its record and what the record handling does (data/forms/<COMMAND>.json).
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace cordboard::workbench {
+
+// The table that marks in its column USED which values are taken.
+struct Pool {
+  std::string table;
+  std::string column;
+};
+
+// Another parameter of the form that narrows a list while it has a value: the statement gives what does not go with the
+// value.
+struct Narrowing {
+  std::string by;
+  std::string without;
+};
 
 struct ParameterDefinition {
   std::string name;
@@ -23,6 +37,14 @@ struct ParameterDefinition {
 
   // Whether its value is taken apart at "&": elsewhere the sign is part of the value.
   bool TakesElements() const { return multiple || range; }
+  bool next = false;     // "next" and "next:20" stand for the first values of its list
+  bool addOnly = false;  // is given when a record is added; an edit cannot change it
+
+  std::vector<std::string> releases = {};  // that have the parameter; none named: all of them
+  std::optional<Pool> pool = {};           // "next" passes over what is taken there
+  std::optional<Narrowing> narrowing = {};
+
+  bool IsIn(std::string_view release) const;
 };
 
 // Some digits of a whole parameter, entered on the form as sub-digit parameters. Several that share the same digits add
@@ -34,11 +56,14 @@ struct DigitPlace {
 };
 
 // A whole parameter that the form folds from sub-digit parameters. Digits without a place, or not given, are the fill.
+// With a separator the whole is no row of digits but its parts as they are typed, one parameter each, with the
+// separator between them ("200-A1").
 struct Folding {
   std::string parameter;
   int length = 0;
   char fill = '0';
   std::vector<DigitPlace> places = {};
+  std::string separator = {};
 };
 
 // What the record handling does after an action, where the command's rules leave it to the host.
@@ -56,13 +81,17 @@ struct FormDefinition {
   std::vector<ParameterDefinition> parameters = {};
   std::vector<Folding> foldings = {};
   RecordHandling handling = {};
-  bool single = false;  // one record for the whole exchange: an add shows and changes the record that stands
+  std::vector<std::vector<std::string>> inStep = {};  // parameters whose values go together by their place
+  std::vector<std::vector<std::string>> oneOf = {};   // sets of parameters, of which one has to be given whole
+  bool ordered = false;  // values are set in the order of the parameters, whatever the order in which they are typed
+  bool single = false;   // one record for the whole exchange: an add shows and changes the record that stands
   bool adds = false;
   bool edits = false;
   bool deletes = false;
   bool generates = false;
 
   const ParameterDefinition* Find(std::string_view name) const;
+  std::size_t Place(std::string_view name) const;  // of a parameter in the order; behind all for an unknown one
   const Folding* FoldingOf(std::string_view parameter) const;   // of a whole parameter
   const Folding* FoldingWith(std::string_view subDigit) const;  // that a sub-digit parameter belongs to
 };

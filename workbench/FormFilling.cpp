@@ -1,6 +1,7 @@
 #include "workbench/FormFilling.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "script/Conversions.h"
 #include "workbench/Elements.h"
@@ -43,6 +44,47 @@ std::string WrongNumber(const Form& form, const Assignment& assignment) {
   return "";
 }
 
+// The first of the elements that was there before, or nothing.
+std::string GivenTwice(const std::vector<std::string>& elements) {
+  std::unordered_set<std::string> seen;
+  for (const std::string& element : elements) {
+    if (!seen.insert(element).second) return element;
+  }
+  return "";
+}
+
+std::string Listed(const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) text += (text.empty() ? "" : name == names.back() ? " and " : ", ") + name;
+  return text;
+}
+
+// One of the sets of parameters has to be given whole.
+void CheckOneOf(const Form& form, std::vector<Problem>& problems) {
+  const auto& sets = form.definition().oneOf;
+  std::string choice;
+  for (const std::vector<std::string>& set : sets) {
+    if (std::ranges::none_of(set, [&form](const std::string& name) { return form.Get(name).IsBlank(); })) return;
+    choice += (choice.empty() ? "" : ", or ") + Listed(set);
+  }
+  if (!sets.empty()) problems.push_back({sets.front().front(), "", "give " + choice, ""});
+}
+
+// The values of parameters that go in step are paired by their place.
+void CheckInStep(const Form& form, std::vector<Problem>& problems) {
+  for (const std::vector<std::string>& together : form.definition().inStep) {
+    const auto number = [&form](const std::string& name) { return Elements(Joined(form.Get(name))).size(); };
+    const std::string& first = together.front();
+    for (const std::string& other : together) {
+      if (number(first) != number(other))
+        problems.push_back({other, "",
+                            first + " and " + other + " go in pairs, and there are " + std::to_string(number(first)) +
+                                " and " + std::to_string(number(other)) + " of them; give as many of each",
+                            ""});
+    }
+  }
+}
+
 void CheckAgainstList(Session& session, const Assignment& assignment, const std::vector<std::string>& elements,
                       std::vector<Problem>& problems) {
   const ValueList* list = session.host().FreshList(assignment.name);
@@ -80,6 +122,8 @@ void SetValue(Session& session, const Assignment& assignment, std::vector<Proble
   if (parameter == nullptr)
     return refuse("there is no parameter " + name + " in " + form.definition().command + "." +
                   DidYouMean(name, ParameterNames(form.definition())));
+  if (const std::string& release = session.exchange().release(); !parameter->IsIn(release))
+    return refuse("the release " + release + " does not have this parameter");
   if (const std::string wrong = WrongCharacters(value); !wrong.empty()) return refuse(wrong);
 
   // Nothing behind the equals sign clears the parameter.
@@ -93,6 +137,7 @@ void SetValue(Session& session, const Assignment& assignment, std::vector<Proble
       } catch (const ElementsError& error) {
         return refuse(error.what());
       }
+      if (const std::string twice = GivenTwice(elements); !twice.empty()) return refuse(twice + " is given twice");
     }
     if (parameter->list || parameter->fixed) {
       const std::size_t before = problems.size();
@@ -119,6 +164,8 @@ void CheckWhole(Session& session, const std::vector<Assignment>& values, std::ve
     if (!refused && form.IsMandatory(parameter.name) && form.Get(parameter.name).IsBlank())
       problems.push_back({parameter.name, "", "this parameter has to be given (" + parameter.title + ")", ""});
   }
+  if (problems.empty()) CheckOneOf(form, problems);
+  if (problems.empty()) CheckInStep(form, problems);
   for (const Assignment& assignment : values) {
     const ParameterDefinition* parameter = form.definition().Find(assignment.name);
     if (parameter == nullptr || !problems.empty()) continue;

@@ -10,8 +10,9 @@ namespace cordboard::workbench {
 void SetValue(Session& session, const Assignment& assignment, std::vector<Problem>& problems,
               std::vector<Problem>& warnings);
 
-// What the whole form asks once all values are set: mandatory parameters, ranges and several values that a check has
-// since forbidden, and values that a check has since cleared.
+// What the whole form asks once all values are set: mandatory parameters, one of several sets of parameters, as many
+// values of each where they go in step, ranges and several values that a check has since forbidden, and values that a
+// check has since cleared.
 void CheckWhole(Session& session, const std::vector<Assignment>& values, std::vector<Problem>& problems);
 
 // The messages that the library has reported, as problems of one parameter.

@@ -61,7 +61,11 @@ void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32
     if (definition.Find(column) == nullptr && definition.FoldingOf(column) == nullptr) continue;
     const Value stored =
         exchange.Dynamic().Single("SELECT [" + column + "] FROM [" + definition.table + "] WHERE [CmdId] = ?", {CmdId});
-    if (!stored.IsNull()) form.Set(column, Joined(stored));
+    if (stored.IsNull()) {
+      form.Reset(column);
+    } else {
+      form.Set(column, Joined(stored));
+    }
   }
 }
 

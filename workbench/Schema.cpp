@@ -11,7 +11,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::array<std::string_view, 6> kKeys = {"name", "columns", "further", "types", "indexes", "note"};
+constexpr std::array<std::string_view, 7> kKeys = {"name", "columns", "further", "types", "unique", "indexes", "note"};
 
 template <typename Named>
 const Named* FindNamed(const std::vector<Named>& all, std::string_view name) {
@@ -49,9 +49,9 @@ void ReadTypes(const Json& types, Table& table) {
   }
 }
 
-void ReadIndexes(const Json& indexes, Table& table) {
+void ReadIndexes(const Json& indexes, Table& table, std::vector<std::vector<std::string>>& into) {
   for (const Json& index : indexes) {
-    std::vector<std::string>& columns = table.indexes.emplace_back();
+    std::vector<std::string>& columns = into.emplace_back();
     for (const Json& name : index) columns.push_back(ColumnOf(table, name.get<std::string>()).name);
     if (columns.empty()) throw SchemaError("an index has no columns");
   }
@@ -66,7 +66,8 @@ void ReadTable(const Json& json, Table& table) {
   ReadColumns(part("further"), true, table);
   if (table.columns.empty()) throw SchemaError("it has no columns");
   ReadTypes(part("types"), table);
-  ReadIndexes(part("indexes"), table);
+  ReadIndexes(part("unique"), table, table.unique);
+  ReadIndexes(part("indexes"), table, table.indexes);
   table.note = json.value("note", "");
 }
 
@@ -88,14 +89,14 @@ std::string CreateTable(const Table& table) {
   return statement + ")";
 }
 
-std::string CreateIndex(const Table& table, const std::vector<std::string>& columns) {
+std::string CreateIndex(const char* kind, const Table& table, const std::vector<std::string>& columns) {
   std::string name = table.name + " by";
   std::string list;
   for (const std::string& column : columns) {
     name += " " + column;
     list += (list.empty() ? "[" : ", [") + column + "]";
   }
-  return "CREATE INDEX [" + name + "] ON [" + table.name + "] (" + list + ")";
+  return kind + (" [" + name + "] ON [" + table.name + "] (" + list + ")");
 }
 
 }  // namespace
@@ -135,7 +136,8 @@ std::vector<std::string> CreateStatements(const DatabaseSchema& database) {
   std::vector<std::string> statements;
   for (const Table& table : database.tables) {
     statements.push_back(CreateTable(table));
-    for (const auto& index : table.indexes) statements.push_back(CreateIndex(table, index));
+    for (const auto& index : table.unique) statements.push_back(CreateIndex("CREATE UNIQUE INDEX", table, index));
+    for (const auto& index : table.indexes) statements.push_back(CreateIndex("CREATE INDEX", table, index));
   }
   return statements;
 }

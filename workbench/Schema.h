@@ -4,6 +4,7 @@
 //   {"name": "NANSI", "columns": ["CmdId", "NUMSE", "NUMTYP", "USED"],  in the order of an insert without names
 //    "further": [],                             columns behind these, which only some statement or the host names
 //    "types": {"CmdId": "whole", "USED": "truth"},                       every other column is text
+//    "unique": [],                              for tables alone that the host fills: no rule adds a row there
 //    "indexes": [["NUMSE"], ["NUMTYP", "USED", "NUMSE"]], "note": "..."}
 // Names of tables and columns are the same in any capitals.
 #pragma once
@@ -32,6 +33,7 @@ struct Column {
 struct Table {
   std::string name;
   std::vector<Column> columns;
+  std::vector<std::vector<std::string>> unique;   // what no two rows share, by the names of its columns
   std::vector<std::vector<std::string>> indexes;  // by the names of their columns
   std::string note;
 

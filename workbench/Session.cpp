@@ -1,7 +1,9 @@
 #include "workbench/Session.h"
 
 #include <string_view>
+#include <utility>
 
+#include "script/MessageBox.h"
 #include "script/MessageCodes.h"
 #include "script/RunTimeFailure.h"
 
@@ -31,6 +33,17 @@ std::string Reason(const RunTimeFailure& failure, std::string foundNothing) {
     foundNothing.replace(at, 2, " ");
   return "a row that has to be there was not found by " + foundNothing;
 }
+// Shows the library's boxes elsewhere while it lives.
+class BoxesGoTo {
+ public:
+  explicit BoxesGoTo(MessageBoxHook hook) : before_(SetMessageBox(std::move(hook))) {}
+  ~BoxesGoTo() { SetMessageBox(std::move(before_)); }
+  BoxesGoTo(const BoxesGoTo&) = delete;
+  BoxesGoTo& operator=(const BoxesGoTo&) = delete;
+
+ private:
+  MessageBoxHook before_;
+};
 
 }  // namespace
 
@@ -55,6 +68,7 @@ RunResult Session::Run(const std::string& function, std::int32_t CmdId, const Li
   const int definition = parameter.empty() ? 1 : open.ActiveDefinition(parameter);
   const int openBefore = exchange_.OpenTransactions();
   const int enclosing = host_->Enclose(openBefore);
+  const BoxesGoTo host([this](const std::string& text, const std::string&, int) { host_->ShowBox(text); });
   RunResult result;
   host_->ForgetQueries();
   try {

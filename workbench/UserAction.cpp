@@ -1,11 +1,13 @@
 #include "workbench/UserAction.h"
 
 #include <algorithm>
+#include <map>
 
 #include "script/Conversions.h"
 #include "script/Text.h"
 #include "workbench/FormFilling.h"
 #include "workbench/Nearest.h"
+#include "workbench/NextValues.h"
 #include "workbench/Records.h"
 
 namespace cordboard::workbench {
@@ -33,26 +35,55 @@ Outcome Act(Session& session, const std::string& function, std::int32_t CmdId, c
 
 List Names(const std::vector<std::string>& names) { return List(std::vector<Value>(names.begin(), names.end())); }
 
-// The names of the changed columns, each once: sub-digit parameters stand for the column that they fold into.
-std::vector<std::string> ChangedColumns(const FormDefinition& definition, const std::vector<Assignment>& values) {
+using ColumnValues = std::map<std::string, Value>;
+
+ColumnValues Columns(const FormDefinition& definition, const Form& form) {
+  ColumnValues values;
+  for (const std::string& column : definition.columns) values[column] = form.Get(column);
+  return values;
+}
+
+// The names of the changed columns, each once: those that were given, where sub-digit parameters stand for the column
+// that they fold into, and then those that a check has changed.
+std::vector<std::string> ChangedColumns(const Form& form, const std::vector<Assignment>& values,
+                                        const ColumnValues& stored) {
+  const FormDefinition& definition = form.definition();
   std::vector<std::string> changed;
+  const auto add = [&](const std::string& name) {
+    if (stored.contains(name) && std::ranges::find(changed, name) == changed.end()) changed.push_back(name);
+  };
   for (const Assignment& assignment : values) {
     const Folding* folding = definition.FoldingWith(assignment.name);
-    const std::string& name = folding == nullptr ? assignment.name : folding->parameter;
-    const bool stored = std::ranges::find(definition.columns, name) != definition.columns.end();
-    if (stored && std::ranges::find(changed, name) == changed.end()) changed.push_back(name);
+    add(folding == nullptr ? assignment.name : folding->parameter);
+  }
+  for (const std::string& column : definition.columns) {
+    if (Joined(form.Get(column)) != Joined(stored.at(column))) add(column);
   }
   return changed;
 }
 
-void SetAll(Session& session, const std::vector<Assignment>& values, std::vector<Problem>& problems,
+void CheckAddOnly(const FormDefinition& definition, const std::vector<Assignment>& values,
+                  std::vector<Problem>& problems) {
+  for (const Assignment& assignment : values) {
+    const ParameterDefinition* parameter = definition.Find(assignment.name);
+    if (parameter != nullptr && parameter->addOnly)
+      problems.push_back({assignment.name, assignment.value,
+                          "the " + assignment.name + " of a record cannot be changed; add another record", ""});
+  }
+}
+
+// Sets the values, with what "next" stands for put in its place.
+void SetAll(Session& session, std::vector<Assignment>& values, std::vector<Problem>& problems,
             std::vector<Problem>& warnings) {
+  const FormDefinition& definition = session.form().definition();
+  if (definition.ordered)
+    std::ranges::stable_sort(values, {}, [&](const Assignment& value) { return definition.Place(value.name); });
   for (std::size_t i = 0; i < values.size(); ++i) {
     const auto twice = std::find_if(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(i),
                                     [&](const Assignment& earlier) { return earlier.name == values[i].name; });
     if (twice != values.begin() + static_cast<std::ptrdiff_t>(i)) {
       problems.push_back({values[i].name, values[i].value, "this parameter is given twice", ""});
-    } else {
+    } else if (TakeNext(session, values, values[i], problems)) {
       SetValue(session, values[i], problems, warnings);
     }
   }
@@ -80,10 +111,23 @@ void CheckSharedDigits(const Form& form, const std::vector<Assignment>& values, 
   }
 }
 
+// Opens the form and sets the values.
+std::vector<Problem> Fill(Session& session, const FormDefinition& definition, std::vector<Assignment>& values,
+                          std::vector<Problem>& warnings) {
+  std::vector<Problem> problems;
+  session.host().OpenForm(definition);
+  // What is given is checked together with the record that stands.
+  if (const auto record = StandingRecord(session.exchange(), definition))
+    LoadRecord(session.exchange(), definition, *record, session.form());
+  SetAll(session, values, problems, warnings);
+  return problems;
+}
+
 Outcome Add(Session& session, const FormDefinition& definition, const UserAction& action) {
   std::vector<Problem> warnings;
-  std::vector<Problem> problems = FillForm(session, definition, action.values, warnings);
-  CheckWhole(session, action.values, problems);
+  std::vector<Assignment> values = action.values;
+  std::vector<Problem> problems = Fill(session, definition, values, warnings);
+  CheckWhole(session, values, problems);
   if (!problems.empty()) return Refused(std::move(problems));
   Outcome outcome = Act(session, "SetInfo", 0, Names(definition.columns));
   if (!outcome.done && StandingRecord(session.exchange(), definition))
@@ -96,22 +140,39 @@ Outcome Add(Session& session, const FormDefinition& definition, const UserAction
   return outcome;
 }
 
+// Puts a stored record on the form. The checks of its values run, since they set up the rest of the form (the values
+// that belong to an instrument, what has to be given); but whatever they think of the values, those are the stored
+// ones.
+void ShowRecord(Session& session, const FormDefinition& definition, std::int32_t CmdId) {
+  LoadRecord(session.exchange(), definition, CmdId, session.form());
+  for (const ParameterDefinition& parameter : definition.parameters) {
+    if (!parameter.check || session.form().Get(parameter.name).IsBlank()) continue;
+    session.host().Checking(parameter.name);
+    session.Run("StatCheck", 0, {parameter.name}, parameter.name);
+  }
+  session.host().TakeMessages();
+  LoadRecord(session.exchange(), definition, CmdId, session.form());
+}
+
 Outcome Edit(Session& session, const FormDefinition& definition, const UserAction& action) {
   std::vector<Problem> problems;
   std::vector<Problem> warnings;
   session.host().OpenForm(definition);
   const auto record = FindRecord(session.exchange(), definition, action.selection, problems);
   if (!record) return Refused(std::move(problems));
-  LoadRecord(session.exchange(), definition, *record, session.form());
+  ShowRecord(session, definition, *record);
   for (const ParameterDefinition& parameter : definition.parameters) {
     if (!parameter.oneInEdit) continue;
     session.form().SetTakesSeveral(parameter.name, false);
     session.form().SetTakesRange(parameter.name, false);
   }
   CheckSharedDigits(session.form(), action.values, problems);
-  SetAll(session, action.values, problems, warnings);
-  CheckWhole(session, action.values, problems);
-  const std::vector<std::string> changed = ChangedColumns(definition, action.values);
+  CheckAddOnly(definition, action.values, problems);
+  const ColumnValues stored = Columns(definition, session.form());
+  std::vector<Assignment> values = action.values;
+  SetAll(session, values, problems, warnings);
+  CheckWhole(session, values, problems);
+  const std::vector<std::string> changed = ChangedColumns(session.form(), values, stored);
   if (problems.empty() && changed.empty())
     problems.push_back({"", "", "nothing is changed: give the new values behind the colon", ""});
   if (!problems.empty()) return Refused(std::move(problems));
@@ -142,15 +203,9 @@ const FormDefinition* FindFormOr(const std::string& command, std::vector<Problem
   return nullptr;
 }
 
-std::vector<Problem> FillForm(Session& session, const FormDefinition& definition, const std::vector<Assignment>& values,
+std::vector<Problem> FillForm(Session& session, const FormDefinition& definition, std::vector<Assignment> values,
                               std::vector<Problem>& warnings) {
-  std::vector<Problem> problems;
-  session.host().OpenForm(definition);
-  // What is given is checked together with the record that stands.
-  if (const auto record = StandingRecord(session.exchange(), definition))
-    LoadRecord(session.exchange(), definition, *record, session.form());
-  SetAll(session, values, problems, warnings);
-  return problems;
+  return Fill(session, definition, values, warnings);
 }
 
 Outcome Perform(Session& session, const UserAction& action) {

@@ -44,7 +44,7 @@ Outcome Perform(Session& session, const UserAction& action);
 Outcome Perform(Session& session, const FormDefinition& definition, const UserAction& action);
 
 // Opens the form of a command and sets the values as Perform does, without acting. Gives what stands in the way.
-std::vector<Problem> FillForm(Session& session, const FormDefinition& definition, const std::vector<Assignment>& values,
+std::vector<Problem> FillForm(Session& session, const FormDefinition& definition, std::vector<Assignment> values,
                               std::vector<Problem>& warnings);
 
 // The command's form, or a problem that names the nearest command.

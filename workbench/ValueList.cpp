@@ -1,5 +1,6 @@
 #include "workbench/ValueList.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <unordered_set>
@@ -39,14 +40,36 @@ bool Gives(const ListStatement& statement, const std::string& value) {
   return !found.IsEmpty() && Joined(found[0][0]) == value;
 }
 
+constexpr std::size_t smallestPage = 16;
+
+// Offers the rows of a statement one after the other until `offer` has enough. They are read in pages that grow, so
+// that the first of many cost little.
+template <typename Offer>
+void OfferRows(const ListStatement& statement, std::size_t wanted, Offer offer) {
+  std::size_t offset = 0;
+  for (std::size_t page = std::max(wanted, smallestPage);; page *= 2) {
+    std::vector<Value> parameters = statement.parameters;
+    parameters.emplace_back(page);
+    parameters.emplace_back(offset);
+    const RowSet rows = statement.database->RunRule(statement.sql + " LIMIT ? OFFSET ?", parameters);
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+      if (!offer({Joined(rows[0][row]), rows.ColumnCount() > 1 ? Joined(rows[1][row]) : ""})) return;
+    }
+    if (rows.RowCount() < page) return;
+    offset += page;
+  }
+}
+
 }  // namespace
 
+// The order of the outer statement keeps the database from seeking along the order of the inner one.
 ListStatement Membership(const ListStatement& list, const std::string& value) {
   std::string columns = "v";
   for (int i = 1; i < list.database->PrepareRule(list.sql); ++i) columns += ", c" + std::to_string(i);
-  ListStatement asked{list.database,
-                      "WITH list(" + columns + ") AS (" + list.sql + ") SELECT v FROM list WHERE v IN (?, ?) LIMIT 1",
-                      list.parameters};
+  ListStatement asked{
+      list.database,
+      "WITH list(" + columns + ") AS (" + list.sql + ") SELECT v FROM list WHERE v IN (?, ?) ORDER BY +v LIMIT 1",
+      list.parameters};
   const bool number = IsNumeric(value) && Joined(ToNumber(value)) == value;
   asked.parameters.emplace_back(value);
   asked.parameters.push_back(number ? Value(ToNumber(value)) : Value::Null());
@@ -101,6 +124,40 @@ std::vector<ValidValue> ValueList::All() const {
         step);
   }
   return all;
+}
+
+bool ValueList::TakesAway(const Step& step, const std::string& value) {
+  return std::visit(Overloaded{
+                        [&](const SubtractRows& subtract) { return Gives(subtract.statement, value); },
+                        [&](const RemoveValue& remove) { return remove.value == value; },
+                        [&](const RemoveNumbers& remove) { return Within(value, remove.from, remove.to); },
+                        [](const Clear&) { return true; },
+                        [](const AddRows&) { return false; },
+                        [](const PushValue&) { return false; },
+                        [](const PushNumbers&) { return false; },
+                    },
+                    step);
+}
+
+std::vector<ValidValue> ValueList::First(std::size_t count, const Accept& accept) const {
+  std::vector<ValidValue> first;
+  for (auto step = steps_.begin(); step != steps_.end() && first.size() < count; ++step) {
+    // Gives whether more are wanted.
+    const auto offer = [&](ValidValue entry) {
+      const bool gone =
+          std::any_of(step + 1, steps_.end(), [&entry](const Step& later) { return TakesAway(later, entry.value); });
+      if (!gone && (!accept || accept(entry.value))) first.push_back(std::move(entry));
+      return first.size() < count;
+    };
+    if (const auto* rows = std::get_if<AddRows>(&*step)) OfferRows(rows->statement, count, offer);
+    if (const auto* value = std::get_if<PushValue>(&*step)) offer({value->value, ""});
+    if (const auto* numbers = std::get_if<PushNumbers>(&*step)) {
+      for (long long number = numbers->from; number <= numbers->to; ++number) {
+        if (!offer({std::to_string(number), ""})) break;
+      }
+    }
+  }
+  return first;
 }
 
 bool ValueList::Contains(const std::string& value) const {

@@ -47,6 +47,9 @@ class ValueList {
 
   // The whole list, in order.
   std::vector<ValidValue> All() const;
+  // The first values, in the same order, of those that `accept` takes. Costs what they cost, not what the list costs.
+  using Accept = std::function<bool(const std::string& value)>;
+  std::vector<ValidValue> First(std::size_t count, const Accept& accept = {}) const;
   bool Contains(const std::string& value) const;
 
  private:
@@ -72,7 +75,11 @@ class ValueList {
     long long to;
   };
 
-  std::vector<std::variant<Clear, AddRows, SubtractRows, PushValue, PushNumbers, RemoveValue, RemoveNumbers>> steps_;
+  using Step = std::variant<Clear, AddRows, SubtractRows, PushValue, PushNumbers, RemoveValue, RemoveNumbers>;
+
+  static bool TakesAway(const Step& step, const std::string& value);
+
+  std::vector<Step> steps_;
 };
 
 }  // namespace cordboard::workbench

@@ -125,7 +125,15 @@ const ValueList* WorkbenchHost::FreshList(const std::string& parameter) {
         FixedList(exchange_, form().definition().command, parameter, form().ActiveDefinition(parameter)));
   }
   lists_[parameter].Append(changes_[parameter]);
+  Narrow(*definition);
   return &lists_[parameter];
+}
+
+void WorkbenchHost::Narrow(const ParameterDefinition& parameter) {
+  if (!parameter.narrowing) return;
+  const Value by = form().Get(parameter.narrowing->by);
+  if (!by.IsBlank())
+    lists_[parameter.name].Subtract({exchange_.Database("dynamic"), parameter.narrowing->without, {by}});
 }
 
 template <typename Change>
@@ -295,6 +303,8 @@ void WorkbenchHost::scErrorMessage(int, int, int third, const std::string& conte
   if (arguments.empty() && !seriesRefusal_.empty()) text += " (" + std::exchange(seriesRefusal_, "") + ")";
   messages_.push_back({third, context, Joined(code), arguments, text});
 }
+
+void WorkbenchHost::ShowBox(const std::string& text) { messages_.push_back({2, "", "", {}, text}); }
 
 void WorkbenchHost::scPrintToDebugWindow(const std::string& line) { debugLines_.push_back(line); }
 

@@ -42,6 +42,9 @@ class WorkbenchHost : public Host {
   // itself. Gives what was said before.
   int Enclose(int transactions) { return std::exchange(enclosing_, transactions); }
 
+  // Takes a text that the library shows in a box of its own for a message.
+  void ShowBox(const std::string& text);
+
   std::vector<ReportedMessage> TakeMessages();
   std::vector<std::string> TakeDebugLines();
 
@@ -92,6 +95,7 @@ class WorkbenchHost : public Host {
   // Rows that are written by names go to the templates where a template command is at work.
   const char* RowDatabase() const { return template_ ? "site" : "dynamic"; }
   ValueList& Named(const std::string& parameter);
+  void Narrow(const ParameterDefinition& parameter);
   template <typename Change>
   bool ChangeList(ValueList& list, const std::string& sql, const std::string& selector, Change change);
   template <typename Step>

@@ -31,7 +31,7 @@ string RefusalOfTable(const string& rest) { return Refusal(R"({"dynamic": [{"nam
 TEST(Schema, ReadsTablesWithTheirColumnsInOrder) {
   const Schema schema = ReadSchema(R"({"dynamic": [
       {"name": "NANSI", "columns": ["CmdId", "NUMSE", "USED"], "further": ["MARK"], "note": "numbers",
-       "types": {"cmdid": "whole", "USED": "truth"}, "indexes": [["numse"], ["USED", "NUMSE"]]}], "site": []})");
+       "types": {"cmdid": "whole", "USED": "truth"}, "unique": [["cmdid"]], "indexes": [["numse"], ["USED", "NUMSE"]]}], "site": []})");
   ASSERT_EQ(schema.databases.size(), 2u);
   EXPECT_EQ(schema.Database("SITE").tables.size(), 0u);
   const Table* table = schema.Database("dynamic").Find("nansi");
@@ -44,6 +44,7 @@ TEST(Schema, ReadsTablesWithTheirColumnsInOrder) {
   EXPECT_EQ(table->columns[2].type, Column::Type::Truth);
   EXPECT_FALSE(table->columns[2].further);
   EXPECT_TRUE(table->columns[3].further);
+  EXPECT_THAT(table->unique, ElementsAre(ElementsAre("CmdId")));
   EXPECT_THAT(table->indexes, ElementsAre(ElementsAre("NUMSE"), ElementsAre("USED", "NUMSE")));
   EXPECT_EQ(table->Find("used"), &table->columns[2]);
   EXPECT_EQ(table->Find("unknown"), nullptr);
@@ -79,12 +80,12 @@ TEST(Schema, CreatesTablesAndIndexes) {
   const Schema schema = ReadSchema(R"({"dynamic": [
       {"name": "NANSI", "columns": ["CmdId", "NUMSE"], "further": ["USED"],
        "types": {"CmdId": "whole", "USED": "truth"}, "indexes": [["NUMSE"], ["USED", "NUMSE"]]},
-      {"name": "t", "columns": ["End"]}]})");
-  EXPECT_THAT(
-      CreateStatements(schema.Database("dynamic")),
-      ElementsAre("CREATE TABLE [NANSI] ([CmdId] INTEGER, [NUMSE] TEXT, [USED] BOOLEAN)",
-                  "CREATE INDEX [NANSI by NUMSE] ON [NANSI] ([NUMSE])",
-                  "CREATE INDEX [NANSI by USED NUMSE] ON [NANSI] ([USED], [NUMSE])", "CREATE TABLE [t] ([End] TEXT)"));
+      {"name": "t", "columns": ["End"], "unique": [["End"]]}]})");
+  EXPECT_THAT(CreateStatements(schema.Database("dynamic")),
+              ElementsAre("CREATE TABLE [NANSI] ([CmdId] INTEGER, [NUMSE] TEXT, [USED] BOOLEAN)",
+                          "CREATE INDEX [NANSI by NUMSE] ON [NANSI] ([NUMSE])",
+                          "CREATE INDEX [NANSI by USED NUMSE] ON [NANSI] ([USED], [NUMSE])",
+                          "CREATE TABLE [t] ([End] TEXT)", "CREATE UNIQUE INDEX [t by End] ON [t] ([End])"));
 }
 
 // --- The schema that is shipped.

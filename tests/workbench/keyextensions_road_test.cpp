@@ -1,0 +1,580 @@
+// The road of a user through categories, key extensions and what is on their keys, on a real exchange.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "script/Conversions.h"
+#include "workbench/FormFilling.h"
+#include "workbench/Generation.h"
+#include "workbench/Plan.h"
+#include "workbench/PlanLine.h"
+#include "workbench/Plant.h"
+#include "workbench/Resources.h"
+
+namespace cordboard::workbench {
+namespace {
+
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+using testing::StartsWith;
+
+const std::string series = "NANSI:NUMTYP=EX,NUMSE=100&&199;";
+const std::string category1 = "EXCCS:CAT=1,TRAF=11,SERV_D6=1,CDIV_D1=1,ROC_D2=1;";
+const std::string category2 = "EXCCS:CAT=2,TRAF=22,SERV_D6=2,CDIV_D1=1,ROC_D2=1;";
+
+class KeyExtensions : public testing::Test {
+ protected:
+  // Opens another exchange in place of the present one.
+  void OpenNew(const std::string& release) {
+    session_.reset();
+    exchange_ = Exchange::CreateInMemory(release, ReadPlant("example"));
+    session_.emplace(*exchange_);
+  }
+
+  // One that has numbers and two categories.
+  void Open(const std::string& release) {
+    OpenNew(release);
+    Prepare({series, category1, category2});
+  }
+
+  void SetUp() override { Open("R7"); }
+
+  // Performs one line of a plan as a user action of its own. What it was refused for, or warned of, stands in texts().
+  bool Do(const std::string& line) {
+    const Outcome outcome = Perform(*session_, *ParsePlanLine(line));
+    texts_.clear();
+    for (const auto& problems : {outcome.problems, outcome.warnings}) {
+      for (const Problem& problem : problems)
+        texts_.push_back(problem.parameter + (problem.parameter.empty() ? "" : ": ") + problem.message +
+                         (problem.allowed.empty() ? "" : " Possible: " + problem.allowed));
+    }
+    return outcome.done;
+  }
+
+  void Prepare(const std::vector<std::string>& lines) {
+    for (const std::string& line : lines) ASSERT_TRUE(Do(line)) << line << ": " << testing::PrintToString(texts_);
+  }
+
+  void Apply(const std::string& plan) {
+    std::istringstream in{std::string(Resource(plan))};
+    const PlanResult result = ApplyPlan(*session_, {{plan, in}}, {});
+    EXPECT_TRUE(result.kept) << plan;
+    for (const LineReport& report : result.reports)
+      ADD_FAILURE() << plan << ":" << report.line << ": " << report.problems.front().message;
+  }
+
+  // The values of a parameter that are valid while the form holds `given`.
+  std::vector<std::string> Valid(const std::string& command, const std::string& parameter,
+                                 const std::vector<Assignment>& given = {}) {
+    std::vector<Problem> warnings;
+    EXPECT_THAT(FillForm(*session_, *FindForm(command), given, warnings), IsEmpty());
+    const ValueList* list = session_->host().FreshList(parameter);
+    std::vector<std::string> values;
+    if (list == nullptr) return {"no list"};
+    for (const ValidValue& entry : list->All()) values.push_back(entry.value);
+    return values;
+  }
+
+  std::vector<std::string> Lines(const std::string& command) {
+    std::vector<std::string> lines;
+    for (const GeneratedLine& line : Generate(*session_).lines) {
+      if (line.command == command) lines.push_back(line.text);
+    }
+    return lines;
+  }
+
+  Value Single(const std::string& sql) { return exchange_->Dynamic().Single(sql); }
+  bool IsNumberUsed(const std::string& number) {
+    return exchange_->Dynamic().Single("SELECT USED FROM NANSI WHERE NUMSE = ?", {number}) == Value(true);
+  }
+  bool IsPositionUsed(const std::string& EQU) {
+    return exchange_->Dynamic().Single("SELECT USED FROM Equipment WHERE EQU = ?", {EQU}) == Value(true);
+  }
+  const std::vector<std::string>& texts() const { return texts_; }
+  Session& session() { return *session_; }
+
+ private:
+  std::unique_ptr<Exchange> exchange_;
+  std::optional<Session> session_;
+  std::vector<std::string> texts_;
+};
+
+// --- What every form needs.
+
+TEST_F(KeyExtensions, EveryDigitAndCodeHasValuesInEveryRelease) {
+  for (const std::string& release : Releases()) {
+    Open(release);
+    Prepare({"KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;"});
+    for (const char* command : {"EXCCS", "KSEXI", "KSFKC", "KSMDI", "KSANI"}) {
+      for (const ParameterDefinition& parameter : FindForm(command)->parameters) {
+        if (!parameter.list || !parameter.IsIn(release)) continue;
+        // The tail of CDIV has no list without digit 6, and nothing but the extension itself could be its MDN.
+        const bool tail = parameter.name >= "CDIV_D7" && parameter.name <= "CDIV_D9";
+        if (tail || parameter.name == "MDN") continue;
+        const std::vector<std::string> values = Valid(command, parameter.name);
+        EXPECT_THAT(values, Not(IsEmpty())) << release << " " << command << " " << parameter.name;
+        EXPECT_NE(values.front(), "no list") << release << " " << command << " " << parameter.name;
+      }
+    }
+  }
+}
+
+TEST_F(KeyExtensions, TheOrderInWhichParametersAreTypedDoesNotCount) {
+  Prepare({"KSEXI:CAT=1,EQU=001-0-10-00&&001-0-10-03,ITYPE=3,DIR=100&&103;"});
+  EXPECT_THAT(Lines("KSEXI"), SizeIs(4));
+  EXPECT_EQ(Lines("KSEXI").back(), "KSEXI:DIR=103,ITYPE=3,EQU=001-0-10-03,CAT=1;");
+}
+
+// --- Categories.
+
+TEST_F(KeyExtensions, AnAddFillsTheRowOfItsCategoryAndKeepsWhatIsNotGiven) {
+  EXPECT_THAT(Valid("EXCCS", "CAT"), SizeIs(32));
+  EXPECT_THAT(Valid("KSEXI", "CAT"), ElementsAre("1", "2"));
+  Prepare({"EXCCS:CAT=12,SERV=000001000,DESCRIPTION=Stores;", "EXCCS:CAT=12,TRAF=33;"});
+  EXPECT_THAT(Valid("KSEXI", "CAT"), ElementsAre("1", "2", "12"));
+  EXPECT_EQ(Single("SELECT COUNT(*) FROM EXCCS"), Value(32));
+  EXPECT_EQ(Single("SELECT SERV || TRAF || DESCRIPTION FROM EXCCS WHERE CAT = '12'"), Value("00000100033Stores"));
+  EXPECT_FALSE(Do("EXCCS:CAT=40,TRAF=1;"));
+  EXPECT_THAT(texts(), ElementsAre(StartsWith("CAT: this value is not possible here Possible: 0, 1, 10,")));
+}
+
+TEST_F(KeyExtensions, AnEditWritesAllOfACategoryAndLeavesItsNumber) {
+  Prepare({"edit EXCCS CAT=1:ROC=;"});
+  EXPECT_THAT(Lines("EXCCS"), Contains("EXCCS:CAT=1,CDIV=100000000,SERV=000001000,TRAF=11;"));
+  EXPECT_FALSE(Do("edit EXCCS CAT=1:CAT=5;"));
+  EXPECT_THAT(texts(), Contains("CAT: the CAT of a record cannot be changed; add another record"));
+}
+
+TEST_F(KeyExtensions, TwoCategoriesCannotHaveTheSameStrings) {
+  EXPECT_FALSE(Do("EXCCS:CAT=3,TRAF=11,SERV_D6=1,CDIV_D1=1,ROC_D2=1;"));
+  EXPECT_THAT(texts(), ElementsAre("Another category has the same values. Change TRAF, SERV, CDIV or ROC."));
+  EXPECT_TRUE(Single("SELECT TRAF FROM EXCCS WHERE CAT = '3'").IsNull());
+}
+
+TEST_F(KeyExtensions, TheRolesOfCategoriesAreGivenOnce) {
+  Prepare({"EXCCS:CAT=1,CATTYP=1;"});
+  EXPECT_THAT(Valid("EXCCS", "CATTYP", {{"CAT", "1"}}), ElementsAre("1", "2", "1&2"));
+  EXPECT_THAT(Valid("EXCCS", "CATTYP", {{"CAT", "2"}}), ElementsAre("2", "1&2"));
+  EXPECT_FALSE(Do("EXCCS:CAT=2,CATTYP=1;"));
+  EXPECT_THAT(texts(), ElementsAre("CATTYP: this value is not possible here Possible: 2, 1&2"));
+  Prepare({"EXCCS:CAT=1,CATTYP=1&2;"});
+  EXPECT_THAT(Lines("EXCCS"), ElementsAre(StartsWith("EXCCS:CAT=1,CDIV"), StartsWith("EXCCS:CAT=2,CDIV"),
+                                          "EXCCS:CAT=1,CATTYP=1;", "EXCCS:CAT=1,CATTYP=2;"));
+}
+
+TEST_F(KeyExtensions, DigitSixOfDiversionDecidesAboutTheDigitsBehindIt) {
+  EXPECT_THAT(Valid("EXCCS", "CDIV_D9"), ElementsAre());
+  EXPECT_THAT(Valid("EXCCS", "CDIV_D9", {{"CDIV_D6", "0"}}), ElementsAre("0"));
+  EXPECT_THAT(Valid("EXCCS", "CDIV_D9", {{"CDIV_D6", "1"}}), ElementsAre("0", "1", "2"));
+  Prepare({"EXCCS:CAT=4,SERV_D6=1,CDIV_D6=1,CDIV_D7=1,CDIV_D9=2;"});
+  EXPECT_EQ(Single("SELECT CDIV FROM EXCCS WHERE CAT = '4'"), Value("000001102"));
+  Prepare({"edit EXCCS CAT=4:CDIV_D6=0;"});
+  EXPECT_EQ(Single("SELECT CDIV FROM EXCCS WHERE CAT = '4'"), Value("000000000"));
+}
+
+TEST_F(KeyExtensions, ADeletedCategoryIsBlankUnlessSomethingUsesIt) {
+  Prepare({"KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;"});
+  EXPECT_FALSE(Do("delete EXCCS CAT=1;"));
+  EXPECT_THAT(texts(), ElementsAre("Cannot delete as there are extensions initiated with this category"));
+  Prepare({"delete EXCCS CAT=2;"});
+  EXPECT_THAT(Valid("KSEXI", "CAT"), ElementsAre("1"));
+  EXPECT_THAT(Valid("EXCCS", "CAT"), SizeIs(32));
+  EXPECT_THAT(Lines("EXCCS"), ElementsAre(StartsWith("EXCCS:CAT=1,")));
+}
+
+TEST_F(KeyExtensions, AnEditOfACategoryFreesTheAdditionalNumbersThatHaveIt) {
+  Prepare({"KSEXI:DIR=100&101,ITYPE=3,EQU=next,CAT=1;", "KSANI:DIR=100,KEY=1,ADN=150,CAT=2;",
+           "KSANI:DIR=101,KEY=1,ADN=151,CAT=2;", "KSANI:DIR=101,KEY=2,ADN=152,CAT=1;"});
+  ASSERT_TRUE(Do("edit EXCCS CAT=2:TRAF=33;"));
+  EXPECT_THAT(texts(),
+              ElementsAre("Additional numbers use category 2, and their numbers are released. Check these records in "
+                          "KSANI."));
+  EXPECT_FALSE(IsNumberUsed("150"));
+  EXPECT_FALSE(IsNumberUsed("151"));
+  EXPECT_TRUE(IsNumberUsed("152"));
+  EXPECT_EQ(Single("SELECT COUNT(*) FROM KSANI"), Value(3));
+}
+
+// --- Key extensions.
+
+TEST_F(KeyExtensions, AnExtensionNeedsACategoryOrAllClassStrings) {
+  EXPECT_FALSE(Do("KSEXI:DIR=100,ITYPE=3,EQU=next,TRAF=1,SERV_D1=1;"));
+  EXPECT_THAT(texts(), ElementsAre("CAT: give CAT, or TRAF, SERV, CDIV and ROC"));
+  Prepare(
+      {"KSEXI:DIR=100,ITYPE=3,EQU=next,TRAF=1,SERV_D3D4_SUB1=02,SERV_D3D4_SUB2=04,SERV_D3D4_SUB3=16,"
+       "SERV_D7D8_SUB1=10,SERV_D7D8_SUB2=03,CDIV_D4D5=02,ROC_D5D6=07,ADC_D2=1,ADC_D10=1,TRM=5;"});
+  EXPECT_THAT(Lines("KSEXI"), ElementsAre("KSEXI:DIR=100,ITYPE=3,EQU=001-0-10-00,TRAF=1,SERV=002200130,CDIV=000020000,"
+                                          "ROC=000007,ADC=01000000010,TRM=5;"));
+}
+
+TEST_F(KeyExtensions, TheInstrumentDecidesAboutTheBoard) {
+  const auto boards = [this](const std::string& ITYPE) {
+    std::vector<std::string> slots;
+    for (const std::string& EQU : Valid("KSEXI", "EQU", {{"ITYPE", ITYPE}})) {
+      const std::string slot = EQU.substr(0, 8);
+      if (slots.empty() || slots.back() != slot) slots.push_back(slot);
+    }
+    return slots;
+  };
+  EXPECT_THAT(Valid("KSEXI", "EQU"), SizeIs(16 + 32 + 16 + 32));
+  EXPECT_THAT(boards("3"), ElementsAre("001-0-10", "002-0-10"));
+  EXPECT_THAT(boards("18"), ElementsAre("001-0-10", "002-0-10"));
+  EXPECT_THAT(boards("0"), ElementsAre("001-0-11", "002-0-11"));
+  EXPECT_THAT(boards("12"), ElementsAre("001-0-11", "002-0-11"));
+  EXPECT_FALSE(Do("KSEXI:DIR=100,ITYPE=3,EQU=001-0-11-00,CAT=1;"));
+  EXPECT_THAT(texts(), Contains(StartsWith("EQU: this value is not possible here Possible: 001-0-10-00, ")));
+}
+
+TEST_F(KeyExtensions, NumbersAndPositionsThatAreTakenLeaveTheLists) {
+  Prepare({"KSEXI:DIR=100&&109,ITYPE=3,EQU=next,CAT=1;"});
+  EXPECT_THAT(Valid("KSEXI", "DIR"), SizeIs(90));
+  EXPECT_EQ(Valid("KSEXI", "DIR").front(), "110");
+  EXPECT_EQ(Valid("KSEXI", "EQU", {{"ITYPE", "3"}}).front(), "001-0-10-10");
+  EXPECT_FALSE(Do("KSEXI:DIR=105,ITYPE=3,EQU=next,CAT=1;"));
+  EXPECT_THAT(texts(), ElementsAre(StartsWith("DIR: this value is not possible here Possible: 110, 111,")));
+  EXPECT_FALSE(Do("KSEXI:DIR=110,ITYPE=3,EQU=001-0-10-05,CAT=1;"));
+  EXPECT_THAT(texts(), Contains(StartsWith("EQU: this value is not possible here Possible: 001-0-10-10, ")));
+  EXPECT_TRUE(IsPositionUsed("001-0-10-09"));
+  EXPECT_FALSE(IsPositionUsed("001-0-10-10"));
+}
+
+TEST_F(KeyExtensions, OneLineSetsUpSeveralInStep) {
+  Prepare({"KSEXI:DIR=100&&103&110,ITYPE=12,EQU=001-0-11-04&&001-0-11-07&001-0-11-00,CAT=1;"});
+  EXPECT_EQ(Single("SELECT EQU FROM KSEXI WHERE DIR = '100'"), Value("001-0-11-04"));
+  EXPECT_EQ(Single("SELECT EQU FROM KSEXI WHERE DIR = '103'"), Value("001-0-11-07"));
+  EXPECT_EQ(Single("SELECT EQU FROM KSEXI WHERE DIR = '110'"), Value("001-0-11-00"));
+}
+
+TEST_F(KeyExtensions, NumbersWithoutAPositionEachAreRefusedBeforeAnythingIsDone) {
+  EXPECT_FALSE(Do("KSEXI:DIR=100&&103,ITYPE=12,EQU=001-0-11-00&&001-0-11-02,CAT=1;"));
+  EXPECT_THAT(texts(),
+              ElementsAre("EQU: DIR and EQU go in pairs, and there are 4 and 3 of them; give as many of each"));
+  EXPECT_FALSE(Do("KSEXI:DIR=100,ITYPE=12,EQU=001-0-11-00&001-0-11-02,CAT=1;"));
+  EXPECT_THAT(texts(),
+              ElementsAre("EQU: DIR and EQU go in pairs, and there are 1 and 2 of them; give as many of each"));
+  EXPECT_FALSE(Do("KSEXI:DIR=100&100,ITYPE=12,EQU=next,CAT=1;"));
+  EXPECT_THAT(texts(), Contains("DIR: 100 is given twice"));
+  EXPECT_EQ(Single("SELECT COUNT(*) FROM KSEXI"), Value(0));
+  EXPECT_FALSE(IsNumberUsed("100"));
+}
+
+TEST_F(KeyExtensions, TheLocationNarrowsTheChoiceOfPositions) {
+  EXPECT_THAT(Valid("KSEXI", "LOCATION"), ElementsAre("HQ", "WORKS"));
+  EXPECT_THAT(Valid("KSEXI", "EQU", {{"ITYPE", "3"}, {"LOCATION", "WORKS"}}), Each(StartsWith("002-0-10-")));
+  Prepare({"KSEXI:DIR=100,ITYPE=3,LOCATION=WORKS,EQU=next,CAT=1;",
+           "KSEXI:DIR=101,ITYPE=12,LOCATION=WORKS,EQU=next,CAT=1;"});
+  EXPECT_EQ(Single("SELECT EQU FROM KSEXI WHERE DIR = '100'"), Value("002-0-10-00"));
+  EXPECT_EQ(Single("SELECT EQU FROM KSEXI WHERE DIR = '101'"), Value("002-0-11-00"));
+  EXPECT_FALSE(Do("KSEXI:DIR=102,ITYPE=3,LOCATION=WORKS,EQU=001-0-10-00,CAT=1;"));
+  EXPECT_THAT(texts(), Contains(StartsWith("EQU: this value is not possible here Possible: 002-0-10-01, ")));
+}
+
+TEST_F(KeyExtensions, AnotherInstrumentClearsAPositionThatDoesNotSuitIt) {
+  std::vector<Problem> problems;
+  std::vector<Problem> warnings;
+  session().host().OpenForm(*FindForm("KSEXI"));
+  const auto set = [&](const char* name, const char* value) { SetValue(session(), {name, value}, problems, warnings); };
+  set("ITYPE", "12");
+  set("EQU", "001-0-11-00");
+  set("ITYPE", "15");
+  EXPECT_EQ(session().form().Get("EQU"), Value("001-0-11-00"));
+  set("ITYPE", "3");
+  EXPECT_TRUE(session().form().Get("EQU").IsBlank());
+  set("ITYPE", "0");
+  set("EQU", "001-0-11-00");
+  set("ITYPE", "0");
+  EXPECT_TRUE(session().form().Get("EQU").IsBlank());
+  EXPECT_THAT(problems, IsEmpty());
+  EXPECT_THAT(warnings, IsEmpty());
+
+  Prepare({"KSEXI:DIR=100,ITYPE=12,EQU=001-0-11-00,CAT=1;", "edit KSEXI DIR=100:ITYPE=15;"});
+  EXPECT_FALSE(Do("edit KSEXI DIR=100:ITYPE=3;"));
+  EXPECT_THAT(texts(), ElementsAre("EQU: this parameter has to be given (Equipment position, one for each number)"));
+  Prepare({"edit KSEXI DIR=100:ITYPE=3,EQU=next;"});
+  EXPECT_EQ(Single("SELECT EQU FROM KSEXI"), Value("001-0-10-00"));
+  EXPECT_FALSE(IsPositionUsed("001-0-11-00"));
+  EXPECT_TRUE(IsPositionUsed("001-0-10-00"));
+}
+
+TEST_F(KeyExtensions, AnotherInstrumentLosesTheKeysThatItDoesNotHave) {
+  Prepare({"KSEXI:DIR=100&101,ITYPE=3,EQU=next,CAT=1;", "KSFKC:DIR=100,KEY=4,FCN=DND;", "KSFKC:DIR=100,KEY=12,FCN=LNR;",
+           "KSMDI:DIR=100,KEY=13,MDN=101;", "KSANI:DIR=100,KEY=14,ADN=150,CAT=1;", "KSANI:DIR=100,KEY=3,ADN=151,CAT=1;",
+           "KSFKC:DIR=101,KEY=12,FCN=LNR;", "edit KSEXI DIR=100:ITYPE=2;"});
+  EXPECT_THAT(Lines("KSFKC"), ElementsAre("KSFKC:DIR=100,KEY=4,FCN=DND;", "KSFKC:DIR=101,KEY=12,FCN=LNR;"));
+  EXPECT_THAT(Lines("KSMDI"), IsEmpty());
+  EXPECT_THAT(Lines("KSANI"), ElementsAre(HasSubstr("ADN=151,KEY=3")));
+  // The number of a record that went this way stays in use.
+  EXPECT_TRUE(IsNumberUsed("150"));
+}
+
+TEST_F(KeyExtensions, AnotherNumberIsWrittenAndTakenIntoUse) {
+  Prepare({"KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;", "edit KSEXI DIR=100:DIR=142,CUST=2;"});
+  EXPECT_THAT(Lines("KSEXI"), ElementsAre("KSEXI:DIR=142,ITYPE=3,EQU=001-0-10-00,CAT=1,CUST=2;"));
+  EXPECT_FALSE(IsNumberUsed("100"));
+  EXPECT_TRUE(IsNumberUsed("142"));
+  EXPECT_EQ(Single("SELECT DIR FROM UsedExtOpeGrp"), Value("142"));
+  EXPECT_FALSE(Do("edit KSEXI DIR=142:DIR=900;"));
+  EXPECT_THAT(Lines("KSEXI"), ElementsAre(StartsWith("KSEXI:DIR=142,")));
+}
+
+TEST_F(KeyExtensions, ADeletedExtensionFreesItsNumberAndPositionAndIsGone) {
+  Prepare({"KSEXI:DIR=100&101,ITYPE=3,EQU=next,CAT=1;", "delete KSEXI DIR=100;"});
+  EXPECT_THAT(Lines("KSEXI"), ElementsAre(StartsWith("KSEXI:DIR=101,")));
+  EXPECT_FALSE(IsNumberUsed("100"));
+  EXPECT_FALSE(IsPositionUsed("001-0-10-00"));
+  EXPECT_THAT(Valid("KSEXI", "DIR").front(), "100");
+  EXPECT_FALSE(Do("delete KSEXI DIR=100;"));
+  EXPECT_THAT(texts(), ElementsAre("there is no record of KSEXI with DIR=100"));
+}
+
+TEST_F(KeyExtensions, WhatACheckClearsInAnEditIsWrittenToo) {
+  Prepare({"KSEXI:DIR=100,ITYPE=12,ACCTYP=1,EQU=next,CAT=1,ADC_D2=1,ADC_D11=2;"});
+  EXPECT_EQ(Single("SELECT ADC FROM KSEXI"), Value("01000000002"));
+  Prepare({"edit KSEXI DIR=100:ACCTYP=2;"});
+  EXPECT_EQ(Single("SELECT ADC FROM KSEXI"), Value("01000000000"));
+}
+
+TEST_F(KeyExtensions, AHighServiceForbidsAValueOfTheFirstDigit) {
+  EXPECT_THAT(Valid("KSEXI", "ADC_D1", {{"SERV_D7D8_SUB2", "01"}}), ElementsAre("0", "1", "2"));
+  EXPECT_THAT(Valid("KSEXI", "ADC_D1", {{"SERV_D7D8_SUB2", "02"}}), ElementsAre("0", "1"));
+  EXPECT_THAT(Valid("KSEXI", "ADC_D1", {{"CAT", "1"}}), ElementsAre("0", "1", "2"));
+}
+
+// --- Keys.
+
+TEST_F(KeyExtensions, EveryInstrumentHasItsOwnKeys) {
+  Prepare({"KSEXI:DIR=100,ITYPE=1,EQU=next,CAT=1;", "KSEXI:DIR=101,ITYPE=7,EQU=next,CAT=1;",
+           "KSEXI:DIR=102,ITYPE=10,EQU=next,CAT=1;"});
+  for (const char* command : {"KSFKC", "KSMDI", "KSANI"}) {
+    EXPECT_THAT(Valid(command, "KEY", {{"DIR", "100"}}), ElementsAre("1", "2", "3", "4")) << command;
+    EXPECT_THAT(Valid(command, "KEY", {{"DIR", "101"}}), SizeIs(32)) << command;
+    EXPECT_EQ(Valid(command, "KEY", {{"DIR", "101"}}).back(), "A16") << command;
+    EXPECT_THAT(Valid(command, "KEY", {{"DIR", "102"}}), SizeIs(20)) << command;
+  }
+  EXPECT_THAT(Valid("KSFKC", "KEY", {{"ITYPE", "12"}}), SizeIs(48));
+  EXPECT_FALSE(Do("KSFKC:DIR=100,KEY=5,FCN=DND;"));
+  EXPECT_THAT(texts(), ElementsAre("KEY: this value is not possible here Possible: 1, 2, 3, 4"));
+}
+
+TEST_F(KeyExtensions, AnEditKnowsTheKeysOfTheInstrument) {
+  Prepare(
+      {"KSEXI:DIR=100,ITYPE=7,EQU=next,CAT=1;", "KSFKC:DIR=100,KEY=5,FCN=DND;", "edit KSFKC DIR=100,KEY=5:KEY=A5;"});
+  EXPECT_THAT(Lines("KSFKC"), ElementsAre("KSFKC:DIR=100,KEY=A5,FCN=DND;"));
+  EXPECT_EQ(Single("SELECT DIRK FROM KSFKC"), Value("100-A5"));
+  EXPECT_FALSE(Do("edit KSFKC DIR=100,KEY=A5:KEY=20;"));
+  EXPECT_THAT(texts(), ElementsAre(StartsWith("KEY: this value is not possible here Possible: 1, 2, 3,")));
+}
+
+TEST_F(KeyExtensions, TheThreeCommandsShareTheKeys) {
+  Prepare({"KSEXI:DIR=100&101,ITYPE=1,EQU=next,CAT=1;", "KSFKC:DIR=100,KEY=1,FCN=DND;",
+           "KSFKC:DIR=100,KEY=2,FCN=TNS,DIG=9;", "KSANI:DIR=100,KEY=3,ADN=150,CAT=1;"});
+  EXPECT_THAT(Valid("KSFKC", "KEY", {{"DIR", "100"}}), ElementsAre("4"));
+  EXPECT_THAT(Valid("KSMDI", "KEY", {{"DIR", "100"}}), ElementsAre("2", "4"));
+  EXPECT_THAT(Valid("KSANI", "KEY", {{"DIR", "100"}}), ElementsAre("2", "4"));
+  EXPECT_THAT(Valid("KSFKC", "KEY", {{"DIR", "100&101"}}), ElementsAre("4"));
+  // A number takes the place of a stored number.
+  Prepare({"KSMDI:DIR=100,KEY=next,MDN=101;", "KSMDI:DIR=100,KEY=next,MDN=150;"});
+  EXPECT_THAT(Lines("KSFKC"), ElementsAre("KSFKC:DIR=100,KEY=1,FCN=TNS;\nKSFKC:DIR=100,KEY=1,FCN=DND;"));
+  EXPECT_FALSE(Do("KSANI:DIR=100,KEY=next,ADN=next,CAT=1;"));
+  EXPECT_THAT(
+      texts(),
+      Contains("KEY: 100 has no free key. Remove a function from one of its keys, or choose another extension."));
+}
+
+TEST_F(KeyExtensions, AKeyOnSeveralExtensionsNeedsOneInstrument) {
+  Prepare({"KSEXI:DIR=100&101,ITYPE=3,EQU=next,CAT=1;", "KSEXI:DIR=102,ITYPE=4,EQU=next,CAT=1;",
+           "KSFKC:DIR=100&&101,KEY=3,FCN=DND;"});
+  EXPECT_THAT(Lines("KSFKC"), SizeIs(2));
+  EXPECT_FALSE(Do("KSFKC:DIR=100&&102,KEY=5,FCN=LNR;"));
+  EXPECT_THAT(texts(), Contains("DIR: The extensions differ in their ITYPE. Choose extensions of the same type."));
+  EXPECT_THAT(Lines("KSFKC"), SizeIs(2));
+}
+
+TEST_F(KeyExtensions, FunctionsFollowTheExtension) {
+  Prepare(
+      {"KSEXI:DIR=100,ITYPE=12,EQU=next,CAT=1,ADC_D2=1;", "KSEXI:DIR=101,ITYPE=12,ACCTYP=1,EQU=next,CAT=1,ADC_D1=1;"});
+  EXPECT_THAT(Valid("KSFKC", "FCN", {{"DIR", "100"}}), Not(Contains(testing::AnyOf("SBC", "RDC", "CLT"))));
+  EXPECT_THAT(Valid("KSFKC", "FCN", {{"DIR", "101"}}), testing::IsSupersetOf({"SBC", "RDC", "CLT"}));
+  Prepare({"KSFKC:DIR=100,KEY=3,FCN=DND;", "KSFKC:DIR=100,KEY=4,FCN=TNS,DIG=1;", "KSFKC:DIR=100,KEY=5,FCN=TNS,DIG=2;"});
+  EXPECT_THAT(Valid("KSFKC", "FCN", {{"DIR", "100"}}), Not(Contains("DND")));
+  EXPECT_THAT(Valid("KSFKC", "FCN", {{"DIR", "100"}}), Contains("TNS"));
+  EXPECT_FALSE(Do("KSFKC:DIR=100,KEY=6,FCN=LNR,DIG=7;"));
+  EXPECT_THAT(texts(), ElementsAre("DIG is given, and FCN is not TNS. Leave DIG empty, or set FCN to TNS."));
+  Prepare({"delete KSFKC DIR=100,KEY=3;"});
+  EXPECT_THAT(Valid("KSFKC", "FCN", {{"DIR", "100"}}), Contains("DND"));
+}
+
+TEST_F(KeyExtensions, AFixedKeyIsReleasedInFront) {
+  Prepare({"KSEXI:DIR=100,ITYPE=12,EQU=next,CAT=1;", "KSEXI:DIR=101,ITYPE=15,EQU=next,CAT=1;",
+           "KSFKC:DIR=100,KEY=1,FCN=LNR;", "KSFKC:DIR=100,KEY=13,FCN=DND;", "KSFKC:DIR=101,KEY=A1,FCN=DND;",
+           "KSFKC:DIR=101,KEY=13,FCN=LNR;", "KSMDI:DIR=100,KEY=12,MDN=101;", "KSANI:DIR=101,KEY=2,ADN=150,CAT=1;"});
+  EXPECT_THAT(
+      Lines("KSFKC"),
+      ElementsAre("KSFKC:DIR=100,KEY=1,FCN=LNR;", "KSFKC:DIR=100,KEY=13,FCN=TNS;\nKSFKC:DIR=100,KEY=13,FCN=DND;",
+                  "KSFKC:DIR=101,KEY=A1,FCN=TNS;\nKSFKC:DIR=101,KEY=A1,FCN=DND;", "KSFKC:DIR=101,KEY=13,FCN=LNR;"));
+  EXPECT_THAT(Lines("KSMDI"), ElementsAre("KSFKC:DIR=100,KEY=12,FCN=TNS;\nKSMDI:DIR=100,KEY=12,MDN=101;"));
+  EXPECT_THAT(Lines("KSANI"), ElementsAre(StartsWith("KSFKC:DIR=101,KEY=2,FCN=TNS;\nKSANI:DIR=101,ADN=150,")));
+}
+
+TEST_F(KeyExtensions, ANumberAndKeyTogetherTakeThePlaceOfBoth) {
+  Prepare({"KSEXI:DIR=100&&102,ITYPE=3,EQU=next,CAT=1;", "KSMDI:DIRK_D1D2D3D4D5=100,DIRK_D6D7D8=3,MDN=102;",
+           "KSMDI:DIRK=100-4&101-4,MDN=102;"});
+  EXPECT_THAT(Lines("KSMDI"), ElementsAre("KSMDI:DIR=100,KEY=3,MDN=102;", "KSMDI:DIR=100,KEY=4,MDN=102;",
+                                          "KSMDI:DIR=101,KEY=4,MDN=102;"));
+  EXPECT_EQ(Single("SELECT DIRK FROM KSMDI"), Value("100-3"));
+  EXPECT_FALSE(Do("KSMDI:DIRK_D1D2D3D4D5=100,MDN=102;"));
+  EXPECT_THAT(texts(), ElementsAre("DIR: give DIR and KEY, or DIRK"));
+  // A function is added as many times as its composite key has characters.
+  Prepare({"KSFKC:DIRK=102-8,FCN=DND;"});
+  EXPECT_THAT(Lines("KSFKC"), SizeIs(5));
+  EXPECT_THAT(Lines("KSFKC"), Each(Lines("KSFKC").front()));
+}
+
+TEST_F(KeyExtensions, AnExtensionHasThirtyFurtherNumbers) {
+  Prepare({"KSEXI:DIR=100&&131,ITYPE=3,EQU=next,CAT=1;", "KSEXI:DIR=199,ITYPE=12,EQU=next,CAT=1;"});
+  for (int MDN = 100; MDN < 130; ++MDN) Prepare({"KSMDI:DIR=199,KEY=next,MDN=" + std::to_string(MDN) + ";"});
+  EXPECT_FALSE(Do("KSMDI:DIR=199,KEY=next,MDN=130;"));
+  EXPECT_THAT(texts(), ElementsAre("The limit of 30 MDNs is reached for DIR. Remove one before you add another."));
+  Prepare({"delete KSMDI DIR=199,MDN=100;", "KSMDI:DIR=199,KEY=next,MDN=130;"});
+  EXPECT_THAT(Lines("KSMDI"), SizeIs(30));
+}
+
+TEST_F(KeyExtensions, AFurtherNumberIsOpenAndOfAnotherExtension) {
+  Prepare({"KSEXI:DIR=100&101,ITYPE=3,EQU=next,CAT=1;", "KSEXI:DIR=102,ITYPE=3,EQU=next,CAT=1,ADC_D1=1;",
+           "KSANI:DIR=102,KEY=3,ADN=150,CAT=1,ADC_D1=1;", "KSANI:DIR=102,KEY=4,ADN=151,CAT=1,ADC_D1=0;"});
+  EXPECT_THAT(Valid("KSMDI", "MDN", {{"DIR", "100"}}), ElementsAre("101", "151"));
+  Prepare({"KSMDI:DIR=100,KEY=3,MDN=101;"});
+  EXPECT_THAT(Valid("KSMDI", "MDN", {{"DIR", "100"}}), ElementsAre("151"));
+}
+
+// --- Additional numbers.
+
+TEST_F(KeyExtensions, AnAdditionalNumberIsTakenMovedAndFreed) {
+  Prepare(
+      {"KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1,ADC_D2=1;", "KSANI:DIR=100,KEY=5,ADN=150,CAT=2,CUST=1,DESCRIPTION=Post;"});
+  EXPECT_TRUE(IsNumberUsed("150"));
+  EXPECT_THAT(Valid("KSANI", "ADN"), Not(Contains("150")));
+  EXPECT_THAT(Valid("KSANI", "ADC_D1", {{"DIR", "100"}}), ElementsAre("0"));
+  Prepare({"edit KSANI ADN=150:ADN=151,KEY=6;"});
+  EXPECT_FALSE(IsNumberUsed("150"));
+  EXPECT_TRUE(IsNumberUsed("151"));
+  EXPECT_THAT(Lines("KSANI"), ElementsAre("KSANI:DIR=100,ADN=151,KEY=6,CAT=2,CUST=1;"));
+  EXPECT_FALSE(Do("edit KSANI ADN=151:CAT=1;"));
+  EXPECT_THAT(texts(),
+              ElementsAre("This category cannot be given to an additional number. Choose a category without SERV."));
+  Prepare({"delete KSANI ADN=151;"});
+  EXPECT_FALSE(IsNumberUsed("151"));
+  EXPECT_EQ(Single("SELECT COUNT(*) FROM KSANI"), Value(0));
+}
+
+// --- Releases.
+
+TEST_F(KeyExtensions, ReleasesDifferInLanguageDigitsAndFurtherNumbers) {
+  const std::vector<std::string> extensions = {"KSEXI:DIR=100&&102,ITYPE=3,EQU=next,CAT=1,ADC_D2=1,LANG=2;"};
+  const std::string digit = "KSEXI:DIR=110,ITYPE=12,ACCTYP=1,EQU=next,CAT=1,ADC_D11=2;";
+  const std::string withMNS = "KSMDI:DIR=100,KEY=3,MDN=101,MNS=YES,DIG=12;";
+  const std::string withDIG = "KSMDI:DIR=100,KEY=4,MDN=102,DIG=34;";
+  for (const std::string release : {"R6", "R6/1"}) {
+    Open(release);
+    Prepare(extensions);
+    EXPECT_THAT(Lines("KSEXI"), Each(testing::EndsWith(",CAT=1,ADC=01000000000;"))) << release;
+    EXPECT_THAT(Valid("KSEXI", "LANG"), ElementsAre("1", "2", "3"));
+    EXPECT_THAT(Valid("KSEXI", "ADC_D11"), ElementsAre("no list"));
+    EXPECT_FALSE(Do(digit));
+    EXPECT_THAT(texts(), ElementsAre("ADC_D11: the release " + release + " does not have this parameter"));
+    EXPECT_FALSE(Do("KSMDI:DIR=100,KEY=3,MDN=101,MNS=YES;"));
+    EXPECT_THAT(texts(), ElementsAre(StartsWith("DIG: this parameter has to be given")));
+    EXPECT_FALSE(Do("KSMDI:DIR=100,KEY=3,MDN=101,MNS=NO,DIG=12;"));
+    Prepare({withMNS, withDIG});
+    EXPECT_THAT(Lines("KSFKC"), ElementsAre("KSFKC:DIR=100,KEY=3,FCN=MNS,DIG=12;")) << release;
+    EXPECT_THAT(Lines("KSMDI"), ElementsAre("KSMDI:DIR=100,KEY=3,MDN=101;", "KSMDI:DIR=100,KEY=4,MDN=102;"));
+  }
+  for (const std::string release : {"R7", "R8"}) {
+    Open(release);
+    Prepare(extensions);
+    EXPECT_THAT(Lines("KSEXI"), Each(testing::EndsWith(",CAT=1,ADC=01000000000,LANG=2;"))) << release;
+    EXPECT_THAT(Valid("KSEXI", "LANG"), SizeIs(6));
+    EXPECT_THAT(Valid("KSEXI", "ADC_D11"), ElementsAre("0"));
+    EXPECT_THAT(Valid("KSEXI", "ADC_D11", {{"ACCTYP", "1"}}), ElementsAre("0", "1", "2"));
+    Prepare({digit, withDIG});
+    EXPECT_FALSE(Do(withMNS));
+    EXPECT_THAT(texts(), Contains("MNS: the release " + release + " does not have this parameter"));
+    EXPECT_THAT(Lines("KSMDI"), ElementsAre("KSMDI:DIR=100,KEY=4,MDN=102,DIG=34;"));
+    EXPECT_THAT(Lines("KSFKC"), IsEmpty());
+  }
+}
+
+// --- The example.
+
+std::string Golden(const std::string& name) {
+  std::ifstream in(CORDBOARD_SOURCE_DIR "/tests/workbench/golden/" + name);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+TEST_F(KeyExtensions, TheExampleGivesTheLinesOfItsRelease) {
+  for (const std::string release : {"R6", "R8"}) {
+    OpenNew(release);
+    Apply("plans/example.plan");
+    Apply("plans/extensions.plan");
+    EXPECT_EQ(Single("SELECT COUNT(*) FROM KSEXI"), Value(40));
+    std::string lines;
+    for (const char* command : {"EXCCS", "KSEXI", "KSFKC", "KSMDI", "KSANI"}) {
+      for (const std::string& line : Lines(command)) lines += line + "\n";
+    }
+    EXPECT_EQ(lines, Golden("extensions-" + release + ".txt")) << release;
+  }
+}
+
+TEST_F(KeyExtensions, TheExamplesOfTwoReleasesDifferAsTheirRulesDo) {
+  std::istringstream r6(Golden("extensions-R6.txt"));
+  std::set<std::string> stripped;
+  for (std::string line; std::getline(r6, line);) stripped.insert(line);
+  std::istringstream r8(Golden("extensions-R8.txt"));
+  std::set<std::string> later;
+  for (std::string line; std::getline(r8, line);) {
+    const bool digits = line.starts_with("KSMDI") && line.find(",DIG=") != line.npos;
+    const std::size_t cut = digits ? line.find(",DIG=") : line.starts_with("KSEXI") ? line.find(",LANG=") : line.npos;
+    later.insert(cut == line.npos ? line : line.substr(0, cut) + ";");
+  }
+  // Without languages and the digits of further numbers the later release has all lines of the earlier one, but for
+  // the stored numbers whose keys have been taken.
+  std::vector<std::string> earlierAlone;
+  std::ranges::set_difference(stripped, later, std::back_inserter(earlierAlone));
+  EXPECT_THAT(earlierAlone,
+              ElementsAre("KSFKC:DIR=200,KEY=2,FCN=TNS,DIG=216;", "KSFKC:DIR=201,KEY=2,FCN=TNS,DIG=216;",
+                          "KSFKC:DIR=202,KEY=2,FCN=TNS,DIG=216;", "KSFKC:DIR=203,KEY=2,FCN=TNS,DIG=216;"));
+  EXPECT_TRUE(std::ranges::includes(stripped, later));
+}
+
+TEST_F(KeyExtensions, TheLinesOfCategoriesExtensionsAndAdditionalNumbersCanBeReadAsAPlan) {
+  OpenNew("R8");
+  Apply("plans/example.plan");
+  Apply("plans/extensions.plan");
+  std::map<std::string, std::vector<std::string>> lines;
+  for (const char* command : {"EXCCS", "KSEXI", "KSMDI", "KSANI"}) {
+    // A line that releases a fixed key is none of the record's own.
+    for (const std::string& line : Lines(command)) lines[command].push_back(line.substr(line.rfind('\n') + 1));
+  }
+  OpenNew("R8");
+  Apply("plans/example.plan");
+  for (const char* command : {"EXCCS", "KSEXI", "KSANI", "KSMDI"}) Prepare(lines[command]);
+  EXPECT_EQ(Lines("KSEXI"), lines["KSEXI"]);
+  EXPECT_EQ(Lines("KSANI"), lines["KSANI"]);
+  EXPECT_EQ(Lines("EXCCS"), lines["EXCCS"]);
+  EXPECT_THAT(Lines("KSMDI"), SizeIs(lines["KSMDI"].size()));
+}
+
+}  // namespace
+}  // namespace cordboard::workbench
