@@ -1,0 +1,241 @@
+// EXCCS: categories: numbered bundles of the class strings TRAF, SERV, CDIV and ROC. The rows are a fixed set: an add
+// fills the row of its CAT, a delete blanks it, and a row without SERV counts as a category that does not exist.
+// CATTYP marks the special categories: "1" the minimum, "2" the default, "1&2" one that is both.
+
+#include <algorithm>
+#include <vector>
+
+#include "commands/keyextensions/KSANI.h"
+#include "script/Conversions.h"
+#include "script/Envelope.h"
+#include "script/Generate.h"
+#include "script/MessageBox.h"
+#include "script/Module.h"
+#include "script/Report.h"
+#include "script/Text.h"
+#include "shared/ClassStrings.h"
+#include "shared/ValueLists.h"
+
+namespace cordboard {
+
+namespace {
+
+// --- Lists and checks.
+
+// All rows, the blank ones too, in the order of the text: not the list of categories that extensions see.
+bool ListCAT(const Action& action) {
+  return OrReport(scCollectValuesAndDesc("SELECT CAT, DESCRIPTION  FROM EXCCS ORDER BY CAT ", "dynamic"),
+                  "GetValidValForParam", Message::DescribedListNotBuilt, action.Parameter());
+}
+
+// Takes out the roles that other categories have. The value "1&2" is never taken out. The answer is that of the last
+// removal.
+bool ListCATTYP(const Action& action) {
+  const std::string parameter = action.Parameter();
+  if (!GetValuesAndDescription(action)) return false;
+  RowSet rows;
+  if (!OrReport(scRunQuery("SELECT CAT, CATTYP FROM EXCCS WHERE CATTYP <> ''", rows), "GetValuesFor: " + parameter,
+                Message::StatementFailed))
+    return false;
+  if (rows.IsEmpty()) return true;
+  const Value CAT = scGetParamValue("CAT");
+  bool flag = true;
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    if (!Differs(rows[0][row], CAT)) continue;
+    const Value& CATTYP = rows[1][row];
+    const bool both = Equals(CATTYP, "1&2");
+    if (both || Equals(CATTYP, "1")) flag = scRemoveFromValidValues(parameter, "1");
+    if (both || Equals(CATTYP, "2")) flag = scRemoveFromValidValues(parameter, "2");
+  }
+  return flag;
+}
+
+// Reports under the context of lists, though it is a check.
+bool CheckCAT(const Action&) {
+  return OrReport(scResetParam("CATTYP"), "GetValidValForParam", Message::ResetFailed, "CATTYP");
+}
+
+// --- Add and edit.
+
+const List columns{"TRAF", "SERV", "CDIV", "ROC", "CATTYP", "DESCRIPTION"};
+
+bool Count(const std::string& context, const std::string& sql, Value& count) {
+  RowSet rows;
+  if (!OrReport(scRunQuery(sql, rows), context, Message::StatementFailed)) return false;
+  count = rows[0][0];
+  return true;
+}
+
+// At most one category may have each role. "1&2" is not tested, and a category that has it stands in nobody's way.
+bool RoleIsFree(const std::string& context, std::int32_t CmdId, const Value& CATTYP) {
+  const bool minimum = Equals(CATTYP, "1");
+  if (!minimum && !Equals(CATTYP, "2")) return true;
+  Value count;
+  return Count(context, Sql("SELECT COUNT(*) FROM EXCCS WHERE (CATTYP =  '", CATTYP, "') AND NOT CMDID = ", CmdId),
+               count) &&
+         OrReport(!Differs(count, 0), context, Message::CategoryRoleTaken, minimum ? "MIN" : "DEFAULT");
+}
+
+// No two categories may have the same four strings. The report of one that has them bears a context of its own.
+bool StringsAreUnique(const std::string& context, const Value& CAT, const List& values) {
+  RowSet rows;
+  if (!scRunQuery(Sql("SELECT COUNT(*) FROM EXCCS WHERE CAT <> '", Trim(CAT), "' AND TRAF = '", Trim(values[0]),
+                      "' AND  SERV = '", Trim(values[1]), "' AND CDIV = '", Trim(values[2]), "' AND ROC = '",
+                      Trim(values[3]), "'"),
+                  rows)) {
+    Debug(" Error getting Values from EXCCS ");
+    Report(context, Message::RecordNotRead, "EXCCS");
+    return false;
+  }
+  return OrReport(!Differs(rows[0][0], 0), "Quorvel", Message::SameCategoryExists);
+}
+
+// Frees the additional numbers of the category; their records stay. This happens on every edit, whatever the new SERV:
+// its last two digits cannot be both "00" and "01", which is what would keep the numbers.
+bool FreeAdditionalNumbers(const std::string& context, const Value& CAT) {
+  RowSet rows;
+  if (!OrReport(scRunQuery(Sql("SELECT CmdID from KSANI WHERE CAT = '", CAT, "'"), rows), context,
+                Message::RecordInTheWay, "CmdID", "", "", "KSANI"))
+    return false;
+  if (rows.IsEmpty()) return true;
+  Report(context, Message::CategoryUsedByAdditionalNumbers, CAT);
+  Action deletion;
+  deletion.FunctionName = "DeleteInfo";
+  deletion.CmdName = "KSANI";
+  for (const Value& CmdId : rows[0]) {
+    deletion.CmdId = ToInt32(CmdId);
+    if (!KSANI_DeleteInfo(deletion)) return false;
+  }
+  return true;
+}
+
+// Writes the six columns. With `keepStored` a parameter that is empty or null keeps what is stored, so that an add
+// cannot clear a column and an edit can. An update that fails is reported and then forgotten: the step behind it
+// decides.
+bool WriteCategory(const Action& action, std::int32_t CmdId, bool keepStored) {
+  const std::string context = " Edit : " + action.CmdName;
+  return InTransaction(context, [&] {
+    RowSet stored;
+    if (!scRunQuery(Sql("SELECT TRAF, SERV, CDIV, ROC, CATTYP, DESCRIPTION FROM EXCCS WHERE CmdID = ", CmdId), stored))
+      return false;
+    List values(std::vector<Value>(columns.size()));
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      values[i] = scGetParamValue(ToText(columns[i]));
+      if (keepStored && (values[i].IsEmpty() || values[i].IsNull())) values[i] = stored[i][0];
+    }
+    // "012" becomes "2", unlike in an add, where only a number of two digits loses its zero.
+    Value CAT = scGetParamValue("CAT");
+    if (Left(Joined(CAT), 1) == "0") CAT = Right(Joined(CAT), 1);
+
+    if (!RoleIsFree(context, CmdId, values[4]) || !StringsAreUnique(context, CAT, values)) return false;
+    OrReport(scSQLUpdate("EXCCS", columns, values, {"CAT", Value()}, {CAT, Value()}), context,
+             Message::CategoryUpdateFailed, "EXCCS");
+    return FreeAdditionalNumbers(context, CAT);
+  });
+}
+
+// A category without a row counts as written. CAT is read into 256 characters.
+bool Add(const Action& action) {
+  std::string CAT(TrimBlanks(Left(ToText(scGetParamValue("CAT")), 256)));
+  if (Length(CAT) == 2 && CAT.front() == '0') CAT.erase(0, 1);
+  RowSet rows;
+  if (!scRunQuery(Sql("SELECT CMDID FROM EXCCS WHERE CAT = '", CAT, "'"), rows)) return false;
+  if (rows.IsEmpty()) return true;
+  return WriteCategory(action, ToInt32(NumericValue(rows[0][0])), true);
+}
+
+bool Edit(const Action& action) { return WriteCategory(action, action.CmdId, false); }
+
+// --- Delete.
+
+// The tables are asked in this order, and the first that holds the category shows the box.
+bool IsUnused(const std::string& context, double CAT) {
+  for (const char* table : {"EXTEIDIR", "KSEXI", "KSANI", "AUCOI_Central", "AUCOI_Regional", "ITNUI"}) {
+    Value count;
+    if (!Count(context, Sql("SELECT COUNT(*) FROM ", table, " WHERE CAT = '", CAT, "'"), count)) return false;
+    if (Differs(count, 0)) {
+      ShowMessageBox("Cannot delete as there are extensions initiated with this category", "Error", InformationBox);
+      return false;
+    }
+  }
+  return true;
+}
+
+// The row stays, with its CAT. The category is looked for as a number: "07" as 7.
+bool Delete(const Action& action) {
+  const std::string context = "Delete: " + action.CmdName;
+  return InTransaction(context, [&] {
+    RowSet rows;
+    return OrReport(scRunQuery(Sql("SELECT CAT FROM EXCCS WHERE CmdId = ", action.CmdId), rows), context,
+                    Message::StatementFailed) &&
+           IsUnused(context, NumericValue(rows[0][0])) &&
+           OrReport(scRunQuery(Sql("UPDATE EXCCS SET CDIV = Null, ROC= Null, SERV= Null, TRAF= Null, CATTYP= Null, "
+                                   "DESCRIPTION=Null WHERE CMDID = ",
+                                   action.CmdId)),
+                    context, Message::StatementFailed);
+  });
+}
+
+// --- Generate.
+
+// Blank rows give no line. The roles come behind all categories, the last row that has one deciding; their lines do not
+// go to the debug window. Columns are read by their place in the table.
+bool Generate(const Action& action) {
+  const std::string context = "Generating: " + action.CmdName;
+  const auto insert = [&](const std::string& line) {
+    return OrReport(scRunQuery(Sql("INSERT INTO BuiltCmd  VALUES (", action.OrderNumber(), ",'", line, "')")), context,
+                    Message::StatementFailed);
+  };
+  RowSet rows;
+  bool flag = OrReport(scRunQuery(Sql("SELECT * FROM ", action.CmdName), rows), context, Message::StatementFailed);
+  Value minimum;
+  Value preset;
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    const Value CAT = Trim(rows[1][row]);
+    const Value &CDIV = rows[2][row], &ROC = rows[3][row], &TRAF = rows[4][row], &SERV = rows[5][row],
+                &CATTYP = rows[6][row];
+    if (CDIV.IsNull() && ROC.IsNull() && TRAF.IsNull() && SERV.IsNull() && CATTYP.IsNull()) continue;
+    const bool both = Equals(CATTYP, "1&2");
+    if (both || Equals(CATTYP, "1")) minimum = CAT;
+    if (both || Equals(CATTYP, "2")) preset = CAT;
+    const std::string line = Text("EXCCS:CAT=", CAT, UnlessBlank(",CDIV=", CDIV), UnlessBlank(",ROC=", ROC),
+                                  UnlessBlank(",SERV=", SERV), UnlessBlank(",TRAF=", TRAF), ";");
+    Debug(line);
+    flag = insert(line);
+  }
+  if (!minimum.IsEmpty()) flag = insert(Text("EXCCS:CAT=", minimum, ",CATTYP=1;"));
+  if (!preset.IsEmpty()) flag = insert(Text("EXCCS:CAT=", preset, ",CATTYP=2;"));
+  return flag;
+}
+
+// Runs the worker that serves the parameter of the action; one that no worker serves gives True.
+bool RunForParameter(const std::vector<ParameterWorker>& workers, const Action& action) {
+  const std::string parameter = action.Parameter();
+  for (const auto& [names, worker] : workers) {
+    if (std::ranges::find(names.all(), parameter) != names.all().end()) return worker(action);
+  }
+  return true;
+}
+
+}  // namespace
+
+// The answer begins as True, unlike in other commands: an action or a parameter that is not served leaves it so.
+bool EXCCS(const Action& action) {
+  static const std::vector<ParameterWorker> lists{
+      {"CAT", ListCAT},
+      {"CATTYP", ListCATTYP},
+      {ClassStringDigits, GetValuesAndDescription},
+      {{"SERV_D1", "SERV_D7D8_SUB1", "SERV_D7D8_SUB2"}, GetValuesAndDescription},
+      {CDIVTail, ListCDIVTail}};
+  static const std::vector<ParameterWorker> checks{{"CAT", CheckCAT}, {"CDIV_D6", ResetCDIVTail}};
+
+  if (action.FunctionName == "SetInfo") return Add(action);
+  if (action.FunctionName == "EditInfo") return Edit(action);
+  if (action.FunctionName == "DeleteInfo") return Delete(action);
+  if (action.FunctionName == "GenerateCmd") return Generate(action);
+  if (action.FunctionName == "GetValidValForParam") return RunForParameter(lists, action);
+  if (action.FunctionName == "StatCheck") return RunForParameter(checks, action);
+  return true;
+}
+
+}  // namespace cordboard

@@ -1,0 +1,49 @@
+#include "shared/ExtensionADC.h"
+
+#include "script/Conversions.h"
+#include "script/Report.h"
+#include "script/Text.h"
+#include "shared/ClassStrings.h"
+#include "shared/Helpers.h"
+#include "shared/Release.h"
+
+namespace cordboard {
+
+// ITYPE is read and not used. The statement compares with Null and so finds no row: a category alone forbids nothing.
+bool ListADC_D1(const Action& action) {
+  const std::string context = "GetValidValuesFor: " + action.Parameter();
+  scGetParamValue("ITYPE");
+  if (!OrReport(scSQLSelectValuesAndDesc(), context, Message::DescribedListNotBuilt, action.Parameter())) return false;
+
+  const Value digits = scGetParamValue("SERV_D7D8_SUB2");
+  if (!digits.IsEmpty()) return Joined(digits) < "02" || scRemoveFromValidValues("ADC_D1", "2");
+
+  const Value CAT = scGetParamValue("CAT");
+  if (CAT.IsEmpty()) return true;
+  RowSet rows;
+  if (!OrReport(scRunQuery(Sql("SELECT SERV FROM EXCCS  WHERE CAT = '", CAT, "'  AND NOT (SERV = Null) "), rows),
+                context, Message::StatementFailed))
+    return false;
+  const bool high = !rows.IsEmpty() && Right(Joined(rows[0][0]), 2) > "01";
+  return !high || scRemoveFromValidValues("ADC_D1", "2");
+}
+
+bool ListADC_D11(const Action& action) {
+  if (IsR6(action)) return false;
+  const Value ACCTYP = scGetParamValue("ACCTYP");
+  const bool listed = ACCTYP.IsEmpty() ? CollectZeroAlone(action) : scSQLSelectValuesAndDesc();
+  return OrReport(listed, "GetValidValForParam", Message::DescribedListNotBuilt, action.Parameter());
+}
+
+bool ResetADC_D11(const Action&) {
+  return OrReport(scResetParam("ADC_D11"), "StatCheck", Message::ResetFailed, "ADC_D11");
+}
+
+bool RecheckADC_D1(const Action&) {
+  const Value kept = scGetParamValue("ADC_D1");
+  List list;
+  if (!scResetParam("ADC_D1") || !scGetValidValues("ADC_D1", list)) return false;
+  return !IsValueInList(kept, list) || scSetParamValue("ADC_D1", kept);
+}
+
+}  // namespace cordboard

@@ -1,0 +1,62 @@
+#include "shared/KeySpace.h"
+
+#include "script/Conversions.h"
+#include "script/Report.h"
+
+namespace cordboard {
+
+namespace {
+
+// The leading digits, where null counts as no digits.
+double Number(const Value& ITYPE) { return NumericValue(Joined(ITYPE)); }
+
+}  // namespace
+
+double KeyDefinition(const Value& ITYPE) { return Number(ITYPE) + 1; }
+
+bool SelectITYPE(const Value& DIR, RowSet& rows) {
+  return scRunQuery(Sql("SELECT ITYPE FROM KSEXI WHERE DIR = '", DIR, "'"), rows);
+}
+
+bool ReadITYPE(const Value& DIR, Value& ITYPE) {
+  RowSet rows;
+  if (!SelectITYPE(DIR, rows)) return false;
+  if (!rows.IsEmpty()) ITYPE = rows[0][0];
+  return true;
+}
+
+bool SubtractTakenKeys(const Action& action, const Value& DIR, const std::string& keysWithFunction) {
+  const std::string context = "GetValidValForParam";
+  const bool subtracted = scSubtractSingleValues(keysWithFunction) &&
+                          scSubtractSingleValues(Sql("SELECT KEY FROM KSANI WHERE DIR = '", DIR, "'")) &&
+                          scSubtractSingleValues(Sql("SELECT KEY FROM KSMDI WHERE DIR = '", DIR, "'"));
+  if (!OrReport(subtracted, context, Message::DescribedListNotBuilt, action.Parameter())) return false;
+
+  // A count that was not given counts as 0.
+  Value count;
+  const bool counted = scGetNumberOfValidValues("KEY", action.Definition, count);
+  if (Equals(count, 0)) {
+    Debug("There are no available keys for this DIR");
+    Report(context, Message::NoAvailableKeys, DIR);
+  }
+  return counted;
+}
+
+std::string ComposeDIRK(const Value& DIR, const Value& KEY) { return Text(DIR, "-", KEY); }
+
+void SplitDIRK(const Value& DIRK, std::string& DIR, std::string& KEY) {
+  const std::string text = ToText(DIRK);
+  const std::size_t end = text.find('-');
+  DIR = text.substr(0, end);
+  KEY = end == text.npos ? "" : text.substr(end + 1);
+}
+
+std::string ReleaseOfFixedKey(const Value& ITYPE, const Value& DIR, const Value& KEY) {
+  const double instrument = Number(ITYPE);
+  const auto is = [&](const char* fixed) { return Equals(KEY, fixed); };
+  const bool fixed =
+      instrument >= 9 && instrument <= 12 ? is("12") || is("13") : is("1") || is("2") || is("A1") || is("A2");
+  return fixed ? Text("KSFKC:DIR=", DIR, ",KEY=", KEY, ",FCN=TNS;\n") : "";
+}
+
+}  // namespace cordboard
