@@ -92,6 +92,8 @@ void CheckAgainstList(Session& session, const Assignment& assignment, const std:
   problems.insert(problems.end(), reported.begin(), reported.end());
   // A list that is not built, in silence, is no list: the rules leave the value to the form.
   if (list == nullptr || !reported.empty()) return;
+  if (const std::string twice = GivenTwice(elements); !twice.empty())
+    problems.push_back({assignment.name, twice, "this value is given twice", ""});
   const Form& form = session.form();
   const bool reuse = form.definition().Find(assignment.name)->reuse;
   for (const std::string& element : elements) {
@@ -137,7 +139,6 @@ void SetValue(Session& session, const Assignment& assignment, std::vector<Proble
       } catch (const ElementsError& error) {
         return refuse(error.what());
       }
-      if (const std::string twice = GivenTwice(elements); !twice.empty()) return refuse(twice + " is given twice");
     }
     if (parameter->list || parameter->fixed) {
       const std::size_t before = problems.size();

@@ -35,31 +35,39 @@ Outcome Act(Session& session, const std::string& function, std::int32_t CmdId, c
 
 List Names(const std::vector<std::string>& names) { return List(std::vector<Value>(names.begin(), names.end())); }
 
-using ColumnValues = std::map<std::string, Value>;
+// The names of the columns that are given, each once: sub-digit parameters stand for the column that they fold into.
+std::vector<std::string> GivenColumns(const FormDefinition& definition, const std::vector<Assignment>& values) {
+  std::vector<std::string> given;
+  for (const Assignment& assignment : values) {
+    const Folding* folding = definition.FoldingWith(assignment.name);
+    const std::string& name = folding == nullptr ? assignment.name : folding->parameter;
+    const bool stored = std::ranges::find(definition.columns, name) != definition.columns.end();
+    if (stored && std::ranges::find(given, name) == given.end()) given.push_back(name);
+  }
+  return given;
+}
 
-ColumnValues Columns(const FormDefinition& definition, const Form& form) {
+using ColumnValues = std::map<std::string, std::string>;
+
+ColumnValues Columns(const Form& form) {
   ColumnValues values;
-  for (const std::string& column : definition.columns) values[column] = form.Get(column);
+  for (const std::string& column : form.definition().columns) values[column] = Joined(form.Get(column));
   return values;
 }
 
-// The names of the changed columns, each once: those that were given, where sub-digit parameters stand for the column
-// that they fold into, and then those that a check has changed.
-std::vector<std::string> ChangedColumns(const Form& form, const std::vector<Assignment>& values,
-                                        const ColumnValues& stored) {
-  const FormDefinition& definition = form.definition();
-  std::vector<std::string> changed;
-  const auto add = [&](const std::string& name) {
-    if (stored.contains(name) && std::ranges::find(changed, name) == changed.end()) changed.push_back(name);
-  };
-  for (const Assignment& assignment : values) {
-    const Folding* folding = definition.FoldingWith(assignment.name);
-    add(folding == nullptr ? assignment.name : folding->parameter);
+// Adds the columns that a check has changed since the record was shown, and says so.
+void AddWhatChecksChanged(const Form& form, const ColumnValues& shown, std::vector<std::string>& changed,
+                          std::vector<Problem>& warnings) {
+  for (const std::string& column : form.definition().columns) {
+    const std::string& before = shown.at(column);
+    const std::string now = Joined(form.Get(column));
+    if (now == before || std::ranges::find(changed, column) != changed.end()) continue;
+    changed.push_back(column);
+    warnings.push_back({column, before,
+                        now.empty() ? "a check has cleared this value, since it does not go with the others"
+                                    : "a check has changed this value to " + now,
+                        ""});
   }
-  for (const std::string& column : definition.columns) {
-    if (Joined(form.Get(column)) != Joined(stored.at(column))) add(column);
-  }
-  return changed;
 }
 
 void CheckAddOnly(const FormDefinition& definition, const std::vector<Assignment>& values,
@@ -72,7 +80,8 @@ void CheckAddOnly(const FormDefinition& definition, const std::vector<Assignment
   }
 }
 
-// Sets the values, with what "next" stands for put in its place.
+// Sets the values, with what "next" stands for put in its place. A value that stands there already changes nothing, and
+// so nothing is checked.
 void SetAll(Session& session, std::vector<Assignment>& values, std::vector<Problem>& problems,
             std::vector<Problem>& warnings) {
   const FormDefinition& definition = session.form().definition();
@@ -83,7 +92,8 @@ void SetAll(Session& session, std::vector<Assignment>& values, std::vector<Probl
                                     [&](const Assignment& earlier) { return earlier.name == values[i].name; });
     if (twice != values.begin() + static_cast<std::ptrdiff_t>(i)) {
       problems.push_back({values[i].name, values[i].value, "this parameter is given twice", ""});
-    } else if (TakeNext(session, values, values[i], problems)) {
+    } else if (TakeNext(session, values, values[i], problems) &&
+               (values[i].value.empty() || Joined(session.form().Get(values[i].name)) != values[i].value)) {
       SetValue(session, values[i], problems, warnings);
     }
   }
@@ -168,14 +178,15 @@ Outcome Edit(Session& session, const FormDefinition& definition, const UserActio
   }
   CheckSharedDigits(session.form(), action.values, problems);
   CheckAddOnly(definition, action.values, problems);
-  const ColumnValues stored = Columns(definition, session.form());
+  const ColumnValues shown = Columns(session.form());
   std::vector<Assignment> values = action.values;
   SetAll(session, values, problems, warnings);
   CheckWhole(session, values, problems);
-  const std::vector<std::string> changed = ChangedColumns(session.form(), values, stored);
+  std::vector<std::string> changed = GivenColumns(definition, values);
   if (problems.empty() && changed.empty())
     problems.push_back({"", "", "nothing is changed: give the new values behind the colon", ""});
   if (!problems.empty()) return Refused(std::move(problems));
+  AddWhatChecksChanged(session.form(), shown, changed, warnings);
   Outcome outcome = Act(session, "EditInfo", *record, Names(changed));
   if (outcome.done) WriteKeysAfterEdit(session.exchange(), definition, *record, changed, session.form());
   outcome.warnings.insert(outcome.warnings.begin(), warnings.begin(), warnings.end());

@@ -265,7 +265,7 @@ TEST_F(KeyExtensions, NumbersWithoutAPositionEachAreRefusedBeforeAnythingIsDone)
   EXPECT_THAT(texts(),
               ElementsAre("EQU: DIR and EQU go in pairs, and there are 1 and 2 of them; give as many of each"));
   EXPECT_FALSE(Do("KSEXI:DIR=100&100,ITYPE=12,EQU=next,CAT=1;"));
-  EXPECT_THAT(texts(), Contains("DIR: 100 is given twice"));
+  EXPECT_THAT(texts(), Contains("DIR: this value is given twice"));
   EXPECT_EQ(Single("SELECT COUNT(*) FROM KSEXI"), Value(0));
   EXPECT_FALSE(IsNumberUsed("100"));
 }
@@ -342,8 +342,19 @@ TEST_F(KeyExtensions, ADeletedExtensionFreesItsNumberAndPositionAndIsGone) {
 TEST_F(KeyExtensions, WhatACheckClearsInAnEditIsWrittenToo) {
   Prepare({"KSEXI:DIR=100,ITYPE=12,ACCTYP=1,EQU=next,CAT=1,ADC_D2=1,ADC_D11=2;"});
   EXPECT_EQ(Single("SELECT ADC FROM KSEXI"), Value("01000000002"));
+  Prepare({"edit KSEXI DIR=100:ACCTYP=1,CUST=1;"});
+  EXPECT_THAT(texts(), IsEmpty());
+  EXPECT_EQ(Single("SELECT ADC FROM KSEXI"), Value("01000000002"));
   Prepare({"edit KSEXI DIR=100:ACCTYP=2;"});
+  EXPECT_THAT(texts(), ElementsAre("ADC: a check has changed this value to 01000000000"));
   EXPECT_EQ(Single("SELECT ADC FROM KSEXI"), Value("01000000000"));
+}
+
+TEST_F(KeyExtensions, AValueThatARecordHasAlreadyIsPossibleInItsEdit) {
+  Prepare({"KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;", "edit KSEXI DIR=100:DIR=100,EQU=001-0-10-00,ITYPE=3,CUST=2;"});
+  EXPECT_THAT(Lines("KSEXI"), ElementsAre("KSEXI:DIR=100,ITYPE=3,EQU=001-0-10-00,CAT=1,CUST=2;"));
+  EXPECT_TRUE(IsNumberUsed("100"));
+  EXPECT_TRUE(IsPositionUsed("001-0-10-00"));
 }
 
 TEST_F(KeyExtensions, AHighServiceForbidsAValueOfTheFirstDigit) {
