@@ -69,7 +69,8 @@ void AddHelp(CLI::App& app, int&) {
   sub->add_flag("--json", options->json, "print as JSON");
   sub->callback([options, &app] {
     if (options->command.empty()) {
-      std::cout << app.help();
+      // app.help() would be the help of the subcommand that was chosen: this one.
+      std::cout << app.get_formatter()->make_help(&app, app.get_name(), CLI::AppFormatMode::Normal);
     } else if (options->json) {
       HelpAsJson(FormOf(options->command));
     } else {

@@ -2,13 +2,14 @@
 
 #include <cstdio>
 #include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 #include <set>
+#include <sstream>
 
 #include "workbench/Elements.h"
 #include "workbench/Exchange.h"
 #include "workbench/Resources.h"
+#include "workbench/Utf8.h"
 
 namespace cordboard::workbench {
 
@@ -98,11 +99,13 @@ Plant ReadPlant(const std::string& nameOrFile) {
     throw PlantError("there is no plant file '" + nameOrFile +
                      "', and no built-in plant of that name (there is: " + names + ")");
   }
-  const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  return ParsePlant(text, nameOrFile);
+  std::ostringstream text;
+  if (!(text << in.rdbuf())) throw PlantError("the plant file '" + nameOrFile + "' is empty or cannot be read");
+  return ParsePlant(text.str(), nameOrFile);
 }
 
 Plant ParsePlant(std::string_view text, const std::string& source) {
+  if (!IsUtf8(text)) throw PlantError(source + " is not a plant description: it is not UTF-8 text");
   try {
     return Read(json::parse(text));
   } catch (const json::exception& error) {

@@ -104,6 +104,14 @@ TEST(Plant, AMissingOneIsToldWithTheNamesThatThereAre) {
             "there is no plant file 'nowhere', and no built-in plant of that name (there is: example)");
 }
 
+TEST(Plant, AFileThatCannotBeReadIsTold) {
+  const TemporaryFolder folder;
+  WriteFile(folder / "empty.json", "");
+  for (const std::filesystem::path& file : {folder / "", folder / "empty.json"})
+    EXPECT_EQ(Refusal<PlantError>([&] { ReadPlant(file.string()); }),
+              "the plant file '" + file.string() + "' is empty or cannot be read");
+}
+
 // --- Descriptions that are refused.
 
 TEST(Plant, WhatIsNoDescriptionIsRefused) {

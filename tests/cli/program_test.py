@@ -1,0 +1,646 @@
+"""The program as its users run it: python3 program_test.py PROGRAM [the name of a class of tests below]."""
+import json
+import os
+import pathlib
+import pty
+import random
+import resource
+import shutil
+import signal
+import sqlite3
+import subprocess
+import sys
+import tempfile
+import unittest
+
+PROGRAM = ""
+SUBCOMMANDS = ["new", "apply", "values", "show", "generate", "explain", "commands", "help"]
+DONE, USAGE, REFUSED, NOT_FOUND, TROUBLE = 0, 2, 3, 4, 5
+NOBODY = 65534
+
+PLAN = """\
+# A hundred extensions, and what reaches the operators.
+NANSI:NUMTYP=EX,NUMSE=100&&199;
+NANSI:NUMTYP=AI,NUMSE=9;
+"""
+LINES = "NANSI:NUMTYP=EX,NUMSE=100&&199;\nNANSI:NUMTYP=AI,NUMSE=9;\n"
+
+
+def environment(**changes):
+    return {**os.environ, **changes}
+
+
+def cordboard(*arguments, given=b"", **options):
+    """Runs the program; what it writes comes back as text."""
+    options.setdefault("stdout", subprocess.PIPE)
+    options.setdefault("stderr", subprocess.PIPE)
+    if "stdin" not in options:
+        options["input"] = given
+    ran = subprocess.run([PROGRAM, *map(str, arguments)], timeout=120, **options)
+    ran.stdout = (ran.stdout or b"").decode()
+    ran.stderr = (ran.stderr or b"").decode()
+    return ran
+
+
+class ProgramTest(unittest.TestCase):
+    """A folder for each test, with an exchange in which PLAN has been applied."""
+
+    maxDiff = None
+
+    @classmethod
+    def setUpClass(cls):
+        cls.shared = tempfile.TemporaryDirectory()
+        cls.template = pathlib.Path(cls.shared.name, "template.cbx")
+        assert cordboard("new", cls.template, "--release", "R7").returncode == DONE
+        assert cordboard("apply", cls.template, "-", given=PLAN.encode()).returncode == DONE
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.shared.cleanup()
+
+    def setUp(self):
+        temporary = tempfile.TemporaryDirectory()
+        self.addCleanup(temporary.cleanup)
+        self.folder = pathlib.Path(temporary.name)
+        self.exchange = self.folder / "office.cbx"
+        shutil.copy(self.template, self.exchange)
+
+    def write(self, name, content):
+        path = self.folder / name
+        path.write_bytes(content if isinstance(content, bytes) else content.encode())
+        return path
+
+    def ends(self, code, *arguments, **options):
+        """The program ends with this exit code."""
+        ran = cordboard(*arguments, **options)
+        self.assertEqual(ran.returncode, code, ran.stdout + ran.stderr)
+        return ran
+
+    def fails(self, code, message, *arguments, **options):
+        """The program ends with this exit code, one line on standard error that holds the message, and no data."""
+        ran = self.ends(code, *arguments, **options)
+        self.assertEqual(ran.stdout, "")
+        self.assertEqual(ran.stderr.count("\n"), 1, ran.stderr)
+        self.assertTrue(ran.stderr.startswith("error: "), ran.stderr)
+        self.assertIn(message, ran.stderr)
+
+    def refuses(self, message, plan, *options):
+        """Standard input is refused as a plan; its report has one line with the message, and the summary."""
+        before = self.exchange.read_bytes()
+        ran = self.ends(REFUSED, "apply", self.exchange, "-", *options, given=plan)
+        self.assertEqual(ran.stdout, "")
+        report, summary = ran.stderr.splitlines()
+        self.assertTrue(report.startswith("error: standard input:"), report)
+        self.assertIn(message, report)
+        self.assertTrue(summary.startswith("plan: "), summary)
+        self.assertEqual(self.exchange.read_bytes(), before)
+
+    def generated(self):
+        return self.ends(DONE, "generate", self.exchange).stdout
+
+    def json(self, *arguments, code=DONE):
+        return json.loads(self.ends(code, *arguments, "--json").stdout)
+
+
+class New(ProgramTest):
+    def test_makes_an_exchange_and_says_so_on_standard_error(self):
+        made = self.folder / "new.cbx"
+        ran = self.ends(DONE, "new", made, "--release", "R6/1", "--plant", "example")
+        self.assertEqual(ran.stdout, "")
+        self.assertEqual(ran.stderr, f"made: {made}: release R6/1, plant example, 5 boards with 112 positions\n")
+        self.assertEqual(self.json("show", made)["release"], "R6/1")
+
+    def test_leaves_an_existing_file_alone(self):
+        before = self.exchange.read_bytes()
+        self.fails(REFUSED, "exists already", "new", self.exchange, "--release", "R7")
+        self.assertEqual(self.exchange.read_bytes(), before)
+
+    def test_takes_a_plant_of_the_user(self):
+        plant = self.write("plant.json", '{"name": "mine", "locations": [], "lims": [], "boards": []}')
+        ran = self.ends(DONE, "new", self.folder / "new.cbx", "--release", "R7", "--plant", plant)
+        self.assertIn("plant mine, 0 boards with 0 positions", ran.stderr)
+
+    def test_a_plant_that_there_is_not_is_not_found(self):
+        new = self.folder / "new.cbx"
+        self.fails(NOT_FOUND, "Did you mean example?", "new", new, "--release", "R7", "--plant", "exampel")
+        self.assertFalse(new.exists())
+
+    def test_a_plant_that_cannot_be_read_leaves_no_file(self):
+        new = self.folder / "new.cbx"
+        for content in (b" ", b"{", b"\xff\xfe", b'{"name": "x"}'):
+            plant = self.write("plant.json", content)
+            self.fails(TROUBLE, "is not a plant description", "new", new, "--release", "R7", "--plant", plant)
+        for path in (self.folder, self.write("empty.json", "")):
+            self.fails(TROUBLE, "is empty or cannot be read", "new", new, "--release", "R7", "--plant", path)
+        self.assertFalse(new.exists())
+
+    def test_needs_one_of_the_four_releases(self):
+        new = self.folder / "new.cbx"
+        self.assertIn("--release is required", self.ends(USAGE, "new", new).stderr)
+        self.assertIn("R9 not in {R6,R6/1,R7,R8}", self.ends(USAGE, "new", new, "--release", "R9").stderr)
+        self.assertFalse(new.exists())
+
+    def test_a_folder_that_there_is_not_is_trouble(self):
+        self.fails(TROUBLE, "cannot be made", "new", self.folder / "nowhere" / "new.cbx", "--release", "R7")
+
+    def test_a_disk_that_is_full_leaves_no_file(self):
+        new = self.folder / "new.cbx"
+        ran = self.ends(TROUBLE, "new", new, "--release", "R7", preexec_fn=no_file_beyond(100_000),
+                        restore_signals=False)
+        self.assertIn("cannot be made", ran.stderr)
+        self.assertEqual([path.name for path in self.folder.iterdir()], ["office.cbx"])
+
+
+def no_file_beyond(size):
+    """Lets a process write files of this size at most, as on a disk that is full."""
+
+    def limit():
+        resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
+
+    return limit
+
+
+class Apply(ProgramTest):
+    def test_performs_a_plan(self):
+        plan = self.write("more.plan", "NANSI:NUMTYP=OI,NUMSE=900;\ndelete NANSI NUMSE=9;\n")
+        ran = self.ends(DONE, "apply", self.exchange, plan)
+        self.assertEqual((ran.stdout, ran.stderr), ("", "plan: 2 done, 0 refused\n"))
+        self.assertEqual(self.generated(), "NANSI:NUMTYP=EX,NUMSE=100&&199;\nNANSI:NUMTYP=OI,NUMSE=900;\n")
+
+    def test_several_plans_are_one(self):
+        good = self.write("good.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n")
+        bad = self.write("bad.plan", "# nothing\nNANSI:NUMTYP=EC,NUMSE=1000;\n")
+        ran = self.ends(REFUSED, "apply", self.exchange, good, bad)
+        self.assertEqual(ran.stderr,
+                         f"error: {bad}:2: NANSI: The number is too long. Type EC takes at most 3 digits.\n"
+                         "plan: 1 done, 1 refused; nothing was kept\n")
+        self.assertEqual(self.generated(), LINES)
+
+    def test_standard_input_is_a_plan_among_others(self):
+        plan = self.write("more.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n")
+        self.ends(DONE, "apply", self.exchange, plan, "-", given=b"delete NANSI NUMSE=900;\n")
+        self.assertEqual(self.generated(), LINES)
+
+    def test_every_bad_line_is_reported_with_what_would_be_possible(self):
+        plan = self.write("bad.plan", "NANSI:NUMTYP=XX,NUMSE=20;\nNANSI:NUMTIP=EX,NUMSE=20;\nNANSY:NUMSE=20;\n")
+        lines = self.ends(REFUSED, "apply", self.exchange, plan).stderr.splitlines()
+        self.assertIn(f"error: {plan}:1: NANSI, NUMTYP=XX: this value is not possible here. Possible: AC, AI, ",
+                      lines[0])
+        self.assertIn(f"error: {plan}:2: NANSI, NUMTIP=EX: there is no parameter NUMTIP in NANSI. "
+                      "Did you mean NUMTYP?", lines[1])
+        self.assertIn(f"error: {plan}:2: NANSI, NUMTYP: this parameter has to be given", lines[2])
+        self.assertEqual(lines[3], f"error: {plan}:3: NANSY: there is no command NANSY. Did you mean NANSI?")
+        self.assertEqual(lines[4:], ["plan: 0 done, 3 refused; nothing was kept"])
+
+    def test_keep_going_keeps_the_good_lines(self):
+        plan = self.write("mixed.plan", "NANSI:NUMTYP=OI,NUMSE=900;\nNANSI:NUMTYP=OI,NUMSE=100;\n")
+        ran = self.ends(REFUSED, "apply", self.exchange, plan, "--keep-going")
+        self.assertEqual(ran.stderr.splitlines()[-1], "plan: 1 done, 1 refused")
+        self.assertEqual(self.generated(), LINES + "NANSI:NUMTYP=OI,NUMSE=900;\n")
+
+    def test_a_dry_run_keeps_nothing_and_reports_what_the_real_run_reports(self):
+        plan = self.write("mixed.plan", "NANSI:NUMTYP=OI,NUMSE=900;\nNANSI:NUMTYP=OI,NUMSE=900;\nx\n")
+        before = self.exchange.read_bytes()
+        dry = self.ends(REFUSED, "apply", self.exchange, plan, "--dry-run", "--keep-going")
+        self.assertEqual(self.exchange.read_bytes(), before)
+        real = self.ends(REFUSED, "apply", self.exchange, plan, "--keep-going")
+        self.assertEqual(dry.stderr.splitlines()[:-1], real.stderr.splitlines()[:-1])
+        self.assertEqual(dry.stderr.splitlines()[-1],
+                         "plan: 1 done, 2 refused; nothing was kept, since this is a dry run")
+
+    def test_a_dry_run_of_a_good_plan_is_done(self):
+        plan = self.write("good.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n")
+        self.ends(DONE, "apply", self.exchange, plan, "--dry-run")
+        self.assertEqual(self.generated(), LINES)
+
+    def test_json_reports_on_standard_output(self):
+        plan = self.write("mixed.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n\nNANSI:NUMTYP=XX,NUMSE=1;\n")
+        ran = self.ends(REFUSED, "apply", self.exchange, plan, "--json")
+        self.assertEqual(ran.stderr, "")
+        report = json.loads(ran.stdout)
+        problem = report["lines"][0]["problems"][0]
+        self.assertTrue(problem.pop("possible").startswith("AC, AI"))
+        self.assertEqual(report, {"done": 1, "refused": 1, "kept": False, "lines": [
+            {"file": str(plan), "line": 3, "command": "NANSI", "refused": True, "problems": [
+                {"parameter": "NUMTYP", "value": "XX", "message": "this value is not possible here"}]}]})
+        good = self.write("good.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n")
+        self.assertEqual(self.json("apply", self.exchange, good), {"done": 1, "refused": 0, "kept": True, "lines": []})
+
+    def test_an_empty_plan_is_done(self):
+        self.assertEqual(self.ends(DONE, "apply", self.exchange, "-").stderr,
+                         "plan: 0 done, 0 refused; nothing was kept\n")
+
+    def test_an_unterminated_line_is_refused(self):
+        self.refuses("a semicolon is missing", b"NANSI:NUMTYP=OI,NUMSE=900\n")
+        self.refuses("a semicolon is missing", b"NANSI:NUMTYP=OI,NUMSE=9")
+        self.refuses("an equals sign is missing", b"NANSI:NUMTYP=OI,NUM")
+        self.refuses("a double quote is opened and not closed", b'NANSI:NUMTYP="OI,NUMSE=900;\n')
+
+    def test_a_value_with_a_quote_character_is_refused(self):
+        self.refuses("must not hold a quote character", b"NANSI:NUMTYP=OI,NUMSE=9'0;\n")
+        self.refuses("there is no record", b"delete NANSI NUMSE=' OR 1=1;\n")
+
+    def test_a_line_of_a_megabyte_is_refused(self):
+        self.refuses("the line is longer than", b"x" * (1 << 20))
+        self.refuses("the line is longer than", b"NANSI:NUMTYP=OI,NUMSE=" + b"9" * (1 << 20) + b";\n")
+
+    def test_bytes_that_are_not_text_are_refused(self):
+        self.refuses("not UTF-8", b"NANSI:NUMTYP=\xff\xfe;\n")
+        self.refuses("not UTF-8", "NANSI:NUMTYP=Zürich;\n".encode("latin-1"))
+        self.refuses("zero character", b"NANSI:\0;\n")
+
+    def test_random_bytes_are_refused_and_nothing_crashes(self):
+        before = self.exchange.read_bytes()
+        noise = self.write("noise.plan", random.Random(7).randbytes(300_000))
+        ran = self.ends(REFUSED, "apply", self.exchange, noise, "--json")
+        self.assertFalse(json.loads(ran.stdout)["kept"])
+        self.assertEqual(self.exchange.read_bytes(), before)
+
+    def test_a_plan_that_there_is_not_is_not_found(self):
+        self.fails(NOT_FOUND, "there is no plan file", "apply", self.exchange, self.folder / "nowhere.plan")
+
+    def test_a_folder_is_no_plan(self):
+        self.fails(TROUBLE, "cannot be read", "apply", self.exchange, self.folder)
+
+    def test_a_plan_that_breaks_off_keeps_nothing(self):
+        before = self.exchange.read_bytes()
+        good = self.write("good.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n")
+        # Memory at address 0 cannot be read, and neither can a folder.
+        self.fails(TROUBLE, "cannot be read to its end; nothing was kept", "apply", self.exchange, good,
+                   "/proc/self/mem", "--keep-going")
+        folder = os.open(self.folder, os.O_RDONLY)
+        self.addCleanup(os.close, folder)
+        self.fails(TROUBLE, "cannot be read to its end; nothing was kept", "apply", self.exchange, good, "-",
+                   stdin=folder)
+        self.assertEqual(self.exchange.read_bytes(), before)
+
+    def test_a_disk_that_is_full_keeps_nothing(self):
+        size = self.exchange.stat().st_size
+        before = self.generated()
+        plan = "".join(f"NANSI:NUMTYP=EX,NUMSE={digit}0000&&{digit}4999;\n" for digit in range(1, 9))
+        ran = cordboard("apply", self.exchange, "-", "--keep-going", given=plan.encode(),
+                        preexec_fn=no_file_beyond(size + 20_000), restore_signals=False)
+        self.assertEqual(ran.returncode, TROUBLE, ran.stderr)
+        self.assertTrue(ran.stderr.splitlines()[-1].startswith("error: the database refuses: "), ran.stderr)
+        self.assertEqual(self.generated(), before)
+
+    def test_a_locked_exchange_is_trouble(self):
+        holder = sqlite3.connect(self.exchange, isolation_level=None)
+        self.addCleanup(holder.close)
+        holder.execute("BEGIN IMMEDIATE")
+        self.fails(TROUBLE, "the database refuses: database is locked", "apply", self.exchange, "-",
+                   given=b"NANSI:NUMTYP=OI,NUMSE=900;\n")
+        self.assertIn("NANSI", self.ends(DONE, "show", self.exchange).stdout, "one writes, others read")
+        holder.execute("ROLLBACK")
+        self.assertEqual(self.generated(), LINES)
+
+    def interrupted(self, how):
+        """Ends an apply by a signal when most of its lines have been performed, and before the last."""
+        apply = subprocess.Popen([PROGRAM, "apply", self.exchange, "-"], stdin=subprocess.PIPE,
+                                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        # Once all of this is written, all but what a pipe holds has been read.
+        for number in range(1000, 1150):
+            apply.stdin.write(f"NANSI:NUMTYP=EX,NUMSE={number}000&&{number}299; #{'x' * 2000}\n".encode())
+        apply.stdin.flush()
+        written = self.folder / "office.cbx-wal"
+        self.assertGreater(written.stat().st_size, 100_000, "not all is in memory")
+        apply.send_signal(how)
+        self.assertEqual(apply.wait(timeout=60), -how)
+        apply.stdin.close()
+
+    def test_nothing_is_kept_of_an_apply_that_was_killed(self):
+        self.interrupted(signal.SIGKILL)
+        self.assertEqual(self.generated(), LINES)
+        self.ends(DONE, "apply", self.exchange, "-", given=b"NANSI:NUMTYP=EX,NUMSE=1000;\n")
+
+    def test_nothing_is_kept_of_an_apply_that_was_interrupted(self):
+        self.interrupted(signal.SIGINT)
+        self.assertEqual(self.generated(), LINES)
+
+
+class Data(ProgramTest):
+    """The subcommands that print data: on standard output, and nothing on standard error."""
+
+    def prints(self, text, *arguments):
+        ran = self.ends(DONE, *arguments)
+        self.assertEqual(ran.stderr, "")
+        self.assertEqual(ran.stdout, text)
+
+    def test_generate_prints_the_lines(self):
+        self.prints(LINES, "generate", self.exchange)
+        self.assertEqual(self.json("generate", self.exchange),
+                         [{"command": "NANSI", "line": line} for line in LINES.splitlines()])
+
+    def test_generate_writes_the_lines_to_a_file(self):
+        out = self.folder / "lines.txt"
+        ran = self.ends(DONE, "generate", self.exchange, "-o", out)
+        self.assertEqual((ran.stdout, ran.stderr), ("", f"lines: 2 written to {out}\n"))
+        self.assertEqual(out.read_text(), LINES)
+
+    def test_generate_is_stable_and_leaves_the_exchange_as_it_is(self):
+        before = self.exchange.read_bytes()
+        self.assertEqual(self.generated(), self.generated())
+        self.assertEqual(self.exchange.read_bytes(), before)
+
+    def test_generated_lines_can_be_applied(self):
+        other = self.folder / "other.cbx"
+        self.ends(DONE, "new", other, "--release", "R7")
+        self.ends(DONE, "apply", other, "-", given=self.generated().encode())
+        self.assertEqual(self.ends(DONE, "generate", other).stdout, LINES)
+
+    def test_generate_does_not_write_over_the_exchange(self):
+        before = self.exchange.read_bytes()
+        self.fails(USAGE, "over the exchange itself", "generate", self.exchange, "-o", self.exchange)
+        self.assertEqual(self.exchange.read_bytes(), before)
+
+    def test_generate_takes_a_file_or_json(self):
+        self.ends(USAGE, "generate", self.exchange, "-o", self.folder / "x", "--json")
+
+    def test_show_lists_the_commands_with_their_records(self):
+        text = self.ends(DONE, "show", self.exchange).stdout
+        self.assertTrue(text.startswith("Release R7\n\nCOMMAND"), text)
+        self.assertRegex(text, r"(?m)^NANSI +101 +Number series$")
+        data = self.json("show", self.exchange)
+        self.assertEqual(data["release"], "R7")
+        self.assertIn({"command": "NANSI", "records": 101, "title": "Number series"}, data["tables"])
+
+    def test_show_lists_the_records_of_a_command(self):
+        lines = self.ends(DONE, "show", self.exchange, "NANSI").stdout.splitlines()
+        self.assertEqual(lines[0].split(), ["CmdId", "NUMSE", "NUMTYP", "USED"])
+        self.assertEqual(lines[-1].split()[1:], ["9", "AI", "False"])
+        records = self.json("show", self.exchange, "NANSI")
+        self.assertEqual(len(records), 101)
+        self.assertEqual(list(records[0]), ["CmdId", "NUMSE", "NUMTYP", "USED"])
+        self.assertEqual([records[0][name] for name in ("NUMSE", "NUMTYP", "USED")], ["100", "EX", False])
+        self.assertIsInstance(records[0]["CmdId"], int)
+
+    def test_values_lists_what_may_be_given_now(self):
+        lines = self.ends(DONE, "values", self.exchange, "NANSI", "NUMTYP").stdout.splitlines()
+        self.assertEqual(lines[0], "AC\tAbbreviated number codes")
+        data = self.json("values", self.exchange, "NANSI", "NUMTYP", "--limit", "1")
+        self.assertEqual(data, [{"value": "AC", "description": "Abbreviated number codes"}])
+        self.assertEqual(len(lines), len(self.json("values", self.exchange, "NANSI", "NUMTYP", "NUMSE=5")))
+
+    def test_values_are_those_of_the_form_as_it_is_given(self):
+        self.fails(REFUSED, "NANSI, NUMTYP=XX: this value is not possible here", "values", self.exchange, "NANSI",
+                   "NUMTYP", "NUMTYP=XX")
+        self.fails(USAGE, "'NUMSE' is not of the form NAME=value", "values", self.exchange, "NANSI", "NUMTYP",
+                   "NUMSE")
+        self.fails(USAGE, "not UTF-8", "values", self.exchange, "NANSI", "NUMTYP", b"NUMSE=\xff".decode(
+            errors="surrogateescape"))
+        self.ends(USAGE, "values", self.exchange, "NANSI", "NUMTYP", "--limit", "0")
+
+    def test_values_of_a_parameter_without_a_list_are_not_found(self):
+        self.fails(NOT_FOUND, "no list of values for NUMSE", "values", self.exchange, "NANSI", "NUMSE")
+
+    def test_explain_prints_every_call_and_undoes_the_action(self):
+        before = self.exchange.read_bytes()
+        ran = self.ends(DONE, "explain", self.exchange, "NANSI:NUMTYP=OI,NUMSE=900;")
+        self.assertEqual(ran.stderr, "")
+        lines = ran.stdout.splitlines()
+        self.assertIn('scIsValueEqual("CP")  ->  False', lines)
+        self.assertEqual(lines[-2:], ['scNANSIinitiate("900", "OI", out)  ->  True, Empty', "done"])
+        self.assertEqual(self.exchange.read_bytes(), before)
+
+    def test_explain_tells_why_an_action_is_refused(self):
+        ran = self.ends(REFUSED, "explain", self.exchange, "NANSI:NUMTYP=EC,NUMSE=1000;")
+        self.assertEqual(ran.stdout.splitlines()[-1], "refused")
+        self.assertEqual(ran.stderr, "error: NANSI: The number is too long. Type EC takes at most 3 digits.\n")
+
+    def test_explain_as_json(self):
+        ran = self.ends(REFUSED, "explain", self.exchange, "NANSI:NUMTYP=EC,NUMSE=1000;", "--json")
+        data = json.loads(ran.stdout)
+        self.assertEqual(sorted(data), ["calls", "done", "problems"])
+        self.assertFalse(data["done"])
+        self.assertEqual(data["problems"], [{"message": "The number is too long. Type EC takes at most 3 digits."}])
+        self.assertIn({"call": 'scGetParamValue("NUMTYP")', "answer": '"EC"', "depth": 0}, data["calls"])
+
+    def test_explain_needs_a_line_with_an_action(self):
+        self.fails(USAGE, "a semicolon is missing", "explain", self.exchange, "NANSI:NUMTYP=EC")
+        self.fails(USAGE, "the line holds no action", "explain", self.exchange, "# nothing")
+
+    def test_commands_lists_what_is_built(self):
+        text = self.ends(DONE, "commands").stdout
+        self.assertRegex(text, r"(?m)^NANSI +Number series$")
+        entry = next(entry for entry in self.json("commands") if entry["command"] == "NANSI")
+        self.assertEqual(sorted(entry), ["command", "help", "title"])
+
+    def test_help_tells_the_parameters_of_a_command(self):
+        text = self.ends(DONE, "help", "NANSI").stdout
+        self.assertTrue(text.startswith("NANSI: Number series\n"), text)
+        self.assertRegex(text, r"(?m)^NUMTYP +Number type +has to be given, list, check$")
+        self.assertIn("Actions: add delete generate\n", text)
+        data = self.json("help", "NANSI")
+        self.assertEqual(sorted(data), ["actions", "command", "help", "parameters", "title"])
+        self.assertEqual(data["actions"], {"add": True, "edit": False, "delete": True, "generate": True})
+        self.assertEqual(data["parameters"][0], {"name": "NUMTYP", "title": "Number type", "mandatory": True,
+                                                 "multiple": False, "range": False, "list": True, "check": True})
+
+    def test_a_full_disk_behind_standard_output_is_trouble(self):
+        for arguments in (["generate", self.exchange], ["show", self.exchange], ["commands", "--json"],
+                          ["help", "NANSI"], ["values", self.exchange, "NANSI", "NUMTYP"], ["--help"]):
+            with open("/dev/full", "wb") as full:
+                ran = self.ends(TROUBLE, *arguments, stdout=full)
+            self.assertEqual(ran.stderr, "error: standard output could not be written\n")
+
+    def test_a_full_disk_behind_a_file_of_lines_is_trouble(self):
+        self.fails(TROUBLE, "cannot be written to /dev/full", "generate", self.exchange, "-o", "/dev/full")
+        self.fails(TROUBLE, "cannot be written to", "generate", self.exchange, "-o", self.folder / "nowhere" / "x")
+
+    def test_a_closed_standard_output_is_trouble(self):
+        ran = cordboard("generate", self.exchange, stdout=None, preexec_fn=lambda: os.close(1))
+        self.assertEqual(ran.returncode, TROUBLE)
+        self.assertEqual(self.generated(), LINES)
+
+
+class BadFile(ProgramTest):
+    """What is given as FILE and is no exchange that can be used: one clear error, for every subcommand."""
+
+    def each(self, file):
+        return (["apply", file, "-"], ["show", file], ["show", file, "NANSI"], ["generate", file],
+                ["values", file, "NANSI", "NUMTYP"], ["explain", file, "NANSI:NUMTYP=OI,NUMSE=900;"])
+
+    def check(self, code, message, file):
+        before = file.read_bytes() if os.path.isfile(file) else None
+        for arguments in self.each(file):
+            with self.subTest(arguments=arguments):
+                self.fails(code, message, *arguments)
+        if before is not None:
+            self.assertEqual(file.read_bytes(), before)
+
+    def test_a_missing_file_is_not_found_and_not_made(self):
+        missing = self.folder / "nowhere.cbx"
+        self.check(NOT_FOUND, f"there is no file {missing}", missing)
+        self.assertFalse(missing.exists())
+
+    def test_a_text_is_not_an_exchange(self):
+        self.check(TROUBLE, "file is not a database", self.write("text.cbx", "NANSI:NUMTYP=EX;\n" * 100))
+
+    def test_an_empty_file_is_not_an_exchange(self):
+        self.check(TROUBLE, "is not an exchange", self.write("empty.cbx", ""))
+
+    def test_a_folder_is_not_an_exchange(self):
+        self.check(TROUBLE, "is not an exchange", self.folder)
+
+    def test_another_database_is_not_an_exchange(self):
+        other = self.folder / "other.cbx"
+        with sqlite3.connect(other) as connection:
+            connection.execute("CREATE TABLE t (a)")
+        connection.close()
+        self.check(TROUBLE, "is not an exchange", other)
+
+    def test_an_exchange_of_another_version_is_not_opened(self):
+        connection = sqlite3.connect(self.exchange)
+        connection.execute("PRAGMA user_version = 99")
+        connection.close()
+        self.check(TROUBLE, "was made by another version", self.exchange)
+
+    def test_a_damaged_exchange_is_not_opened(self):
+        damaged = self.write("damaged.cbx", self.exchange.read_bytes()[:5000])
+        self.check(TROUBLE, "cannot be opened as an exchange", damaged)
+
+    def test_a_name_that_is_too_long_is_trouble(self):
+        self.check(TROUBLE, "File name too long", self.folder / ("x" * 300))
+
+
+class ReadOnly(ProgramTest):
+    """A user who may read the exchange and not write it."""
+
+    def setUp(self):
+        super().setUp()
+        self.folder.chmod(0o755)
+        self.as_reader = {}
+        if os.geteuid() == 0:
+            self.as_reader = {"user": NOBODY, "extra_groups": []}
+            try:
+                if cordboard("--version", **self.as_reader).returncode != DONE:
+                    self.skipTest("another user cannot run the program")
+            except PermissionError:
+                self.skipTest("another user cannot run the program")
+
+    def test_a_file_that_may_not_be_written_can_be_read(self):
+        self.exchange.chmod(0o444)
+        self.folder.chmod(0o777)
+        self.assertEqual(self.ends(DONE, "generate", self.exchange, **self.as_reader).stdout, LINES)
+        self.assertIn("NANSI", self.ends(DONE, "show", self.exchange, **self.as_reader).stdout)
+        self.ends(DONE, "values", self.exchange, "NANSI", "NUMTYP", **self.as_reader)
+
+    def test_no_action_is_performed_on_a_file_that_may_not_be_written(self):
+        before = self.exchange.read_bytes()
+        self.exchange.chmod(0o444)
+        self.folder.chmod(0o777)
+        line = b"NANSI:NUMTYP=OI,NUMSE=900;"
+        self.fails(TROUBLE, "may not be written", "apply", self.exchange, "-", given=line, **self.as_reader)
+        self.fails(TROUBLE, "may not be written", "explain", self.exchange, line.decode(), **self.as_reader)
+        self.assertEqual(self.exchange.read_bytes(), before)
+
+    def test_a_folder_that_may_not_be_written_is_told(self):
+        self.exchange.chmod(0o444)
+        self.folder.chmod(0o555)
+        self.addCleanup(self.folder.chmod, 0o755)
+        self.fails(TROUBLE, "an open exchange writes beside its file", "show", self.exchange, **self.as_reader)
+        self.fails(TROUBLE, "cannot be made", "new", self.folder / "new.cbx", "--release", "R7", **self.as_reader)
+
+    def test_a_file_that_may_not_be_read_is_trouble(self):
+        self.exchange.chmod(0)
+        self.folder.chmod(0o777)
+        self.fails(TROUBLE, "cannot be opened as an exchange", "show", self.exchange, **self.as_reader)
+
+    def test_a_folder_that_may_not_be_entered_is_trouble(self):
+        self.folder.chmod(0)
+        self.addCleanup(self.folder.chmod, 0o755)
+        self.fails(TROUBLE, "Permission denied", "show", self.exchange, **self.as_reader)
+
+
+class Usage(ProgramTest):
+    def test_the_help_of_the_program_lists_its_subcommands_and_exit_codes(self):
+        for arguments in (["--help"], ["-h"], ["help"]):
+            text = self.ends(DONE, *arguments).stdout
+            for name in SUBCOMMANDS:
+                self.assertRegex(text, rf"(?m)^  {name}\b")
+            self.assertIn("Exit codes: 0 done, 1 a fault of the program, 2 usage, 3 refused, 4 not found, "
+                          "5 file or database trouble.", text)
+
+    def test_every_subcommand_has_a_help_of_its_own(self):
+        for name in SUBCOMMANDS:
+            ran = self.ends(DONE, name, "--help")
+            self.assertEqual(ran.stderr, "")
+            self.assertIn(f"cordboard {name} [OPTIONS]", ran.stdout)
+            self.assertEqual("FILE" in ran.stdout, name not in ("commands", "help"), ran.stdout)
+            self.assertEqual("--json" in ran.stdout, name != "new", ran.stdout)
+
+    def test_the_version_is_told(self):
+        self.assertRegex(self.ends(DONE, "--version").stdout, r"^\d+\.\d+\.\d+\n$")
+
+    def test_a_subcommand_is_needed(self):
+        self.assertIn("A subcommand is required", self.ends(USAGE).stderr)
+
+    def test_a_mistyped_subcommand_gets_the_nearest_one(self):
+        self.fails(USAGE, "there is no subcommand aply. Did you mean apply?", "aply", self.exchange, "-")
+        self.fails(USAGE, "there is no subcommand office.cbx.", "office.cbx")
+
+    def test_missing_and_surplus_arguments_are_usage(self):
+        for arguments in (["new"], ["apply"], ["apply", self.exchange], ["values", self.exchange, "NANSI"], ["show"],
+                          ["generate"], ["explain", self.exchange], ["commands", "x"], ["help", "NANSI", "x"],
+                          ["show", self.exchange, "NANSI", "x"], ["show", self.exchange, "--nothing"], ["--nothing"]):
+            ran = self.ends(USAGE, *arguments)
+            self.assertEqual(ran.stdout, "")
+            self.assertNotEqual(ran.stderr, "")
+
+    def test_an_unknown_command_gets_the_nearest_one(self):
+        message = "there is no command NANSY. Did you mean NANSI?"
+        for arguments in (["help", "NANSY"], ["show", self.exchange, "NANSY"],
+                          ["values", self.exchange, "NANSY", "NUMTYP"], ["explain", self.exchange, "NANSY:;"]):
+            self.fails(NOT_FOUND, message, *arguments)
+
+    def test_an_unknown_parameter_gets_the_nearest_one(self):
+        self.fails(NOT_FOUND, "there is no parameter NUMTIP in NANSI. Did you mean NUMTYP?", "values", self.exchange,
+                   "NANSI", "NUMTIP")
+        self.fails(REFUSED, "there is no parameter NUMSI in NANSI. Did you mean NUMSE?", "values", self.exchange,
+                   "NANSI", "NUMTYP", "NUMSI=5")
+
+
+class Terminal(ProgramTest):
+    """Standard error on a terminal."""
+
+    def on_terminal(self, *arguments, given=b"", **changes):
+        leader, follower = pty.openpty()
+        changed = {name: value for name, value in environment(**changes).items() if value is not None}
+        apply = subprocess.Popen([PROGRAM, *map(str, arguments)], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
+                                 stderr=follower, env=changed)
+        os.close(follower)
+        apply.stdin.write(given)
+        apply.stdin.close()
+        written = b""
+        try:
+            while piece := os.read(leader, 4096):
+                written += piece
+        except OSError:
+            pass  # the other end is closed
+        os.close(leader)
+        apply.wait(timeout=60)
+        return written.decode()
+
+    def test_the_first_word_of_a_message_is_in_colour(self):
+        text = self.on_terminal("show", self.folder / "nowhere.cbx", NO_COLOR=None)
+        self.assertTrue(text.startswith("\033[31merror\033[0m: there is no file "), text)
+        self.assertIn("\033[31merror", self.on_terminal("show", self.folder / "nowhere.cbx", NO_COLOR=""))
+
+    def test_no_color_takes_the_colours_away(self):
+        text = self.on_terminal("show", self.folder / "nowhere.cbx", NO_COLOR="1")
+        self.assertTrue(text.startswith("error: there is no file "), text)
+
+    def test_without_a_terminal_there_are_no_colours(self):
+        ran = self.ends(NOT_FOUND, "show", self.folder / "nowhere.cbx", env=environment(NO_COLOR=""))
+        self.assertNotIn("\033", ran.stderr)
+
+    def test_a_long_plan_shows_its_progress(self):
+        plan = b"# a comment\n" * 1200
+        text = self.on_terminal("apply", self.exchange, "-", given=plan, NO_COLOR="1")
+        self.assertEqual(text, "500 lines\r1000 lines\rplan: 0 done, 0 refused; nothing was kept\r\n")
+        self.assertEqual(self.on_terminal("apply", self.exchange, "-", "--json", given=plan), "")
+
+
+if __name__ == "__main__":
+    PROGRAM = str(pathlib.Path(sys.argv.pop(1)).resolve())
+    unittest.main()
