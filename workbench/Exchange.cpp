@@ -7,6 +7,7 @@
 
 #include "script/Conversions.h"
 #include "workbench/FixedValues.h"
+#include "workbench/NumberSeries.h"
 #include "workbench/Plant.h"
 #include "workbench/Resources.h"
 #include "workbench/Schema.h"
@@ -73,6 +74,7 @@ void Exchange::Fill(const std::string& release, const Plant& plant) {
   MakeTables(dynamic_, "dynamic");
   dynamic_.Execute("CREATE TABLE [Cordboard] ([Name] TEXT PRIMARY KEY, [Value]) WITHOUT ROWID");
   dynamic_.Run("INSERT INTO [Cordboard] VALUES ('Release', ?), ('CmdId', 0)", {release});
+  IndexSeries(dynamic_);
   EnterPlant(*this, plant);
   dynamic_.Execute("PRAGMA application_id = " + std::to_string(applicationId) +
                    "; PRAGMA user_version = " + std::to_string(schemaVersion));
@@ -132,8 +134,9 @@ Connection& Exchange::Site() {
   return *site_;
 }
 
-Value Exchange::NewCmdId() {
-  return dynamic_.Single("UPDATE [Cordboard] SET [Value] = [Value] + 1 WHERE [Name] = 'CmdId' RETURNING [Value]");
+Value Exchange::NewCmdIds(std::size_t count) {
+  return dynamic_.Single(
+      "UPDATE [Cordboard] SET [Value] = [Value] + ?1 WHERE [Name] = 'CmdId' RETURNING [Value] - ?1 + 1", {count});
 }
 
 void Exchange::Start() {

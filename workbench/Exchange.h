@@ -40,8 +40,9 @@ class Exchange {
   Connection* Database(const std::string& selector);
   Connection& Dynamic() { return dynamic_; }
 
-  // A new record identifier.
-  Value NewCmdId();
+  // A new record identifier, and the first of several that follow each other.
+  Value NewCmdId() { return NewCmdIds(1); }
+  Value NewCmdIds(std::size_t count);
 
   // Transactions nest, over the configuration and the templates together.
   void Start();

@@ -1,6 +1,7 @@
 #include "workbench/NumberSeries.h"
 
 #include <algorithm>
+#include <span>
 #include <vector>
 
 #include "script/Conversions.h"
@@ -19,6 +20,9 @@ struct Range {
   std::string from;
   std::string to;
 };
+
+// The numbers of a range, one by one.
+using Numbers = std::span<const std::string>;
 
 bool AllDigits(const std::string& text) {
   return !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
@@ -53,50 +57,90 @@ bool HoldsNumberThatBeginsWith(const Range& range, const std::string& constant) 
   return range.from.substr(0, constant.size()) <= constant && constant <= range.to.substr(0, constant.size());
 }
 
-SeriesRefusal FindCollision(Exchange& exchange, const Range& range) {
+SeriesRefusal FindCollision(Exchange& exchange, const Range& range, Numbers numbers) {
   Connection& database = exchange.Dynamic();
-  const RowSet blocked = database.Run("SELECT [Start], [End] FROM [NANSIBlockedRange]");
-  for (std::size_t row = 0; row < blocked.RowCount(); ++row) {
-    const std::string start(Joined(Trim(blocked[0][row])));
-    const Value end = Trim(blocked[1][row]);
-    if (end.IsNull() && HoldsNumberThatBeginsWith(range, start))
-      return {numberBlocked, Written(range) + " collides with the constant " + start};
-    const Range other{start, Joined(end)};
-    if (!end.IsNull() && Overlap(range, other))
-      return {numberBlocked, Written(range) + " collides with the series " + Written(other)};
+  // The constants of the number plan: a handful.
+  const RowSet constants = database.Run("SELECT [Start] FROM [NANSIBlockedRange] WHERE [End] IS NULL");
+  for (std::size_t row = 0; row < constants.RowCount(); ++row) {
+    const std::string constant = Joined(Trim(constants[0][row]));
+    if (HoldsNumberThatBeginsWith(range, constant))
+      return {numberBlocked, Written(range) + " collides with the constant " + constant};
   }
-  const Value taken = database.Single(
-      "SELECT [NUMSE] FROM [NANSI] WHERE [NUMSE] BETWEEN ? AND ? AND LENGTH([NUMSE]) = ? ORDER BY [NUMSE] LIMIT 1",
-      {range.from, range.to, static_cast<int>(range.from.size())});
-  if (!taken.IsEmpty()) return {numberInUse, "the number " + Joined(taken) + " is in a series already"};
+  // Ranges of one length never overlap, so that the last one that begins early enough is the only one to look at.
+  const RowSet blocked = database.Run(
+      "SELECT [Start], [End] FROM [NANSIBlockedRange] WHERE LENGTH([Start]) = ? AND [Start] <= ? AND [End] IS NOT NULL "
+      "ORDER BY [Start] DESC LIMIT 1",
+      {range.from.size(), range.to});
+  if (!blocked.IsEmpty()) {
+    const Range other{Joined(blocked[0][0]), Joined(blocked[1][0])};
+    if (Overlap(range, other)) return {numberBlocked, Written(range) + " collides with the series " + Written(other)};
+  }
+  // Mostly nothing stands between the ends; what does may be a number of another length.
+  if (!database.Single("SELECT 1 FROM [NANSI] WHERE [NUMSE] BETWEEN ? AND ? LIMIT 1", {range.from, range.to})
+           .IsEmpty()) {
+    for (const std::string& number : numbers) {
+      if (!database.Single("SELECT 1 FROM [NANSI] WHERE [NUMSE] = ? LIMIT 1", {number}).IsEmpty())
+        return {numberInUse, "the number " + number + " is in a series already"};
+    }
+  }
   return {};
 }
 
-void Enter(Exchange& exchange, const Range& range, const std::string& numtyp) {
-  Connection& database = exchange.Dynamic();
-  for (const std::string& number : Elements(Written(range)))
-    database.Run("INSERT INTO [NANSI] ([CmdId], [NUMSE], [NUMTYP], [USED]) VALUES (?, ?, ?, ?)",
-                 {exchange.NewCmdId(), number, numtyp, false});
-  database.Run("INSERT INTO [NANSIBlockedRange] ([Start], [End], [Numtyp]) VALUES (?, ?, ?)",
-               {range.from, range.to, numtyp});
+void EnterRange(Connection& database, const std::string& from, const std::string& to, const std::string& numtyp) {
+  database.Run("INSERT INTO [NANSIBlockedRange] ([Start], [End], [Numtyp]) VALUES (?, ?, ?)", {from, to, numtyp});
+}
+
+void Enter(Exchange& exchange, const Range& range, Numbers numbers, const std::string& numtyp) {
+  double CmdId = exchange.NewCmdIds(numbers.size()).number();
+  for (const std::string& number : numbers)
+    exchange.Dynamic().Run("INSERT INTO [NANSI] ([CmdId], [NUMSE], [NUMTYP], [USED]) VALUES (?, ?, ?, ?)",
+                           {CmdId++, number, numtyp, false});
+  EnterRange(exchange.Dynamic(), range.from, range.to, numtyp);
 }
 
 SeriesRefusal Initiate(Exchange& exchange, const std::string& numse, const std::string& numtyp) {
+  std::vector<std::string> all;
   try {
-    Elements(numse);
+    all = Elements(numse);
   } catch (const ElementsError& error) {
     return {rangeNotValid, error.what()};
   }
+  Numbers rest = all;
   for (const Range& range : Ranges(numse)) {
     if (!AllDigits(range.from) || !AllDigits(range.to)) return {rangeNotValid, Written(range) + " is not of digits"};
-    SeriesRefusal collision = FindCollision(exchange, range);
+    const auto last = std::ranges::find(rest, range.to);
+    const Numbers numbers = rest.first(static_cast<std::size_t>(last - rest.begin()) + 1);
+    rest = rest.subspan(numbers.size());
+    SeriesRefusal collision = FindCollision(exchange, range, numbers);
     if (collision.code != 0) return collision;
-    Enter(exchange, range, numtyp);
+    Enter(exchange, range, numbers, numtyp);
   }
   return {};
 }
 
+// The number before and behind this one, of as many digits; for numbers that have one.
+std::string Before(std::string number) {
+  auto digit = number.rbegin();
+  for (; *digit == '0'; ++digit) *digit = '9';
+  --*digit;
+  return number;
+}
+
+std::string Behind(std::string number) {
+  auto digit = number.rbegin();
+  for (; *digit == '9'; ++digit) *digit = '0';
+  ++*digit;
+  return number;
+}
+
 }  // namespace
+
+void IndexSeries(Connection& database) {
+  database.Execute(
+      "CREATE INDEX [NANSIBlockedRange by constant] ON [NANSIBlockedRange] ([Start]) WHERE [End] IS NULL;"
+      "CREATE INDEX [NANSIBlockedRange by length] ON [NANSIBlockedRange] (LENGTH([Start]), [Start]);"
+      "CREATE INDEX [NANSIBlockedRange by type] ON [NANSIBlockedRange] ([Numtyp], LENGTH([Start]), [Start])");
+}
 
 SeriesRefusal InitiateSeries(Exchange& exchange, const std::string& numse, const std::string& numtyp) {
   Transaction transaction(exchange);
@@ -110,21 +154,16 @@ void RemoveFromBlockedRange(Exchange& exchange, const std::string& number, const
   Connection& database = exchange.Dynamic();
   const RowSet rows = database.Run(
       "SELECT rowid, [Start], [End] FROM [NANSIBlockedRange] WHERE [Numtyp] = ? AND LENGTH([Start]) = ? AND [Start] <= "
-      "? "
-      "AND COALESCE([End], [Start]) >= ? LIMIT 1",
-      {numtyp, static_cast<int>(number.size()), number, number});
+      "? ORDER BY [Start] DESC LIMIT 1",
+      {numtyp, number.size(), number});
   if (!rows.IsEmpty()) {
     const std::string from = Joined(rows[1][0]);
     const std::string to = rows[2][0].IsNull() ? from : Joined(rows[2][0]);
-    database.Run("DELETE FROM [NANSIBlockedRange] WHERE rowid = ?", {rows[0][0]});
-    const std::vector<std::string> numbers = Elements(Written({from, to}));
-    const auto at = std::ranges::find(numbers, number);
-    const auto enter = [&](const std::string& first, const std::string& last) {
-      database.Run("INSERT INTO [NANSIBlockedRange] ([Start], [End], [Numtyp]) VALUES (?, ?, ?)",
-                   {first, last, numtyp});
-    };
-    if (at != numbers.begin() && at != numbers.end()) enter(from, *(at - 1));
-    if (at != numbers.end() && at + 1 != numbers.end()) enter(*(at + 1), to);
+    if (number <= to) {
+      database.Run("DELETE FROM [NANSIBlockedRange] WHERE rowid = ?", {rows[0][0]});
+      if (from < number) EnterRange(database, from, Before(number), numtyp);
+      if (number < to) EnterRange(database, Behind(number), to, numtyp);
+    }
   }
   transaction.Commit();
 }

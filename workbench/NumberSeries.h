@@ -7,7 +7,11 @@
 
 namespace cordboard::workbench {
 
+class Connection;
 class Exchange;
+
+// Makes the indexes by which the blocked ranges are found, in a new exchange.
+void IndexSeries(Connection& database);
 
 // Why a series was refused: a message code, and a sentence that names the number or the range.
 struct SeriesRefusal {

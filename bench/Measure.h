@@ -1,0 +1,28 @@
+// Measuring time and memory.
+#pragma once
+
+#include <algorithm>
+#include <ctime>
+#include <vector>
+
+namespace cordboard::bench {
+
+// The seconds that the work takes of the processor: other programs on the machine do not count.
+template <typename Work>
+double Seconds(Work work) {
+  const auto now = [] {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+  };
+  const double begin = now();
+  work();
+  return now() - begin;
+}
+
+inline double Median(std::vector<double> values) {
+  std::ranges::sort(values);
+  return values[values.size() / 2];
+}
+
+}  // namespace cordboard::bench

@@ -1,0 +1,78 @@
+// The benchmark's program. bench/README.md tells what it measures.
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+
+#include "bench/Comparison.h"
+#include "bench/Folder.h"
+#include "bench/Growth.h"
+#include "bench/Workload.h"
+
+namespace cordboard::bench {
+
+namespace {
+
+constexpr int sizes[] = {10, 100, 1000};
+constexpr int rounds = 5;
+
+// The most memory that this program has had, in megabytes.
+double PeakMemory() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    double kilobytes = 0;
+    if (word == "VmHWM:" && status >> kilobytes) return kilobytes / 1024;
+  }
+  return 0;
+}
+
+// The workload on an exchange in a file, in a process of its own.
+void Memory(const std::string& program, int series) {
+  const Folder folder;
+  const std::string command =
+      "'" + program + "' workload " + std::to_string(series) + " '" + folder.File("exchange") + "'";
+  std::fflush(stdout);
+  if (std::system(command.c_str()) != 0) throw std::runtime_error("the workload failed in a process of its own");
+}
+
+void Do(int series, const std::string& file) {
+  Workload workload(series, file);
+  for (std::size_t step = 0; step < steps.size(); ++step) workload.Do(step);
+  std::printf("  %5d series %8.1f MB\n", series, PeakMemory());
+}
+
+void All(const std::string& program) {
+  std::printf("The library with the workbench against its statements replayed straight into SQLite\n");
+  for (const int series : sizes) Compare(series, rounds);
+  std::printf("\nMost memory of the workload on an exchange in a file\n");
+  for (const int series : sizes) Memory(program, series);
+  std::printf("\nOne more action as the tables grow\n");
+  MeasureGrowth(program);
+}
+
+void Run(int count, char** words) {
+  const std::string program = std::filesystem::canonical("/proc/self/exe");
+  const std::string what = count > 1 ? words[1] : "all";
+  if (what == "all") return All(program);
+  if (what == "growth") return MeasureGrowth(program);
+  if (what == "workload" && count == 4) return Do(std::stoi(words[2]), words[3]);
+  if (what == "once" && count == 5) return DoOnce(words[2], std::stoul(words[3]), words[4]);
+  throw std::runtime_error("usage: cordboard-bench [all | growth]");
+}
+
+}  // namespace
+
+}  // namespace cordboard::bench
+
+int main(int count, char** words) {
+  try {
+    cordboard::bench::Run(count, words);
+    return 0;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "cordboard-bench: %s\n", error.what());
+    return 1;
+  }
+}
