@@ -20,9 +20,11 @@ bool HasDesktop() {
 }  // namespace
 
 void ShowPlainBox(const std::string& text, const std::string& title, int style) {
-  // 0 is no answer of a user: the box could not be shown.
-  if (HasDesktop() && MessageBoxW(nullptr, ToWide(text).c_str(), ToWide(title).c_str(), style | MB_TASKMODAL) != 0)
-    return;
+  // Only a number above 0 is the answer of a user. Without a desktop the box may be said to be answered at once.
+  const auto shown = [&] {
+    return MessageBoxW(nullptr, ToWide(text).c_str(), ToWide(title).c_str(), style | MB_TASKMODAL) > 0;
+  };
+  if (HasDesktop() && shown()) return;
   const std::string line = (title.empty() ? "" : title + ": ") + text + "\n";
   std::cerr << line;
   OutputDebugStringW(ToWide(line).c_str());
