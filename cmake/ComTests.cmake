@@ -40,6 +40,10 @@ foreach(script ${scripts})
   set_tests_properties(com.script.${name} PROPERTIES PASS_REGULAR_EXPRESSION "all is well"
                        FAIL_REGULAR_EXPRESSION "FAILED" FIXTURES_REQUIRED "layer;registered")
 endforeach()
+add_test(NAME com.script.example COMMAND ${com_tests}/wine cscript //nologo host.vbs
+         WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/examples/script-host)
+set_tests_properties(com.script.example PROPERTIES FIXTURES_REQUIRED "layer;registered"
+                     PASS_REGULAR_EXPRESSION "'NANSI:NUMTYP=EX,NUMSE=100&&199;'")
 add_test(NAME com.register COMMAND ${com_tests}/wine regsvr32 /s $<TARGET_FILE:cordboard_dll>)
 add_test(NAME com.unregister COMMAND ${com_tests}/wine regsvr32 /s /u $<TARGET_FILE:cordboard_dll>)
 set_tests_properties(com.register PROPERTIES FIXTURES_SETUP registered FIXTURES_REQUIRED layer)

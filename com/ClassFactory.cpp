@@ -1,7 +1,7 @@
 #include "com/ClassFactory.h"
 
 #include "com/Failure.h"
-#include "com/Module.h"
+#include "com/OwnModule.h"
 #include "com/ScriptObject.h"
 
 namespace cordboard::com {

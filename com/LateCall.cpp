@@ -27,7 +27,9 @@ class Method {
   // The type of an argument, VT_BYREF with it where it is declared as a reference; VT_EMPTY where there is none.
   VARTYPE TypeOf(UINT position) const {
     if (description_ == nullptr || position >= static_cast<UINT>(description_->cParams)) return VT_EMPTY;
-    const TYPEDESC& type = description_->lprgelemdescParam[position].tdesc;
+    const ELEMDESC& parameter = description_->lprgelemdescParam[position];
+    if (parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) return VT_EMPTY;
+    const TYPEDESC& type = parameter.tdesc;
     if (type.vt != VT_PTR) return type.vt;
     // A pointer to an interface is the object itself.
     const VARTYPE target = type.lptdesc->vt;

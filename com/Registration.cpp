@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "com/Interface.h"
-#include "com/Module.h"
+#include "com/OwnModule.h"
 
 namespace cordboard::com {
 

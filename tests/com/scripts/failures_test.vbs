@@ -16,7 +16,7 @@ Set script = CreateObject("Cordboard.CScript")
 On Error Resume Next
 
 answer = script.Run(1, "R8", "GetValidValForParam", "NANSI", 0, Array("NUMTYP"))
-Check "no host", Err.Number, 91
+Check "no host", CInt(Err.Number), 91
 Check "no host, in words", Err.Description, "the library has no host: call AddObject first"
 Check "no host, told by", Err.Source, "Cordboard.CScript"
 Err.Clear
@@ -24,32 +24,32 @@ Err.Clear
 script.AddObject New Failing
 answer = script.Run(1, "R8", "GetValidValForParam", "NANSI", 0, Array("NUMTYP"))
 Check "a failing host", Hex(Err.Number), "80040201"
-Check "a failing host, in words", InStr(Err.Description, "scSQLSelectValuesAndDesc: "), 1
+Check "a failing host, in words", CInt(InStr(Err.Description, "scSQLSelectValuesAndDesc: ")), 1
 Err.Clear
 
 answer = script.Run(1, "R8", "StatCheck", "NANSI", 0, Array("NUMTYP"))
 Check "an operation that the host lacks", Hex(Err.Number), "80040201"
-Check "in words", InStr(Err.Description, "scIsValueEqual: the host does not know the operation"), 1
+Check "in words", CInt(InStr(Err.Description, "scIsValueEqual: the host does not know the operation")), 1
 Err.Clear
 
 script.AddObject New Halting
 answer = script.Run(1, "R8", "StatCheck", "NANSI", 0, Array("NUMTYP"))
-Check "an answer that is no value", Err.Number, 13
+Check "an answer that is no value", CInt(Err.Number), 13
 Err.Clear
 
 answer = script.Run(1, "R8", "StatCheck", "NANSI", 0, Array())
-Check "no parameter", Err.Number, 9
+Check "no parameter", CInt(Err.Number), 9
 Err.Clear
 
 answer = script.Run("many", "R8", "StatCheck", "NANSI", 0, Array("NUMTYP"))
-Check "a definition that is no number", Err.Number, 13
+Check "a definition that is no number", CInt(Err.Number), 13
 Err.Clear
 
 Set host = New Exchange
 script.AddObject host
 answer = script.Run(1, "R8", "GetValidValForParam", "NANSI", 0, Array("NUMTYP"))
 Check "with a host again", answer, True
-Check "no failure", Err.Number, 0
+Check "no failure", CInt(Err.Number), 0
 
 ' The end of any one object drops the host for all.
 Set other = CreateObject("Cordboard.CScript")
@@ -57,11 +57,11 @@ answer = other.Run(1, "R8", "GetValidValForParam", "NANSI", 0, Array("NUMTYP"))
 Check "the host of all", answer, True
 Set other = Nothing
 answer = script.Run(1, "R8", "GetValidValForParam", "NANSI", 0, Array("NUMTYP"))
-Check "dropped", Err.Number, 91
+Check "dropped", CInt(Err.Number), 91
 Err.Clear
 
 script.AddObject host
 script.Destroy
 answer = script.Run(1, "R8", "GetValidValForParam", "NANSI", 0, Array("NUMTYP"))
-Check "destroyed", Err.Number, 91
-Done
+Check "destroyed", CInt(Err.Number), 91
+Done 15

@@ -36,4 +36,4 @@ Check "generated", script.Run(1, "R8", "GenerateCmd", "NANSI", 0, Array(7)), Tru
 Check "lines", host.Lines, "INSERT INTO BuiltCmd VALUES (7,'NANSI:NUMTYP=EX,NUMSE=100&&199;')" & vbLf & _
       "INSERT INTO BuiltCmd VALUES (7,'NANSI:NUMTYP=DN,NUMSE=20;')" & vbLf
 Check "no such command", script.Run(1, "R8", "SetInfo", "nansi", 0, Array()), False
-Done
+Done 14

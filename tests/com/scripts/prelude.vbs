@@ -1,7 +1,12 @@
-' What every script test begins with. An unhandled error ends a script with status 0, so each test ends with Done.
+' What every script test begins with. An unhandled error ends a script with status 0, so each test ends with Done and
+' the number of its checks.
 Option Explicit
 
+Dim checks
+checks = 0
+
 Sub Check(what, got, expected)
+  checks = checks + 1
   If VarType(got) = VarType(expected) Then
     If got = expected Then Exit Sub
   End If
@@ -9,8 +14,8 @@ Sub Check(what, got, expected)
   WScript.Quit 1
 End Sub
 
-Sub Done()
-  WScript.Echo "all is well"
+Sub Done(count)
+  If checks = count Then WScript.Echo "all is well" Else WScript.Echo "FAILED: " & checks & " checks, not " & count
 End Sub
 
 ' A host: the form with one number series, the list of valid values, the blocked ranges and the exchange lines.

@@ -1,4 +1,4 @@
-#include "com/Module.h"
+#include "com/OwnModule.h"
 
 namespace cordboard::com {
 
