@@ -33,13 +33,14 @@ std::string NumberText(HRESULT number) {
   throw RunTimeFailure(RunTimeFailure::Cause::HostFailure, method + ": " + description + " (" + number + ")");
 }
 
+// Most objects tell of their failure and answer that they did; some answer with its number alone.
 void Require(const std::string& method, HRESULT result, Failure& failure) {
   if (SUCCEEDED(result)) return;
-  if (result != DISP_E_EXCEPTION) Fail(method, "the host did not take the call", NumberText(result));
   if (failure.pfnDeferredFillIn != nullptr) failure.pfnDeferredFillIn(&failure);
   const std::string description = FromBstr(failure.bstrDescription);
+  const bool told = result == DISP_E_EXCEPTION;
   Fail(method, description.empty() ? "the host failed" : description,
-       failure.wCode != 0 ? std::to_string(failure.wCode) : NumberText(failure.scode));
+       told && failure.wCode != 0 ? std::to_string(failure.wCode) : NumberText(told ? failure.scode : result));
 }
 
 }  // namespace

@@ -126,10 +126,10 @@ TEST(DispatchHost, AFailureMayBringItsWordsWhenAskedForThem) {
   EXPECT_EQ(FailureOf([&host] { host.scBuildCmdID(); }), "HostFailure scBuildCmdID: the host failed (1004)");
 }
 
-TEST(DispatchHost, ACallThatTheHostDoesNotTakeIsItsFailure) {
+TEST(DispatchHost, AResultCodeWithoutWordsIsAFailureToo) {
   DispatchHost host = HostWith([](const HostCall&) { return DISP_E_BADPARAMCOUNT; });
   EXPECT_EQ(FailureOf([&host] { host.scStartTransaction(); }),
-            "HostFailure scStartTransaction: the host did not take the call (0x8002000E)");
+            "HostFailure scStartTransaction: the host failed (0x8002000E)");
 }
 
 TEST(DispatchHost, ANameThatTheHostDoesNotKnowIsItsFailure) {
