@@ -1,0 +1,12 @@
+// Tests of the component object model run in an apartment of their own.
+#include <gtest/gtest.h>
+
+#include "com/Platform.h"
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
+  const int result = RUN_ALL_TESTS();
+  CoUninitialize();
+  return result;
+}
