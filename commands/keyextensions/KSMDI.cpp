@@ -35,8 +35,8 @@ bool HasRoom(const Value& DIR) {
     Debug(" Error getting the number of MDN's");
     return false;
   }
-  const auto count = Compare(rows[0][0], 30);
-  if (!count || *count < 0) return true;
+  const Value& count = rows[0][0];
+  if (!Equals(count, 30) && !Greater(count, 30)) return true;
   Debug("The maximum numbers of MDN's have been initiated for this DIR");
   Report(addContext, Message::TooManyMDN, "30", "MDNs", "DIR");
   return false;
