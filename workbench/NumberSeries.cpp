@@ -55,19 +55,26 @@ bool HoldsNumberThatBeginsWith(const Range& range, const std::string& constant) 
 
 SeriesRefusal FindCollision(Exchange& exchange, const Range& range) {
   Connection& database = exchange.Dynamic();
-  const RowSet blocked = database.Run("SELECT [Start], [End] FROM [NANSIBlockedRange]");
-  for (std::size_t row = 0; row < blocked.RowCount(); ++row) {
-    const std::string start(Joined(Trim(blocked[0][row])));
-    const Value end = Trim(blocked[1][row]);
-    if (end.IsNull() && HoldsNumberThatBeginsWith(range, start))
-      return {numberBlocked, Written(range) + " collides with the constant " + start};
-    const Range other{start, Joined(end)};
-    if (!end.IsNull() && Overlap(range, other))
-      return {numberBlocked, Written(range) + " collides with the series " + Written(other)};
+  const int length = static_cast<int>(range.from.size());
+  const RowSet constants = database.Run("SELECT [Start] FROM [NANSIBlockedRange] WHERE [End] IS NULL");
+  for (std::size_t row = 0; row < constants.RowCount(); ++row) {
+    const std::string constant = Joined(Trim(constants[0][row]));
+    if (HoldsNumberThatBeginsWith(range, constant))
+      return {numberBlocked, Written(range) + " collides with the constant " + constant};
+  }
+  // Series lie apart, so that the last that begins before the end of the range is the one to look at.
+  const RowSet before = database.Run(
+      "SELECT [Start], [End] FROM [NANSIBlockedRange] WHERE [Start] <= ? AND LENGTH([Start]) = ? AND +[End] IS NOT "
+      "NULL "
+      "ORDER BY [Start] DESC LIMIT 1",
+      {range.to, length});
+  if (!before.IsEmpty()) {
+    const Range other{Joined(before[0][0]), Joined(before[1][0])};
+    if (Overlap(range, other)) return {numberBlocked, Written(range) + " collides with the series " + Written(other)};
   }
   const Value taken = database.Single(
       "SELECT [NUMSE] FROM [NANSI] WHERE [NUMSE] BETWEEN ? AND ? AND LENGTH([NUMSE]) = ? ORDER BY [NUMSE] LIMIT 1",
-      {range.from, range.to, static_cast<int>(range.from.size())});
+      {range.from, range.to, length});
   if (!taken.IsEmpty()) return {numberInUse, "the number " + Joined(taken) + " is in a series already"};
   return {};
 }
@@ -109,23 +116,22 @@ void RemoveFromBlockedRange(Exchange& exchange, const std::string& number, const
   Transaction transaction(exchange);
   Connection& database = exchange.Dynamic();
   const RowSet rows = database.Run(
-      "SELECT rowid, [Start], [End] FROM [NANSIBlockedRange] WHERE [Numtyp] = ? AND LENGTH([Start]) = ? AND [Start] <= "
-      "? "
-      "AND COALESCE([End], [Start]) >= ? LIMIT 1",
-      {numtyp, static_cast<int>(number.size()), number, number});
-  if (!rows.IsEmpty()) {
-    const std::string from = Joined(rows[1][0]);
-    const std::string to = rows[2][0].IsNull() ? from : Joined(rows[2][0]);
-    database.Run("DELETE FROM [NANSIBlockedRange] WHERE rowid = ?", {rows[0][0]});
-    const std::vector<std::string> numbers = Elements(Written({from, to}));
-    const auto at = std::ranges::find(numbers, number);
-    const auto enter = [&](const std::string& first, const std::string& last) {
-      database.Run("INSERT INTO [NANSIBlockedRange] ([Start], [End], [Numtyp]) VALUES (?, ?, ?)",
-                   {first, last, numtyp});
-    };
-    if (at != numbers.begin() && at != numbers.end()) enter(from, *(at - 1));
-    if (at != numbers.end() && at + 1 != numbers.end()) enter(*(at + 1), to);
-  }
+      "SELECT rowid, [Start], [End] FROM [NANSIBlockedRange] WHERE [Start] <= ? AND LENGTH([Start]) = ? AND [Numtyp] = "
+      "? ORDER BY [Start] DESC LIMIT 1",
+      {number, static_cast<int>(number.size()), numtyp});
+  if (rows.IsEmpty()) return;
+  const Range range{Joined(rows[1][0]), Joined(rows[2][0])};
+  if (!Overlap(range, {number, number})) return;
+  const std::vector<std::string> numbers = Elements(Written(range));
+  const auto at = std::ranges::find(numbers, number);
+  if (at == numbers.end()) return;
+
+  const auto enter = [&](const std::string& first, const std::string& last) {
+    database.Run("INSERT INTO [NANSIBlockedRange] ([Start], [End], [Numtyp]) VALUES (?, ?, ?)", {first, last, numtyp});
+  };
+  database.Run("DELETE FROM [NANSIBlockedRange] WHERE rowid = ?", {rows[0][0]});
+  if (at != numbers.begin()) enter(range.from, *(at - 1));
+  if (at + 1 != numbers.end()) enter(*(at + 1), range.to);
   transaction.Commit();
 }
 
