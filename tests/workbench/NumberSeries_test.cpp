@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+#include <set>
+
+#include "workbench/Elements.h"
 #include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
@@ -156,6 +161,39 @@ TEST_F(NumberSeriesTest, ASeriesIsPartOfTheTransactionAroundIt) {
   EXPECT_EQ(Numbers(), "Empty");
 }
 
+// Whatever was given and taken out before: a series is taken exactly where none of its numbers is taken.
+TEST_F(NumberSeriesTest, ASeriesIsTakenExactlyWhereAllItsNumbersAreFree) {
+  std::mt19937 generator(1);
+  const auto any = [&](int count) { return std::uniform_int_distribution<int>(0, count - 1)(generator); };
+  std::set<std::string> taken;
+  for (int round = 0; round < 400; ++round) {
+    const std::size_t length = static_cast<std::size_t>(2 + any(2));
+    const int from = any(90);
+    const auto number = [&](int value) {
+      const std::string digits = std::to_string(value);
+      return std::string(length - digits.size(), '0') + digits;
+    };
+    if (!taken.empty() && any(3) == 0) {
+      const std::string gone = *std::next(taken.begin(), any(static_cast<int>(taken.size())));
+      Remove(gone);
+      exchange_->Dynamic().Run("DELETE FROM NANSI WHERE NUMSE = ?", {gone});
+      taken.erase(gone);
+      continue;
+    }
+    const std::vector<std::string> numbers = Elements(number(from) + "&&" + number(from + any(8)));
+    const bool free = std::ranges::none_of(numbers, [&](const std::string& one) { return taken.contains(one); });
+    ASSERT_EQ(Initiate(numbers.front() + "&&" + numbers.back()) == "done", free) << numbers.front();
+    if (free) taken.insert(numbers.begin(), numbers.end());
+  }
+  std::set<std::string> blocked;
+  const RowSet ranges = exchange_->Dynamic().Run("SELECT [Start], [End] FROM NANSIBlockedRange");
+  for (std::size_t row = 0; row < ranges.RowCount(); ++row) {
+    for (const std::string& one : Elements(ranges[0][row].text() + "&&" + ranges[1][row].text()))
+      EXPECT_TRUE(blocked.insert(one).second) << one;
+  }
+  EXPECT_EQ(blocked, taken);
+}
+
 // --- Taking a number out.
 
 TEST_F(NumberSeriesTest, ANumberInTheMiddleSplitsItsRange) {
@@ -198,6 +236,8 @@ TEST_F(NumberSeriesTest, RangesOfOtherTypesAndLengthsAndSingleNumbersStay) {
   Remove("105", "OI");
   Remove("5");
   Remove("0105");
+  Remove("1A");
+  Remove("");
   EXPECT_EQ(Blocked(), before);
 }
 

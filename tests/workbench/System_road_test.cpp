@@ -104,7 +104,8 @@ TEST(SYTDSRoad, TheListsFollowTheFormAsItIsNow) {
   EXPECT_EQ(road.Values("SYTDS", "CDNAL", {{"CDNAS", "27"}}), "28 29 30");
   EXPECT_EQ(road.Values("SYTDS", "CDNAS", {{"CDNAL", "1"}}), "");
   EXPECT_EQ(road.Do("SYTDS:CDNAL=4,CDNAS=4;"), "CDNAS=4: this value is not possible here [1, 2, 3]");
-  EXPECT_EQ(road.Do("SYTDS:CDNAL=1,CDNAS=1;"), "CDNAS=1: this value is not possible here [no value at present; leave it out]");
+  EXPECT_EQ(road.Do("SYTDS:CDNAL=1,CDNAS=1;"),
+            "CDNAS=1: this value is not possible here [no value at present; leave it out]");
   EXPECT_EQ(road.Do("SYTDS:CDNAL=31;"),
             "CDNAL=31: this value is not possible here [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, ... (30 in all)]");
   EXPECT_EQ(road.Rows(systemTimes), "");
