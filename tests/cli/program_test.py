@@ -434,7 +434,8 @@ class Data(ProgramTest):
         self.assertEqual(sorted(data), ["actions", "command", "help", "parameters", "title"])
         self.assertEqual(data["actions"], {"add": True, "edit": False, "delete": True, "generate": True})
         self.assertEqual(data["parameters"][0], {"name": "NUMTYP", "title": "Number type", "mandatory": True,
-                                                 "multiple": False, "range": False, "list": True, "check": True})
+                                                 "multiple": False, "range": False, "list": True, "check": True,
+                                                 "next": False})
 
     def test_a_full_disk_behind_standard_output_is_trouble(self):
         for arguments in (["generate", self.exchange], ["show", self.exchange], ["commands", "--json"],

@@ -29,6 +29,7 @@ constexpr Silence silences[] = {
     {"KSMDI", "DeleteInfo", "SELECT DIR, KEY FROM KSMDI", "a record that cannot be read is not reported"},
     {"KSMDI", "GenerateCmd", "SELECT ITYPE FROM KSEXI", "an instrument that cannot be read ends the lines"},
     {"KSMDI", "StatCheck", "scActiveDefinition(\"KEY\"", "a definition that is not taken has no message"},
+    {"KSMDI", "StatCheck", "scSetParamOptional", "what has to be given changes without a message"},
     {"KSMDI", "StatCheck", "scResetParam(\"MDN\"", "a number that cannot be reset has no message"},
     {"NACDS", "SetInfo", "scGetValueArray(\"CDCAT\"", "categories that cannot be delivered end the add"},
     {"NANLS", "SetInfo", "scGetValueArray(\"EXL\"", "lengths that cannot be delivered end the add"},

@@ -52,15 +52,16 @@ class FilledHost : public NullHost {
   Value scGetParamValue(const std::string&) override { return "1"; }
 };
 
-// Whether the library does anything at all: an action or a parameter that a command does not serve gives False and no
-// call but the one that tells of a template.
+// Whether the library does anything at all: an action or a parameter that a command does not serve gives no call but
+// the one that tells of a template. The answer does not tell: the category command gives True for what it does not
+// serve.
 bool DoesAnything(std::shared_ptr<Host> behind, const std::string& release, const std::string& function,
                   const std::string& command, const List& ParamList) {
   const auto trace = std::make_shared<TracingHost>(std::move(behind));
   CScript script;
   script.AddObject(trace);
   try {
-    if (script.Run(1, release, function, command, 1, ParamList)) return true;
+    script.Run(1, release, function, command, 1, ParamList);
   } catch (const RunTimeFailure&) {
     return true;
   }
@@ -191,6 +192,7 @@ TEST(FormDefinition, ThePlacesOfAFoldingLieInItsLengthAndApart) {
   ForEachForm([](const FormDefinition& form) {
     for (const Folding& folding : form.foldings) {
       SCOPED_TRACE(folding.parameter);
+      if (!folding.separator.empty()) continue;  // parts of any length, told apart by the separator
       std::set<int> taken;
       for (const DigitPlace& place : folding.places) {
         EXPECT_GE(place.first, 1);

@@ -268,12 +268,10 @@ TEST_F(Destinations, CustomerAndChoiceComeBehindRouteAndDestination) {
   EXPECT_THAT(texts(), ElementsAre(HasSubstr("CHO: a check of the values behind it has cleared this value")));
 }
 
-// The mark outlives the form on which a check set it: an edit that gives neither route nor destination meets the lists
-// of the pair that was checked last.
-TEST_F(Destinations, AnEditThatGivesNoRouteMeetsTheListsOfThePairCheckedLast) {
+// The mark outlives the form on which a check set it, but opening a record checks its own pair.
+TEST_F(Destinations, AnEditMeetsTheListsOfThePairOfItsRecord) {
   Prepare({"RODDI:ROU=1,DEST=80;", "RODDI:ROU=1,DEST=81;"});
-  EXPECT_FALSE(Do("edit RODDI DEST=80:CUST=1;"));
-  Prepare({"edit RODDI DEST=80:ROU=1,CUST=1;"});
+  Prepare({"edit RODDI DEST=80:CUST=1;"});
   EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=80,CUST=1;", "RODDI:ROU=1,DEST=81;"));
   Prepare({"edit RODDI DEST=81:CUST=2;"});
   EXPECT_THAT(Lines("RODDI"), ElementsAre("RODDI:ROU=1,DEST=80,CUST=1;", "RODDI:ROU=1,DEST=81,CUST=2;"));
