@@ -1,6 +1,6 @@
-# One test program for the library and one for the rooms above it; each test is a case of its own for ctest.
+# One test program for each room; a program is one case for ctest, since a process for each of its tests costs minutes
+# under the sanitizers.
 find_package(GTest REQUIRED)
-include(GoogleTest)
 
 file(GLOB library_tests CONFIGURE_DEPENDS tests/script/*.cpp tests/shared/*.cpp tests/commands/*/*.cpp)
 file(GLOB test_support CONFIGURE_DEPENDS tests/support/*.cpp)
@@ -8,7 +8,7 @@ add_executable(library-tests ${library_tests} ${test_support})
 target_include_directories(library-tests PRIVATE tests)
 target_compile_definitions(library-tests PRIVATE CORDBOARD_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 target_link_libraries(library-tests PRIVATE cordboard::cordboard GTest::gtest GTest::gmock GTest::gtest_main)
-gtest_discover_tests(library-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX library.)
+add_test(NAME library COMMAND library-tests --gtest_brief=1)
 
 if(CORDBOARD_WORKBENCH)
   file(GLOB workbench_tests CONFIGURE_DEPENDS tests/workbench/*.cpp tests/workbench/support/*.cpp)
@@ -16,7 +16,7 @@ if(CORDBOARD_WORKBENCH)
   target_include_directories(workbench-tests PRIVATE tests)
   target_compile_definitions(workbench-tests PRIVATE CORDBOARD_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   target_link_libraries(workbench-tests PRIVATE cordboard_workbench GTest::gtest GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(workbench-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX workbench.)
+  add_test(NAME workbench COMMAND workbench-tests --gtest_brief=1)
 endif()
 
 # The habits of the project: what stands in the tree, and the tools that put it there.
@@ -47,7 +47,7 @@ if(TARGET cordboard_remote)
     # A false alarm of GCC under sanitizers, about variants.
     target_compile_options(remote-tests PRIVATE -Wno-maybe-uninitialized)
   endif()
-  gtest_discover_tests(remote-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX remote.)
+  add_test(NAME remote COMMAND remote-tests --gtest_brief=1)
 
   add_test(NAME remote.process COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/remote/process_test.py
                                        $<TARGET_FILE:cordboard> serve)
@@ -62,7 +62,7 @@ if(CORDBOARD_WORKBENCH)
   add_executable(fault-tests ${fault_tests} ${test_support})
   target_include_directories(fault-tests PRIVATE tests)
   target_link_libraries(fault-tests PRIVATE cordboard_workbench GTest::gtest GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(fault-tests DISCOVERY_TIMEOUT 60 TEST_PREFIX fault.)
+  add_test(NAME fault COMMAND fault-tests --gtest_brief=1)
 endif()
 
 # The program as its users run it, one class of tests at a time.
