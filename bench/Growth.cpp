@@ -12,9 +12,9 @@
 #include "bench/Folder.h"
 #include "bench/Measure.h"
 #include "script/Conversions.h"
-#include "workbench/Plan.h"
-#include "workbench/PlanLine.h"
-#include "workbench/Plant.h"
+#include "workbench/exchange/Plant.h"
+#include "workbench/plans/Plan.h"
+#include "workbench/plans/PlanLine.h"
 
 // The name by which valgrind knows what to count.
 extern "C" [[gnu::noipa]] void CordboardMeasured(const std::function<void()>& work) { work(); }

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "workbench/SqlFunctions.h"
+#include "workbench/database/SqlFunctions.h"
 
 namespace cordboard::bench {
 

@@ -3,9 +3,9 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "workbench/Generation.h"
-#include "workbench/Plan.h"
-#include "workbench/Plant.h"
+#include "workbench/actions/Generation.h"
+#include "workbench/exchange/Plant.h"
+#include "workbench/plans/Plan.h"
 
 namespace cordboard::bench {
 

@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "workbench/Exchange.h"
-#include "workbench/Session.h"
+#include "workbench/exchange/Exchange.h"
+#include "workbench/host/Session.h"
 
 namespace cordboard::bench {
 

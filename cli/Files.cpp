@@ -1,7 +1,7 @@
 #include "cli/Files.h"
 
 #include "cli/Subcommands.h"
-#include "workbench/UserAction.h"
+#include "workbench/actions/UserAction.h"
 
 namespace cordboard::cli {
 

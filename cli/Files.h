@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "workbench/Exchange.h"
-#include "workbench/FormDefinition.h"
+#include "workbench/exchange/Exchange.h"
+#include "workbench/forms/FormDefinition.h"
 
 namespace cordboard::cli {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "script/Value.h"
-#include "workbench/UserAction.h"
+#include "workbench/actions/UserAction.h"
 
 namespace cordboard::cli {
 

@@ -10,7 +10,7 @@
 #include "cli/Files.h"
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
-#include "workbench/Plan.h"
+#include "workbench/plans/Plan.h"
 
 namespace cordboard::cli {
 

@@ -4,7 +4,7 @@
 
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
-#include "workbench/FormDefinition.h"
+#include "workbench/forms/FormDefinition.h"
 
 namespace cordboard::cli {
 

@@ -7,7 +7,7 @@
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "script/TracingHost.h"
-#include "workbench/PlanLine.h"
+#include "workbench/plans/PlanLine.h"
 
 namespace cordboard::cli {
 

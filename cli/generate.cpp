@@ -8,7 +8,7 @@
 #include "cli/Files.h"
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
-#include "workbench/Generation.h"
+#include "workbench/actions/Generation.h"
 
 namespace cordboard::cli {
 

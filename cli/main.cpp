@@ -8,11 +8,11 @@
 
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
-#include "workbench/Connection.h"
-#include "workbench/Exchange.h"
-#include "workbench/Nearest.h"
-#include "workbench/Plan.h"
-#include "workbench/Plant.h"
+#include "workbench/database/Connection.h"
+#include "workbench/exchange/Exchange.h"
+#include "workbench/exchange/Plant.h"
+#include "workbench/plans/Plan.h"
+#include "workbench/text/Nearest.h"
 
 namespace {
 

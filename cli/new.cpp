@@ -4,9 +4,9 @@
 
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
-#include "workbench/Exchange.h"
-#include "workbench/Nearest.h"
-#include "workbench/Plant.h"
+#include "workbench/exchange/Exchange.h"
+#include "workbench/exchange/Plant.h"
+#include "workbench/text/Nearest.h"
 
 namespace cordboard::cli {
 

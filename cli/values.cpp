@@ -6,9 +6,9 @@
 #include "cli/Files.h"
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
-#include "workbench/FormFilling.h"
-#include "workbench/Nearest.h"
-#include "workbench/PlanLine.h"
+#include "workbench/actions/FormFilling.h"
+#include "workbench/plans/PlanLine.h"
+#include "workbench/text/Nearest.h"
 
 namespace cordboard::cli {
 

@@ -1,6 +1,6 @@
-# The library: script, shared and commands, on the standard library alone.
+# The library: entry, commands, shared and script, on the standard library alone.
 file(GLOB cordboard_sources CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
-     script/*.cpp shared/*.cpp commands/*.cpp commands/*/*.cpp)
+     script/*.cpp shared/*.cpp commands/*/*.cpp entry/*.cpp)
 add_library(cordboard_library STATIC ${cordboard_sources})
 add_library(cordboard::cordboard ALIAS cordboard_library)
 set_target_properties(cordboard_library PROPERTIES OUTPUT_NAME cordboard EXPORT_NAME cordboard)
@@ -10,7 +10,7 @@ target_include_directories(cordboard_library PUBLIC
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/cordboard>)
 
 install(TARGETS cordboard_library EXPORT cordboard-targets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(DIRECTORY script shared DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/cordboard FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY script shared entry DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/cordboard FILES_MATCHING PATTERN "*.h")
 install(EXPORT cordboard-targets NAMESPACE cordboard:: FILE cordboard-config.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/cordboard)
 include(CMakePackageConfigHelpers)

@@ -2,20 +2,24 @@
 # under the sanitizers.
 find_package(GTest REQUIRED)
 
-file(GLOB library_tests CONFIGURE_DEPENDS tests/script/*.cpp tests/shared/*.cpp tests/commands/*/*.cpp)
+# What several test programs use. One file alone knows where the sources lie.
 file(GLOB test_support CONFIGURE_DEPENDS tests/support/*.cpp)
-add_executable(library-tests ${library_tests} ${test_support})
-target_include_directories(library-tests PRIVATE tests)
-target_compile_definitions(library-tests PRIVATE CORDBOARD_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-target_link_libraries(library-tests PRIVATE cordboard::cordboard GTest::gtest GTest::gmock GTest::gtest_main)
+add_library(cordboard_test_support STATIC ${test_support})
+set_source_files_properties(tests/support/SourceFolder.cpp PROPERTIES
+  COMPILE_DEFINITIONS CORDBOARD_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+target_include_directories(cordboard_test_support PUBLIC tests)
+target_link_libraries(cordboard_test_support PUBLIC cordboard::cordboard GTest::gtest GTest::gmock GTest::gtest_main)
+
+file(GLOB library_tests CONFIGURE_DEPENDS tests/script/*.cpp tests/shared/*.cpp tests/commands/*/*.cpp
+     tests/entry/*.cpp)
+add_executable(library-tests ${library_tests})
+target_link_libraries(library-tests PRIVATE cordboard_test_support)
 add_test(NAME library COMMAND library-tests --gtest_brief=1)
 
 if(CORDBOARD_WORKBENCH)
   file(GLOB workbench_tests CONFIGURE_DEPENDS tests/workbench/*.cpp tests/workbench/support/*.cpp)
-  add_executable(workbench-tests ${workbench_tests} ${test_support})
-  target_include_directories(workbench-tests PRIVATE tests)
-  target_compile_definitions(workbench-tests PRIVATE CORDBOARD_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-  target_link_libraries(workbench-tests PRIVATE cordboard_workbench GTest::gtest GTest::gmock GTest::gtest_main)
+  add_executable(workbench-tests ${workbench_tests})
+  target_link_libraries(workbench-tests PRIVATE cordboard_test_support cordboard_workbench)
   add_test(NAME workbench COMMAND workbench-tests --gtest_brief=1)
 endif()
 
@@ -59,9 +63,8 @@ add_test(NAME tree.pages COMMAND ${PROJECT_SOURCE_DIR}/tools/command-pages --che
 # Faults: every command with every call of its host going wrong.
 if(CORDBOARD_WORKBENCH)
   file(GLOB fault_tests CONFIGURE_DEPENDS tests/fault/*.cpp)
-  add_executable(fault-tests ${fault_tests} ${test_support})
-  target_include_directories(fault-tests PRIVATE tests)
-  target_link_libraries(fault-tests PRIVATE cordboard_workbench GTest::gtest GTest::gmock GTest::gtest_main)
+  add_executable(fault-tests ${fault_tests})
+  target_link_libraries(fault-tests PRIVATE cordboard_test_support cordboard_workbench)
   add_test(NAME fault COMMAND fault-tests --gtest_brief=1)
 endif()
 

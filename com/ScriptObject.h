@@ -6,7 +6,7 @@
 #include "com/InUse.h"
 #include "com/Interface.h"
 #include "com/Pointer.h"
-#include "script/CScript.h"
+#include "entry/CScript.h"
 
 namespace cordboard::com {
 

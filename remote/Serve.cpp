@@ -7,9 +7,9 @@
 #include <string>
 #include <utility>
 
+#include "entry/CScript.h"
 #include "remote/Channel.h"
 #include "remote/RemoteHost.h"
-#include "script/CScript.h"
 #include "script/MessageBox.h"
 #include "script/RunTimeFailure.h"
 

@@ -6,27 +6,29 @@ namespace cordboard {
 
 namespace {
 
-bool Call(Worker worker, const Action& action) { return worker != nullptr && worker(action); }
-
-bool CallForParameter(const std::vector<ParameterWorker>& workers, const Action& action) {
-  if (workers.empty()) return false;
-  const std::string parameter = action.Parameter();
-  for (const auto& [names, worker] : workers) {
-    if (std::ranges::find(names.all(), parameter) != names.all().end()) return worker(action);
-  }
-  return false;
+// The worker of a parameter, null where none serves it.
+Worker Find(const std::vector<ParameterWorker>& workers, const std::string& parameter) {
+  const auto serves = [&parameter](const ParameterWorker& entry) {
+    return std::ranges::find(entry.names.all(), parameter) != entry.names.all().end();
+  };
+  const auto found = std::ranges::find_if(workers, serves);
+  return found == workers.end() ? nullptr : found->worker;
 }
 
 }  // namespace
 
+Worker Module::ListOf(const std::string& parameter) const { return Find(ValidValues, parameter); }
+Worker Module::CheckOf(const std::string& parameter) const { return Find(StatCheck, parameter); }
+
 bool Module::Run(const Action& action) const {
-  if (action.FunctionName == "SetInfo") return Call(SetInfo, action);
-  if (action.FunctionName == "EditInfo") return Call(EditInfo, action);
-  if (action.FunctionName == "DeleteInfo") return Call(DeleteInfo, action);
-  if (action.FunctionName == "GenerateCmd") return Call(GenerateCmd, action);
-  if (action.FunctionName == "GetValidValForParam") return CallForParameter(ValidValues, action);
-  if (action.FunctionName == "StatCheck") return CallForParameter(StatCheck, action);
-  return false;
+  Worker worker = nullptr;
+  if (action.FunctionName == "SetInfo") worker = SetInfo;
+  if (action.FunctionName == "EditInfo") worker = EditInfo;
+  if (action.FunctionName == "DeleteInfo") worker = DeleteInfo;
+  if (action.FunctionName == "GenerateCmd") worker = GenerateCmd;
+  if (action.FunctionName == "GetValidValForParam") worker = ValidValues.empty() ? nullptr : ListOf(action.Parameter());
+  if (action.FunctionName == "StatCheck") worker = StatCheck.empty() ? nullptr : CheckOf(action.Parameter());
+  return worker == nullptr ? unserved : worker(action);
 }
 
 }  // namespace cordboard

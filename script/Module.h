@@ -35,9 +35,14 @@ struct Module {
   Worker GenerateCmd = nullptr;
   std::vector<ParameterWorker> ValidValues = {};
   std::vector<ParameterWorker> StatCheck = {};
+  bool unserved = false;  // the answer for an action or a parameter that is not served
 
-  // Runs the worker for the action and gives its answer. An action or a parameter that is not served gives False, and
-  // nothing else happens. All names are compared exactly.
+  // The worker that builds the list of a parameter, and the one that checks it; null where none does.
+  Worker ListOf(const std::string& parameter) const;
+  Worker CheckOf(const std::string& parameter) const;
+
+  // Runs the worker for the action and gives its answer. Nothing happens for what is not served. All names are compared
+  // exactly.
   bool Run(const Action& action) const;
 };
 

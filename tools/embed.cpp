@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
   }
   std::sort(files.begin(), files.end());
   std::ofstream out(argv[2]);
-  out << "#include \"workbench/Resources.h\"\n\nnamespace cordboard::workbench {\n\n"
+  out << "#include \"workbench/data/Resources.h\"\n\nnamespace cordboard::workbench {\n\n"
          "const std::map<std::string_view, std::string_view>& Resources() {\n"
          "  static const std::map<std::string_view, std::string_view> resources = {\n";
   for (const fs::path& file : files) {

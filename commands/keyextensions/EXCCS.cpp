@@ -2,9 +2,6 @@
 // fills the row of its CAT, a delete blanks it, and a row without SERV counts as a category that does not exist.
 // CATTYP marks the special categories: "1" the minimum, "2" the default, "1&2" one that is both.
 
-#include <algorithm>
-#include <vector>
-
 #include "commands/keyextensions/KSANI.h"
 #include "script/Conversions.h"
 #include "script/Envelope.h"
@@ -104,7 +101,7 @@ bool FreeAdditionalNumbers(const std::string& context, const Value& CAT) {
   deletion.CmdName = "KSANI";
   for (const Value& CmdId : rows[0]) {
     deletion.CmdId = ToInt32(CmdId);
-    if (!KSANI_DeleteInfo(deletion)) return false;
+    if (!KSANI.DeleteInfo(deletion)) return false;
   }
   return true;
 }
@@ -208,34 +205,20 @@ bool Generate(const Action& action) {
   return flag;
 }
 
-// Runs the worker that serves the parameter of the action; one that no worker serves gives True.
-bool RunForParameter(const std::vector<ParameterWorker>& workers, const Action& action) {
-  const std::string parameter = action.Parameter();
-  for (const auto& [names, worker] : workers) {
-    if (std::ranges::find(names.all(), parameter) != names.all().end()) return worker(action);
-  }
-  return true;
-}
-
 }  // namespace
 
-// The answer begins as True, unlike in other commands: an action or a parameter that is not served leaves it so.
-bool EXCCS(const Action& action) {
-  static const std::vector<ParameterWorker> lists{
-      {"CAT", ListCAT},
-      {"CATTYP", ListCATTYP},
-      {ClassStringDigits, GetValuesAndDescription},
-      {{"SERV_D1", "SERV_D7D8_SUB1", "SERV_D7D8_SUB2"}, GetValuesAndDescription},
-      {CDIVTail, ListCDIVTail}};
-  static const std::vector<ParameterWorker> checks{{"CAT", CheckCAT}, {"CDIV_D6", ResetCDIVTail}};
-
-  if (action.FunctionName == "SetInfo") return Add(action);
-  if (action.FunctionName == "EditInfo") return Edit(action);
-  if (action.FunctionName == "DeleteInfo") return Delete(action);
-  if (action.FunctionName == "GenerateCmd") return Generate(action);
-  if (action.FunctionName == "GetValidValForParam") return RunForParameter(lists, action);
-  if (action.FunctionName == "StatCheck") return RunForParameter(checks, action);
-  return true;
-}
+extern const Module EXCCS{
+    .SetInfo = Add,
+    .EditInfo = Edit,
+    .DeleteInfo = Delete,
+    .GenerateCmd = Generate,
+    .ValidValues = {{"CAT", ListCAT},
+                    {"CATTYP", ListCATTYP},
+                    {ClassStringDigits, GetValuesAndDescription},
+                    {{"SERV_D1", "SERV_D7D8_SUB1", "SERV_D7D8_SUB2"}, GetValuesAndDescription},
+                    {CDIVTail, ListCDIVTail}},
+    .StatCheck = {{"CAT", CheckCAT}, {"CDIV_D6", ResetCDIVTail}},
+    .unserved = true,
+};
 
 }  // namespace cordboard

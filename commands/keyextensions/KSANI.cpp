@@ -98,6 +98,22 @@ bool Edit(const Action& action) {
   });
 }
 
+// --- Delete.
+
+// Frees the additional number. The record is left to the host.
+bool Delete(const Action& action) {
+  const std::string context = "Delete: " + action.CmdName;
+  return InTransaction(context, [&] {
+    RowSet rows;
+    if (!OrReport(scRunQuery(Sql("SELECT ADN FROM KSANI  WHERE CmdID = ", action.CmdId), rows), context,
+                  Message::RecordNotRead, action.CmdName))
+      return false;
+    const Value& ADN = rows[0][0];
+    return OrReport(!ADN.IsEmpty(), context, Message::ColumnHasNoValue, "ADN") &&
+           OrReport(DeleteExtOpeGrp(ADN), context, Message::CleanUpFailed);
+  });
+}
+
 // --- Generate.
 
 // The class strings stand all four in the place of a category, even without a value. An owner that is not in KSEXI
@@ -125,41 +141,25 @@ bool Generate(const Action& action) {
 
 }  // namespace
 
-bool KSANI_DeleteInfo(const Action& action) {
-  const std::string context = "Delete: " + action.CmdName;
-  return InTransaction(context, [&] {
-    RowSet rows;
-    if (!OrReport(scRunQuery(Sql("SELECT ADN FROM KSANI  WHERE CmdID = ", action.CmdId), rows), context,
-                  Message::RecordNotRead, action.CmdName))
-      return false;
-    const Value& ADN = rows[0][0];
-    return OrReport(!ADN.IsEmpty(), context, Message::ColumnHasNoValue, "ADN") &&
-           OrReport(DeleteExtOpeGrp(ADN), context, Message::CleanUpFailed);
-  });
-}
-
-bool KSANI(const Action& action) {
-  static const Module module{
-      .SetInfo = Add,
-      .EditInfo = Edit,
-      .DeleteInfo = KSANI_DeleteInfo,
-      .GenerateCmd = Generate,
-      .ValidValues = {{ClassStringDigits, GetValuesAndDescription},
-                      {"SERV_D7D8", GetValuesAndDescription},
-                      {CDIVTail, ListCDIVTail},
-                      {"ADC_D1", additionalnumber::ListADC_D1},
-                      {{"ADC_D3", "ADC_D4", "ADC_D5", "ADC_D6", "ADC_D7", "ADC_D8", "ADC_D9", "ADC_D10"},
-                       GetValuesAndDescription},
-                      {"ADC_D11", additionalnumber::ListADC_D11},
-                      {{"CALALT", "CATTYP"}, GetValuesAndDescription},
-                      {"ADN", additionalnumber::ListADN},
-                      {"CAT", GetValuesFor_CAT},
-                      {"CUST", GetValuesFor_CUST},
-                      {"DIR", additionalnumber::ListDIR},
-                      {"KEY", additionalnumber::ListKEY}},
-      .StatCheck = {{"CAT", RecheckADC_D1}, {"CDIV_D6", ResetCDIVTail}, {"DIR", additionalnumber::CheckDIR}},
-  };
-  return module.Run(action);
-}
+extern const Module KSANI{
+    .SetInfo = Add,
+    .EditInfo = Edit,
+    .DeleteInfo = Delete,
+    .GenerateCmd = Generate,
+    .ValidValues = {{ClassStringDigits, GetValuesAndDescription},
+                    {"SERV_D7D8", GetValuesAndDescription},
+                    {CDIVTail, ListCDIVTail},
+                    {"ADC_D1", additionalnumber::ListADC_D1},
+                    {{"ADC_D3", "ADC_D4", "ADC_D5", "ADC_D6", "ADC_D7", "ADC_D8", "ADC_D9", "ADC_D10"},
+                     GetValuesAndDescription},
+                    {"ADC_D11", additionalnumber::ListADC_D11},
+                    {{"CALALT", "CATTYP"}, GetValuesAndDescription},
+                    {"ADN", additionalnumber::ListADN},
+                    {"CAT", GetValuesFor_CAT},
+                    {"CUST", GetValuesFor_CUST},
+                    {"DIR", additionalnumber::ListDIR},
+                    {"KEY", additionalnumber::ListKEY}},
+    .StatCheck = {{"CAT", RecheckADC_D1}, {"CDIV_D6", ResetCDIVTail}, {"DIR", additionalnumber::CheckDIR}},
+};
 
 }  // namespace cordboard

@@ -1,11 +1,10 @@
-// The one worker of KSANI that another command runs: an edit of a category in EXCCS frees the numbers that use it.
+// KSANI as another command sees it: an edit of a category in EXCCS frees the additional numbers that use it.
 #pragma once
 
-#include "script/Action.h"
+#include "script/Module.h"
 
 namespace cordboard {
 
-// Frees the additional number of the record CmdId, in a transaction of its own. The record is left to the host.
-bool KSANI_DeleteInfo(const Action& action);
+extern const Module KSANI;
 
 }  // namespace cordboard

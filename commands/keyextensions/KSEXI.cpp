@@ -185,32 +185,29 @@ bool Generate(const Action& action) {
 
 }  // namespace
 
-bool KSEXI(const Action& action) {
-  static const Module module{
-      .SetInfo = Add,
-      .EditInfo = Edit,
-      .DeleteInfo = Delete,
-      .GenerateCmd = Generate,
-      .ValidValues = {{ClassStringDigits, GetValuesAndDescription},
-                      {{"SERV_D1", "SERV_D7D8_SUB1", "SERV_D7D8_SUB2"}, GetValuesAndDescription},
-                      {CDIVTail, ListCDIVTail},
-                      {"ADC_D1", ListADC_D1},
-                      {{"ADC_D2", "ADC_D3", "ADC_D4", "ADC_D5", "ADC_D6", "ADC_D7", "ADC_D8", "ADC_D9", "ADC_D10"},
-                       GetValuesAndDescription},
-                      {"ADC_D11", ListADC_D11},
-                      {{"ACCTYP", "CALALT", "ITYPE", "LANG"}, GetValuesAndDescription},
-                      {"CAT", GetValuesFor_CAT},
-                      {"CUST", GetValuesFor_CUST},
-                      {"DIR", keyextension::ListDIR},
-                      {"EQU", keyextension::ListEQU},
-                      {"LOCATION", StatCheck_EQU_LOCATION}},
-      .StatCheck = {{"ACCTYP", ResetADC_D11},
-                    {{"CAT", "SERV_D7D8_SUB2"}, RecheckADC_D1},
-                    {"CDIV_D6", ResetCDIVTail},
-                    {"ITYPE", keyextension::CheckITYPE},
-                    {"EQU", keyextension::ResetLOCATION}},
-  };
-  return module.Run(action);
-}
+extern const Module KSEXI{
+    .SetInfo = Add,
+    .EditInfo = Edit,
+    .DeleteInfo = Delete,
+    .GenerateCmd = Generate,
+    .ValidValues = {{ClassStringDigits, GetValuesAndDescription},
+                    {{"SERV_D1", "SERV_D7D8_SUB1", "SERV_D7D8_SUB2"}, GetValuesAndDescription},
+                    {CDIVTail, ListCDIVTail},
+                    {"ADC_D1", ListADC_D1},
+                    {{"ADC_D2", "ADC_D3", "ADC_D4", "ADC_D5", "ADC_D6", "ADC_D7", "ADC_D8", "ADC_D9", "ADC_D10"},
+                     GetValuesAndDescription},
+                    {"ADC_D11", ListADC_D11},
+                    {{"ACCTYP", "CALALT", "ITYPE", "LANG"}, GetValuesAndDescription},
+                    {"CAT", GetValuesFor_CAT},
+                    {"CUST", GetValuesFor_CUST},
+                    {"DIR", keyextension::ListDIR},
+                    {"EQU", keyextension::ListEQU},
+                    {"LOCATION", StatCheck_EQU_LOCATION}},
+    .StatCheck = {{"ACCTYP", ResetADC_D11},
+                  {{"CAT", "SERV_D7D8_SUB2"}, RecheckADC_D1},
+                  {"CDIV_D6", ResetCDIVTail},
+                  {"ITYPE", keyextension::CheckITYPE},
+                  {"EQU", keyextension::ResetLOCATION}},
+};
 
 }  // namespace cordboard

@@ -150,19 +150,16 @@ bool Generate(const Action& action) {
 
 }  // namespace
 
-bool KSFKC(const Action& action) {
-  static const Module module{
-      .SetInfo = Add,
-      .EditInfo = Edit,
-      .DeleteInfo = GenericDeleteInfo,
-      .GenerateCmd = Generate,
-      .ValidValues = {{"DIR", functionkey::ListDIR},
-                      {"FCN", functionkey::ListFCN},
-                      {"ITYPE", GetValuesAndDescription},
-                      {"KEY", functionkey::ListKEY}},
-      .StatCheck = {{"DIR", functionkey::CheckDIR}, {"ITYPE", functionkey::CheckITYPE}},
-  };
-  return module.Run(action);
-}
+extern const Module KSFKC{
+    .SetInfo = Add,
+    .EditInfo = Edit,
+    .DeleteInfo = GenericDeleteInfo,
+    .GenerateCmd = Generate,
+    .ValidValues = {{"DIR", functionkey::ListDIR},
+                    {"FCN", functionkey::ListFCN},
+                    {"ITYPE", GetValuesAndDescription},
+                    {"KEY", functionkey::ListKEY}},
+    .StatCheck = {{"DIR", functionkey::CheckDIR}, {"ITYPE", functionkey::CheckITYPE}},
+};
 
 }  // namespace cordboard

@@ -173,21 +173,18 @@ bool Generate(const Action& action) {
 
 }  // namespace
 
-bool KSMDI(const Action& action) {
-  static const Module module{
-      .SetInfo = Add,
-      .EditInfo = Edit,
-      .DeleteInfo = Delete,
-      .GenerateCmd = Generate,
-      .ValidValues = {{{"CALALT", "MNS"}, GetValuesAndDescription},
-                      {"DIR", multiplenumber::ListDIR},
-                      {"KEY", multiplenumber::ListKEY},
-                      {"MDN", multiplenumber::ListMDN}},
-      .StatCheck = {{"DIR", multiplenumber::CheckDIR},
-                    {{"DIRK_D1D2D3D4D5", "DIRK_D6D7D8"}, multiplenumber::CheckDIRKDigits},
-                    {"MNS", multiplenumber::CheckMNS}},
-  };
-  return module.Run(action);
-}
+extern const Module KSMDI{
+    .SetInfo = Add,
+    .EditInfo = Edit,
+    .DeleteInfo = Delete,
+    .GenerateCmd = Generate,
+    .ValidValues = {{{"CALALT", "MNS"}, GetValuesAndDescription},
+                    {"DIR", multiplenumber::ListDIR},
+                    {"KEY", multiplenumber::ListKEY},
+                    {"MDN", multiplenumber::ListMDN}},
+    .StatCheck = {{"DIR", multiplenumber::CheckDIR},
+                  {{"DIRK_D1D2D3D4D5", "DIRK_D6D7D8"}, multiplenumber::CheckDIRKDigits},
+                  {"MNS", multiplenumber::CheckMNS}},
+};
 
 }  // namespace cordboard

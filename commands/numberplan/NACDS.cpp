@@ -112,13 +112,10 @@ bool AddOrMerge(const Action& action) {
 
 }  // namespace
 
-bool NACDS(const Action& action) {
-  static const Module module{
-      .SetInfo = AddOrMerge,
-      .EditInfo = Edit,
-      .DeleteInfo = GenericDeleteInfo,
-  };
-  return module.Run(action);
-}
+extern const Module NACDS{
+    .SetInfo = AddOrMerge,
+    .EditInfo = Edit,
+    .DeleteInfo = GenericDeleteInfo,
+};
 
 }  // namespace cordboard

@@ -93,14 +93,11 @@ bool Edit(const Action& action) {
 
 }  // namespace
 
-bool NANLS(const Action& action) {
-  static const Module module{
-      .SetInfo = Add,
-      .EditInfo = Edit,
-      .DeleteInfo = GenericDeleteInfo,
-      .ValidValues = {{"MAX", GetValuesAndDescription}},
-  };
-  return module.Run(action);
-}
+extern const Module NANLS{
+    .SetInfo = Add,
+    .EditInfo = Edit,
+    .DeleteInfo = GenericDeleteInfo,
+    .ValidValues = {{"MAX", GetValuesAndDescription}},
+};
 
 }  // namespace cordboard

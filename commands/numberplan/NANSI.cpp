@@ -111,15 +111,12 @@ bool Generate(const Action& action) {
 
 }  // namespace
 
-bool NANSI(const Action& action) {
-  static const Module module{
-      .SetInfo = Add,
-      .DeleteInfo = Delete,
-      .GenerateCmd = Generate,
-      .ValidValues = {{"NUMTYP", ListNUMTYP}},
-      .StatCheck = {{"NUMTYP", CheckNUMTYP}},
-  };
-  return module.Run(action);
-}
+extern const Module NANSI{
+    .SetInfo = Add,
+    .DeleteInfo = Delete,
+    .GenerateCmd = Generate,
+    .ValidValues = {{"NUMTYP", ListNUMTYP}},
+    .StatCheck = {{"NUMTYP", CheckNUMTYP}},
+};
 
 }  // namespace cordboard

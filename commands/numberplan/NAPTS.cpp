@@ -131,15 +131,12 @@ bool CheckPosition(const Action& action) {
 
 }  // namespace
 
-bool NAPTS(const Action& action) {
-  static const Module module{
-      .SetInfo = Add,
-      .EditInfo = Edit,
-      .DeleteInfo = GenericDeleteInfo,
-      .ValidValues = {{{"POS1_D3", "POS2_D3", "POS3_D3", "POS4_D3", "POS5_D3", "POS6_D3"}, GetValuesAndDescription}},
-      .StatCheck = {{{"POS1_D1D2", "POS2_D1D2", "POS3_D1D2", "POS4_D1D2", "POS5_D1D2", "POS6_D1D2"}, CheckPosition}},
-  };
-  return module.Run(action);
-}
+extern const Module NAPTS{
+    .SetInfo = Add,
+    .EditInfo = Edit,
+    .DeleteInfo = GenericDeleteInfo,
+    .ValidValues = {{{"POS1_D3", "POS2_D3", "POS3_D3", "POS4_D3", "POS5_D3", "POS6_D3"}, GetValuesAndDescription}},
+    .StatCheck = {{{"POS1_D1D2", "POS2_D1D2", "POS3_D1D2", "POS4_D1D2", "POS5_D1D2", "POS6_D1D2"}, CheckPosition}},
+};
 
 }  // namespace cordboard

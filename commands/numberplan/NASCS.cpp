@@ -192,13 +192,10 @@ bool Delete(const Action& action) {
 
 }  // namespace
 
-bool NASCS(const Action& action) {
-  static const Module module{
-      .SetInfo = AddOrEdit,
-      .EditInfo = Edit,
-      .DeleteInfo = Delete,
-  };
-  return module.Run(action);
-}
+extern const Module NASCS{
+    .SetInfo = AddOrEdit,
+    .EditInfo = Edit,
+    .DeleteInfo = Delete,
+};
 
 }  // namespace cordboard

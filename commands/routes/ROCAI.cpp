@@ -137,16 +137,13 @@ bool Generate(const Action& action) {
 
 }  // namespace
 
-bool ROCAI(const Action& action) {
-  static const Module module{
-      .SetInfo = Add,
-      .EditInfo = Edit,
-      .DeleteInfo = Delete,
-      .GenerateCmd = Generate,
-      .ValidValues = {{"ROU", GetFreeRoutes}, {"PROTOCOL", ListPROTOCOL}, {"MARKET", ListMARKET}},
-      .StatCheck = {{"PROTOCOL", CheckPROTOCOL}},
-  };
-  return module.Run(action);
-}
+extern const Module ROCAI{
+    .SetInfo = Add,
+    .EditInfo = Edit,
+    .DeleteInfo = Delete,
+    .GenerateCmd = Generate,
+    .ValidValues = {{"ROU", GetFreeRoutes}, {"PROTOCOL", ListPROTOCOL}, {"MARKET", ListMARKET}},
+    .StatCheck = {{"PROTOCOL", CheckPROTOCOL}},
+};
 
 }  // namespace cordboard

@@ -62,16 +62,10 @@ bool CheckSIG_D11(const Action&) {
 
 }  // namespace
 
-bool ROCAI_IMPORT(const Action& action) {
-  static const Module module{
-      .SetInfo = AddFromForm,
-      .ValidValues = {{"ROU", GetFreeRoutes},
-                      {"SIG_D12", ListSIG_D12},
-                      {"SEL_D3", ListSEL_D3},
-                      {"SEL_D10", ListSEL_D10}},
-      .StatCheck = {{"SIG_D11", CheckSIG_D11}},
-  };
-  return module.Run(action);
-}
+extern const Module ROCAI_IMPORT{
+    .SetInfo = AddFromForm,
+    .ValidValues = {{"ROU", GetFreeRoutes}, {"SIG_D12", ListSIG_D12}, {"SEL_D3", ListSEL_D3}, {"SEL_D10", ListSEL_D10}},
+    .StatCheck = {{"SIG_D11", CheckSIG_D11}},
+};
 
 }  // namespace cordboard

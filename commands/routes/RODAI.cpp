@@ -35,13 +35,10 @@ bool Generate(const Action& action) {
 
 }  // namespace
 
-bool RODAI(const Action& action) {
-  static const Module module{
-      .SetInfo = AddFromForm,
-      .GenerateCmd = Generate,
-      .ValidValues = {{"ROU", GetFreeRoutes}},
-  };
-  return module.Run(action);
-}
+extern const Module RODAI{
+    .SetInfo = AddFromForm,
+    .GenerateCmd = Generate,
+    .ValidValues = {{"ROU", GetFreeRoutes}},
+};
 
 }  // namespace cordboard

@@ -177,24 +177,21 @@ bool Generate(const Action& action) {
 
 }  // namespace
 
-bool RODDI(const Action& action) {
-  static const Module module{
-      .SetInfo = Add,
-      .EditInfo = Edit,
-      .DeleteInfo = Delete,
-      .GenerateCmd = Generate,
-      // The digits 14, 15, 20 and 21 of ADC have no list.
-      .ValidValues = {{"DEST", ListDEST},
-                      {"CHO", ListCHO},
-                      {"CUST", ListCUST},
-                      {"ROU", ListROU},
-                      {{"ADC_D1", "ADC_D2", "ADC_D3", "ADC_D4", "ADC_D5", "ADC_D6", "ADC_D7", "ADC_D8", "ADC_D9",
-                        "ADC_D10", "ADC_D11", "ADC_D12", "ADC_D13", "ADC_D16", "ADC_D17", "ADC_D18", "ADC_D19",
-                        "ADC_D22", "ADC_D23"},
-                       GetValuesAndDescription}},
-      .StatCheck = {{{"ROU", "DEST"}, CheckPair}},
-  };
-  return module.Run(action);
-}
+extern const Module RODDI{
+    .SetInfo = Add,
+    .EditInfo = Edit,
+    .DeleteInfo = Delete,
+    .GenerateCmd = Generate,
+    // The digits 14, 15, 20 and 21 of ADC have no list.
+    .ValidValues = {{"DEST", ListDEST},
+                    {"CHO", ListCHO},
+                    {"CUST", ListCUST},
+                    {"ROU", ListROU},
+                    {{"ADC_D1", "ADC_D2", "ADC_D3", "ADC_D4", "ADC_D5", "ADC_D6", "ADC_D7", "ADC_D8", "ADC_D9",
+                      "ADC_D10", "ADC_D11", "ADC_D12", "ADC_D13", "ADC_D16", "ADC_D17", "ADC_D18", "ADC_D19", "ADC_D22",
+                      "ADC_D23"},
+                     GetValuesAndDescription}},
+    .StatCheck = {{{"ROU", "DEST"}, CheckPair}},
+};
 
 }  // namespace cordboard

@@ -94,15 +94,12 @@ bool Generate(const Action& action) {
 
 }  // namespace
 
-bool ASPAC(const Action& action) {
-  static const Module module{
-      .SetInfo = Add,
-      .EditInfo = Edit,
-      .DeleteInfo = Delete,
-      .GenerateCmd = Generate,
-      .ValidValues = {{"PARNUM", ListPARNUM}},
-  };
-  return module.Run(action);
-}
+extern const Module ASPAC{
+    .SetInfo = Add,
+    .EditInfo = Edit,
+    .DeleteInfo = Delete,
+    .GenerateCmd = Generate,
+    .ValidValues = {{"PARNUM", ListPARNUM}},
+};
 
 }  // namespace cordboard

@@ -66,15 +66,12 @@ bool CheckDigits(const Action& action) {
 
 }  // namespace
 
-bool CDCOI(const Action& action) {
-  static const Module module{
-      .SetInfo = Add,
-      .EditInfo = GenericEditInfo,
-      .DeleteInfo = GenericDeleteInfo,
-      .ValidValues = {{"CUST", ListCUST}},
-      .StatCheck = {{{"INTDIV", "PRIDIV", "PUBDIV"}, CheckDigits}},
-  };
-  return module.Run(action);
-}
+extern const Module CDCOI{
+    .SetInfo = Add,
+    .EditInfo = GenericEditInfo,
+    .DeleteInfo = GenericDeleteInfo,
+    .ValidValues = {{"CUST", ListCUST}},
+    .StatCheck = {{{"INTDIV", "PRIDIV", "PUBDIV"}, CheckDigits}},
+};
 
 }  // namespace cordboard

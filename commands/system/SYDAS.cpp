@@ -26,14 +26,11 @@ bool Edit(const Action& action) { return EditSingleRecord(action, OldValues(acti
 
 }  // namespace
 
-bool SYDAS(const Action& action) {
-  static const Module module{
-      .SetInfo = Set,
-      .EditInfo = Edit,
-      .DeleteInfo = GenericDeleteInfo,
-      .ValidValues = {{{"DIVPRI", "PGJOB", "PGSTA", "TBA", "CNFREL"}, GetValuesAndDescription}},
-  };
-  return module.Run(action);
-}
+extern const Module SYDAS{
+    .SetInfo = Set,
+    .EditInfo = Edit,
+    .DeleteInfo = GenericDeleteInfo,
+    .ValidValues = {{{"DIVPRI", "PGJOB", "PGSTA", "TBA", "CNFREL"}, GetValuesAndDescription}},
+};
 
 }  // namespace cordboard

@@ -78,14 +78,11 @@ bool ListEXGID(const Action& action) {
 
 }  // namespace
 
-bool SYIDI(const Action& action) {
-  static const Module module{
-      .SetInfo = Set,
-      .EditInfo = Edit,
-      .DeleteInfo = Delete,
-      .ValidValues = {{"EXGID", ListEXGID}},
-  };
-  return module.Run(action);
-}
+extern const Module SYIDI{
+    .SetInfo = Set,
+    .EditInfo = Edit,
+    .DeleteInfo = Delete,
+    .ValidValues = {{"EXGID", ListEXGID}},
+};
 
 }  // namespace cordboard

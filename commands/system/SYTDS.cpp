@@ -52,15 +52,12 @@ bool CheckCDNAS(const Action& action) {
 
 }  // namespace
 
-bool SYTDS(const Action& action) {
-  static const Module module{
-      .SetInfo = Set,
-      .EditInfo = Edit,
-      .DeleteInfo = GenericDeleteInfo,
-      .ValidValues = {{"CDNAL", ListCDNAL}, {"CDNAS", ListCDNAS}},
-      .StatCheck = {{"CDNAS", CheckCDNAS}},
-  };
-  return module.Run(action);
-}
+extern const Module SYTDS{
+    .SetInfo = Set,
+    .EditInfo = Edit,
+    .DeleteInfo = GenericDeleteInfo,
+    .ValidValues = {{"CDNAL", ListCDNAL}, {"CDNAS", ListCDNAS}},
+    .StatCheck = {{"CDNAS", CheckCDNAS}},
+};
 
 }  // namespace cordboard

@@ -6,14 +6,11 @@
 
 namespace cordboard {
 
-bool TCMAS(const Action& action) {
-  static const Module module{
-      .SetInfo = GenericSetInfo,
-      .EditInfo = GenericEditInfo,
-      .DeleteInfo = GenericDeleteInfo,
-      .ValidValues = {{"CON", GetValuesAndDescription}},
-  };
-  return module.Run(action);
-}
+extern const Module TCMAS{
+    .SetInfo = GenericSetInfo,
+    .EditInfo = GenericEditInfo,
+    .DeleteInfo = GenericDeleteInfo,
+    .ValidValues = {{"CON", GetValuesAndDescription}},
+};
 
 }  // namespace cordboard

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "script/CScript.h"
+#include "entry/CScript.h"
 #include "script/NullHost.h"
 #include "script/RunTimeFailure.h"
 

@@ -18,9 +18,9 @@
 #include <map>
 #include <set>
 
+#include "entry/Registry.h"
 #include "fault/Course.h"
 #include "fault/Irregularities.h"
-#include "script/Registry.h"
 
 namespace cordboard {
 namespace {

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "script/Conversions.h"
-#include "workbench/Records.h"
+#include "workbench/actions/Records.h"
 
 namespace cordboard {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "fault/World.h"
-#include "workbench/Session.h"
+#include "workbench/host/Session.h"
 
 namespace cordboard {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "script/Conversions.h"
-#include "workbench/Names.h"
-#include "workbench/NumberSeries.h"
-#include "workbench/Plant.h"
-#include "workbench/Resources.h"
+#include "workbench/data/Resources.h"
+#include "workbench/exchange/NumberSeries.h"
+#include "workbench/exchange/Plant.h"
+#include "workbench/text/Names.h"
 
 namespace cordboard {
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "fault/Random.h"
-#include "workbench/Exchange.h"
-#include "workbench/Schema.h"
+#include "workbench/database/Schema.h"
+#include "workbench/exchange/Exchange.h"
 
 namespace cordboard {
 

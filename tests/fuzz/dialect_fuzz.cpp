@@ -5,9 +5,9 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "workbench/Exchange.h"
-#include "workbench/Plant.h"
 #include "workbench/dialect/Mapper.h"
+#include "workbench/exchange/Exchange.h"
+#include "workbench/exchange/Plant.h"
 
 using namespace cordboard;
 using namespace cordboard::workbench;

@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "script/Conversions.h"
-#include "workbench/Plan.h"
-#include "workbench/Plant.h"
+#include "workbench/exchange/Plant.h"
+#include "workbench/plans/Plan.h"
 
 using namespace cordboard;
 using namespace cordboard::workbench;

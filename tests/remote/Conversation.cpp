@@ -2,22 +2,24 @@
 
 #include <sstream>
 
+#include "entry/Registry.h"
 #include "remote/Serve.h"
-#include "script/Registry.h"
 
 namespace cordboard {
 
-bool NANSI(const Action& action);
+extern const Module NANSI;
 
 namespace {
 
 bool Probe(const Action&) { return remote::probe(); }
 
+const Module PROBE{.SetInfo = Probe};
+
 }  // namespace
 
 // The commands of this test program. It stands in the place of the table of the library.
 std::span<const Command> Registry() {
-  static const Command commands[] = {{"NANSI", "numberplan", NANSI}, {"PROBE", "tests", Probe}};
+  static const Command commands[] = {{"NANSI", "numberplan", NANSI}, {"PROBE", "tests", PROBE}};
   return commands;
 }
 

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "support/SourceFolder.h"
+
 namespace cordboard {
 namespace {
 
@@ -27,7 +29,7 @@ struct Row {
 
 // The codes as the header writes them: the language lets two names have one number.
 std::vector<Row> Written() {
-  std::ifstream header(CORDBOARD_SOURCE_DIR "/script/MessageCodes.h");
+  std::ifstream header(SourceFile("script/MessageCodes.h"));
   const std::regex row(R"(^  (\w+) = (\d+), +// \S.*$)");
   std::vector<Row> rows;
   std::smatch match;

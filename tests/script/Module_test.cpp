@@ -82,6 +82,25 @@ TEST_F(ModuleRouting, GivesFalseForEveryActionWithoutAWorkerAndReadsNoParameters
     EXPECT_FALSE(Run(nothing, function, List())) << function;
 }
 
+TEST_F(ModuleRouting, AnswersTrueForWhatIsNotServedWhereTheTableSaysSo) {
+  const Module module{
+      .DeleteInfo = WorkerNamed<'D', false>, .ValidValues = {{"DIR", WorkerNamed<'d'>}}, .unserved = true};
+  EXPECT_TRUE(Run(module, "SetInfo"));
+  EXPECT_TRUE(Run(module, "setinfo"));
+  EXPECT_TRUE(Run(module, "GetValidValForParam", {"CUST"}));
+  EXPECT_TRUE(Run(module, "StatCheck", List()));
+  EXPECT_EQ(called, "");
+  EXPECT_FALSE(Run(module, "DeleteInfo"));
+  EXPECT_EQ(called, "D:KSEXI ");
+}
+
+TEST_F(ModuleRouting, TellsWhichParametersHaveAListAndWhichACheck) {
+  EXPECT_EQ(everything.ListOf("EQU"), (WorkerNamed<'l', false>));
+  EXPECT_EQ(everything.CheckOf("DIR"), WorkerNamed<'c'>);
+  EXPECT_EQ(everything.ListOf("CUST"), nullptr);
+  EXPECT_EQ(everything.CheckOf("EQU"), nullptr);
+}
+
 TEST_F(ModuleRouting, FailsWhereAParameterIsNeededAndIndexZeroIsMissingOrNull) {
   for (const char* function : {"GetValidValForParam", "StatCheck"}) {
     EXPECT_EQ(Outcome([&] { return Run(everything, function, List()); }), "SubscriptOutOfRange");

@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "script/Conversions.h"
-#include "workbench/Exchange.h"
-#include "workbench/FormFilling.h"
-#include "workbench/Generation.h"
-#include "workbench/PlanLine.h"
-#include "workbench/Plant.h"
+#include "workbench/actions/FormFilling.h"
+#include "workbench/actions/Generation.h"
+#include "workbench/exchange/Exchange.h"
+#include "workbench/exchange/Plant.h"
+#include "workbench/plans/PlanLine.h"
 
 namespace cordboard::workbench {
 

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "entry/CScript.h"
 #include "script/Action.h"
-#include "script/CScript.h"
 #include "script/Host.h"
 #include "script/TracingHost.h"
 

@@ -25,11 +25,15 @@ ARROWS = {
     "script": {"script"},
     "shared": {"shared", "script"},
     "commands": {"commands", "shared", "script"},
-    "workbench": {"workbench", "script"},
-    "remote": {"remote", "script"},
-    "com": {"com", "script"},
+    "entry": {"entry", "script"},
+    "workbench": {"workbench", "entry", "script"},
+    "remote": {"remote", "entry", "script"},
+    "com": {"com", "entry", "script"},
 }
-LIBRARY = ("script", "shared", "commands")
+LIBRARY = ("script", "shared", "commands", "entry")
+
+# The rooms within the workbench, from the lowest: each includes itself and those before it.
+WORKBENCH = ("text", "data", "dialect", "database", "exchange", "forms", "host", "actions", "plans")
 ROOMS = {*ARROWS, "cli"}
 
 # The category command runs the delete of the additional number command.
@@ -63,7 +67,7 @@ class Tree:
 
     def has_entry(self, path, module):
         command = COMMAND_OF_MODULE.get(module, module)
-        return re.search(rf"^bool {command}\(const Action\b", self.text(path), re.MULTILINE) is not None
+        return re.search(rf"^extern const Module {command}\{{", self.text(path), re.MULTILINE) is not None
 
     def owner(self, stem):
         """The module that a file under commands/ belongs to: its own name, or what stands before "_"."""
@@ -72,7 +76,7 @@ class Tree:
 
     def rows(self):
         """The rows of the registry: (family, command)."""
-        text = self.text("commands/Commands.def") if "commands/Commands.def" in self.present else ""
+        text = self.text("entry/Commands.def") if "entry/Commands.def" in self.present else ""
         return re.findall(r"^COMMAND\((\w+), (\w+)\)$", text, re.MULTILINE)
 
     def includes(self, path):
@@ -116,6 +120,22 @@ def check_arrows(tree):
                 yield f"{path}:{line}: {room(path)}/ may not include {name}: arrows run downwards only"
 
 
+def check_workbench_arrows(tree):
+    """The rooms of the workbench include downwards only."""
+    def inner(path):
+        return path.split("/")[1] if path.startswith("workbench/") and path.count("/") == 2 else None
+
+    for path in tree.paths:
+        if room(path) != "workbench" or not is_source(path):
+            continue
+        if inner(path) not in WORKBENCH:
+            yield f"{path}: the file stands in no room of the workbench: {', '.join(WORKBENCH)}"
+            continue
+        for line, bracket, name in tree.includes(path):
+            if bracket == '"' and inner(name) in WORKBENCH and WORKBENCH.index(inner(name)) > WORKBENCH.index(inner(path)):
+                yield f"{path}:{line}: workbench/{inner(path)}/ may not include {name}: arrows run downwards only"
+
+
 def check_commands_apart(tree):
     """A command includes no other command's file."""
     for path in tree.paths:
@@ -142,7 +162,7 @@ def check_module_files(tree):
         command = COMMAND_OF_MODULE.get(module, module)
         path = f"commands/{family}/{module}.cpp"
         if (family, command) not in rows:
-            yield f"{path}: the module lacks its row COMMAND({family}, {command}) in commands/Commands.def"
+            yield f"{path}: the module lacks its row COMMAND({family}, {command}) in entry/Commands.def"
         for what, needed in (("test", f"tests/commands/{family}/{module}_test.cpp"),
                              ("form", f"data/forms/{command}.json"),
                              ("page", f"docs/commands/{command}.md")):
@@ -155,7 +175,7 @@ def check_command_files_belong(tree):
     for path in tree.paths:
         match = re.fullmatch(r"commands/(\w+)/(\w+)\.(h|cpp)", path)
         if match and tree.modules.get(tree.owner(match[2])) != match[1]:
-            yield f"{path}: the file has no entry function bool {match[2]}(const Action&), and its name begins with " \
+            yield f"{path}: the file has no table extern const Module {match[2]}, and its name begins with " \
                   f"no command of commands/{match[1]}/ and \"_\""
 
 
@@ -164,8 +184,8 @@ def check_rows(tree):
     for family, command in tree.rows():
         module = MODULE_OF_COMMAND.get(command, command)
         if tree.modules.get(module) != family:
-            yield f"commands/Commands.def: the row COMMAND({family}, {command}) lacks its module " \
-                  f"commands/{family}/{module}.cpp with the entry function bool {command}(const Action&)"
+            yield f"entry/Commands.def: the row COMMAND({family}, {command}) lacks its module " \
+                  f"commands/{family}/{module}.cpp with the table extern const Module {command}"
 
 
 def check_unit_tests(tree):
@@ -197,7 +217,7 @@ def check_words(tree):
                 yield f'{place}: "{match[0]}" must not stand in the project: say what the rule is'
 
 
-CHECKS = (check_library_includes, check_arrows, check_commands_apart, check_module_files, check_command_files_belong,
+CHECKS = (check_library_includes, check_arrows, check_workbench_arrows, check_commands_apart, check_module_files, check_command_files_belong,
           check_rows, check_unit_tests, check_tests_test, check_words)
 
 

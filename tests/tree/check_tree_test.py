@@ -7,16 +7,16 @@ from pathlib import Path
 
 from check_tree import complaints
 
-ENTRY = "bool {}(const Action& action) {{ return false; }}\n"
+ENTRY = "extern const Module {}{{}};\n"
 TEST = "TEST(Works, Well) {}\n"
 
 GOOD = {
     "script/Value.h": "#pragma once\n#include <string>\n",
     "script/List.cpp": '#include "script/List.h"\n\n#include <vector>\n',
     "shared/Usage.cpp": '#include "shared/Usage.h"\n#include "script/Value.h"\n',
-    "commands/Commands.def": "// The commands.\nCOMMAND(keyextensions, EXCCS)\nCOMMAND(keyextensions, KSANI)\n"
+    "entry/Commands.def": "// The commands.\nCOMMAND(keyextensions, EXCCS)\nCOMMAND(keyextensions, KSANI)\n"
                              "COMMAND(keyextensions, KSEXI)\nCOMMAND(keyextensions, KSEXITEMPLATE)\n",
-    "commands/Registry.cpp": '#include "script/Registry.h"\n#include "commands/Commands.def"\n',
+    "entry/Registry.cpp": '#include "entry/Registry.h"\n#include "entry/Commands.def"\n',
     "commands/keyextensions/EXCCS.cpp": '#include "commands/keyextensions/KSANI.h"\n' + ENTRY.format("EXCCS"),
     "commands/keyextensions/KSANI.cpp": '#include "commands/keyextensions/KSANI.h"\n' + ENTRY.format("KSANI"),
     "commands/keyextensions/KSANI.h": '#include "shared/Usage.h"\n',
@@ -25,9 +25,9 @@ GOOD = {
     "commands/keyextensions/KSEXI_lists.h": "#include <string>\n",
     "commands/keyextensions/KSEXITemplate.cpp":
         '#include "commands/keyextensions/KSEXI_lists.h"\n' + ENTRY.format("KSEXITEMPLATE"),
-    "workbench/Dialect.cpp": '#include <sqlite3.h>\n#include "script/Host.h"\n#include "workbench/Dialect.h"\n',
-    "remote/Server.cpp": '#include "script/CScript.h"\n#include "remote/Server.h"\n',
-    "cli/Main.cpp": '#include "workbench/Dialect.h"\n#include "remote/Server.h"\n',
+    "workbench/dialect/Mapper.cpp": '#include <sqlite3.h>\n#include "script/Host.h"\n#include "workbench/dialect/Mapper.h"\n',
+    "remote/Server.cpp": '#include "entry/CScript.h"\n#include "remote/Server.h"\n',
+    "cli/Main.cpp": '#include "workbench/dialect/Mapper.h"\n#include "remote/Server.h"\n',
     "tests/script/List_test.cpp": TEST,
     "tests/shared/Usage_test.cpp": "TEST_P(Works, Well) {}\n",
     "tests/commands/keyextensions/EXCCS_test.cpp": TEST,
@@ -53,9 +53,13 @@ BAD = [
     ("script/List.cpp", '#include "commands/X.h"\n', "script/List.cpp:1: script/ may not include commands/X.h"),
     ("script/List.cpp", '#include "cli/X.h"\n', "script/List.cpp:1: script/ may not include cli/X.h"),
     ("shared/Usage.cpp", '#include "commands/X.h"\n', "shared/Usage.cpp:1: shared/ may not include commands/X.h"),
-    ("commands/keyextensions/KSANI.h", '#include "workbench/Dialect.h"\n',
-     "commands/keyextensions/KSANI.h:1: commands/ may not include workbench/Dialect.h"),
-    ("workbench/Dialect.cpp", '#include "cli/X.h"\n', "workbench/Dialect.cpp:1: workbench/ may not include cli/X.h"),
+    ("commands/keyextensions/KSANI.h", '#include "workbench/dialect/Mapper.h"\n',
+     "commands/keyextensions/KSANI.h:1: commands/ may not include workbench/dialect/Mapper.h"),
+    ("workbench/dialect/Mapper.cpp", '#include "cli/X.h"\n', "workbench/dialect/Mapper.cpp:1: workbench/ may not include cli/X.h"),
+    ("workbench/dialect/Mapper.cpp", '#include "workbench/forms/Form.h"\n',
+     "workbench/dialect/Mapper.cpp:1: workbench/dialect/ may not include workbench/forms/Form.h"),
+    ("workbench/Form.cpp", "int x;\n", "workbench/Form.cpp: the file stands in no room of the workbench"),
+    ("workbench/cellar/Form.cpp", "int x;\n", "workbench/cellar/Form.cpp: the file stands in no room of the workbench"),
     ("remote/Server.cpp", '#include "cli/X.h"\n', "remote/Server.cpp:1: remote/ may not include cli/X.h"),
     ("com/Object.cpp", '#include "cli/X.h"\n', "com/Object.cpp:1: com/ may not include cli/X.h"),
     ("commands/keyextensions/KSANI.h", '#include "commands/keyextensions/EXCCS.h"\n',
@@ -77,12 +81,13 @@ BAD = [
      "commands/keyextensions/KSEXI.cpp: the module lacks its form data/forms/KSEXI.json"),
     ("docs/commands/KSEXITEMPLATE.md", None,
      "commands/keyextensions/KSEXITemplate.cpp: the module lacks its page docs/commands/KSEXITEMPLATE.md"),
-    ("commands/Commands.def", GOOD["commands/Commands.def"].replace("COMMAND(keyextensions, KSANI)\n", ""),
+    ("shared/Usage.cpp", '#include "entry/Registry.h"\n', "shared/Usage.cpp:1: shared/ may not include entry/Registry.h"),
+    ("entry/Commands.def", GOOD["entry/Commands.def"].replace("COMMAND(keyextensions, KSANI)\n", ""),
      "commands/keyextensions/KSANI.cpp: the module lacks its row COMMAND(keyextensions, KSANI)"),
-    ("commands/Commands.def", GOOD["commands/Commands.def"] + "COMMAND(numberplan, NANSI)\n",
-     "commands/Commands.def: the row COMMAND(numberplan, NANSI) lacks its module commands/numberplan/NANSI.cpp"),
-    ("commands/keyextensions/Helpers.cpp", "int x;\n", "commands/keyextensions/Helpers.cpp: the file has no entry"),
-    ("commands/routes/KSEXI_routes.h", "int x;\n", "commands/routes/KSEXI_routes.h: the file has no entry"),
+    ("entry/Commands.def", GOOD["entry/Commands.def"] + "COMMAND(numberplan, NANSI)\n",
+     "entry/Commands.def: the row COMMAND(numberplan, NANSI) lacks its module commands/numberplan/NANSI.cpp"),
+    ("commands/keyextensions/Helpers.cpp", "int x;\n", "commands/keyextensions/Helpers.cpp: the file has no table"),
+    ("commands/routes/KSEXI_routes.h", "int x;\n", "commands/routes/KSEXI_routes.h: the file has no table"),
     ("script/Text.cpp", "int x;\n", "script/Text.cpp: the unit lacks its test tests/script/Text_test.cpp"),
     ("tests/shared/Usage_test.cpp", None, "shared/Usage.cpp: the unit lacks its test tests/shared/Usage_test.cpp"),
     ("tests/shared/Usage_test.cpp", "// TEST(Later, On)\n", "tests/shared/Usage_test.cpp: the test file has no TEST"),
@@ -118,7 +123,7 @@ class CheckTree(unittest.TestCase):
     def test_says_what_lacks_when_a_module_is_gone(self):
         found = complaints_about({**GOOD, "commands/keyextensions/EXCCS.cpp": "int x;\n"})
         self.assertEqual(len(found), 2, found)
-        self.assertIn("has no entry function bool EXCCS(const Action&)", found[0])
+        self.assertIn("has no table extern const Module EXCCS", found[0])
         self.assertIn("the row COMMAND(keyextensions, EXCCS) lacks its module", found[1])
 
 

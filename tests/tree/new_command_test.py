@@ -23,7 +23,7 @@ class NewCommand(unittest.TestCase):
         for path in ("tools", "commands"):
             (self.root / path).mkdir()
         shutil.copy(SOURCE / "tools/new-command", self.root / "tools/new-command")
-        self.registry = self.root / "commands/Commands.def"
+        self.registry = self.root / "entry/Commands.def"
         self.registry.write_text(HEAD)
 
     def run_tool(self, *arguments):
@@ -114,7 +114,7 @@ class NewCommand(unittest.TestCase):
 
     def test_refuses_a_second_row(self):
         self.registry.write_text(HEAD + "COMMAND(groups, GPAGI)\n")
-        self.assert_refused("GPAGI has its row in commands/Commands.def already", "groups", "GPAGI")
+        self.assert_refused("GPAGI has its row in entry/Commands.def already", "groups", "GPAGI")
 
     def test_says_how_it_is_used(self):
         usage = "Usage: tools/new-command FAMILY NAME"

@@ -1,4 +1,4 @@
-#include "workbench/Connection.h"
+#include "workbench/database/Connection.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

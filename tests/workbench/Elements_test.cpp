@@ -1,4 +1,4 @@
-#include "workbench/Elements.h"
+#include "workbench/text/Elements.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

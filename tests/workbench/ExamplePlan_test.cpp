@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "support/Road.h"
-#include "workbench/Plan.h"
-#include "workbench/Resources.h"
+#include "workbench/data/Resources.h"
+#include "workbench/plans/Plan.h"
 
 namespace cordboard::workbench {
 namespace {

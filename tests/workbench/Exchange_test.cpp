@@ -1,9 +1,9 @@
-#include "workbench/Exchange.h"
+#include "workbench/exchange/Exchange.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "workbench/Plant.h"
+#include "workbench/exchange/Plant.h"
 #include "workbench/support/TemporaryFolder.h"
 #include "workbench/support/TestExchange.h"
 

@@ -1,14 +1,14 @@
-#include "workbench/FixedValues.h"
+#include "workbench/exchange/FixedValues.h"
 
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "workbench/Elements.h"
-#include "workbench/FormDefinition.h"
-#include "workbench/Resources.h"
+#include "workbench/data/Resources.h"
+#include "workbench/forms/FormDefinition.h"
 #include "workbench/support/TestExchange.h"
+#include "workbench/text/Elements.h"
 
 namespace cordboard::workbench {
 namespace {

@@ -1,4 +1,4 @@
-#include "workbench/FormDefinition.h"
+#include "workbench/forms/FormDefinition.h"
 
 #include <gtest/gtest.h>
 
@@ -7,16 +7,16 @@
 #include <memory>
 #include <set>
 
-#include "script/CScript.h"
+#include "entry/CScript.h"
+#include "entry/Registry.h"
 #include "script/NullHost.h"
-#include "script/Registry.h"
 #include "script/RunTimeFailure.h"
 #include "script/TracingHost.h"
-#include "workbench/Exchange.h"
-#include "workbench/Names.h"
-#include "workbench/Plant.h"
-#include "workbench/Resources.h"
-#include "workbench/Schema.h"
+#include "workbench/data/Resources.h"
+#include "workbench/database/Schema.h"
+#include "workbench/exchange/Exchange.h"
+#include "workbench/exchange/Plant.h"
+#include "workbench/text/Names.h"
 
 namespace cordboard::workbench {
 namespace {

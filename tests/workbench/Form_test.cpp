@@ -1,4 +1,4 @@
-#include "workbench/Form.h"
+#include "workbench/forms/Form.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "workbench/Generation.h"
+#include "workbench/actions/Generation.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 
 #include "script/ForwardingHost.h"
 #include "script/RunTimeFailure.h"
-#include "workbench/Plan.h"
+#include "workbench/plans/Plan.h"
 #include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {

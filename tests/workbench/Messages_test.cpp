@@ -1,4 +1,4 @@
-#include "workbench/Messages.h"
+#include "workbench/host/Messages.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,7 +7,8 @@
 #include <regex>
 #include <set>
 
-#include "workbench/Resources.h"
+#include "support/SourceFolder.h"
+#include "workbench/data/Resources.h"
 #include "workbench/support/TemporaryFolder.h"
 
 namespace cordboard::workbench {
@@ -20,7 +21,7 @@ const nlohmann::json& Catalogue() {
 
 // The codes that script/MessageCodes.h names, from its text.
 std::set<std::string> Codes() {
-  const std::string header = ReadFile(CORDBOARD_SOURCE_DIR "/script/MessageCodes.h");
+  const std::string header = ReadFile(SourceFile("script/MessageCodes.h"));
   const std::regex line(R"(\w+ = (6\d{4}),)");
   std::set<std::string> codes;
   for (std::sregex_iterator found(header.begin(), header.end(), line), end; found != end; ++found)

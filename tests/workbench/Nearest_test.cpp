@@ -1,4 +1,4 @@
-#include "workbench/Nearest.h"
+#include "workbench/text/Nearest.h"
 
 #include <gtest/gtest.h>
 

@@ -5,9 +5,9 @@
 #include <sstream>
 
 #include "script/Conversions.h"
-#include "workbench/Plan.h"
-#include "workbench/PlanLine.h"
-#include "workbench/Plant.h"
+#include "workbench/exchange/Plant.h"
+#include "workbench/plans/Plan.h"
+#include "workbench/plans/PlanLine.h"
 
 namespace cordboard::workbench {
 namespace {

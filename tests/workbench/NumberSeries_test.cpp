@@ -1,4 +1,4 @@
-#include "workbench/NumberSeries.h"
+#include "workbench/exchange/NumberSeries.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <random>
 #include <set>
 
-#include "workbench/Elements.h"
 #include "workbench/support/TestExchange.h"
+#include "workbench/text/Elements.h"
 
 namespace cordboard::workbench {
 namespace {

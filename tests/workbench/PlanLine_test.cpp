@@ -1,4 +1,4 @@
-#include "workbench/PlanLine.h"
+#include "workbench/plans/PlanLine.h"
 
 #include <gtest/gtest.h>
 

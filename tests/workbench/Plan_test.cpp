@@ -1,11 +1,11 @@
-#include "workbench/Plan.h"
+#include "workbench/plans/Plan.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "workbench/PlanLine.h"
+#include "workbench/plans/PlanLine.h"
 #include "workbench/support/TemporaryFolder.h"
 #include "workbench/support/TestExchange.h"
 

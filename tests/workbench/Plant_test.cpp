@@ -1,4 +1,4 @@
-#include "workbench/Plant.h"
+#include "workbench/exchange/Plant.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

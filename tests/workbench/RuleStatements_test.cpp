@@ -1,4 +1,5 @@
-#include "workbench/RuleStatements.h"
+#include "workbench/exchange/RuleStatements.h"
+#include "workbench/forms/ValueList.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

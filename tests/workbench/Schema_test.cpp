@@ -1,4 +1,4 @@
-#include "workbench/Schema.h"
+#include "workbench/database/Schema.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

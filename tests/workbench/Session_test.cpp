@@ -1,4 +1,4 @@
-#include "workbench/Session.h"
+#include "workbench/host/Session.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

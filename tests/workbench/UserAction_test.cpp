@@ -1,4 +1,4 @@
-#include "workbench/UserAction.h"
+#include "workbench/actions/UserAction.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

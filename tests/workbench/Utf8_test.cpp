@@ -1,4 +1,4 @@
-#include "workbench/Utf8.h"
+#include "workbench/text/Utf8.h"
 
 #include <gtest/gtest.h>
 

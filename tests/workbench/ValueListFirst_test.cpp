@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "workbench/Connection.h"
-#include "workbench/ValueList.h"
+#include "workbench/database/Connection.h"
+#include "workbench/forms/ValueList.h"
 
 namespace cordboard::workbench {
 namespace {

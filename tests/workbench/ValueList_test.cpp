@@ -1,4 +1,4 @@
-#include "workbench/ValueList.h"
+#include "workbench/forms/ValueList.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <random>
 
-#include "workbench/Connection.h"
-#include "workbench/RuleStatements.h"
+#include "workbench/database/Connection.h"
+#include "workbench/exchange/RuleStatements.h"
 #include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {

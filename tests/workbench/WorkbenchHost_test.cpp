@@ -1,4 +1,4 @@
-#include "workbench/WorkbenchHost.h"
+#include "workbench/host/WorkbenchHost.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -8,12 +8,13 @@
 #include <sstream>
 
 #include "script/Conversions.h"
-#include "workbench/FormFilling.h"
-#include "workbench/Generation.h"
-#include "workbench/Plan.h"
-#include "workbench/PlanLine.h"
-#include "workbench/Plant.h"
-#include "workbench/Resources.h"
+#include "support/SourceFolder.h"
+#include "workbench/actions/FormFilling.h"
+#include "workbench/actions/Generation.h"
+#include "workbench/data/Resources.h"
+#include "workbench/exchange/Plant.h"
+#include "workbench/plans/Plan.h"
+#include "workbench/plans/PlanLine.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -391,7 +392,7 @@ TEST_F(Routes, AChangedKindOfLineKeepsTheDigitsThatFitAndDropsTheOthers) {
 // --- The example.
 
 std::string Golden(const std::string& name) {
-  std::ifstream in(CORDBOARD_SOURCE_DIR "/tests/workbench/golden/" + name);
+  std::ifstream in(SourceFile("tests/workbench/golden/" + name));
   return std::string(std::istreambuf_iterator<char>(in), {});
 }
 

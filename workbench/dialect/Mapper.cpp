@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "workbench/Names.h"
 #include "workbench/dialect/Mapping.h"
+#include "workbench/text/Names.h"
 
 namespace cordboard::workbench {
 namespace {

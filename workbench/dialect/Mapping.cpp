@@ -1,6 +1,6 @@
 #include "workbench/dialect/Mapping.h"
 
-#include "workbench/Names.h"
+#include "workbench/text/Names.h"
 
 namespace cordboard::workbench {
 bool Mapping::Accept(Symbol symbol) {

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "script/CScript.h"
+#include "entry/CScript.h"
 #include "script/RunTimeFailure.h"
 #include "support/ScriptedHost.h"
 

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "script/Conversions.h"
+#include "support/SourceFolder.h"
 #include "workbench/dialect/Like.h"
 #include "workbench/dialect/Mapper.h"
 
@@ -46,7 +47,7 @@ void Bind(sqlite3_stmt* statement, int index, const Value& value) {
 }  // namespace
 
 std::string FileText(const std::string& path) {
-  std::ifstream file(CORDBOARD_SOURCE_DIR "/" + path, std::ios::binary);
+  std::ifstream file(SourceFile(path), std::ios::binary);
   if (!file) throw std::runtime_error("cannot open " + path);
   return {std::istreambuf_iterator<char>(file), {}};
 }

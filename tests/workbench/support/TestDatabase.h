@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/Schema.h"
+#include "workbench/database/Schema.h"
 
 namespace cordboard::workbench {
 

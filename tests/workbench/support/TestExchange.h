@@ -5,8 +5,8 @@
 #include <string>
 
 #include "script/TracingHost.h"
-#include "workbench/Exchange.h"
-#include "workbench/Plant.h"
+#include "workbench/exchange/Exchange.h"
+#include "workbench/exchange/Plant.h"
 
 namespace cordboard::workbench {
 

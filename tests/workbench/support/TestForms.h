@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/FormDefinition.h"
+#include "workbench/forms/FormDefinition.h"
 
 namespace cordboard::workbench {
 

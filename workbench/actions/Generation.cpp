@@ -1,0 +1,52 @@
+#include "workbench/actions/Generation.h"
+
+#include <nlohmann/json.hpp>
+
+#include "script/Conversions.h"
+#include "workbench/actions/FormFilling.h"
+#include "workbench/data/Resources.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+// How far a generation came.
+std::string Behind(std::size_t lines) {
+  if (lines == 0) return "before the first line";
+  return lines == 1 ? "after 1 line" : "after " + std::to_string(lines) + " lines";
+}
+
+}  // namespace
+
+const std::vector<std::string>& GenerationOrder() {
+  static const std::vector<std::string> order =
+      nlohmann::json::parse(Resource("generation-order.json")).get<std::vector<std::string>>();
+  return order;
+}
+
+Generated Generate(Session& session) {
+  Generated generated;
+  Exchange& exchange = session.exchange();
+  // The lines go by way of a table of the exchange; they are taken from there and the table is left empty.
+  Transaction transaction(exchange);
+  int number = 0;
+  for (const std::string& command : GenerationOrder()) {
+    const FormDefinition* definition = FindForm(command);
+    if (definition == nullptr || !definition->generates) continue;
+    session.host().OpenForm(*definition);
+    const RunResult result = session.Run("GenerateCmd", 0, {std::to_string(++number)});
+    for (Problem& problem : TakeProblems(session, "", "")) generated.problems.emplace_back(command, std::move(problem));
+    const RowSet rows =
+        exchange.Dynamic().Run("SELECT [Line] FROM [BuiltCmd] WHERE [OrderNo] = ? ORDER BY rowid", {number});
+    if (result.failure) {
+      const std::string message =
+          "lines are missing: the generation ended " + Behind(rows.RowCount()) + " (" + *result.failure + ")";
+      generated.problems.emplace_back(command, Problem{"", "", message, ""});
+    }
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) generated.lines.push_back({command, Joined(rows[0][row])});
+  }
+  transaction.RollBack();
+  return generated;
+}
+
+}  // namespace cordboard::workbench

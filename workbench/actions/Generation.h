@@ -1,0 +1,30 @@
+// Generating the exchange's command lines.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "workbench/actions/UserAction.h"
+#include "workbench/host/Session.h"
+
+namespace cordboard::workbench {
+
+struct GeneratedLine {
+  std::string command;
+  std::string text;
+};
+
+struct Generated {
+  std::vector<GeneratedLine> lines;
+  std::vector<std::pair<std::string, Problem>> problems;  // by command
+};
+
+// The commands that generate lines, in the order of their lines: what others build on comes first
+// (data/generation-order.json).
+const std::vector<std::string>& GenerationOrder();
+
+// All command lines. The exchange is left as it is.
+Generated Generate(Session& session);
+
+}  // namespace cordboard::workbench

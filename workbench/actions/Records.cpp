@@ -1,0 +1,85 @@
+#include "workbench/actions/Records.h"
+
+#include <algorithm>
+
+#include "script/Conversions.h"
+#include "workbench/text/Nearest.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+std::string Described(const std::vector<Assignment>& selection) {
+  std::string text;
+  for (const auto& [name, value] : selection) text += (text.empty() ? "" : ",") + name + "=" + value;
+  return text;
+}
+
+}  // namespace
+
+std::optional<std::int32_t> FindRecord(Exchange& exchange, const FormDefinition& definition,
+                                       const std::vector<Assignment>& selection, std::vector<Problem>& problems) {
+  std::string condition;
+  std::vector<Value> values;
+  for (const auto& [name, value] : selection) {
+    // The names come from the form's own columns, so that they can stand in a statement.
+    if (std::ranges::find(definition.columns, name) == definition.columns.end()) {
+      problems.push_back(
+          {name, value,
+           "a record of " + definition.command + " has no " + name + "." + DidYouMean(name, definition.columns), ""});
+      return std::nullopt;
+    }
+    condition += (condition.empty() ? " WHERE [" : " AND [") + name + "] = ?";
+    values.emplace_back(value);
+  }
+  const RowSet rows =
+      exchange.Dynamic().Run("SELECT [CmdId] FROM [" + definition.table + "]" + condition + " LIMIT 2", values);
+  const std::string which = selection.empty() ? "" : " with " + Described(selection);
+  if (rows.RowCount() == 1) return ToInt32(rows[0][0]);
+  problems.push_back({"", "",
+                      rows.IsEmpty() ? "there is no record of " + definition.command + which
+                                     : "there are several records of " + definition.command + which +
+                                           "; select one by more of its parameters",
+                      ""});
+  return std::nullopt;
+}
+
+bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::string& column, const std::string& value) {
+  return !exchange.Dynamic()
+              .Run("SELECT 1 FROM [" + definition.table + "] WHERE [" + column + "] = ? LIMIT 1", {value})
+              .IsEmpty();
+}
+
+std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinition& definition) {
+  std::vector<Problem> none;
+  return definition.single ? FindRecord(exchange, definition, {}, none) : std::nullopt;
+}
+
+void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form) {
+  for (const std::string& column : definition.columns) {
+    // A whole comes even where the form shows its digits alone: an edit of one digit keeps the others.
+    if (definition.Find(column) == nullptr && definition.FoldingOf(column) == nullptr) continue;
+    const Value stored =
+        exchange.Dynamic().Single("SELECT [" + column + "] FROM [" + definition.table + "] WHERE [CmdId] = ?", {CmdId});
+    if (stored.IsNull()) {
+      form.Reset(column);
+    } else {
+      form.Set(column, Joined(stored));
+    }
+  }
+}
+
+void WriteKeysAfterEdit(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId,
+                        const std::vector<std::string>& changed, const Form& form) {
+  for (const std::string& column : definition.handling.writeAfterEdit) {
+    if (std::ranges::find(changed, column) == changed.end()) continue;
+    exchange.Dynamic().Run("UPDATE [" + definition.table + "] SET [" + column + "] = ? WHERE [CmdId] = ?",
+                           {form.Get(column), CmdId});
+  }
+}
+
+void RemoveRow(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId) {
+  exchange.Dynamic().Run("DELETE FROM [" + definition.table + "] WHERE [CmdId] = ?", {CmdId});
+}
+
+}  // namespace cordboard::workbench

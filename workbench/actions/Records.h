@@ -1,0 +1,32 @@
+// The records of a command as the host handles them: finding one, loading it into the form, and what is left to do
+// after an action.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "workbench/actions/UserAction.h"
+
+namespace cordboard::workbench {
+
+// The identifier of the one record that has these values. None and several are problems.
+std::optional<std::int32_t> FindRecord(Exchange& exchange, const FormDefinition& definition,
+                                       const std::vector<Assignment>& selection, std::vector<Problem>& problems);
+
+// Whether a record has this value in the column.
+bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::string& column, const std::string& value);
+// The one record of a command that holds one for the whole exchange, where it stands.
+std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinition& definition);
+
+// Puts the stored values of a record on the form.
+void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form);
+
+// What the rules of some commands leave to the host: a changed value is written into its row, a deleted record's row
+// goes.
+void WriteKeysAfterEdit(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId,
+                        const std::vector<std::string>& changed, const Form& form);
+void RemoveRow(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId);
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,53 @@
+// One action of a user: open the form, set the values with the checks that a form runs, act, keep the record in order.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workbench/host/Session.h"
+
+namespace cordboard::workbench {
+
+struct Assignment {
+  std::string name;
+  std::string value;
+};
+
+struct UserAction {
+  enum class Kind { Add, Edit, Delete };
+
+  Kind kind = Kind::Add;
+  std::string command;
+  std::vector<Assignment> selection;  // which record, for an edit and a delete
+  std::vector<Assignment> values;     // for an add and an edit, in the order typed
+};
+
+// One thing that stands in the way of an action, or that the user should know of.
+struct Problem {
+  std::string parameter;  // empty where it concerns the action as a whole
+  std::string value;
+  std::string message;
+  std::string allowed;  // what would be allowed, where that can be said
+};
+
+struct Outcome {
+  bool done = false;
+  std::vector<Problem> problems = {};  // why it was refused
+  std::vector<Problem> warnings = {};  // messages of an action that was done
+  std::vector<std::string> debugLines = {};
+};
+
+// Performs the action. A refused one leaves what the rules of its command leave: some write
+// without a transaction, so a caller that wants all or nothing puts one around it.
+Outcome Perform(Session& session, const UserAction& action);
+// The same on a form of one's own.
+Outcome Perform(Session& session, const FormDefinition& definition, const UserAction& action);
+
+// Opens the form of a command and sets the values as Perform does, without acting. Gives what stands in the way.
+std::vector<Problem> FillForm(Session& session, const FormDefinition& definition, std::vector<Assignment> values,
+                              std::vector<Problem>& warnings);
+
+// The command's form, or a problem that names the nearest command.
+const FormDefinition* FindFormOr(const std::string& command, std::vector<Problem>& problems);
+
+}  // namespace cordboard::workbench

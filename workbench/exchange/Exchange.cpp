@@ -1,0 +1,176 @@
+#include "workbench/exchange/Exchange.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <system_error>
+
+#include "script/Conversions.h"
+#include "workbench/data/Resources.h"
+#include "workbench/database/Schema.h"
+#include "workbench/exchange/FixedValues.h"
+#include "workbench/exchange/NumberSeries.h"
+#include "workbench/exchange/Plant.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+// What marks a file as an exchange ("CBBX"), and the version of its schema.
+constexpr int applicationId = 0x43424258;
+constexpr int schemaVersion = 1;
+
+void MakeTables(Connection& database, const char* selector) {
+  static const Schema schema = ReadSchema(Resource("schema.json"));
+  for (const std::string& statement : CreateStatements(schema.Database(selector))) database.Execute(statement);
+}
+
+// Generated lines are nobody's data: while an exchange is open they stand in a table of the connection, in front of the
+// one in the file, so that an exchange can be generated that is not to be written.
+void KeepLinesApart(Connection& database) {
+  database.Execute("CREATE TEMP TABLE [BuiltCmd] AS SELECT * FROM [main].[BuiltCmd] LIMIT 0");
+}
+
+void RemoveFiles(const std::filesystem::path& file) {
+  std::error_code ignored;
+  for (const char* ending : {"", "-wal", "-shm", "-journal"}) std::filesystem::remove(file.string() + ending, ignored);
+}
+
+}  // namespace
+
+const std::vector<std::string>& Releases() {
+  static const std::vector<std::string> releases = {"R6", "R6/1", "R7", "R8"};
+  return releases;
+}
+
+std::unique_ptr<Exchange> Exchange::Create(const std::filesystem::path& file, const std::string& release,
+                                           const Plant& plant) {
+  if (!file.has_filename()) throw ExchangeError("an exchange needs the name of a file");
+  if (std::filesystem::exists(file)) throw ExchangeError(file.string() + " exists already; choose another name");
+  try {
+    std::unique_ptr<Exchange> exchange(new Exchange(Connection(file, Connection::Mode::Create)));
+    exchange->dynamic_.Execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL");
+    exchange->Fill(release, plant);
+    return exchange;
+  } catch (const DatabaseError& error) {
+    RemoveFiles(file);
+    throw ExchangeError(file.string() + " cannot be made: " + error.what());
+  } catch (...) {
+    RemoveFiles(file);
+    throw;
+  }
+}
+
+std::unique_ptr<Exchange> Exchange::CreateInMemory(const std::string& release, const Plant& plant) {
+  std::unique_ptr<Exchange> exchange(new Exchange(Connection()));
+  exchange->Fill(release, plant);
+  return exchange;
+}
+
+void Exchange::Fill(const std::string& release, const Plant& plant) {
+  if (std::ranges::find(Releases(), release) == Releases().end()) throw ExchangeError("there is no release " + release);
+  release_ = release;
+  Transaction transaction(*this);
+  MakeTables(dynamic_, "dynamic");
+  dynamic_.Execute("CREATE TABLE [Cordboard] ([Name] TEXT PRIMARY KEY, [Value]) WITHOUT ROWID");
+  dynamic_.Run("INSERT INTO [Cordboard] VALUES ('Release', ?), ('CmdId', 0)", {release});
+  IndexSeries(dynamic_);
+  EnterPlant(*this, plant);
+  dynamic_.Execute("PRAGMA application_id = " + std::to_string(applicationId) +
+                   "; PRAGMA user_version = " + std::to_string(schemaVersion));
+  transaction.Commit();
+  KeepLinesApart(dynamic_);
+}
+
+std::unique_ptr<Exchange> Exchange::Open(const std::filesystem::path& file) {
+  if (!std::filesystem::exists(file)) throw ExchangeError("there is no file " + file.string());
+  const std::string notAnExchange = file.string() + " is not an exchange";
+  if (!std::filesystem::is_regular_file(file)) throw ExchangeError(notAnExchange);
+  try {
+    std::unique_ptr<Exchange> exchange(new Exchange(Connection(file, Connection::Mode::ReadWrite)));
+    Connection& database = exchange->dynamic_;
+    if (!Equals(database.Single("PRAGMA application_id"), applicationId)) throw ExchangeError(notAnExchange);
+    if (!Equals(database.Single("PRAGMA user_version"), schemaVersion))
+      throw ExchangeError(file.string() + " was made by another version of cordboard");
+    database.Execute("PRAGMA synchronous = FULL");
+    KeepLinesApart(database);
+    exchange->release_ = Joined(database.Single("SELECT [Value] FROM [Cordboard] WHERE [Name] = 'Release'"));
+    return exchange;
+  } catch (const DatabaseError& error) {
+    if (access(std::filesystem::absolute(file).parent_path().c_str(), W_OK) != 0)
+      throw ExchangeError(file.string() + " cannot be opened where it is: an open exchange writes beside its file");
+    throw ExchangeError(file.string() + " cannot be opened as an exchange: " + error.what());
+  }
+}
+
+Connection* Exchange::Database(const std::string& selector) {
+  if (selector == "dynamic") return &dynamic_;
+  if (selector == "static") return &Static();
+  return selector == "site" ? &Site() : nullptr;
+}
+
+Connection& Exchange::Static() {
+  if (!static_) {
+    static_.emplace();
+    MakeTables(*static_, "static");
+    EnterFixedValues(*static_, release_);
+    static_->Execute("PRAGMA query_only = 1");
+  }
+  return *static_;
+}
+
+Connection& Exchange::Site() {
+  if (!site_) {
+    if (siteFile_) {
+      const bool made = !std::filesystem::exists(*siteFile_);
+      site_.emplace(*siteFile_, Connection::Mode::Create);
+      if (made) MakeTables(*site_, "site");
+    } else {
+      site_.emplace();
+      MakeTables(*site_, "site");
+    }
+    for (int i = 0; i < dynamic_.OpenTransactions(); ++i) site_->Start();
+  }
+  return *site_;
+}
+
+Value Exchange::NewCmdIds(std::size_t count) {
+  return dynamic_.Single(
+      "UPDATE [Cordboard] SET [Value] = [Value] + ?1 WHERE [Name] = 'CmdId' RETURNING [Value] - ?1 + 1", {count});
+}
+
+void Exchange::Start() {
+  dynamic_.Start();
+  if (site_) site_->Start();
+}
+
+void Exchange::Commit() {
+  dynamic_.Commit();
+  if (site_) site_->Commit();
+}
+
+void Exchange::RollBack() {
+  dynamic_.RollBack();
+  if (site_) site_->RollBack();
+}
+
+void Transaction::Commit() {
+  exchange_.Commit();
+  open_ = false;
+}
+
+void Transaction::RollBack() {
+  open_ = false;
+  exchange_.RollBack();
+}
+
+Transaction::~Transaction() {
+  if (!open_) return;
+  try {
+    exchange_.RollBack();
+  } catch (const DatabaseError&) {
+    // The database has rolled back by itself, or is gone: there is nothing left to undo.
+  }
+}
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,84 @@
+// An exchange: one file (.cbx) with the configuration, the fixed values of its release, and the store of templates.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "workbench/database/Connection.h"
+
+namespace cordboard::workbench {
+
+struct Plant;
+
+// The file is missing, is not an exchange, or was made by a later version.
+class ExchangeError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// The releases that an exchange can be built for.
+const std::vector<std::string>& Releases();
+
+class Exchange {
+ public:
+  // Makes a new exchange from a plant; an existing file is refused. An exchange that could not be made whole leaves no
+  // file behind.
+  static std::unique_ptr<Exchange> Create(const std::filesystem::path& file, const std::string& release,
+                                          const Plant& plant);
+  // An exchange in memory, for tests and benchmarks.
+  static std::unique_ptr<Exchange> CreateInMemory(const std::string& release, const Plant& plant);
+  // Opens an exchange. A file that may not be written is opened for reading.
+  static std::unique_ptr<Exchange> Open(const std::filesystem::path& file);
+
+  const std::string& release() const { return release_; }
+  bool IsReadOnly() const { return dynamic_.IsReadOnly(); }
+
+  // The database of a selector: "dynamic", "static" or "site". Nothing for any other.
+  Connection* Database(const std::string& selector);
+  Connection& Dynamic() { return dynamic_; }
+
+  // A new record identifier, and the first of several that follow each other.
+  Value NewCmdId() { return NewCmdIds(1); }
+  Value NewCmdIds(std::size_t count);
+
+  // Transactions nest, over the configuration and the templates together.
+  void Start();
+  void Commit();
+  void RollBack();
+  int OpenTransactions() const { return dynamic_.OpenTransactions(); }
+
+  // The templates' file, for the first use of the selector "site": an exchange keeps them in memory until it is named.
+  void UseSite(const std::filesystem::path& file) { siteFile_ = file; }
+
+ private:
+  explicit Exchange(Connection dynamic) : dynamic_(std::move(dynamic)) {}
+  void Fill(const std::string& release, const Plant& plant);
+  Connection& Static();
+  Connection& Site();
+
+  Connection dynamic_;
+  std::string release_;
+  std::optional<Connection> static_;
+  std::optional<Connection> site_;
+  std::optional<std::filesystem::path> siteFile_;
+};
+
+// A transaction of the workbench's own: rolled back where it ends without Commit.
+class Transaction {
+ public:
+  explicit Transaction(Exchange& exchange) : exchange_(exchange) { exchange_.Start(); }
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  void Commit();
+  void RollBack();
+
+ private:
+  Exchange& exchange_;
+  bool open_ = true;
+};
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,148 @@
+#include "workbench/exchange/Plant.h"
+
+#include <cstdio>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <set>
+#include <sstream>
+
+#include "workbench/data/Resources.h"
+#include "workbench/exchange/Exchange.h"
+#include "workbench/text/Elements.h"
+#include "workbench/text/Utf8.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+using nlohmann::json;
+
+// The number of positions on each type of board (data/board-types.json).
+int Positions(const std::string& boardId) {
+  static const json types = json::parse(Resource("board-types.json"));
+  const auto found = types.find(boardId);
+  if (found == types.end()) throw PlantError("there is no board type '" + boardId + "'");
+  return found->at("positions");
+}
+
+std::string EQU(const Plant::Board& board, int individual) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%03d-%d-%02d-%02d", board.lim, board.magazine, board.slot, individual);
+  return text;
+}
+
+// What stands in a place that there is not, or where something stands already.
+void Check(const Plant& plant) {
+  std::set<std::string> locations;
+  for (const auto& location : plant.locations) locations.insert(location.name);
+  std::set<int> lims;
+  for (const auto& lim : plant.lims) {
+    const std::string name = "LIM " + std::to_string(lim.number);
+    if (lim.number < 1 || lim.number > 999) throw PlantError(name + " is not between 1 and 999");
+    if (!lims.insert(lim.number).second) throw PlantError(name + " stands there twice");
+    if (!locations.contains(lim.location)) throw PlantError(name + ": there is no location '" + lim.location + "'");
+  }
+  std::set<std::string> slots;
+  for (const auto& board : plant.boards) {
+    const std::string name = "the board in LIM " + std::to_string(board.lim) + ", magazine " +
+                             std::to_string(board.magazine) + ", slot " + std::to_string(board.slot);
+    if (!lims.contains(board.lim)) throw PlantError(name + ": there is no such LIM");
+    if (board.magazine < 0 || board.magazine > 9) throw PlantError(name + ": a magazine is between 0 and 9");
+    if (board.slot < 0 || board.slot > 99) throw PlantError(name + ": a slot is between 0 and 99");
+    if (!slots.insert(EQU(board, 0)).second) throw PlantError(name + " stands there twice");
+  }
+  for (const auto& [lim, line] : plant.trunkLines) {
+    if (!lims.contains(lim)) throw PlantError("trunk line " + line + ": there is no LIM " + std::to_string(lim));
+  }
+}
+
+Plant Read(const json& data) {
+  Plant plant{.name = data.at("name")};
+  for (const json& place : data.at("locations"))
+    plant.locations.push_back({place.at("location"), place.value("description", "")});
+  for (const json& lim : data.at("lims"))
+    plant.lims.push_back({lim.at("lim"), lim.at("location"), lim.value("description", "")});
+  for (const json& board : data.at("boards")) {
+    Plant::Board entry{board.at("lim"), board.at("magazine"), board.at("slot"), board.at("type")};
+    entry.positions = Positions(entry.boardId);
+    plant.boards.push_back(entry);
+  }
+  for (const json& customer : data.value("customers", json::array()))
+    plant.customers.push_back({customer.at("cust"), customer.value("description", "")});
+  for (const json& lines : data.value("trunkLines", json::array())) {
+    for (const std::string& line : Elements(lines.at("tru"))) plant.trunkLines.emplace_back(lines.at("lim"), line);
+  }
+  for (const json& routes : data.value("routes", json::array())) {
+    for (const std::string& route : Elements(routes)) plant.routes.push_back(route);
+  }
+  plant.categories = data.value("categories", 0);
+  Check(plant);
+  return plant;
+}
+
+}  // namespace
+
+std::vector<std::string> PlantNames() {
+  std::vector<std::string> names;
+  for (const std::string_view path : ResourcesIn("plants/"))
+    names.push_back(std::filesystem::path(path).stem().string());
+  return names;
+}
+
+Plant ReadPlant(const std::string& nameOrFile) {
+  const auto builtIn = Resources().find("plants/" + nameOrFile + ".json");
+  if (builtIn != Resources().end()) return ParsePlant(builtIn->second, nameOrFile);
+  std::ifstream in(nameOrFile, std::ios::binary);
+  if (!in) {
+    std::string names;
+    for (const std::string& name : PlantNames()) names += (names.empty() ? "" : ", ") + name;
+    throw PlantError("there is no plant file '" + nameOrFile +
+                     "', and no built-in plant of that name (there is: " + names + ")");
+  }
+  std::ostringstream text;
+  if (!(text << in.rdbuf())) throw PlantError("the plant file '" + nameOrFile + "' is empty or cannot be read");
+  return ParsePlant(text.str(), nameOrFile);
+}
+
+Plant ParsePlant(std::string_view text, const std::string& source) {
+  if (!IsUtf8(text)) throw PlantError(source + " is not a plant description: it is not UTF-8 text");
+  try {
+    return Read(json::parse(text));
+  } catch (const json::exception& error) {
+    throw PlantError(source + " is not a plant description: " + error.what());
+  } catch (const std::runtime_error& error) {
+    throw PlantError(source + ": " + error.what());
+  }
+}
+
+void EnterPlant(Exchange& exchange, const Plant& plant) {
+  Connection& database = exchange.Dynamic();
+  for (const auto& location : plant.locations)
+    database.Run("INSERT INTO [Locations] ([Location], [Description]) VALUES (?, ?)",
+                 {location.name, location.description});
+  for (const auto& lim : plant.lims)
+    database.Run("INSERT INTO [LIMs] ([LIM], [Location], [Description]) VALUES (?, ?, ?)",
+                 {lim.number, lim.location, lim.description});
+  for (const auto& board : plant.boards) {
+    database.Run("INSERT INTO [Boards] ([LIM], [Magazine], [Slot], [BoardID]) VALUES (?, ?, ?, ?)",
+                 {board.lim, board.magazine, board.slot, board.boardId});
+    for (int individual = 0; individual < board.positions; ++individual) {
+      char number[16];
+      std::snprintf(number, sizeof number, "%02d", individual);
+      database.Run(
+          "INSERT INTO [Equipment] ([EQU], [LIM], [Magazine], [Slot], [Individual], [USED]) VALUES (?, ?, ?, ?, ?, ?)",
+          {EQU(board, individual), board.lim, board.magazine, board.slot, number, false});
+    }
+  }
+  for (const auto& customer : plant.customers)
+    database.Run("INSERT INTO [CUSTOMERS] ([CUST], [DESCRIPTION]) VALUES (?, ?)",
+                 {customer.number, customer.description});
+  for (const auto& [lim, line] : plant.trunkLines)
+    database.Run("INSERT INTO [TRKLINE] ([TRU], [LIM], [USED]) VALUES (?, ?, ?)", {line, lim, false});
+  for (const auto& route : plant.routes)
+    database.Run("INSERT INTO [ROUTE] ([ROU], [USED]) VALUES (?, ?)", {route, false});
+  for (int category = 0; category < plant.categories; ++category)
+    database.Run("INSERT INTO [EXCCS] ([CmdId], [CAT]) VALUES (?, ?)", {exchange.NewCmdId(), std::to_string(category)});
+}
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,130 @@
+#include "workbench/exchange/RuleStatements.h"
+
+#include "script/Conversions.h"
+#include "workbench/dialect/Mapper.h"
+#include "workbench/exchange/Exchange.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+// Does the work, or traces why it could not be done.
+template <typename Work>
+auto Try(const std::string& what, DebugLines& debug, Work work) -> std::optional<decltype(work())> {
+  try {
+    return work();
+  } catch (const DialectError& error) {
+    debug.push_back("Malformed statement: " + std::string(error.what()) + ": " + what);
+  } catch (const DatabaseError& error) {
+    debug.push_back("Failed statement: " + std::string(error.what()) + ": " + what);
+  }
+  return std::nullopt;
+}
+
+Connection& Database(Exchange& exchange, const std::string& selector) {
+  Connection* database = exchange.Database(selector);
+  if (database == nullptr) throw DatabaseError("there is no database '" + selector + "'");
+  return *database;
+}
+
+std::string Bracketed(const std::string& name) {
+  if (name.find(']') != name.npos) throw DatabaseError("no name holds a bracket");
+  return "[" + name + "]";
+}
+
+// "[A] = ? AND [B] = ?", and the values to it.
+std::string Assigned(const List& names, const List& given, const char* separator, std::vector<Value>& parameters) {
+  std::string text;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const std::string name = Joined(names[i]);
+    if (name.empty()) continue;
+    text += (text.empty() ? "" : separator) + Bracketed(name) + " = ?";
+    parameters.push_back(given[i]);
+  }
+  return text;
+}
+
+std::string Where(const List& keys, const List& keyValues, std::vector<Value>& parameters) {
+  const std::string condition = Assigned(keys, keyValues, " AND ", parameters);
+  if (condition.empty()) throw DatabaseError("a key is missing");
+  return " WHERE " + condition;
+}
+
+std::string Names(const List& columns) {
+  std::string names;
+  for (const Value& column : columns) names += (names.empty() ? "" : ", ") + Bracketed(Joined(column));
+  return names;
+}
+
+}  // namespace
+
+std::string SelectorName(const Selector& selector, const char* otherwise) {
+  return selector && !selector->IsBlank() ? Joined(*selector) : otherwise;
+}
+
+std::optional<RowSet> RunRule(Exchange& exchange, const std::string& sql, const std::string& selector,
+                              DebugLines& debug) {
+  return Try(sql, debug, [&] {
+    const MappedStatement mapped = Map(sql);
+    return Database(exchange, selector).RunRule(mapped.sql, mapped.parameters);
+  });
+}
+
+std::optional<ListStatement> PrepareList(Exchange& exchange, const std::string& sql, const std::string& selector,
+                                         DebugLines& debug) {
+  return Try(sql, debug, [&] {
+    MappedStatement mapped = Map(sql);
+    Connection& database = Database(exchange, selector);
+    if (database.PrepareRule(mapped.sql) == 0) throw DatabaseError("the statement gives no values");
+    return ListStatement{&database, std::move(mapped.sql), std::move(mapped.parameters)};
+  });
+}
+
+ListStatement FixedList(Exchange& exchange, const std::string& command, const std::string& parameter, int definition) {
+  return {exchange.Database("static"),
+          "SELECT [Value], [ValDesc] FROM [ParamValueDesc] WHERE [Command] = ? AND [Param] = ? AND [DefinitionNo] = ? "
+          "ORDER BY rowid",
+          {command, parameter, definition}};
+}
+
+bool InsertRow(Exchange& exchange, const std::string& selector, const std::string& table, const List& columns,
+               const List& values, DebugLines& debug) {
+  return Try("insert into " + table, debug,
+             [&] {
+               if (columns.size() != values.size()) throw DatabaseError("columns and values differ in number");
+               std::string places;
+               for (std::size_t i = 0; i < values.size(); ++i) places += places.empty() ? "?" : ", ?";
+               return Database(exchange, selector)
+                   .RunRule("INSERT INTO " + Bracketed(table) + " (" + Names(columns) + ") VALUES (" + places + ")",
+                            {values.begin(), values.end()});
+             })
+      .has_value();
+}
+
+bool UpdateRows(Exchange& exchange, const std::string& selector, const std::string& table, const List& columns,
+                const List& values, const List& keys, const List& keyValues, DebugLines& debug) {
+  return Try("update of " + table, debug,
+             [&] {
+               std::vector<Value> parameters;
+               const std::string set = Assigned(columns, values, ", ", parameters);
+               const std::string where = Where(keys, keyValues, parameters);
+               return Database(exchange, selector)
+                   .RunRule("UPDATE " + Bracketed(table) + " SET " + set + where, parameters);
+             })
+      .has_value();
+}
+
+RowSet SelectRows(Exchange& exchange, const std::string& selector, const std::string& table, const List& columns,
+                  const List& keys, const List& keyValues, DebugLines& debug) {
+  return Try("select from " + table, debug,
+             [&] {
+               std::vector<Value> parameters;
+               const std::string where = Where(keys, keyValues, parameters);
+               return Database(exchange, selector)
+                   .RunRule("SELECT " + Names(columns) + " FROM " + Bracketed(table) + where + " ORDER BY rowid",
+                            parameters);
+             })
+      .value_or(RowSet());
+}
+
+}  // namespace cordboard::workbench

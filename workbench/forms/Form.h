@@ -1,0 +1,57 @@
+// A form as it is being filled in: values, what it lets the user give, and the definitions that are active.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "script/Value.h"
+#include "workbench/forms/FormDefinition.h"
+
+namespace cordboard::workbench {
+
+class Form {
+ public:
+  explicit Form(const FormDefinition& definition) : definition_(definition) {}
+
+  const FormDefinition& definition() const { return definition_; }
+
+  // The present value, empty if none was given. A whole parameter is folded from its sub-digit parameters where one of
+  // them has a value.
+  Value Get(const std::string& name) const;
+  // The value that the parameter had before its last Set or Reset; empty if it had none.
+  Value Previous(const std::string& name) const;
+  // Gives the parameter a value, and a whole parameter's digits to its sub-digit parameters.
+  void Set(const std::string& name, const Value& value);
+  // Clears the parameter, with all sub-digit parameters of a whole; the digits of a sub-digit parameter go back to the
+  // fill in its whole.
+  void Reset(const std::string& name);
+
+  // What the form asks of the user at this moment; checks change it.
+  bool IsMandatory(const std::string& name) const;
+  bool TakesRange(const std::string& name) const;
+  bool TakesSeveral(const std::string& name) const;
+  void SetMandatory(const std::string& name, bool mandatory) { mandatory_[name] = mandatory; }
+  void SetTakesRange(const std::string& name, bool takes) { range_[name] = takes; }
+  void SetTakesSeveral(const std::string& name, bool takes) { several_[name] = takes; }
+
+  int ActiveDefinition(const std::string& name) const;
+  void SetActiveDefinition(const std::string& name, int definition) { definitions_[name] = definition; }
+
+ private:
+  std::string Folded(const Folding& folding) const;
+  void ClearParts(const Folding& folding);
+  void ClearDigits(const Folding& folding, const std::string& subDigit);
+  std::string Composed(const Folding& folding) const;
+  void SetParts(const Folding& folding, std::string whole);
+
+  const FormDefinition& definition_;
+  std::map<std::string, Value> values_;
+  std::map<std::string, Value> previous_;
+  std::map<std::string, bool> mandatory_;
+  std::map<std::string, bool> range_;
+  std::map<std::string, bool> several_;
+  std::map<std::string, int> definitions_;
+};
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,42 @@
+// The library at work on an exchange: the script object, the workbench as its host, and the order that is kept around
+// every Run.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "entry/CScript.h"
+#include "workbench/host/WorkbenchHost.h"
+
+namespace cordboard::workbench {
+
+struct RunResult {
+  bool answer = false;
+  std::optional<std::string> failure;  // why the call failed, where it did
+};
+
+class Session {
+ public:
+  // Puts a host in front of the workbench: one that traces, counts or injects failures.
+  using Decorate = std::function<std::shared_ptr<Host>(std::shared_ptr<Host> workbench)>;
+
+  explicit Session(Exchange& exchange, const Decorate& decorate = {});
+
+  Exchange& exchange() { return exchange_; }
+  WorkbenchHost& host() { return *host_; }
+  Form& form() { return host_->form(); }
+
+  // Runs one action on the command whose form is open. What it leaves open, by a failure or by a rule that ends without
+  // closing, is rolled back.
+  RunResult Run(const std::string& function, std::int32_t CmdId, const List& ParamList,
+                const std::string& parameter = "");
+
+ private:
+  Exchange& exchange_;
+  std::shared_ptr<WorkbenchHost> host_;
+  CScript script_;
+};
+
+}  // namespace cordboard::workbench

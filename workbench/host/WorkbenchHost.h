@@ -1,0 +1,122 @@
+// The workbench as the library's host: an exchange's databases, the form that is open, its lists and the messages.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "script/Host.h"
+#include "workbench/exchange/Exchange.h"
+#include "workbench/forms/Form.h"
+#include "workbench/forms/ValueList.h"
+#include "workbench/host/Messages.h"
+
+namespace cordboard::workbench {
+
+class WorkbenchHost : public Host {
+ public:
+  explicit WorkbenchHost(Exchange& exchange) : exchange_(exchange) {}
+
+  // How the host has the library build the list of a parameter: a nested Run. Set by the session.
+  using BuildList = std::function<bool(const std::string& parameter)>;
+  void SetBuildList(BuildList build) { buildList_ = std::move(build); }
+
+  // Opens an empty form of the command; its messages and lists are gone with it.
+  Form& OpenForm(const FormDefinition& definition);
+  Form& form();
+
+  // The list of a parameter as it is built anew for the form as it now is. Nothing where the library builds none or
+  // fails to.
+  const ValueList* FreshList(const std::string& parameter);
+  // The parameter that a static check runs for; checks nest inside list building.
+  void Checking(const std::string& parameter) { checking_ = parameter; }
+
+  // The statement of the query that was the last to run, where it found nothing.
+  const std::string& FoundNothing() const { return foundNothing_; }
+  void ForgetQueries() { foundNothing_.clear(); }
+
+  // Says how many transactions stand around the Run that begins: the library can close those alone that it has started
+  // itself. Gives what was said before.
+  int Enclose(int transactions) { return std::exchange(enclosing_, transactions); }
+
+  // Takes a text that the library shows in a box of its own for a message.
+  void ShowBox(const std::string& text);
+
+  std::vector<ReportedMessage> TakeMessages();
+  std::vector<std::string> TakeDebugLines();
+
+  Value scGetParamValue(const std::string& name) override;
+  bool scSetParamValue(const std::string& name, const Value& value) override;
+  bool scResetParam(const std::string& name) override;
+  bool scSetParamOptional(const std::string& name, bool optional) override;
+  void scSetCanHaveParamRange(const std::string& name, bool allowed) override;
+  void scSetCanHaveParamMultiple(const std::string& name, bool allowed) override;
+  Value scIsValueEqual(const Value& value) override;
+  bool scGetValueArray(const std::string& name, List& values) override;
+  void scGetPreviousValue(Value& previous) override;
+  bool scActiveDefinition(const std::string& name, const Value& definition) override;
+  void SetTemplate(bool on) override;
+  bool scCollectSingleValues(const std::string& sql, const Selector& database) override;
+  bool scAddSingleValues(const std::string& sql) override;
+  bool scSubtractSingleValues(const std::string& sql) override;
+  bool scCollectValuesAndDesc(const std::string& sql, const Selector& database) override;
+  bool scSQLSelectValuesAndDesc() override;
+  bool scSQLSelectValuesAndDescByDefinition(const Value& definition) override;
+  bool scPushValidValues(const std::variant<Value, List>& values, const std::optional<std::string>& name) override;
+  bool scPushValidRangeValues(const Value& from, const Value& to) override;
+  bool scRemoveFromValidValues(const std::string& name, const Value& value) override;
+  bool scRemoveFromValidRangeValues(const std::string& name, const Value& from, const Value& to) override;
+  bool scGetValidValues(const std::string& name, List& values) override;
+  bool scGetNumberOfValidValues(const std::string& name, const Value& definition, Value& count) override;
+  bool scRunQuery(const std::string& sql, RowSet* rows, const Selector& database) override;
+  bool scSQLInsert(const std::string& table, const List& columns, const List& values) override;
+  bool scSQLUpdate(const std::string& table, const List& columns, const List& values, const List& keys,
+                   const List& keyValues) override;
+  RowSet scSQLSelect(const std::string& table, const List& columns, const List& keys, const List& keyValues) override;
+  Value scBuildCmdID() override;
+  bool scStartTransaction() override;
+  bool scCommitTransaction() override;
+  bool scRollBackTransaction() override;
+  bool scNANSIinitiate(const Value& numse, const Value& numtyp, Value& code) override;
+  bool scNANSIremoveFromBlockedRange(const Value& numse, const Value& numtyp) override;
+  bool scGetAutoEquOptionValue(Value& clause) override;
+  void scFilterEQU(const Value& first, const Value& second) override;
+  void scErrorMessage(int first, int second, int third, const std::string& context, const Value& code,
+                      const std::vector<Value>& arguments) override;
+  void scPrintToDebugWindow(const std::string& line) override;
+
+ private:
+  const std::string& CurrentParameter() const { return building_.empty() ? checking_ : building_.back(); }
+  ValueList& Current() { return Named(CurrentParameter()); }
+  // The list of the parameter while it is being built, and the changes that are made to it at any other time.
+  // Rows that are written by names go to the templates where a template command is at work.
+  const char* RowDatabase() const { return template_ ? "site" : "dynamic"; }
+  ValueList& Named(const std::string& parameter);
+  void Narrow(const ParameterDefinition& parameter);
+  template <typename Change>
+  bool ChangeList(ValueList& list, const std::string& sql, const std::string& selector, Change change);
+  template <typename Step>
+  bool Succeeds(Step step);
+  template <typename Step>
+  bool Closes(Step step);
+
+  Exchange& exchange_;
+  BuildList buildList_;
+  std::optional<Form> form_;
+  std::map<std::string, ValueList> lists_;
+  // What checks have changed in lists that stood: built anew, a list keeps these changes until its parameter is reset.
+  std::map<std::string, ValueList> changes_;
+  std::vector<std::string> building_;
+  std::string checking_;
+  bool template_ = false;
+  int enclosing_ = 0;
+  std::string seriesRefusal_;
+  std::string foundNothing_;
+  std::vector<ReportedMessage> messages_;
+  std::vector<std::string> debugLines_;
+};
+
+}  // namespace cordboard::workbench

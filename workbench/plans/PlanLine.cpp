@@ -1,0 +1,131 @@
+#include "workbench/plans/PlanLine.h"
+
+#include "script/Text.h"
+#include "workbench/text/Utf8.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+// The carriage return is what is left of a line end of Windows.
+constexpr std::string_view blanks = " \t\r";
+
+// Reads a line from left to right; all reading passes over blanks and tabs in front.
+class Reader {
+ public:
+  explicit Reader(std::string_view line) : rest_(line) { SkipBlanks(); }
+
+  bool AtEnd() const { return rest_.empty(); }
+  bool AtComment() const { return rest_.starts_with('#'); }
+
+  bool Take(char wanted) {
+    if (!rest_.starts_with(wanted)) return false;
+    rest_.remove_prefix(1);
+    SkipBlanks();
+    return true;
+  }
+
+  // A name ends at a blank or at one of the signs of the notation.
+  std::string Name() {
+    const std::size_t end = std::min(rest_.find_first_of(" \t:,;=\"#"), rest_.size());
+    std::string name(rest_.substr(0, end));
+    rest_.remove_prefix(end);
+    SkipBlanks();
+    return name;
+  }
+
+  // A value ends at one of `ends`; blanks around it do not count.
+  std::string Content(std::string_view ends) {
+    if (rest_.starts_with('"')) return Quoted();
+    const std::size_t end = std::min(rest_.find_first_of(ends), rest_.size());
+    const std::string_view content = rest_.substr(0, end);
+    const std::string value(content.substr(0, content.find_last_not_of(blanks) + 1));
+    rest_.remove_prefix(end);
+    return value;
+  }
+
+  std::string_view rest() const { return rest_; }
+
+ private:
+  void SkipBlanks() {
+    const std::size_t first = rest_.find_first_not_of(blanks);
+    rest_.remove_prefix(std::min(first, rest_.size()));
+  }
+
+  std::string Quoted() {
+    std::string value;
+    for (std::size_t i = 1; i < rest_.size(); ++i) {
+      if (rest_[i] != '"') {
+        value += rest_[i];
+      } else if (rest_.substr(i + 1).starts_with('"')) {
+        value += rest_[i++];
+      } else {
+        rest_.remove_prefix(i + 1);
+        SkipBlanks();
+        return value;
+      }
+    }
+    throw PlanLineError("a double quote is opened and not closed");
+  }
+
+  std::string_view rest_;
+};
+
+std::vector<Assignment> Assignments(Reader& reader, std::string_view ends) {
+  std::vector<Assignment> assignments;
+  if (reader.AtEnd() || ends.find(reader.rest().front()) != ends.npos) return assignments;
+  do {
+    const std::string name = reader.Name();
+    if (name.empty()) throw PlanLineError("a parameter name is missing");
+    if (!reader.Take('=')) throw PlanLineError("behind " + name + " an equals sign is missing");
+    assignments.push_back({name, reader.Content(std::string(ends) + ",")});
+  } while (reader.Take(','));
+  return assignments;
+}
+
+void End(Reader& reader) {
+  if (!reader.Take(';')) {
+    throw PlanLineError(reader.AtEnd()
+                            ? "the line is not ended: a semicolon is missing"
+                            : "a comma or the semicolon is missing before '" + Left(reader.rest(), 20) + "'");
+  }
+  if (!reader.AtEnd() && !reader.AtComment())
+    throw PlanLineError("behind the semicolon stands more than a comment; give one action a line");
+}
+
+}  // namespace
+
+std::optional<UserAction> ParsePlanLine(std::string_view line) {
+  if (line.size() > longestLine)
+    throw PlanLineError("the line is longer than " + std::to_string(longestLine) + " bytes");
+  if (!IsUtf8(line)) throw PlanLineError("the line is not UTF-8 text");
+  if (line.find('\0') != line.npos) throw PlanLineError("the line holds a zero character");
+  Reader reader(line);
+  if (reader.AtEnd() || reader.AtComment()) return std::nullopt;
+
+  UserAction action;
+  action.command = reader.Name();
+  if (action.command == "edit" || action.command == "delete") {
+    action.kind = action.command == "edit" ? UserAction::Kind::Edit : UserAction::Kind::Delete;
+    action.command = reader.Name();
+    if (action.command.empty()) throw PlanLineError("behind edit or delete a command is missing");
+    action.selection = Assignments(reader, ":;");
+  }
+  if (action.command.empty()) throw PlanLineError("a command is missing at the beginning");
+  if (action.kind != UserAction::Kind::Delete) {
+    if (!reader.Take(':')) throw PlanLineError("behind " + action.command + " a colon is missing");
+    action.values = Assignments(reader, ";");
+  }
+  End(reader);
+  return action;
+}
+
+Assignment ParseAssignment(std::string_view text) {
+  if (!IsUtf8(text)) throw PlanLineError("the value is not UTF-8 text");
+  const std::size_t equals = text.find('=');
+  if (equals == text.npos || equals == 0)
+    throw PlanLineError("'" + std::string(text) + "' is not of the form NAME=value");
+  return {std::string(TrimBlanks(text.substr(0, equals))), std::string(text.substr(equals + 1))};
+}
+
+}  // namespace cordboard::workbench

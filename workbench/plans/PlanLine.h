@@ -1,0 +1,35 @@
+// One line of a plan, in the exchange's own notation:
+//
+//   NANSI:NUMTYP=EX,NUMSE=100&&199;      adds
+//   edit KSEXI DIR=100:CUST=3;           changes the record that the parameters before the colon select
+//   delete KSEXI DIR=100;                removes it
+//
+// A value ends at a comma or the semicolon; in double quotes it may hold both ("" stands for one double quote). Behind
+// the semicolon only a comment (#) may follow.
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "workbench/actions/UserAction.h"
+
+namespace cordboard::workbench {
+
+// A line that cannot be read; the message says what is wrong with it.
+class PlanLineError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// The longest line that is read, in bytes.
+inline constexpr std::size_t longestLine = 65536;
+
+// Reads a line. Nothing for a blank line or a comment.
+std::optional<UserAction> ParsePlanLine(std::string_view line);
+
+// The parameters as the command line of the program takes them: NAME=value.
+Assignment ParseAssignment(std::string_view text);
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,74 @@
+#include "workbench/text/Elements.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace cordboard::workbench {
+
+namespace {
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// The parts between single "&"; a double one stays inside its part.
+std::vector<std::string> Parts(const std::string& typed) {
+  std::vector<std::string> parts(1);
+  for (std::size_t i = 0; i < typed.size(); ++i) {
+    if (typed.compare(i, 2, "&&") == 0) {
+      parts.back() += "&&";
+      ++i;
+    } else if (typed[i] == '&') {
+      parts.emplace_back();
+    } else {
+      parts.back() += typed[i];
+    }
+  }
+  return parts;
+}
+
+void Expand(const std::string& from, const std::string& to, std::vector<std::string>& elements) {
+  const std::string range = "the range " + from + "&&" + to;
+  if (from.size() != to.size()) throw ElementsError(range + " has ends of different length");
+  std::size_t digits = from.size();
+  while (digits > 0 && IsDigit(from[digits - 1]) && IsDigit(to[digits - 1])) --digits;
+  if (digits == from.size() || from.compare(0, digits, to, 0, digits) != 0 || from.size() - digits > 18)
+    throw ElementsError(range + " has ends that do not differ in their last digits alone");
+  long long first = 0;
+  long long last = 0;
+  std::from_chars(from.data() + digits, from.data() + from.size(), first);
+  std::from_chars(to.data() + digits, to.data() + to.size(), last);
+  if (first > last) throw ElementsError(range + " ends before it begins");
+  if (static_cast<unsigned long long>(last - first) >= mostElements)
+    throw ElementsError(range + " holds more than " + std::to_string(mostElements) + " values");
+  for (long long number = first; number <= last; ++number) {
+    std::string text = std::to_string(number);
+    text.insert(0, from.size() - digits - text.size(), '0');
+    elements.push_back(from.substr(0, digits) + text);
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> Elements(const std::string& typed) {
+  std::vector<std::string> elements;
+  for (const std::string& part : Parts(typed)) {
+    const std::size_t range = part.find("&&");
+    const std::string from = part.substr(0, range);
+    const std::string to = range == part.npos ? from : part.substr(range + 2);
+    if (from.empty() || to.empty()) throw ElementsError("a value is missing beside an &");
+    if (to.find("&&") != to.npos) throw ElementsError("the range " + part + " has more than two ends");
+    if (range == part.npos) {
+      elements.push_back(part);
+    } else {
+      Expand(from, to, elements);
+    }
+    if (elements.size() > mostElements)
+      throw ElementsError("these are more than " + std::to_string(mostElements) + " values");
+  }
+  return elements;
+}
+
+bool HoldsRange(const std::string& typed) { return typed.find("&&") != typed.npos; }
+
+bool HoldsSeveral(const std::string& typed) { return Parts(typed).size() > 1; }
+
+}  // namespace cordboard::workbench
