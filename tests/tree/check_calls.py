@@ -70,7 +70,7 @@ def read_objects(build):
 
 def split(line):
     """The name and the kind in a line of nm: NAME KIND [VALUE [SIZE]], where a name may hold blanks."""
-    match = re.fullmatch(r"(.*) ([A-Za-z])(?: [0-9a-f]+){0,2}\s*", line)
+    match = re.fullmatch(r"(.*?) ([A-Za-z])(?: [0-9a-f]+){0,2}\s*", line)
     return match[1], match[2]
 
 
