@@ -276,14 +276,12 @@ bool WorkbenchHost::scRollBackTransaction() {
 // --- Operations of the exchange.
 
 bool WorkbenchHost::scNANSIinitiate(const Value& numse, const Value& numtyp, Value& code) {
-  SeriesRefusal refusal;
-  if (!Succeeds([&] { refusal = InitiateSeries(exchange_, Joined(numse), Joined(numtyp)); })) {
-    code = 62000;
-    return false;
-  }
-  seriesRefusal_ = refusal.reason;
-  if (refusal.code != 0) code = refusal.code;
-  return refusal.code == 0;
+  std::optional<SeriesRefusal> refusal;
+  if (!Succeeds([&] { refusal = InitiateSeries(exchange_, Joined(numse), Joined(numtyp)); }))
+    refusal = {Message::StatementFailed, ""};
+  if (refusal) code = static_cast<int>(refusal->message);
+  seriesRefusal_ = refusal ? refusal->reason : "";
+  return !refusal;
 }
 
 bool WorkbenchHost::scNANSIremoveFromBlockedRange(const Value& numse, const Value& numtyp) {
