@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "script/Conversions.h"
-#include "workbench/actions/FormFilling.h"
+#include "workbench/actions/Filling.h"
 #include "workbench/actions/Generation.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
@@ -43,9 +43,8 @@ class Road {
   // The values that can be given for a parameter, by blanks, where the form holds what is given already.
   std::string Values(const std::string& command, const std::string& parameter,
                      const std::vector<Assignment>& given = {}) {
-    std::vector<Problem> warnings;
-    for (const Problem& problem : FillForm(session_, *FindForm(command), given, warnings)) return Written(problem);
-    return Offered(parameter);
+    const Filling filling = FillForm(session_, *FindForm(command), given);
+    return filling.IsRefused() ? Written(filling.problems().front()) : Offered(parameter);
   }
 
   // The same for the form that is open.

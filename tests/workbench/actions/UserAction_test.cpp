@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "script/ForwardingHost.h"
+#include "workbench/actions/Filling.h"
 #include "workbench/support/TestExchange.h"
 #include "workbench/support/TestForms.h"
 
@@ -225,7 +226,7 @@ TEST_F(UserActionTest, ACheckThatFailsRefusesTheValue) {
 
 TEST_F(UserActionTest, AStoredValueIsNotClearedInSilence) {
   EXPECT_EQ(Add(roddi_, {{"CUST", "1"}, {"ROU", "1"}, {"DEST", "80"}}),
-            "CUST=1: a check of the values behind it has cleared this value, since the two do not go together");
+            "CUST=1: a check of the values after it has cleared this value, since the two do not go together");
   EXPECT_EQ(Add(roddi_, {{"ROU", "1"}, {"DEST", "80"}, {"CUST", "1"}}), "done");
 }
 
@@ -331,7 +332,7 @@ TEST_F(UserActionTest, ARecordIsSelectedByColumnsAndHasToBeOneAlone) {
 
 TEST_F(UserActionTest, AnEditChangesSomething) {
   Add(gespi_, {{"CSP", "1"}});
-  EXPECT_EQ(Edit(gespi_, {{"CSP", "1"}}, {}), "nothing is changed: give the new values behind the colon");
+  EXPECT_EQ(Edit(gespi_, {{"CSP", "1"}}, {}), "nothing is changed: give the new values after the colon");
 }
 
 TEST_F(UserActionTest, AnEditIsCheckedAsAnAddIs) {
@@ -389,11 +390,10 @@ TEST_F(UserActionTest, ARowThatTheRulesLeaveToTheHostIsRemovedAfterADelete) {
 // --- Filling a form without acting.
 
 TEST_F(UserActionTest, AFormCanBeFilledWithoutActing) {
-  std::vector<Problem> warnings;
-  EXPECT_THAT(FillForm(session_, sytds_, {{"CDNAL", "5"}}, warnings), IsEmpty());
+  EXPECT_THAT(FillForm(session_, sytds_, {{"CDNAL", "5"}}).problems(), IsEmpty());
   EXPECT_EQ(TraceText(session_.form().Get("CDNAL")), "\"5\"");
   EXPECT_EQ(session_.host().FreshList("CDNAS")->All().size(), 4u);
-  EXPECT_EQ(FillForm(session_, sytds_, {{"CDNAL", "99"}}, warnings).size(), 1u);
+  EXPECT_EQ(FillForm(session_, sytds_, {{"CDNAL", "99"}}).problems().size(), 1u);
   EXPECT_EQ(Count(*exchange_, "SYTDS"), 0);
 }
 
