@@ -25,7 +25,7 @@ class Road {
   Exchange& exchange() { return *exchange_; }
   Session& session() { return session_; }
 
-  // Performs one line, with no transaction around it. Gives "done", with the warnings behind it, or the reasons of the
+  // Performs one line, with no transaction around it. Gives "done", with the warnings after it, or the reasons of the
   // refusal, one a line.
   std::string Do(const std::string& line) {
     const auto action = ParsePlanLine(line);

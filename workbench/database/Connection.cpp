@@ -53,7 +53,7 @@ bool IsTruthColumn(sqlite3_stmt* statement, int column) {
   return declared != nullptr && std::strcmp(declared, "BOOLEAN") == 0;
 }
 
-// The tables behind a name with one of these beginnings are not the library's.
+// The tables with such names are not the library's.
 bool IsOwnTable(const char* name) {
   return name != nullptr && (std::string_view(name).starts_with("sqlite_") || std::string_view(name) == "Cordboard");
 }

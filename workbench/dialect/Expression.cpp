@@ -48,12 +48,12 @@ void MapExpression(Mapping& mapping) {
   };
   for (;;) {
     Symbol symbol = mapping.tokens.current().symbol;
-    const bool negated = symbol == Symbol::Not && complete;  // NOT behind a value belongs to the operator behind it
+    const bool negated = symbol == Symbol::Not && complete;  // after a value, NOT belongs to the operator that follows
     if (negated) {
       mapping.tokens.Advance();
       symbol = mapping.tokens.current().symbol;
       if (symbol != Symbol::In && symbol != Symbol::Like && symbol != Symbol::Between) {
-        mapping.Refuse("expected IN, LIKE or BETWEEN behind NOT");
+        mapping.Refuse("expected IN, LIKE or BETWEEN after NOT");
       }
     }
     switch (symbol) {

@@ -15,7 +15,7 @@ std::size_t ClassEnd(std::string_view pattern, std::size_t open) {
   return close == open + 1 ? kNone : close;
 }
 
-// The content is what stands between the brackets: characters and ranges, all of them excluded behind a leading "!".
+// The content is what stands between the brackets: characters and ranges, all of them excluded after a leading "!".
 bool InClass(std::string_view content, char c) {
   const bool excluded = content.size() > 1 && content.front() == '!';
   if (excluded) content.remove_prefix(1);
@@ -51,7 +51,7 @@ bool HoldsCharacterClass(std::string_view pattern) {
 bool LikeMatches(std::string_view pattern, std::string_view text) {
   std::size_t p = 0;
   std::size_t t = 0;
-  std::size_t after_run = kNone;  // the place in the pattern behind the last %
+  std::size_t after_run = kNone;  // the place in the pattern after the last %
   std::size_t run_end = 0;        // how far that % reaches in the text
   while (t < text.size() || p < pattern.size()) {
     const std::size_t close = p < pattern.size() && pattern[p] == '[' ? ClassEnd(pattern, p) : kNone;

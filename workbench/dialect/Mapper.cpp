@@ -21,7 +21,7 @@ void Values(Mapping& mapping) {
 
 void Insert(Mapping& mapping) {
   mapping.tokens.Advance();
-  mapping.Expect(Symbol::Into, "INTO behind INSERT");
+  mapping.Expect(Symbol::Into, "INTO after INSERT");
   mapping.Put("INSERT INTO");
   mapping.PutName("the name of a table");
   if (mapping.Accept(Symbol::Open)) {
@@ -35,7 +35,7 @@ void Insert(Mapping& mapping) {
   Values(mapping);
 }
 
-// A column to set may stand behind the name of the table, which SQLite does not take there.
+// A column to set may stand after the name of the table, which SQLite does not take there.
 void Assignment(Mapping& mapping, std::string_view table) {
   if (mapping.AtNext(Symbol::Dot)) {
     if (!SameName(mapping.tokens.current().text, table)) mapping.Refuse("this is not the table to update");

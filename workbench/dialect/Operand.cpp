@@ -57,7 +57,7 @@ void Column(Mapping& mapping) {
   mapping.PutName("a column");
   if (!mapping.Accept(Symbol::Dot)) return;
   mapping.Join(".");
-  mapping.PutName("a column behind its table");
+  mapping.PutName("a column after its table");
 }
 
 }  // namespace

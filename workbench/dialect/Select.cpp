@@ -61,7 +61,7 @@ class Select {
 
   void GroupBy() {
     mapping_.tokens.Advance();
-    mapping_.Expect(Symbol::By, "BY behind GROUP");
+    mapping_.Expect(Symbol::By, "BY after GROUP");
     mapping_.Put("GROUP BY");
     grouped_ = true;
     do {
@@ -78,7 +78,7 @@ class Select {
   void OrderBy() {
     const bool by_insertion = top_ && (grouped_ || !query_.aggregate);
     const bool own = mapping_.Accept(Symbol::Order);
-    if (own) mapping_.Expect(Symbol::By, "BY behind ORDER");
+    if (own) mapping_.Expect(Symbol::By, "BY after ORDER");
     if (own || by_insertion) mapping_.Put("ORDER BY");
     if (own) {
       do {

@@ -50,7 +50,7 @@ class UserActionTest : public testing::Test {
                       {WithCheck(Parameter("ROU")), WithCheck(Parameter("DEST")), Parameter("CUST")});
   }
 
-  // "done", or why not, a line each; warnings stand behind.
+  // "done", or why not, a line each; warnings stand after that.
   std::string Told(const Outcome& outcome) {
     std::string text = outcome.done ? "done" : "";
     for (const auto* problems : {&outcome.problems, &outcome.warnings}) {
