@@ -31,7 +31,7 @@ class FromClause {
   // A table after any number of opening brackets, with the closing brackets and the conditions after it.
   void Table() {
     while (mapping_.Accept(Symbol::Open)) {
-      if (joins_.size() > kDeepestNesting) mapping_.Refuse("brackets are nested too deeply");
+      if (joins_.size() > deepestNesting) mapping_.Refuse("brackets are nested too deeply");
       joins_.push_back(0);
     }
     std::string_view name = mapping_.PutName("the name of a table");

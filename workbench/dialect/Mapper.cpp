@@ -73,7 +73,7 @@ void Delete(Mapping& mapping) {
 }  // namespace
 
 MappedStatement Map(std::string_view statement) {
-  if (statement.size() > kLongestStatement) throw DialectError("the statement is too long", statement, 0);
+  if (statement.size() > longestStatement) throw DialectError("the statement is too long", statement, 0);
   Mapping mapping(statement);
   mapping.result.sql.reserve(statement.size() + statement.size() / 2);
   mapping.result.kind = mapping.At(Symbol::Select) ? MappedStatement::Kind::Read : MappedStatement::Kind::Write;

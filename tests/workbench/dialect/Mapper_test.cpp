@@ -365,8 +365,8 @@ TEST(Mapper, RefusesWhatIsNestedTooDeeply) {
   const auto nested = [](int depth) {
     return "DELETE * FROM t WHERE " + string(depth, '(') + "a = 1" + string(depth, ')');
   };
-  EXPECT_EQ(Why(nested(kDeepestNesting)).substr(0, 5), "taken");
-  EXPECT_EQ(Why(nested(kDeepestNesting + 1)), "brackets are nested too deeply");
+  EXPECT_EQ(Why(nested(deepestNesting)).substr(0, 5), "taken");
+  EXPECT_EQ(Why(nested(deepestNesting + 1)), "brackets are nested too deeply");
   EXPECT_EQ(Why(nested(300000)), "brackets are nested too deeply");
   string subselects;
   string joins;
@@ -383,8 +383,8 @@ TEST(Mapper, RefusesWhatIsNestedTooDeeply) {
 
 TEST(Mapper, RefusesWhatIsTooLong) {
   const string begin = "UPDATE t SET a = '";
-  EXPECT_EQ(Parameters(begin + string(kLongestStatement - begin.size() - 1, 'x') + "'").size(), 1u);
-  EXPECT_EQ(Why(begin + string(kLongestStatement - begin.size(), 'x') + "'"), "the statement is too long");
+  EXPECT_EQ(Parameters(begin + string(longestStatement - begin.size() - 1, 'x') + "'").size(), 1u);
+  EXPECT_EQ(Why(begin + string(longestStatement - begin.size(), 'x') + "'"), "the statement is too long");
 }
 
 }  // namespace
