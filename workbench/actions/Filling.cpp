@@ -1,6 +1,7 @@
 #include "workbench/actions/Filling.h"
 
 #include <algorithm>
+#include <ranges>
 #include <unordered_set>
 
 #include "script/Conversions.h"
@@ -8,6 +9,7 @@
 #include "workbench/actions/NextValues.h"
 #include "workbench/actions/Records.h"
 #include "workbench/text/Elements.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 
@@ -19,9 +21,8 @@ constexpr std::size_t shownValues = 10;
 std::string Shown(const ValueList& list, bool mandatory) {
   const std::vector<ValidValue> all = list.All();
   if (all.empty()) return mandatory ? "no value at present" : "no value at present; leave it out";
-  std::string text;
-  for (std::size_t i = 0; i < std::min(all.size(), shownValues); ++i) text += (i == 0 ? "" : ", ") + all[i].value;
-  return all.size() <= shownValues ? text : text + ", ... (" + std::to_string(all.size()) + " in all)";
+  const std::string first = Separated(all | std::views::take(shownValues), ", ", &ValidValue::value);
+  return all.size() <= shownValues ? first : first + ", ... (" + std::to_string(all.size()) + " in all)";
 }
 
 // The first of the elements that was there before, or nothing.

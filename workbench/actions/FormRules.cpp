@@ -7,6 +7,7 @@
 #include "workbench/actions/Filling.h"
 #include "workbench/forms/Unknown.h"
 #include "workbench/text/Elements.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 
@@ -95,12 +96,9 @@ std::string Listed(const std::vector<std::string>& names) {
 void OneSetIsGiven(Filling& filling) {
   const auto& sets = filling.definition().oneOf;
   const auto missing = [&filling](const std::string& name) { return filling.form().Get(name).IsBlank(); };
-  std::string choice;
-  for (const std::vector<std::string>& set : sets) {
-    if (std::ranges::none_of(set, missing)) return;
-    choice += (choice.empty() ? "" : ", or ") + Listed(set);
-  }
-  if (!sets.empty()) filling.Refuse({.parameter = sets.front().front(), .message = "give " + choice});
+  const auto given = [&](const std::vector<std::string>& set) { return std::ranges::none_of(set, missing); };
+  if (sets.empty() || std::ranges::any_of(sets, given)) return;
+  filling.Refuse({.parameter = sets.front().front(), .message = "give " + Separated(sets, ", or ", Listed)});
 }
 
 // The values of parameters that go in step are paired by their place.

@@ -5,6 +5,7 @@
 
 #include "script/Conversions.h"
 #include "workbench/text/Elements.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 
@@ -83,9 +84,7 @@ std::optional<std::string> MeantValue(Filling& filling, const Assignment& assign
     return refuse("of the values that are free there are " + std::to_string(free.size()) + " and not " +
                   std::to_string(*count));
 
-  std::string meant;
-  for (const ValidValue& entry : free) meant += (meant.empty() ? "" : "&") + entry.value;
-  return meant;
+  return Separated(free, "&", &ValidValue::value);
 }
 
 }  // namespace cordboard::workbench

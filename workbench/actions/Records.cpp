@@ -4,34 +4,28 @@
 
 #include "script/Conversions.h"
 #include "workbench/forms/Unknown.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 
-namespace {
-
-std::string Described(const std::vector<Assignment>& selection) {
-  std::string text;
-  for (const auto& [name, value] : selection) text += (text.empty() ? "" : ",") + name + "=" + value;
-  return text;
-}
-
-}  // namespace
-
 std::variant<std::int32_t, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
                                                const std::vector<Assignment>& selection) {
-  std::string condition;
   std::vector<Value> values;
   for (const auto& [name, value] : selection) {
     // The names come from the form's own columns, so that they can stand in a statement.
     if (std::ranges::find(definition.columns, name) == definition.columns.end())
       return Problem{.parameter = name, .value = value, .message = UnknownColumn(definition, name)};
-    condition += (condition.empty() ? " WHERE [" : " AND [") + name + "] = ?";
     values.emplace_back(value);
   }
-  const RowSet rows =
-      exchange.Dynamic().Run("SELECT [CmdId] FROM [" + definition.table + "]" + condition + " LIMIT 2", values);
+  const std::string condition =
+      Separated(selection, " AND ", [](const Assignment& each) { return "[" + each.name + "] = ?"; });
+  const RowSet rows = exchange.Dynamic().Run(
+      "SELECT [CmdId] FROM [" + definition.table + "]" + (selection.empty() ? "" : " WHERE " + condition) + " LIMIT 2",
+      values);
   if (rows.RowCount() == 1) return ToInt32(rows[0][0]);
-  const std::string records = definition.command + (selection.empty() ? "" : " with " + Described(selection));
+  const std::string described =
+      Separated(selection, ",", [](const Assignment& each) { return each.name + "=" + each.value; });
+  const std::string records = definition.command + (selection.empty() ? "" : " with " + described);
   if (rows.IsEmpty()) return Problem{.message = "there is no record of " + records};
   return Problem{.message = "there are several records of " + records + "; select one by more of its parameters"};
 }
