@@ -6,7 +6,6 @@
 #include <functional>
 
 #include "script/ForwardingHost.h"
-#include "workbench/actions/Filling.h"
 #include "workbench/support/TestExchange.h"
 #include "workbench/support/TestForms.h"
 
@@ -385,16 +384,6 @@ TEST_F(UserActionTest, ARowThatTheRulesLeaveToTheHostIsRemovedAfterADelete) {
   host_->meddle = [](const std::string& sql) { return sql.starts_with("DELETE") ? std::optional(true) : std::nullopt; };
   EXPECT_EQ(Delete(gespi_, {{"CSP", "1"}}), "done");
   EXPECT_EQ(Count(*exchange_, "GESPI"), 0);
-}
-
-// --- Filling a form without acting.
-
-TEST_F(UserActionTest, AFormCanBeFilledWithoutActing) {
-  EXPECT_THAT(FillForm(session_, sytds_, {{"CDNAL", "5"}}).problems(), IsEmpty());
-  EXPECT_EQ(TraceText(session_.form().Get("CDNAL")), "\"5\"");
-  EXPECT_EQ(session_.host().FreshList("CDNAS")->All().size(), 4u);
-  EXPECT_EQ(FillForm(session_, sytds_, {{"CDNAL", "99"}}).problems().size(), 1u);
-  EXPECT_EQ(Count(*exchange_, "SYTDS"), 0);
 }
 
 }  // namespace
