@@ -1,7 +1,7 @@
 #include "workbench/actions/Filling.h"
 
 #include <algorithm>
-#include <ranges>
+#include <span>
 #include <unordered_set>
 
 #include "script/Conversions.h"
@@ -21,7 +21,8 @@ constexpr std::size_t shownValues = 10;
 std::string Shown(const ValueList& list, bool mandatory) {
   const std::vector<ValidValue> all = list.All();
   if (all.empty()) return mandatory ? "no value at present" : "no value at present; leave it out";
-  const std::string first = Separated(all | std::views::take(shownValues), ", ", &ValidValue::value);
+  const auto few = std::span(all).first(std::min(all.size(), shownValues));
+  const std::string first = Separated(few, ", ", &ValidValue::value);
   return all.size() <= shownValues ? first : first + ", ... (" + std::to_string(all.size()) + " in all)";
 }
 
@@ -68,7 +69,8 @@ void Filling::SetGiven() {
   if (definition().ordered)
     std::ranges::stable_sort(given_, {}, [this](const Assignment& given) { return definition().Place(given.name); });
   for (Assignment& assignment : given_) {
-    if (&*std::ranges::find(given_, assignment.name, &Assignment::name) != &assignment) {
+    const Assignment& first = *std::ranges::find(given_, assignment.name, &Assignment::name);
+    if (&first != &assignment) {
       Refuse(assignment, "this parameter is given twice");
     } else if (const auto meant = MeantValue(*this, assignment)) {
       assignment.value = *meant;

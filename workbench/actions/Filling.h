@@ -12,13 +12,12 @@ namespace cordboard::workbench {
 
 class Filling {
  public:
-  // Opens an empty form that is to be given these values.
+  // Opens an empty form that is to be given these values. A session has one form: to open the next one ends this one.
   Filling(Session& session, const FormDefinition& definition, std::vector<Assignment> given = {});
 
   Session& session() const { return session_; }
   const Form& form() const { return session_.form(); }
   const FormDefinition& definition() const { return form().definition(); }
-  // What is given, in the order in which it is set.
   const std::vector<Assignment>& given() const { return given_; }
   bool IsGiven(const std::string& name) const;
 

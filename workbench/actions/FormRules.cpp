@@ -104,15 +104,14 @@ void OneSetIsGiven(Filling& filling) {
 // The values of parameters that go in step are paired by their place.
 void InStepAreAsMany(Filling& filling) {
   const auto number = [&](const std::string& name) { return Elements(Joined(filling.form().Get(name))).size(); };
+  const auto compare = [&](const std::string& one, const std::string& other) {
+    if (number(one) == number(other)) return;
+    filling.Refuse({.parameter = other,
+                    .message = one + " and " + other + " go in pairs, and there are " + std::to_string(number(one)) +
+                               " and " + std::to_string(number(other)) + " of them; give as many of each"});
+  };
   for (const std::vector<std::string>& together : filling.definition().inStep) {
-    const std::string& first = together.front();
-    for (const std::string& other : together) {
-      if (number(first) != number(other))
-        filling.Refuse({.parameter = other,
-                        .message = first + " and " + other + " go in pairs, and there are " +
-                                   std::to_string(number(first)) + " and " + std::to_string(number(other)) +
-                                   " of them; give as many of each"});
-    }
+    for (const std::string& other : together) compare(together.front(), other);
   }
 }
 
