@@ -88,7 +88,7 @@ ValueList::Values ValueList::Rows(ListStatement statement) {
           .offer = [rows](std::size_t page, const Take& take) { OfferRows(*rows, page, take); }};
 }
 
-ValueList::Values ValueList::One(std::string one) {
+ValueList::Values ValueList::One(const std::string& one) {
   return {.hold = [one](const std::string& value) { return value == one; },
           .offer =
               [one](std::size_t, const Take& take) {
@@ -114,9 +114,9 @@ void ValueList::Collect(ListStatement statement) {
 
 void ValueList::Add(ListStatement statement) { steps_.push_back({true, Rows(std::move(statement))}); }
 void ValueList::Subtract(ListStatement statement) { steps_.push_back({false, Rows(std::move(statement))}); }
-void ValueList::Push(std::string value) { steps_.push_back({true, One(std::move(value))}); }
+void ValueList::Push(const std::string& value) { steps_.push_back({true, One(value)}); }
 void ValueList::PushRange(long long from, long long to) { steps_.push_back({true, Numbers(from, to)}); }
-void ValueList::Remove(std::string value) { steps_.push_back({false, {One(std::move(value)).hold, {}}}); }
+void ValueList::Remove(const std::string& value) { steps_.push_back({false, {One(value).hold, {}}}); }
 void ValueList::RemoveRange(long long from, long long to) { steps_.push_back({false, {Numbers(from, to).hold, {}}}); }
 
 void ValueList::Append(const ValueList& changes) {

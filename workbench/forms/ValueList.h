@@ -29,9 +29,9 @@ class ValueList {
   void Collect(ListStatement statement);
   void Add(ListStatement statement);
   void Subtract(ListStatement statement);
-  void Push(std::string value);
+  void Push(const std::string& value);
   void PushRange(long long from, long long to);
-  void Remove(std::string value);
+  void Remove(const std::string& value);
   void RemoveRange(long long from, long long to);
   // Goes on with the steps of another list, which may replace what is there.
   void Append(const ValueList& changes);
@@ -62,7 +62,7 @@ class ValueList {
   };
 
   static Values Rows(ListStatement statement);
-  static Values One(std::string value);
+  static Values One(const std::string& value);
   static Values Numbers(long long from, long long to);
   static void TakeAway(const Values& values, std::vector<ValidValue>& list);
 

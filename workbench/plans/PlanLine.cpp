@@ -39,7 +39,7 @@ class Reader {
     if (rest_.starts_with('"')) return Quoted();
     const std::size_t end = std::min(rest_.find_first_of(ends), rest_.size());
     const std::string_view content = rest_.substr(0, end);
-    const std::string value(content.substr(0, content.find_last_not_of(blanks) + 1));
+    std::string value(content.substr(0, content.find_last_not_of(blanks) + 1));
     rest_.remove_prefix(end);
     return value;
   }
