@@ -129,7 +129,7 @@ class New(ProgramTest):
         new = self.folder / "new.cbx"
         for content in (b" ", b"{", b"\xff\xfe", b'{"name": "x"}'):
             plant = self.write("plant.json", content)
-            self.fails(TROUBLE, "is not a plant description", "new", new, "--release", "R7", "--plant", plant)
+            self.fails(TROUBLE, "plant.json: ", "new", new, "--release", "R7", "--plant", plant)
         for path in (self.folder, self.write("empty.json", "")):
             self.fails(TROUBLE, "is empty or cannot be read", "new", new, "--release", "R7", "--plant", path)
         self.assertFalse(new.exists())
