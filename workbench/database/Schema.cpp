@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "workbench/data/DataFile.h"
+#include "workbench/data/Resources.h"
 #include "workbench/text/Names.h"
 
 namespace cordboard::workbench {
@@ -118,6 +119,11 @@ Schema ReadSchema(std::string_view json) {
       database.tables.push_back(std::move(table));
     }
   }
+  return schema;
+}
+
+const Schema& ShippedSchema() {
+  static const Schema schema = ReadSchema(Resource("schema.json"));
   return schema;
 }
 

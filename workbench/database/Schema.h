@@ -49,6 +49,8 @@ struct Schema {
 
 // Fails with a DataError that names the table and the place, where the text is not a schema.
 Schema ReadSchema(std::string_view json);
+// The one that the program carries.
+const Schema& ShippedSchema();
 
 // The statements that create the database's tables and indexes, in SQLite's own language and always in the same order.
 // The declared types are TEXT, INTEGER and BOOLEAN. No column is a key, so that rows stand in the order of insertion.
