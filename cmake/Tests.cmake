@@ -58,7 +58,10 @@ if(TARGET cordboard_remote)
 endif()
 
 # The page of every command says what its form says.
-add_test(NAME tree.pages COMMAND ${PROJECT_SOURCE_DIR}/tools/command-pages --check)
+if(CORDBOARD_WORKBENCH)
+  add_test(NAME tree.pages COMMAND ${PROJECT_SOURCE_DIR}/tools/command-pages --check
+                                   --program $<TARGET_FILE:cordboard>)
+endif()
 
 # Faults: every command with every call of its host going wrong.
 if(CORDBOARD_WORKBENCH)
