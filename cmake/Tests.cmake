@@ -29,7 +29,13 @@ add_test(NAME tree.habits COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tes
 add_test(NAME tree.check_tree COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree_test.py)
 add_test(NAME tree.new_command COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/new_command_test.py)
 set_tests_properties(tree.check_tree tree.new_command PROPERTIES
-  ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1;CXX=${CMAKE_CXX_COMPILER}")
+  ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1")
+# What new-command makes is built into the programs of this build.
+if(CORDBOARD_WORKBENCH AND CMAKE_GENERATOR STREQUAL "Ninja")
+  add_test(NAME tree.new_command_builds COMMAND Python3::Interpreter
+           ${PROJECT_SOURCE_DIR}/tests/tree/new_command_build_test.py ${PROJECT_BINARY_DIR})
+  set_tests_properties(tree.new_command_builds PROPERTIES LABELS slow ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1")
+endif()
 
 # What is installed serves an embedder.
 if(CORDBOARD_SANITIZE)

@@ -14,9 +14,16 @@
 namespace cordboard::workbench {
 namespace {
 
-const Table* TableOf(const FormDefinition& form) {
-  const Table* table = ShippedSchema().Database("dynamic").Find(form.table);
-  return table != nullptr ? table : ShippedSchema().Database("site").Find(form.table);
+// Whether the columns stand in the table in its order, the identifier first.
+bool StandIn(const Table* table, const std::vector<std::string>& columns) {
+  if (table == nullptr || columns.empty() || columns.front() != "CMDID") return false;
+  const Column* last = nullptr;
+  for (const std::string& name : columns) {
+    const Column* column = table->Find(name);
+    if (column == nullptr || (last != nullptr && column <= last)) return false;
+    last = column;
+  }
+  return true;
 }
 
 // Goes through all forms with the name of the form, and of the parameter, in front of what fails.
@@ -79,17 +86,9 @@ TEST(FormDefinition, EveryFormBelongsToACommandOfTheRegistry) {
 
 TEST(FormDefinition, ColumnsStandInTheTableInItsOrderAndTheIdentifierIsTheFirst) {
   ForEachForm([](const FormDefinition& form) {
-    const Table* table = TableOf(form);
-    ASSERT_NE(table, nullptr) << form.table;
-    ASSERT_FALSE(form.columns.empty());
-    EXPECT_EQ(form.columns.front(), "CMDID");
-    const Column* last = nullptr;
-    for (const std::string& name : form.columns) {
-      const Column* column = table->Find(name);
-      ASSERT_NE(column, nullptr) << name;
-      EXPECT_TRUE(last == nullptr || last < column) << name;
-      last = column;
-    }
+    EXPECT_TRUE(StandIn(ShippedSchema().Database("dynamic").Find(form.table), form.columns) ||
+                StandIn(ShippedSchema().Database("site").Find(form.table), form.columns))
+        << form.table;
   });
 }
 

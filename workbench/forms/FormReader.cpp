@@ -66,14 +66,17 @@ Texts ColumnsOf(const Table& table) {
   return columns;
 }
 
+// A table of the site database has a name of its own, or stays empty in the exchange and has fewer columns there.
 void ReadRecord(FormDefinition& form, Fields& fields, const DataItem& file) {
   form.table = fields.Get("table", form.command);
-  const Table* table = ShippedSchema().Database("dynamic").Find(form.table);
-  if (table == nullptr) table = ShippedSchema().Database("site").Find(form.table);
-  if (table == nullptr) file.Fail("there is no table " + form.table);
-  form.columns = fields.Get("columns", ColumnsOf(*table));
+  const Table* dynamic = ShippedSchema().Database("dynamic").Find(form.table);
+  const Table* site = ShippedSchema().Database("site").Find(form.table);
+  if (dynamic == nullptr && site == nullptr) file.Fail("there is no table " + form.table);
+  form.columns = fields.Get("columns", ColumnsOf(dynamic != nullptr ? *dynamic : *site));
   for (const std::string& column : form.columns) {
-    if (table->Find(column) == nullptr) file.Fail("the table " + form.table + " has no column " + column);
+    const bool stands =
+        (dynamic != nullptr && dynamic->Find(column) != nullptr) || (site != nullptr && site->Find(column) != nullptr);
+    if (!stands) file.Fail("the table " + form.table + " has no column " + column);
   }
 }
 
