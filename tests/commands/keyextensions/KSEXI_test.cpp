@@ -444,12 +444,14 @@ TEST(KSEXI, EditReportsANumberThatCannotBeReadOrMoved) {
   }
 }
 
-TEST(KSEXI, EditOfARecordThatIsGoneFailsTheCallWithTheTransactionOpen) {
-  for (const auto& [parameter, statement] : {std::pair{"DIR", readDIR}, {"EQU", readEQU}}) {
+TEST(KSEXI, EditOfARecordThatIsGoneIsReportedAndForAPositionIsNoFailure) {
+  for (const auto& [parameter, statement] : {std::pair<std::string, std::string>{"DIR", readDIR}, {"EQU", readEQU}}) {
     ScriptedHost host;
     host.Rows(statement, {});
-    EXPECT_THROW(host.Run(Act("EditInfo", {parameter})), RunTimeFailure);
-    EXPECT_EQ(host.Effects(), Lines({start, QueryLine(statement)}));
+    EXPECT_EQ(host.Run(Act("EditInfo", {parameter})), parameter == "EQU");
+    EXPECT_EQ(host.Effects(),
+              Lines({start, QueryLine(statement), MessageLine("Edit: KSEXI", "60005, \"" + parameter + "\""),
+                     parameter == "EQU" ? commit : rollBack}));
   }
 }
 
@@ -472,7 +474,7 @@ TEST(KSEXI, EditOfARecordWithAnEmptyPositionReportsAndCommits) {
   EXPECT_EQ(host.Effects(), Lines({start, QueryLine(readEQU), MessageLine(editing, "60005, \"EQU\""), commit}));
 }
 
-TEST(KSEXI, EditMovesANullOrAnEmptyTextLikeAnyNumberAndAnyPosition) {
+TEST(KSEXI, EditTakesANullAndAnEmptyTextForNoOldValue) {
   for (const Value& old : {Value(""), Value::Null()}) {
     ScriptedHost host;
     host.Param("DIR", "200");
@@ -480,10 +482,8 @@ TEST(KSEXI, EditMovesANullOrAnEmptyTextLikeAnyNumberAndAnyPosition) {
     host.Rows(readDIR, {{old}});
     host.Rows(readEQU, {{old}});
     EXPECT_TRUE(host.Run(Act("EditInfo", {"DIR", "EQU"})));
-    EXPECT_EQ(host.Effects(), Lines({start, QueryLine(readDIR), MoveNumber("", "200"), QueryLine(readEQU),
-                                     StatementLine("UPDATE EQUIPMENT SET USED = FALSE{NL} WHERE EQU = ''"),
-                                     StatementLine("UPDATE EQUIPMENT SET USED = TRUE{NL} WHERE EQU = 'E2'"),
-                                     StatementLine("UPDATE KSEXI SET EQU = 'E2'{NL} WHERE CmdId = 7"), commit}));
+    EXPECT_EQ(host.Effects(), Lines({start, QueryLine(readDIR), MessageLine("Edit: KSEXI", "60005, \"DIR\""),
+                                     QueryLine(readEQU), MessageLine("Edit: KSEXI", "60005, \"EQU\""), commit}));
   }
 }
 

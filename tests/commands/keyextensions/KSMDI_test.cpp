@@ -87,7 +87,7 @@ TEST(KSMDI, TellsTheExtensionOnWhichNoKeyIsLeft) {
   ScriptedHost host;
   host.Array("DIR", {"100"});
   host.NumberOfValidValues("KEY", 0);
-  EXPECT_TRUE(host.Run(Act("GetValidValForParam", {"KEY"})));
+  EXPECT_FALSE(host.Run(Act("GetValidValForParam", {"KEY"})));
   EXPECT_EQ(host.Calls(), Lines({askDIR, wholeByDefinition}) + WithoutKeysOf("100") +
                               Lines({DebugLine("There are no available keys for this DIR"),
                                      MessageLine("GetValidValForParam", "60020, \"100\"")}));

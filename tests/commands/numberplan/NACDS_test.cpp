@@ -239,10 +239,10 @@ void ExpectMerged(const Value& stored, const Value& given, const std::string& as
                                    Update("NUM = '12'"), Update(assignment), commit}));
 }
 
-TEST(NACDS, MergePutsAnAmpersandBehindAnythingButTheEmptyState) {
+TEST(NACDS, MergePutsAnAmpersandAfterCategoriesThatAreStored) {
   ExpectMerged(Value(), "2", "CDCAT = '2'");
-  ExpectMerged(null, "2", "CDCAT = '&2'");
-  ExpectMerged("", "2", "CDCAT = '&2'");
+  ExpectMerged(null, "2", "CDCAT = '2'");
+  ExpectMerged("", "2", "CDCAT = '2'");
   ExpectMerged("1&3", "2", "CDCAT = '1&3&2'");
 }
 

@@ -255,6 +255,23 @@ TEST(NANLS, EditChecksTheMaximumAgainstTheStoredMinimum) {
   }
 }
 
+TEST(NANLS, EditTakesAMaximumOfAnySize) {
+  for (const char* value : {"32768", "40000", "99999999999"}) {
+    ScriptedHost host;
+    host.Param("MAX", value);
+    host.Rows(readMIN, {{"3"}});
+    EXPECT_TRUE(host.Run(Act("EditInfo", {"MAX"})));
+    EXPECT_EQ(host.Effects(), Lines({start, readMINCall, Update("MAX = '" + std::string(value) + "'"), commit}));
+  }
+}
+
+TEST(NANLS, EditComparesTheMaximumAsANumberAndNotAsAText) {
+  ScriptedHost host;
+  host.Param("MAX", "10");
+  host.Rows(readMIN, {{"9"}});
+  EXPECT_TRUE(host.Run(Act("EditInfo", {"MAX"})));
+}
+
 TEST(NANLS, EditThatClearsTheMaximumComparesNothingAndWritesTheEmptyText) {
   for (const auto& rows : {std::vector<std::vector<Value>>{{"5"}}, std::vector<std::vector<Value>>{}}) {
     ScriptedHost host;

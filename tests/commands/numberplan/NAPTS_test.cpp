@@ -131,8 +131,21 @@ TEST(NAPTS, AddWithNoPositionLeavesPOSTheEmptyText) {
             std::string::npos);
 }
 
-TEST(NAPTS, AddAsksForTheValuesOfPOSWhereItIsEmptyOrNull) {
-  for (const Value& POS : {Value(), null}) {
+TEST(NAPTS, AddReadsThePositionsOneByOneWherePOSWasNeverGiven) {
+  ScriptedHost host;
+  host.Array("EXL", {"5"});
+  host.Param("POS1", "12");
+  host.Param("POS3", "14");
+  host.Rows(FindSql("5"), {});
+  EXPECT_TRUE(host.Run(Act("SetInfo")));
+  EXPECT_EQ(host.Effects(),
+            Lines({start, numbersCall, Line("EXL = 5"), Find("5"), Line("POS = "), Line("POS1 = 12"), Line("POS2 = "),
+                   Line("POS3 = 14"), Line("POS4 = "), Line("POS5 = "), Line("POS6 = "), newRecord,
+                   Insert("1001, \"5\", \"12&14\", \"12\", Empty, \"14\", Empty, Empty, Empty"), commit}));
+}
+
+TEST(NAPTS, AddAsksForTheValuesOfPOSWhereItIsNull) {
+  for (const Value& POS : {null}) {
     ScriptedHost host;
     host.Array("EXL", {"5"});
     host.Param("POS", POS);
@@ -177,6 +190,7 @@ TEST(NAPTS, AddOfAListWithoutBoundsFailsTheCall) {
   {
     ScriptedHost host;
     host.Array("EXL", {"5"});
+    host.Param("POS", "1");
     host.Array("POS", List());
     host.Rows(FindSql("5"), {});
     EXPECT_THROW(host.Run(Act("SetInfo")), RunTimeFailure);
@@ -256,7 +270,7 @@ TEST(NAPTS, NumberInUseStaysARefusalWhileThoseBehindItAreInserted) {
           refused + Lines({rollBack}));
 }
 
-TEST(NAPTS, SinglePositionsBehindANumberInUseAreReportedInsteadOfRead) {
+TEST(NAPTS, SinglePositionsAfterANumberInUseAreReportedInsteadOfRead) {
   ScriptedHost host;
   host.Array("EXL", {"5", "6"});
   host.Param("POS", "");
@@ -266,9 +280,7 @@ TEST(NAPTS, SinglePositionsBehindANumberInUseAreReportedInsteadOfRead) {
   EXPECT_FALSE(host.Run(Act("SetInfo")));
   EXPECT_EQ(host.Calls(),
             Lines({start, numbersCall, Line("EXL = 5"), Find("5")}) + refused +
-                Lines({Line("EXL = 6"), Find("6"), Read("POS"), Line("POS = "), AddMessage("61020, \"POS1\""),
-                       AddMessage("61020, \"POS2\""), AddMessage("61020, \"POS3\""), AddMessage("61020, \"POS4\""),
-                       AddMessage("61020, \"POS5\""), AddMessage("61020, \"POS6\""), newRecord,
+                Lines({Line("EXL = 6"), Find("6"), Read("POS"), Line("POS = "), AddMessage("61020, \"POS\""), newRecord,
                        Insert("1001, \"6\", \"\", Empty, Empty, Empty, Empty, Empty, Empty"), rollBack}));
 }
 

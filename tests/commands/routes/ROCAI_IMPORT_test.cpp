@@ -68,13 +68,15 @@ INSTANTIATE_TEST_SUITE_P(WhileBlankTheListStaysAsItIs, ROCAI_IMPORTRange,
                                          Range{"SEL_D3", "", nullptr}, Range{"SEL_D3", "  ", nullptr},
                                          Range{"SEL_D10", "", nullptr}, Range{"SIG_D12", "", nullptr}));
 
-TEST(ROCAI_IMPORT, ARangeThatCouldNotBePushedGivesFalseInSilence) {
+TEST(ROCAI_IMPORT, ARangeThatCouldNotBePushedIsReported) {
   for (const char* parameter : {"SEL_D3", "SEL_D10", "SIG_D12"}) {
     ScriptedHost host;
     host.Param("SIG_D11", "5");
     host.Refuse("scPushValidRangeValues");
     EXPECT_FALSE(host.Run(Act("GetValidValForParam", {parameter})));
-    EXPECT_EQ(host.Calls().find("scErrorMessage"), std::string::npos);
+    const std::string told =
+        "scErrorMessage(0, 2, 2, \"GetValidValForParam\", 61020, \"" + std::string(parameter) + "\")\n";
+    EXPECT_TRUE(host.Calls().ends_with(told)) << host.Calls();
   }
 }
 

@@ -105,9 +105,18 @@ TEST(RODDI, ForANewDestinationTakesTheCustomersOutAndOffersTheFixedChoices) {
   EXPECT_EQ(CallsOfList("CHO"), Lines({"scSQLSelectValuesAndDesc()"}));
 }
 
-TEST(RODDI, CustomersAndChoicesThatCouldNotBeListedHaveNoMessage) {
-  const std::pair<bool, const char*> cases[] = {{false, "CUST"}, {false, "CHO"}, {true, "CUST"}};
-  for (const auto& [isNew, parameter] : cases) {
+TEST(RODDI, ChoicesThatCouldNotBeListedAreReported) {
+  CheckPair(false);
+  ScriptedHost host;
+  host.Refuse("scPushValidRangeValues");
+  EXPECT_FALSE(host.Run(Act("GetValidValForParam", {"CHO"})));
+  EXPECT_EQ(host.Calls(), Lines({"scPushValidRangeValues(0, 7)",
+                                 "scErrorMessage(0, 2, 2, \"GetValidValForParam\", 61020, \"CHO\")"}));
+}
+
+TEST(RODDI, CustomersThatCouldNotBeListedHaveNoMessage) {
+  for (const bool isNew : {false, true}) {
+    const char* parameter = "CUST";
     CheckPair(isNew);
     ScriptedHost host;
     host.Refuse("scCollectSingleValues");
