@@ -1,8 +1,8 @@
 // The host: everything that the library does to the world goes through these 37 operations and no others.
 //
-// An operation answers False where the form or the database refuses; the worker that called it reports. An operation
-// that cannot answer at all throws RunTimeFailure with the cause HostFailure, which ends the Run in progress. All
-// operations are called on the thread that called Run, one at a time; an operation may call Run again (a nested Run).
+// An operation answers False where the form or the database refuses; nothing has changed then, and the worker that
+// called it reports. One that cannot answer at all throws RunTimeFailure with the cause HostFailure, which ends the Run
+// in progress. All are called on the thread that called Run, one at a time; they may call Run again (a nested Run).
 //
 // An out-argument arrives empty and stays so where there is nothing to give.
 #pragma once
@@ -55,7 +55,7 @@ class Host {
 
   // Replaces the list with the rows of the statement. False where the statement fails.
   virtual bool scCollectSingleValues(const std::string& sql, const Selector& database) = 0;
-  // Adds the rows of the statement behind what is there.
+  // Adds the rows of the statement after what is there.
   virtual bool scAddSingleValues(const std::string& sql) = 0;
   // Removes the values that the statement gives; those that are not in the list are ignored.
   virtual bool scSubtractSingleValues(const std::string& sql) = 0;

@@ -5,7 +5,7 @@
 // road through the worker that was not taken before is run again once for each of its calls, with that call refused and
 // with that call failing. Always has to hold:
 //
-//   nothing but a failure of the call leaves the library, and no transaction stays open behind it;
+//   nothing but a failure of the call leaves the library, and no transaction stays open after it;
 //   a worker has one transaction open at most;
 //   where it has one, nothing of the action is left behind by an action that answers False or fails;
 //   an answer False has a message.
@@ -38,7 +38,7 @@ struct Counts {
   std::size_t faults = 0;
 };
 
-// Prints what was tried, behind all tests.
+// Prints what was tried, after all tests.
 class Summary : public testing::Environment {
  public:
   Counts counts;
@@ -103,7 +103,7 @@ class Faults : public testing::TestWithParam<std::string> {
     for (std::size_t call = 1; call <= clean.calls.size() && !HasFailure(); ++call) {
       for (const Fault fault : {Fault::Fails, Fault::Refuses}) {
         const std::string& wrong = clean.calls[call - 1].call;
-        if (fault == Fault::Refuses && !CanRefuse(OperationOf(clean.calls[call - 1]))) continue;
+        if (fault == Fault::Refuses && !FindOperation(OperationOf(clean.calls[call - 1])).CanRefuse()) continue;
         ++summary->counts.faults;
         const Course course = Go(world, before, scenario, deed, call, fault);
         Check(deed, course, clean, fault == Fault::Refuses ? wrong : "");
