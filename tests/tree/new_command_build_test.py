@@ -84,8 +84,8 @@ class NewCommandBuilds(unittest.TestCase):
             data = tree.compile(resources.relative_to(tree.root), BUILD / "Resources_data.cpp")
             sources = tree.compile("tests/support/SourceFolder.cpp", SOURCE / "tests/support/SourceFolder.cpp")
             test = tree.compile(f"tests/commands/{FAMILY}/{NAME}_test.cpp", SOURCE / "tests/entry/Registry_test.cpp")
-            road = tree.compile(f"tests/workbench/{FAMILY}_road_test.cpp",
-                                SOURCE / "tests/workbench/system_road_test.cpp")
+            road = tree.compile(f"tests/workbench/roads/{FAMILY}_road_test.cpp",
+                                SOURCE / "tests/workbench/roads/system_road_test.cpp")
 
             program = tree.link("cordboard", [module, registry, data])
             self.assertIn(f"{NAME}: TODO: a title\n", run(program, "help", NAME).stdout)

@@ -64,7 +64,7 @@ class NewCommand(unittest.TestCase):
             "made commands/groups/GPAGI.cpp", "made tests/commands/groups/GPAGI_test.cpp",
             "made data/forms/GPAGI.json", "made data/values/GPAGI.json", "made docs/commands/GPAGI.md",
             "entered it in entry/Commands.def", "entered it in data/generation-order.json",
-            "entered it in tests/workbench/groups_road_test.cpp"])
+            "entered it in tests/workbench/roads/groups_road_test.cpp"])
 
     def test_turns_the_row_of_a_planned_command_into_one_of_a_built_one(self):
         self.make("GPAGI")
@@ -89,7 +89,7 @@ class NewCommand(unittest.TestCase):
     def test_commands_of_a_family_share_a_road(self):
         self.make("GPAGI")
         self.make("GPGMI")
-        road = self.text("tests/workbench/groups_road_test.cpp")
+        road = self.text("tests/workbench/roads/groups_road_test.cpp")
         self.assertLess(road.index("TEST(GPAGIRoad, "), road.index("TEST(GPGMIRoad, "))
         self.assertEqual(road.count("}  // namespace cordboard::workbench\n"), 1)
 
@@ -123,9 +123,9 @@ class NewCommand(unittest.TestCase):
         self.assert_refused("docs/commands/GPAGI.md is there already: nothing was changed", "GPAGI")
 
     def test_refuses_a_road_that_ends_otherwise(self):
-        (self.root / "tests/workbench").mkdir(parents=True)
-        (self.root / "tests/workbench/groups_road_test.cpp").write_text("// Nothing.\n")
-        self.assert_refused("tests/workbench/groups_road_test.cpp does not end as the others", "GPAGI")
+        (self.root / "tests/workbench/roads").mkdir(parents=True)
+        (self.root / "tests/workbench/roads/groups_road_test.cpp").write_text("// Nothing.\n")
+        self.assert_refused("tests/workbench/roads/groups_road_test.cpp does not end as the others", "GPAGI")
 
     def test_says_how_it_is_used(self):
         usage = "Usage: tools/new-command NAME"

@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-// A form with these parameters and more fields behind them.
+// A form with these parameters and more fields after them.
 FormDefinition Read(const std::string& command, const std::string& parameters, const std::string& more = "") {
   const std::string json = R"({"title": "T", "help": "H.", "parameters": [)" + parameters + "]" + more + "}";
   return ReadForm(command, json, "forms/" + command + ".json");

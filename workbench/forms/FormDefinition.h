@@ -107,7 +107,7 @@ struct FormDefinition {
   bool generates = false;
 
   const ParameterDefinition* Find(std::string_view name) const;
-  std::size_t Place(std::string_view name) const;  // of a parameter in the order; behind all for an unknown one
+  std::size_t Place(std::string_view name) const;  // of a parameter in the order; after all for an unknown one
   const Folding* FoldingOf(std::string_view parameter) const;   // of a whole parameter, the first
   const Folding* FoldingWith(std::string_view subDigit) const;  // that a sub-digit parameter belongs to
 };
