@@ -137,6 +137,7 @@ class CommandLine {
     CLI::App* sub = app_.add_subcommand("help", "Show the parameters of a command");
     sub->add_option("COMMAND", options->command, "the command; none for the help of the program");
     sub->add_flag("--json", options->json, "print as JSON");
+    sub->add_flag("--page", options->page, "print as the page of the command, in Markdown")->excludes("--json");
     sub->callback([this, options] {
       if (!options->command.empty()) {
         exitCode_ = Help(*options);

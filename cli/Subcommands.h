@@ -77,6 +77,7 @@ int Commands(const CommandsOptions& options);
 struct HelpOptions {
   std::string command;
   bool json = false;
+  bool page = false;
 };
 int Help(const HelpOptions& options);
 

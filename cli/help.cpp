@@ -1,53 +1,102 @@
 // cordboard help COMMAND: the parameters of a command.
 
+#include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <regex>
+#include <sstream>
 
 #include "cli/Files.h"
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
+#include "workbench/data/Resources.h"
 
 namespace cordboard::cli {
 
 namespace {
 
+using workbench::DigitPlace;
+using workbench::Folding;
+using workbench::FormDefinition;
 using workbench::ParameterDefinition;
 
-std::string Traits(const ParameterDefinition& parameter) {
-  std::string traits = parameter.mandatory ? "has to be given" : "";
-  const auto add = [&traits](bool holds, const char* trait) {
-    if (holds) traits += std::string(traits.empty() ? "" : ", ") + trait;
+std::string Joined(const std::vector<std::string>& texts, const char* separator) {
+  std::string joined;
+  for (const std::string& text : texts) joined += (joined.empty() ? "" : separator) + text;
+  return joined;
+}
+
+std::string Quoted(const std::string& name) { return "`" + name + "`"; }
+
+// Which digits of which whole a sub-digit parameter is.
+std::string DigitsOf(const FormDefinition& form, const std::string& name) {
+  const Folding* folding = form.FoldingWith(name);
+  if (folding == nullptr) return "";
+  if (!folding->separator.empty()) return "a part of " + Quoted(folding->parameter);
+  for (const DigitPlace& place : folding->places) {
+    if (std::ranges::find(place.parameters, name) == place.parameters.end()) continue;
+    const std::string first = std::to_string(place.first);
+    std::string text = place.width == 1 ? "digit " + first
+                                        : "digits " + first + " to " + std::to_string(place.first + place.width - 1);
+    text += " of " + Quoted(folding->parameter);
+    const char* joint = ", added to ";
+    for (const std::string& other : place.parameters) {
+      if (other == name) continue;
+      text += joint + Quoted(other);
+      joint = " and ";
+    }
+    return text;
+  }
+  return "";
+}
+
+// What a user has to know of a parameter besides its title, in Markdown.
+std::string Traits(const FormDefinition& form, const ParameterDefinition& parameter) {
+  std::string traits;
+  const auto add = [&traits](const std::string& trait) {
+    if (!trait.empty()) traits += (traits.empty() ? "" : ", ") + trait;
   };
-  add(parameter.multiple, "several (1&2)");
-  add(parameter.range, "range (1&&9)");
-  add(parameter.list || parameter.fixed, "list");
-  add(parameter.check, "check");
-  add(parameter.next, "next");
+  for (const workbench::ParameterFlag& flag : workbench::ParameterFlags()) {
+    if (parameter.*flag.flag) add(flag.words);
+  }
+  add(DigitsOf(form, parameter.name));
+  if (!parameter.releases.empty()) add("only in " + Joined(parameter.releases, " and "));
   return traits;
 }
 
-void HelpAsText(const workbench::FormDefinition& form) {
+std::vector<std::string> Actions(const FormDefinition& form) {
+  std::vector<std::string> actions;
+  if (form.adds) actions.emplace_back("add");
+  if (form.edits) actions.emplace_back("edit");
+  if (form.deletes) actions.emplace_back("delete");
+  if (form.generates) actions.emplace_back("generate");
+  return actions;
+}
+
+std::string Plain(std::string markdown) {
+  std::erase(markdown, '`');
+  return markdown;
+}
+
+void HelpAsText(const FormDefinition& form) {
   std::cout << form.command << ": " << form.title << "\n\n" << form.help << "\n\n";
   std::vector<std::vector<std::string>> rows;
   for (const ParameterDefinition& parameter : form.parameters)
-    rows.push_back({parameter.name, parameter.title, Traits(parameter)});
+    rows.push_back({parameter.name, parameter.title, Plain(Traits(form, parameter))});
   PrintTable({"PARAMETER", "", ""}, rows);
-  std::cout << "\nActions:" << (form.adds ? " add" : "") << (form.edits ? " edit" : "")
-            << (form.deletes ? " delete" : "") << (form.generates ? " generate" : "") << '\n';
+  std::cout << "\nActions: " << Joined(Actions(form), " ") << '\n';
   std::cout << "list: see cordboard values FILE " << form.command << " PARAMETER\n";
 }
 
-void HelpAsJson(const workbench::FormDefinition& form) {
+void HelpAsJson(const FormDefinition& form) {
   nlohmann::json parameters = nlohmann::json::array();
-  for (const ParameterDefinition& parameter : form.parameters)
-    parameters.push_back({{"name", parameter.name},
-                          {"title", parameter.title},
-                          {"mandatory", parameter.mandatory},
-                          {"multiple", parameter.multiple},
-                          {"range", parameter.range},
-                          {"list", parameter.list || parameter.fixed},
-                          {"check", parameter.check},
-                          {"next", parameter.next}});
+  for (const ParameterDefinition& parameter : form.parameters) {
+    nlohmann::json entry{{"name", parameter.name}, {"title", parameter.title}};
+    for (const workbench::ParameterFlag& flag : workbench::ParameterFlags()) entry[flag.key] = parameter.*flag.flag;
+    entry["list"] = parameter.list || parameter.fixed;
+    entry["releases"] = parameter.releases;
+    parameters.push_back(entry);
+  }
   PrintJson({{"command", form.command},
              {"title", form.title},
              {"help", form.help},
@@ -56,12 +105,48 @@ void HelpAsJson(const workbench::FormDefinition& form) {
               {{"add", form.adds}, {"edit", form.edits}, {"delete", form.deletes}, {"generate", form.generates}}}});
 }
 
+// The first line of the plans that the program carries which adds a record of the command.
+std::string Example(const FormDefinition& form) {
+  const std::regex line("(" + form.command + ":.*;)\\s*(#.*)?");
+  for (const std::string_view path : workbench::ResourcesIn("plans/")) {
+    std::istringstream plan{std::string(workbench::Resource(path))};
+    std::smatch found;
+    for (std::string text; std::getline(plan, text);) {
+      if (std::regex_match(text, found, line)) return found[1];
+    }
+  }
+  return "";
+}
+
+// The page of the command, docs/commands/<COMMAND>.md, without the notes at its end.
+void HelpAsPage(const FormDefinition& form) {
+  std::cout << "# " << form.command << ": " << form.title << "\n\n" << form.help << "\n\n";
+  std::cout << "Actions: " << Joined(Actions(form), ", ") << '.'
+            << (form.single ? " One record for the whole exchange." : "") << "\n\n";
+  if (const std::string example = Example(form); !example.empty()) std::cout << "    " << example << "\n\n";
+  std::cout << "| Parameter | Meaning | |\n| --- | --- | --- |\n";
+  const ParameterDefinition* listed = nullptr;
+  for (const ParameterDefinition& parameter : form.parameters) {
+    const std::string traits = Traits(form, parameter);
+    std::cout << "| " << Quoted(parameter.name) << " | " << parameter.title << " | " << traits
+              << (traits.empty() ? "|\n" : " |\n");
+    if (listed == nullptr && (parameter.list || parameter.fixed)) listed = &parameter;
+  }
+  if (listed != nullptr)
+    std::cout << "\nWhat is possible now: `cordboard values FILE " << form.command << ' ' << listed->name << "`.\n";
+  std::vector<std::string> columns;
+  for (const std::string& column : form.columns) columns.push_back(Quoted(column));
+  std::cout << "\nRecord: table " << Quoted(form.table) << ", columns " << Joined(columns, ", ") << ".\n";
+}
+
 }  // namespace
 
 int Help(const HelpOptions& options) {
-  const auto& form = FormOf(options.command);
+  const FormDefinition& form = FormOf(options.command);
   if (options.json) {
     HelpAsJson(form);
+  } else if (options.page) {
+    HelpAsPage(form);
   } else {
     HelpAsText(form);
   }

@@ -32,7 +32,13 @@ add_test(NAME tree.calls COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/test
 add_test(NAME tree.check_calls COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_calls_test.py)
 add_test(NAME tree.new_command COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/new_command_test.py)
 set_tests_properties(tree.check_tree tree.calls tree.check_calls tree.new_command PROPERTIES
-  ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1;CXX=${CMAKE_CXX_COMPILER}")
+  ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1")
+# What new-command makes is built into the programs of this build.
+if(CORDBOARD_WORKBENCH AND CMAKE_GENERATOR STREQUAL "Ninja")
+  add_test(NAME tree.new_command_builds COMMAND Python3::Interpreter
+           ${PROJECT_SOURCE_DIR}/tests/tree/new_command_build_test.py ${PROJECT_BINARY_DIR})
+  set_tests_properties(tree.new_command_builds PROPERTIES LABELS slow ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1")
+endif()
 
 # What is installed serves an embedder.
 if(CORDBOARD_SANITIZE)
@@ -61,7 +67,10 @@ if(TARGET cordboard_remote)
 endif()
 
 # The page of every command says what its form says.
-add_test(NAME tree.pages COMMAND ${PROJECT_SOURCE_DIR}/tools/command-pages --check)
+if(CORDBOARD_WORKBENCH)
+  add_test(NAME tree.pages COMMAND ${PROJECT_SOURCE_DIR}/tools/command-pages --check
+                                   --program $<TARGET_FILE:cordboard>)
+endif()
 
 # Faults: every command with every call of its host going wrong.
 if(CORDBOARD_WORKBENCH)

@@ -129,7 +129,7 @@ class New(ProgramTest):
         new = self.folder / "new.cbx"
         for content in (b" ", b"{", b"\xff\xfe", b'{"name": "x"}'):
             plant = self.write("plant.json", content)
-            self.fails(TROUBLE, "is not a plant description", "new", new, "--release", "R7", "--plant", plant)
+            self.fails(TROUBLE, "plant.json: ", "new", new, "--release", "R7", "--plant", plant)
         for path in (self.folder, self.write("empty.json", "")):
             self.fails(TROUBLE, "is empty or cannot be read", "new", new, "--release", "R7", "--plant", path)
         self.assertFalse(new.exists())
@@ -433,9 +433,24 @@ class Data(ProgramTest):
         data = self.json("help", "NANSI")
         self.assertEqual(sorted(data), ["actions", "command", "help", "parameters", "title"])
         self.assertEqual(data["actions"], {"add": True, "edit": False, "delete": True, "generate": True})
-        self.assertEqual(data["parameters"][0], {"name": "NUMTYP", "title": "Number type", "mandatory": True,
-                                                 "multiple": False, "range": False, "list": True, "check": True,
-                                                 "next": False})
+        parameter = data["parameters"][0]
+        self.assertEqual((parameter["name"], parameter["title"], parameter["releases"]), ("NUMTYP", "Number type", []))
+        self.assertEqual([flag for flag, holds in parameter.items() if holds is True], ["check", "list", "mandatory"])
+
+    def test_help_tells_digits_and_releases(self):
+        text = self.ends(DONE, "help", "KSEXI").stdout
+        self.assertRegex(text, "(?m)^SERV_D7D8_SUB1 .* list, digits 7 to 8 of SERV, added to SERV_D7D8_SUB2$")
+        self.assertRegex(text, "(?m)^ADC_D11 .* list, digit 11 of ADC, only in R7 and R8$")
+        self.assertRegex(self.ends(DONE, "help", "KSMDI").stdout, "(?m)^DIRK_D6D7D8 .*, a part of DIRK$")
+
+    def test_help_prints_the_page_of_a_command(self):
+        page = self.ends(DONE, "help", "SYIDI", "--page").stdout
+        self.assertTrue(page.startswith("# SYIDI: Identity of the exchange\n"), page)
+        self.assertIn("Actions: add, edit, delete. One record for the whole exchange.\n", page)
+        self.assertIn("| `EXGID` | Number of the exchange, of type EN | has to be given, list |\n", page)
+        self.assertIn("What is possible now: `cordboard values FILE SYIDI EXGID`.\n", page)
+        self.assertTrue(page.endswith("Record: table `SYIDI`, columns `CMDID`, `EXGID`, `NUMTYP`.\n"), page)
+        self.ends(USAGE, "help", "SYIDI", "--page", "--json")
 
     def test_a_full_disk_behind_standard_output_is_trouble(self):
         for arguments in (["generate", self.exchange], ["show", self.exchange], ["commands", "--json"],

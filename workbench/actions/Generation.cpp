@@ -1,10 +1,8 @@
 #include "workbench/actions/Generation.h"
 
-#include <nlohmann/json.hpp>
-
 #include "script/Conversions.h"
 #include "workbench/actions/Filling.h"
-#include "workbench/data/Resources.h"
+#include "workbench/data/DataFile.h"
 
 namespace cordboard::workbench {
 
@@ -19,8 +17,7 @@ std::string After(std::size_t lines) {
 }  // namespace
 
 const std::vector<std::string>& GenerationOrder() {
-  static const std::vector<std::string> order =
-      nlohmann::json::parse(Resource("generation-order.json")).get<std::vector<std::string>>();
+  static const std::vector<std::string> order = ReadResource("generation-order.json").As<std::vector<std::string>>();
   return order;
 }
 

@@ -1,18 +1,14 @@
 #include "workbench/database/Schema.h"
 
 #include <algorithm>
-#include <array>
-#include <nlohmann/json.hpp>
 
+#include "workbench/data/DataFile.h"
+#include "workbench/data/Resources.h"
 #include "workbench/text/Names.h"
 #include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 namespace {
-
-using Json = nlohmann::ordered_json;
-
-constexpr std::array<std::string_view, 7> kKeys = {"name", "columns", "further", "types", "unique", "indexes", "note"};
 
 template <typename Named>
 const Named* FindNamed(const std::vector<Named>& all, std::string_view name) {
@@ -21,55 +17,58 @@ const Named* FindNamed(const std::vector<Named>& all, std::string_view name) {
 }
 
 // A name goes into square brackets as it is.
-std::string ReadName(const Json& json) {
-  std::string name = json.get<std::string>();
-  if (name.empty() || name.find_first_of(std::string("[]\0", 3)) != name.npos) throw SchemaError("a name is not valid");
-  if (IsRowPlace(name)) throw SchemaError("no column is named " + name);
+std::string ReadName(const DataItem& item) {
+  const std::string name = item.Text();
+  if (name.empty() || name.find_first_of(std::string("[]\0", 3)) != name.npos) item.Fail("the name is not valid");
+  if (IsRowPlace(name)) item.Fail("no column is named " + name);
   return name;
 }
 
-void ReadColumns(const Json& names, bool further, Table& table) {
-  for (const Json& entry : names) {
-    const std::string name = ReadName(entry);
-    if (table.Find(name)) throw SchemaError("the column " + name + " stands there twice");
+void ReadColumns(const DataItem& names, bool further, Table& table) {
+  for (const DataItem& item : names.List()) {
+    const std::string name = ReadName(item);
+    if (table.Find(name)) item.Fail("the column " + name + " stands there twice");
     table.columns.push_back({.name = name, .further = further});
   }
 }
 
-Column& ColumnOf(Table& table, const std::string& name) {
+Column& ColumnOf(Table& table, const std::string& name, const DataItem& item) {
   for (Column& column : table.columns) {
     if (SameName(column.name, name)) return column;
   }
-  throw SchemaError("there is no column " + name);
+  item.Fail("there is no column " + name);
 }
 
-void ReadTypes(const Json& types, Table& table) {
-  for (const auto& [name, type] : types.items()) {
-    if (type != "whole" && type != "truth") throw SchemaError("the type of " + name + " is neither whole nor truth");
-    ColumnOf(table, name).type = type == "whole" ? Column::Type::Whole : Column::Type::Truth;
-  }
+Column::Type ReadType(const DataItem& item) {
+  const std::string type = item.Text();
+  if (type == "whole") return Column::Type::Whole;
+  if (type == "truth") return Column::Type::Truth;
+  item.Fail("a type is \"whole\" or \"truth\", and every other column is text");
 }
 
-void ReadIndexes(const Json& indexes, Table& table, std::vector<std::vector<std::string>>& into) {
-  for (const Json& index : indexes) {
-    std::vector<std::string>& columns = into.emplace_back();
-    for (const Json& name : index) columns.push_back(ColumnOf(table, name.get<std::string>()).name);
-    if (columns.empty()) throw SchemaError("an index has no columns");
+std::vector<std::vector<std::string>> ReadIndexes(const DataItem& indexes, Table& table) {
+  std::vector<std::vector<std::string>> read;
+  for (const DataItem& index : indexes.List()) {
+    std::vector<std::string>& columns = read.emplace_back();
+    for (const DataItem& item : index.List()) columns.push_back(ColumnOf(table, item.Text(), item).name);
+    if (columns.empty()) index.Fail("an index has no columns");
   }
+  return read;
 }
 
-void ReadTable(const Json& json, Table& table) {
-  for (const auto& [key, value] : json.items()) {
-    if (std::find(kKeys.begin(), kKeys.end(), key) == kKeys.end()) throw SchemaError("\"" + key + "\" has no meaning");
+Table ReadTable(Fields& fields) {
+  Table table{.name = ReadName(fields.At("name")), .columns = {}, .unique = {}, .indexes = {}, .note = {}};
+  const DataItem columns = fields.At("columns");
+  ReadColumns(columns, false, table);
+  if (table.columns.empty()) columns.Fail("the table has no columns");
+  if (const auto further = fields.Find("further")) ReadColumns(*further, true, table);
+  if (const auto types = fields.Find("types")) {
+    for (const auto& [name, item] : types->Entries()) ColumnOf(table, name, item).type = ReadType(item);
   }
-  const auto part = [&](const char* key) { return json.contains(key) ? json.at(key) : Json(); };
-  ReadColumns(part("columns"), false, table);
-  ReadColumns(part("further"), true, table);
-  if (table.columns.empty()) throw SchemaError("it has no columns");
-  ReadTypes(part("types"), table);
-  ReadIndexes(part("unique"), table, table.unique);
-  ReadIndexes(part("indexes"), table, table.indexes);
-  table.note = json.value("note", "");
+  if (const auto unique = fields.Find("unique")) table.unique = ReadIndexes(*unique, table);
+  if (const auto indexes = fields.Find("indexes")) table.indexes = ReadIndexes(*indexes, table);
+  table.note = fields.Get<std::string>("note", "");
+  return table;
 }
 
 std::string_view DeclaredType(Column::Type type) {
@@ -101,29 +100,25 @@ const Table* DatabaseSchema::Find(std::string_view table) const { return FindNam
 
 const DatabaseSchema& Schema::Database(std::string_view name) const {
   if (const DatabaseSchema* database = FindNamed(databases, name)) return *database;
-  throw SchemaError("there is no database " + std::string(name));
+  throw DataError("there is no database " + std::string(name));
 }
 
-Schema ReadSchema(std::string_view json) try {
+Schema ReadSchema(std::string_view json) {
   Schema schema;
-  const Json root = Json::parse(json);
-  for (const auto& [name, tables] : root.items()) {
+  for (const auto& [name, tables] : ReadData(json, "schema.json").Entries()) {
     DatabaseSchema& database = schema.databases.emplace_back(DatabaseSchema{.name = name, .tables = {}});
-    for (const Json& entry : tables) {
-      Table table;
-      table.name = ReadName(entry.at("name"));
-      if (database.Find(table.name)) throw SchemaError("table " + table.name + " stands in " + name + " twice");
-      try {
-        ReadTable(entry, table);
-      } catch (const std::exception& error) {
-        throw SchemaError("table " + table.name + ": " + error.what());
-      }
+    for (const DataItem& item : tables.List()) {
+      Table table = item.Object(ReadTable);
+      if (database.Find(table.name)) item.Fail("the table " + table.name + " stands there twice");
       database.tables.push_back(std::move(table));
     }
   }
   return schema;
-} catch (const Json::exception& error) {
-  throw SchemaError(std::string("the schema cannot be read: ") + error.what());
+}
+
+const Schema& ShippedSchema() {
+  static const Schema schema = ReadSchema(Resource("schema.json"));
+  return schema;
 }
 
 std::vector<std::string> CreateStatements(const DatabaseSchema& database) {

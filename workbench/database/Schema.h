@@ -9,17 +9,11 @@
 // Names of tables and columns are the same in any capitals.
 #pragma once
 
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace cordboard::workbench {
-
-class SchemaError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 struct Column {
   // A text column keeps '007' as it is, a whole column makes 7 of it, a truth column holds true and false.
@@ -50,11 +44,13 @@ struct DatabaseSchema {
 struct Schema {
   std::vector<DatabaseSchema> databases;
 
-  const DatabaseSchema& Database(std::string_view name) const;  // fails with a SchemaError where there is none
+  const DatabaseSchema& Database(std::string_view name) const;  // fails with a DataError where there is none
 };
 
-// Fails with a SchemaError that names the table, where the text is not a schema.
+// Fails with a DataError that names the table and the place, where the text is not a schema.
 Schema ReadSchema(std::string_view json);
+// The one that the program carries.
+const Schema& ShippedSchema();
 
 // The statements that create the database's tables and indexes, in SQLite's own language and always in the same order.
 // The declared types are TEXT, INTEGER and BOOLEAN. No column is a key, so that rows stand in the order of insertion.

@@ -6,7 +6,6 @@
 #include <system_error>
 
 #include "script/Conversions.h"
-#include "workbench/data/Resources.h"
 #include "workbench/database/Schema.h"
 #include "workbench/exchange/FixedValues.h"
 #include "workbench/exchange/NumberSeries.h"
@@ -21,8 +20,7 @@ constexpr int applicationId = 0x43424258;
 constexpr int schemaVersion = 1;
 
 void MakeTables(Connection& database, const char* selector) {
-  static const Schema schema = ReadSchema(Resource("schema.json"));
-  for (const std::string& statement : CreateStatements(schema.Database(selector))) database.Execute(statement);
+  for (const std::string& statement : CreateStatements(ShippedSchema().Database(selector))) database.Execute(statement);
 }
 
 // Generated lines are nobody's data: while an exchange is open they stand in a table of the connection, in front of the

@@ -1,93 +1,129 @@
 #include "workbench/exchange/FixedValues.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
-#include <vector>
 
+#include "workbench/data/DataFile.h"
 #include "workbench/data/Resources.h"
 #include "workbench/database/Connection.h"
+#include "workbench/exchange/Exchange.h"
 #include "workbench/text/Elements.h"
 
 namespace cordboard::workbench {
 
 namespace {
 
-using nlohmann::json;
+using Texts = std::vector<std::string>;
 
-// An entry without releases holds for all.
-bool HoldsFor(const json& entry, const std::string& release) {
-  const auto releases = entry.find("releases");
-  return releases == entry.end() || std::find(releases->begin(), releases->end(), json(release)) != releases->end();
+// The description of one value of a range.
+std::string Described(const std::string& description, const std::string& value) {
+  const std::size_t at = description.find('%');
+  if (at == description.npos) return description;
+  const std::size_t digits = std::min(value.find_first_not_of('0'), value.size() - 1);
+  return std::string(description).replace(at, 1, value.substr(digits));
 }
 
-std::string Replaced(std::string text, const std::string& sign, const std::string& value) {
-  const std::size_t at = text.find(sign);
-  return at == text.npos ? text : text.replace(at, sign.size(), value);
-}
-
-// A value that is a range ("1&&16") stands for all of it, and % in its description for the single value.
-void EnterList(Connection& database, const std::string& command, const std::string& parameter, int definition,
-               const json& values) {
-  for (const json& entry : values) {
-    const std::string typed = entry.at(0);
-    for (const std::string& value : HoldsRange(typed) ? Elements(typed) : std::vector<std::string>{typed})
-      database.Run(
-          "INSERT INTO [ParamValueDesc] ([Command], [Param], [Value], [ValDesc], [DefinitionNo]) VALUES (?, ?, ?, ?, "
-          "?)",
-          {command, parameter, value, Replaced(entry.at(1), "%", value), definition});
+std::vector<std::pair<std::string, std::string>> ReadEntries(const DataItem& item) {
+  std::vector<std::pair<std::string, std::string>> entries;
+  for (const auto& [typed, text] : item.Entries()) {
+    const std::string description = text.Text();
+    if (typed.empty()) text.Fail("a value is not blank");
+    if (!HoldsRange(typed)) {
+      entries.emplace_back(typed, description);
+      continue;
+    }
+    try {
+      for (const std::string& value : Elements(typed)) entries.emplace_back(value, Described(description, value));
+    } catch (const ElementsError& error) {
+      text.Fail(error.what());
+    }
   }
+  return entries;
 }
 
-// {"command": ..., "parameters": {NAME: [{"definition": 1, "releases": [...], "values": [[value, description], ...]}]}}
-// Several commands share a file with "commands", several definitions a list with "definitions".
-void EnterLists(Connection& database, const json& data, const std::string& release) {
-  const std::vector<std::string> commands =
-      data.contains("command") ? json::array({data.at("command")}) : data.at("commands");
-  for (const auto& [parameter, lists] : data.at("parameters").items()) {
-    for (const json& list : lists) {
-      if (!HoldsFor(list, release)) continue;
-      const std::vector<int> definitions = list.value("definitions", std::vector<int>{list.value("definition", 1)});
-      for (const std::string& command : commands) {
-        for (const int definition : definitions) EnterList(database, command, parameter, definition, list.at("values"));
+Texts ReadReleases(Fields& list) {
+  const auto item = list.Find("releases");
+  if (!item) return Releases();
+  for (const DataItem& release : item->List()) {
+    if (std::ranges::find(Releases(), release.Text()) == Releases().end())
+      release.Fail("there is no release " + release.Text());
+  }
+  return item->As<Texts>();
+}
+
+FixedTable ReadTable(Fields& file) {
+  FixedTable table{.name = file.Get<std::string>("table"), .columns = file.Get<Texts>("columns"), .rows = {}};
+  for (const DataItem& item : file.At("rows").List()) {
+    std::vector<Value>& row = table.rows.emplace_back();
+    for (const DataItem& cell : item.List()) row.push_back(cell.Cell());
+    if (row.size() != table.columns.size())
+      item.Fail("the row has " + std::to_string(row.size()) + " cells, and there are " +
+                std::to_string(table.columns.size()) + " columns");
+  }
+  return table;
+}
+
+void EnterList(Connection& database, const FixedList& list) {
+  for (const std::string& command : list.commands) {
+    for (const std::string& parameter : list.parameters) {
+      for (const int definition : list.definitions) {
+        for (const auto& [value, description] : list.values)
+          database.Run(
+              "INSERT INTO [ParamValueDesc] ([Command], [Param], [Value], [ValDesc], [DefinitionNo]) VALUES (?, ?, ?, "
+              "?, ?)",
+              {command, parameter, value, description, definition});
       }
     }
   }
 }
 
-// {"table": ..., "columns": [...], "rows": [[...], ...]}: texts, numbers, truth values and nulls as they stand.
-void EnterRows(Connection& database, const json& data) {
+void EnterTable(Connection& database, const FixedTable& table) {
   std::string columns;
   std::string places;
-  for (const json& column : data.at("columns")) {
-    columns += (columns.empty() ? "[" : ", [") + column.get<std::string>() + "]";
+  for (const std::string& column : table.columns) {
+    columns += (columns.empty() ? "[" : ", [") + column + "]";
     places += places.empty() ? "?" : ", ?";
   }
-  const std::string insert =
-      "INSERT INTO [" + data.at("table").get<std::string>() + "] (" + columns + ") VALUES (" + places + ")";
-  for (const json& row : data.at("rows")) {
-    std::vector<Value> values;
-    for (const json& cell : row) {
-      if (cell.is_null()) values.push_back(Value::Null());
-      if (cell.is_boolean()) values.emplace_back(cell.get<bool>());
-      if (cell.is_number()) values.emplace_back(cell.get<double>());
-      if (cell.is_string()) values.emplace_back(cell.get<std::string>());
-    }
-    database.Run(insert, values);
-  }
+  for (const std::vector<Value>& row : table.rows)
+    database.Run("INSERT INTO [" + table.name + "] (" + columns + ") VALUES (" + places + ")", row);
 }
 
 }  // namespace
 
+void ReadFixedValues(std::string_view json, const std::string& file, FixedValues& values) {
+  ReadData(json, file).Object([&](Fields& fields) {
+    if (fields.Has("table")) {
+      values.tables.push_back(ReadTable(fields));
+      return;
+    }
+    const auto commands = fields.Get<Texts>("commands");
+    for (const DataItem& item : fields.At("lists").List()) {
+      values.lists.push_back(item.Object([&](Fields& list) {
+        return FixedList{.commands = commands,
+                         .parameters = list.Get<Texts>("parameters"),
+                         .releases = ReadReleases(list),
+                         .definitions = list.Get("definitions", std::vector<int>{1}),
+                         .values = ReadEntries(list.At("values"))};
+      }));
+    }
+  });
+}
+
+const FixedValues& AllFixedValues() {
+  static const FixedValues all = [] {
+    FixedValues values;
+    for (const std::string_view path : ResourcesIn("values/"))
+      ReadFixedValues(Resource(path), std::string(path), values);
+    return values;
+  }();
+  return all;
+}
+
 void EnterFixedValues(Connection& database, const std::string& release) {
   database.Start();
-  for (const std::string_view path : ResourcesIn("values/")) {
-    const json data = json::parse(Resource(path));
-    if (data.contains("table")) {
-      EnterRows(database, data);
-    } else {
-      EnterLists(database, data, release);
-    }
+  for (const FixedList& list : AllFixedValues().lists) {
+    if (std::ranges::find(list.releases, release) != list.releases.end()) EnterList(database, list);
   }
+  for (const FixedTable& table : AllFixedValues().tables) EnterTable(database, table);
   database.Commit();
 }
 

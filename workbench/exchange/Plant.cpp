@@ -2,27 +2,38 @@
 
 #include <cstdio>
 #include <fstream>
-#include <nlohmann/json.hpp>
+#include <map>
+#include <optional>
 #include <set>
 #include <sstream>
 
+#include "workbench/data/DataFile.h"
 #include "workbench/data/Resources.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/text/Elements.h"
-#include "workbench/text/Utf8.h"
 
 namespace cordboard::workbench {
 
 namespace {
 
-using nlohmann::json;
-
 // The number of positions on each type of board (data/board-types.json).
-int Positions(const std::string& boardId) {
-  static const json types = json::parse(Resource("board-types.json"));
-  const auto found = types.find(boardId);
-  if (found == types.end()) throw PlantError("there is no board type '" + boardId + "'");
-  return found->at("positions");
+const std::map<std::string, int>& BoardTypes() {
+  static const auto types = [] {
+    std::map<std::string, int> read;
+    for (const auto& [type, item] : ReadResource("board-types.json").Entries())
+      read[type] = item.Object([](Fields& fields) {
+        fields.Get<std::string>("title");  // for who reads the file
+        return fields.Get<int>("positions");
+      });
+    return read;
+  }();
+  return types;
+}
+
+int Positions(const DataItem& type) {
+  const auto found = BoardTypes().find(type.Text());
+  if (found == BoardTypes().end()) type.Fail("there is no board type '" + type.Text() + "'");
+  return found->second;
 }
 
 std::string EQU(const Plant::Board& board, int individual) {
@@ -56,27 +67,51 @@ void Check(const Plant& plant) {
   }
 }
 
-Plant Read(const json& data) {
-  Plant plant{.name = data.at("name")};
-  for (const json& place : data.at("locations"))
-    plant.locations.push_back({place.at("location"), place.value("description", "")});
-  for (const json& lim : data.at("lims"))
-    plant.lims.push_back({lim.at("lim"), lim.at("location"), lim.value("description", "")});
-  for (const json& board : data.at("boards")) {
-    Plant::Board entry{board.at("lim"), board.at("magazine"), board.at("slot"), board.at("type")};
-    entry.positions = Positions(entry.boardId);
-    plant.boards.push_back(entry);
+using Text = std::string;
+
+Plant::Location ReadLocation(Fields& fields) {
+  return {fields.Get<Text>("location"), fields.Get<Text>("description", "")};
+}
+
+Plant::Lim ReadLim(Fields& fields) {
+  return {fields.Get<int>("lim"), fields.Get<Text>("location"), fields.Get<Text>("description", "")};
+}
+
+Plant::Board ReadBoard(Fields& fields) {
+  return {fields.Get<int>("lim"), fields.Get<int>("magazine"), fields.Get<int>("slot"), fields.Get<Text>("type"),
+          Positions(fields.At("type"))};
+}
+
+Plant::Customer ReadCustomer(Fields& fields) { return {fields.Get<Text>("cust"), fields.Get<Text>("description", "")}; }
+
+std::vector<std::string> ReadElements(const DataItem& item) {
+  try {
+    return Elements(item.Text());
+  } catch (const ElementsError& error) {
+    item.Fail(error.what());
   }
-  for (const json& customer : data.value("customers", json::array()))
-    plant.customers.push_back({customer.at("cust"), customer.value("description", "")});
-  for (const json& lines : data.value("trunkLines", json::array())) {
-    for (const std::string& line : Elements(lines.at("tru"))) plant.trunkLines.emplace_back(lines.at("lim"), line);
+}
+
+std::vector<DataItem> Listed(const std::optional<DataItem>& item) {
+  return item ? item->List() : std::vector<DataItem>();
+}
+
+Plant ReadFields(Fields& fields) {
+  Plant plant{.name = fields.Get<Text>("name")};
+  for (const DataItem& item : fields.At("locations").List()) plant.locations.push_back(item.Object(ReadLocation));
+  for (const DataItem& item : fields.At("lims").List()) plant.lims.push_back(item.Object(ReadLim));
+  for (const DataItem& item : fields.At("boards").List()) plant.boards.push_back(item.Object(ReadBoard));
+  for (const DataItem& item : Listed(fields.Find("customers"))) plant.customers.push_back(item.Object(ReadCustomer));
+  for (const DataItem& item : Listed(fields.Find("trunkLines"))) {
+    item.Object([&plant](Fields& lines) {
+      const int lim = lines.Get<int>("lim");
+      for (const std::string& line : ReadElements(lines.At("tru"))) plant.trunkLines.emplace_back(lim, line);
+    });
   }
-  for (const json& routes : data.value("routes", json::array())) {
-    for (const std::string& route : Elements(routes)) plant.routes.push_back(route);
+  for (const DataItem& item : Listed(fields.Find("routes"))) {
+    for (const std::string& route : ReadElements(item)) plant.routes.push_back(route);
   }
-  plant.categories = data.value("categories", 0);
-  Check(plant);
+  plant.categories = fields.Get("categories", 0);
   return plant;
 }
 
@@ -105,12 +140,13 @@ Plant ReadPlant(const std::string& nameOrFile) {
 }
 
 Plant ParsePlant(std::string_view text, const std::string& source) {
-  if (!IsUtf8(text)) throw PlantError(source + " is not a plant description: it is not UTF-8 text");
   try {
-    return Read(json::parse(text));
-  } catch (const json::exception& error) {
-    throw PlantError(source + " is not a plant description: " + error.what());
-  } catch (const std::runtime_error& error) {
+    const Plant plant = ReadData(text, source).Object(ReadFields);
+    Check(plant);
+    return plant;
+  } catch (const DataError& error) {
+    throw PlantError(error.what());
+  } catch (const PlantError& error) {
     throw PlantError(source + ": " + error.what());
   }
 }

@@ -23,6 +23,22 @@ Value Found(const std::map<std::string, Value>& values, const std::string& name)
 
 }  // namespace
 
+// Of several foldings of a whole the one most of whose parameters are given; the first, while none is.
+const Folding* Form::FoldingInForce(const std::string& whole) const {
+  const Folding* inForce = nullptr;
+  long most = -1;
+  for (const Folding& folding : definition_.foldings) {
+    if (folding.parameter != whole) continue;
+    long given = 0;
+    for (const DigitPlace& place : folding.places)
+      given +=
+          std::ranges::count_if(place.parameters, [&](const auto& name) { return !Found(values_, name).IsBlank(); });
+    if (given > most) inForce = &folding;
+    most = std::max(most, given);
+  }
+  return inForce;
+}
+
 std::string Form::Folded(const Folding& folding) const {
   const Value whole = Found(values_, folding.parameter);
   std::string digits = whole.IsText() ? whole.text() : "";
@@ -57,7 +73,7 @@ std::string Form::Composed(const Folding& folding) const {
 }
 
 Value Form::Get(const std::string& name) const {
-  if (const Folding* folding = definition_.FoldingOf(name)) {
+  if (const Folding* folding = FoldingInForce(name)) {
     const std::string digits = folding->separator.empty() ? Folded(*folding) : Composed(*folding);
     if (!digits.empty()) return digits;
   }
@@ -68,12 +84,22 @@ Value Form::Get(const std::string& name) const {
 
 Value Form::Previous(const std::string& name) const { return Found(previous_, name); }
 
+// Of several foldings of a whole the one that has as many digits as the text; the first, where none has.
+const Folding* Form::FoldingOfText(const std::string& whole, const Value& text) const {
+  const auto fits = [&](const Folding& folding) {
+    return folding.parameter == whole && text.IsText() &&
+           Length(text.text()) == static_cast<std::size_t>(folding.length);
+  };
+  const auto found = std::ranges::find_if(definition_.foldings, fits);
+  return found == definition_.foldings.end() ? definition_.FoldingOf(whole) : &*found;
+}
+
 void Form::Set(const std::string& name, const Value& value) {
   previous_[name] = Get(name);
   values_[name] = value;
-  const Folding* folding = definition_.FoldingOf(name);
+  ClearParts(name);
+  const Folding* folding = FoldingOfText(name, value);
   if (folding == nullptr) return;
-  ClearParts(*folding);
   if (value.IsText() && !folding->separator.empty()) return SetParts(*folding, value.text());
   for (const DigitPlace& place : folding->places) {
     // Parameters that add up to one place cannot be told apart in the whole.
@@ -97,13 +123,17 @@ void Form::SetParts(const Folding& folding, std::string whole) {
 void Form::Reset(const std::string& name) {
   previous_[name] = Get(name);
   values_.erase(name);
-  if (const Folding* folding = definition_.FoldingOf(name)) ClearParts(*folding);
+  ClearParts(name);
   if (const Folding* folding = definition_.FoldingWith(name)) ClearDigits(*folding, name);
 }
 
-void Form::ClearParts(const Folding& folding) {
-  for (const DigitPlace& place : folding.places) {
-    for (const std::string& parameter : place.parameters) values_.erase(parameter);
+// Nothing for a parameter that is no whole.
+void Form::ClearParts(const std::string& whole) {
+  for (const Folding& folding : definition_.foldings) {
+    if (folding.parameter != whole) continue;
+    for (const DigitPlace& place : folding.places) {
+      for (const std::string& parameter : place.parameters) values_.erase(parameter);
+    }
   }
 }
 

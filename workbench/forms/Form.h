@@ -39,8 +39,10 @@ class Form {
   void SetActiveDefinition(const std::string& name, int definition) { definitions_[name] = definition; }
 
  private:
+  const Folding* FoldingInForce(const std::string& whole) const;
+  const Folding* FoldingOfText(const std::string& whole, const Value& text) const;
   std::string Folded(const Folding& folding) const;
-  void ClearParts(const Folding& folding);
+  void ClearParts(const std::string& whole);
   void ClearDigits(const Folding& folding, const std::string& subDigit);
   std::string Composed(const Folding& folding) const;
   void SetParts(const Folding& folding, std::string whole);

@@ -1,91 +1,38 @@
 #include "workbench/forms/FormDefinition.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
-#include <nlohmann/json.hpp>
 
 #include "workbench/data/Resources.h"
-#include "workbench/text/Nearest.h"
+#include "workbench/forms/FormReader.h"
 
 namespace cordboard::workbench {
 
 namespace {
 
-using nlohmann::json;
+using Source = ParameterFlag::Source;
 
-std::optional<Pool> ReadPool(const json& data) {
-  if (!data.contains("pool")) return std::nullopt;
-  return Pool{data["pool"].at("table"), data["pool"].at("column")};
-}
-
-std::optional<Narrowing> ReadNarrowing(const json& data) {
-  if (!data.contains("narrowed")) return std::nullopt;
-  return Narrowing{data["narrowed"].at("by"), data["narrowed"].at("without")};
-}
-
-ParameterDefinition ReadParameter(const json& data) {
-  return {.name = data.at("name"),
-          .title = data.at("title"),
-          .mandatory = data.value("mandatory", false),
-          .multiple = data.value("multiple", false),
-          .range = data.value("range", false),
-          .list = data.value("list", false),
-          .fixed = data.value("fixed", false),
-          .check = data.value("check", false),
-          .text = data.value("text", false),
-          .reuse = data.value("reuse", false),
-          .oneInEdit = data.value("oneInEdit", false),
-          .next = data.value("next", false),
-          .addOnly = data.value("addOnly", false),
-          .releases = data.value("releases", std::vector<std::string>()),
-          .pool = ReadPool(data),
-          .narrowing = ReadNarrowing(data)};
-}
-
-Folding ReadFolding(const json& data) {
-  Folding folding{.parameter = data.at("parameter"), .separator = data.value("separator", std::string())};
-  if (!folding.separator.empty()) {
-    for (const json& part : data.at("parts")) folding.places.push_back({.parameters = {part.get<std::string>()}});
-    return folding;
-  }
-  folding.length = data.at("length");
-  folding.fill = data.value("fill", std::string("0")).at(0);
-  for (const json& place : data.at("places"))
-    folding.places.push_back({place.at("first"), place.value("width", 1), place.at("parameters")});
-  return folding;
-}
-
-FormDefinition ReadForm(std::string_view text) {
-  const json data = json::parse(text);
-  FormDefinition form{.command = data.at("command"),
-                      .title = data.at("title"),
-                      .help = data.at("help"),
-                      .table = data.at("table"),
-                      .columns = data.at("columns"),
-                      .inStep = data.value("inStep", std::vector<std::vector<std::string>>()),
-                      .oneOf = data.value("oneOf", std::vector<std::vector<std::string>>()),
-                      .ordered = data.value("ordered", false),
-                      .single = data.value("single", false)};
-  for (const json& parameter : data.at("parameters")) form.parameters.push_back(ReadParameter(parameter));
-  for (const json& folding : data.value("folding", json::array())) form.foldings.push_back(ReadFolding(folding));
-  const json after = data.value("after", json::object());
-  form.handling = {.removeRowAfterDelete = after.value("removeRowAfterDelete", false),
-                   .writeAfterEdit = after.value("writeAfterEdit", std::vector<std::string>())};
-  const std::vector<std::string> actions = data.at("actions");
-  const auto serves = [&actions](const char* action) { return std::ranges::find(actions, action) != actions.end(); };
-  form.adds = serves("add");
-  form.edits = serves("edit");
-  form.deletes = serves("delete");
-  form.generates = serves("generate");
-  return form;
-}
+constexpr ParameterFlag flags[] = {
+    {"mandatory", &ParameterDefinition::mandatory, Source::Form, "has to be given"},
+    {"multiple", &ParameterDefinition::multiple, Source::Form, "several (`1&2`)"},
+    {"range", &ParameterDefinition::range, Source::Form, "range (`1&&9`)"},
+    {"oneInEdit", &ParameterDefinition::oneInEdit, Source::Form, "one value in an edit"},
+    {"list", &ParameterDefinition::list, Source::Library, "list"},
+    {"fixed", &ParameterDefinition::fixed, Source::Library, "list"},
+    {"check", &ParameterDefinition::check, Source::Library, "check"},
+    {"next", &ParameterDefinition::next, Source::Form, "next"},
+    {"addOnly", &ParameterDefinition::addOnly, Source::Form, "when a record is added"},
+    {"reuse", &ParameterDefinition::reuse, Source::Form, ""},
+    {"text", &ParameterDefinition::text, Source::Form, ""},
+};
 
 const std::map<std::string, FormDefinition, std::less<>>& AllForms() {
   static const auto forms = [] {
     std::map<std::string, FormDefinition, std::less<>> read;
     for (const std::string_view path : ResourcesIn("forms/")) {
-      FormDefinition form = ReadForm(Resource(path));
-      read.emplace(form.command, std::move(form));
+      const std::string command = std::filesystem::path(path).stem().string();
+      read.emplace(command, ReadForm(command, Resource(path), std::string(path)));
     }
     return read;
   }();
@@ -93,6 +40,8 @@ const std::map<std::string, FormDefinition, std::less<>>& AllForms() {
 }
 
 }  // namespace
+
+std::span<const ParameterFlag> ParameterFlags() { return flags; }
 
 bool ParameterDefinition::IsIn(std::string_view release) const {
   return releases.empty() || std::ranges::find(releases, release) != releases.end();

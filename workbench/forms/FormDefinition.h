@@ -1,7 +1,9 @@
 // What a command's form is: its parameters, its record and what the record handling does (data/forms/<COMMAND>.json).
+// What the command serves, and which digits a name tells, is not said there again (workbench/forms/FormReader.h).
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,11 +36,11 @@ struct ParameterDefinition {
   bool reuse = false;     // a value that a record has is possible as well, though the list has it no more
   // Several values make a record each, so that an edit, which changes one record, takes one value.
   bool oneInEdit = false;
+  bool next = false;     // "next" and "next:20" stand for the first values of its list
+  bool addOnly = false;  // is given when a record is added; an edit cannot change it
 
   // Whether its value is taken apart at "&": elsewhere the sign is part of the value.
   bool TakesElements() const { return multiple || range; }
-  bool next = false;     // "next" and "next:20" stand for the first values of its list
-  bool addOnly = false;  // is given when a record is added; an edit cannot change it
 
   std::vector<std::string> releases = {};  // that have the parameter; none named: all of them
   std::optional<Pool> pool = {};           // "next" passes over what is taken there
@@ -46,6 +48,19 @@ struct ParameterDefinition {
 
   bool IsIn(std::string_view release) const;
 };
+
+// A flag of a parameter: what the form, the help and the pages know it by.
+struct ParameterFlag {
+  enum class Source { Form, Library };  // said in the form, or told by what the command serves
+
+  const char* key;
+  bool ParameterDefinition::*flag;
+  Source source;
+  const char* words;  // what a user reads, typed text in back quotes; nothing where he need not know
+};
+
+// All of them, in the order in which users read them.
+std::span<const ParameterFlag> ParameterFlags();
 
 // Some digits of a whole parameter, entered on the form as sub-digit parameters. Several that share the same digits add
 // up, each to as many digits as the place has.
@@ -56,6 +71,7 @@ struct DigitPlace {
 };
 
 // A whole parameter that the form folds from sub-digit parameters. Digits without a place, or not given, are the fill.
+// A whole may have several foldings, of which the one holds whose parameters are given.
 // With a separator the whole is no row of digits but its parts as they are typed, one parameter each, with the
 // separator between them ("200-A1").
 struct Folding {
@@ -91,8 +107,8 @@ struct FormDefinition {
   bool generates = false;
 
   const ParameterDefinition* Find(std::string_view name) const;
-  std::size_t Place(std::string_view name) const;  // of a parameter in the order; behind all for an unknown one
-  const Folding* FoldingOf(std::string_view parameter) const;   // of a whole parameter
+  std::size_t Place(std::string_view name) const;  // of a parameter in the order; after all for an unknown one
+  const Folding* FoldingOf(std::string_view parameter) const;   // of a whole parameter, the first
   const Folding* FoldingWith(std::string_view subDigit) const;  // that a sub-digit parameter belongs to
 };
 

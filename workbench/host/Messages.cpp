@@ -1,16 +1,27 @@
 #include "workbench/host/Messages.h"
 
-#include <nlohmann/json.hpp>
+#include <map>
+#include <utility>
 
 #include "script/Conversions.h"
-#include "workbench/data/Resources.h"
+#include "workbench/data/DataFile.h"
 
 namespace cordboard::workbench {
 
 namespace {
 
-const nlohmann::json& Catalogue() {
-  static const auto catalogue = nlohmann::json::parse(Resource("messages.json"));
+// The text for each code and number of arguments.
+const std::map<std::pair<std::string, std::size_t>, std::string>& Catalogue() {
+  static const auto catalogue = [] {
+    std::map<std::pair<std::string, std::size_t>, std::string> texts;
+    for (const auto& [code, byCount] : ReadResource("messages.json").Entries()) {
+      for (const auto& [count, text] : byCount.Entries()) {
+        if (count.size() != 1 || count < "0" || count > "9") text.Fail("a number of arguments is one digit");
+        texts[{code, static_cast<std::size_t>(count[0] - '0')}] = text.Text();
+      }
+    }
+    return texts;
+  }();
   return catalogue;
 }
 
@@ -33,11 +44,8 @@ std::string Filled(const std::string& text, const std::vector<Value>& arguments)
 }  // namespace
 
 std::string MessageText(const Value& code, const std::vector<Value>& arguments) {
-  const auto texts = Catalogue().find(Joined(code));
-  if (texts != Catalogue().end()) {
-    const auto text = texts->find(std::to_string(arguments.size()));
-    if (text != texts->end()) return Filled(text->get<std::string>(), arguments);
-  }
+  const auto text = Catalogue().find({Joined(code), arguments.size()});
+  if (text != Catalogue().end()) return Filled(text->second, arguments);
   std::string fallback = "Message " + Joined(code) + " was reported";
   for (const Value& argument : arguments)
     fallback += (&argument == &arguments.front() ? ": " : ", ") + Joined(argument);

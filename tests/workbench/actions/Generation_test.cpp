@@ -7,6 +7,7 @@
 #include <set>
 #include <sstream>
 
+#include "entry/Registry.h"
 #include "script/ForwardingHost.h"
 #include "script/RunTimeFailure.h"
 #include "workbench/plans/Plan.h"
@@ -119,7 +120,12 @@ TEST(GenerationOrder, HoldsEveryCommandThatGeneratesOnce) {
   const std::set<std::string> order(GenerationOrder().begin(), GenerationOrder().end());
   EXPECT_EQ(order.size(), GenerationOrder().size());
   for (const FormDefinition* form : Forms())
-    EXPECT_TRUE(!form->generates || order.contains(form->command)) << form->command;
+    EXPECT_EQ(form->generates, order.contains(form->command)) << form->command;
+}
+
+TEST(GenerationOrder, HoldsCommandsOfTheExchangeAlone) {
+  for (const std::string& command : GenerationOrder())
+    EXPECT_NE(std::ranges::find(CommandNames(), command), CommandNames().end()) << command;
 }
 
 }  // namespace

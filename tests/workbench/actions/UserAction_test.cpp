@@ -198,7 +198,7 @@ TEST_F(UserActionTest, AListThatCannotBeBuiltRefusesTheValue) {
 TEST_F(UserActionTest, AListThatFailsRefusesTheValue) {
   sytds_.parameters[1].list = sytds_.parameters[1].check = false;
   EXPECT_THAT(Add(sytds_, {{"CDNAS", "7x"}, {"CDNAL", "9"}}),
-              StartsWith("CDNAL=9: The values of CDNAL could not be had."));
+              StartsWith("CDNAL=9: The values of CDNAL could not be read."));
 }
 
 // --- Checks.

@@ -6,6 +6,8 @@
 #include <set>
 #include <string>
 
+#include "workbench/data/DataFile.h"
+#include "workbench/support/TemporaryFolder.h"
 #include "workbench/support/TestDatabase.h"
 
 namespace cordboard::workbench {
@@ -15,16 +17,11 @@ using std::string;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-string Refusal(const string& json) {
-  try {
-    ReadSchema(json);
-  } catch (const SchemaError& error) {
-    return error.what();
-  }
-  return "taken";
+string Refused(const string& json) {
+  return Refusal<DataError>([&] { ReadSchema(json); });
 }
 
-string RefusalOfTable(const string& rest) { return Refusal(R"({"dynamic": [{"name": "t", )" + rest + "}]}"); }
+string RefusedTable(const string& rest) { return Refused(R"({"dynamic": [{"name": "t", )" + rest + "}]}"); }
 
 // --- Reading.
 
@@ -49,29 +46,32 @@ TEST(Schema, ReadsTablesWithTheirColumnsInOrder) {
   EXPECT_EQ(table->Find("used"), &table->columns[2]);
   EXPECT_EQ(table->Find("unknown"), nullptr);
   EXPECT_EQ(schema.Database("dynamic").Find("unknown"), nullptr);
-  EXPECT_THROW(schema.Database("unknown"), SchemaError);
+  EXPECT_THROW(schema.Database("unknown"), DataError);
 }
 
-TEST(Schema, RefusesWhatIsNoSchemaAndNamesTheTable) {
-  EXPECT_THAT(Refusal("{"), HasSubstr("the schema cannot be read: "));
-  EXPECT_THAT(Refusal("[1]"), HasSubstr("the schema cannot be read: "));
-  EXPECT_THAT(Refusal(R"({"dynamic": [{"columns": ["a"]}]})"), HasSubstr("the schema cannot be read: "));
-  EXPECT_THAT(Refusal(R"({"dynamic": [{"name": 1}]})"), HasSubstr("the schema cannot be read: "));
-  EXPECT_EQ(Refusal(R"({"dynamic": [{"name": "t", "columns": ["a"]}, {"name": "T", "columns": ["a"]}]})"),
-            "table T stands in dynamic twice");
-  EXPECT_EQ(RefusalOfTable(R"("note": "n")"), "table t: it has no columns");
-  EXPECT_EQ(RefusalOfTable(R"("columns": ["a", "A"])"), "table t: the column A stands there twice");
-  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "further": ["a"])"), "table t: the column a stands there twice");
-  EXPECT_EQ(RefusalOfTable(R"("columns": ["a]"])"), "table t: a name is not valid");
-  EXPECT_EQ(RefusalOfTable(R"("columns": [""])"), "table t: a name is not valid");
-  EXPECT_EQ(RefusalOfTable(R"("columns": ["RowId"])"), "table t: no column is named RowId");
-  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "types": {"b": "whole"})"), "table t: there is no column b");
-  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "types": {"a": "text"})"),
-            "table t: the type of a is neither whole nor truth");
-  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "indexes": [["b"]])"), "table t: there is no column b");
-  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "indexes": [[]])"), "table t: an index has no columns");
-  EXPECT_EQ(RefusalOfTable(R"("columns": ["a"], "keys": [])"), "table t: \"keys\" has no meaning");
-  EXPECT_THAT(RefusalOfTable(R"("columns": [1])"), HasSubstr("table t: "));
+TEST(Schema, RefusesWhatIsNoSchemaAndNamesThePlace) {
+  EXPECT_THAT(Refused("{"), HasSubstr("schema.json: parse error at line 1, column 2: "));
+  EXPECT_EQ(Refused("[1]"), "schema.json: an object is wanted, not a list");
+  EXPECT_EQ(Refused(R"({"dynamic": [{"columns": ["a"]}]})"), "schema.json: dynamic[0]: the key \"name\" is missing");
+  EXPECT_EQ(Refused(R"({"dynamic": [{"name": 1}]})"), "schema.json: dynamic[0].name: a text is wanted, not a number");
+  EXPECT_EQ(Refused(R"({"dynamic": [{"name": "t", "columns": ["a"]}, {"name": "T", "columns": ["a"]}]})"),
+            "schema.json: dynamic[1] (T): the table T stands there twice");
+  const string table = "schema.json: dynamic[0] (t)";
+  EXPECT_EQ(RefusedTable(R"("note": "n")"), table + ": the key \"columns\" is missing");
+  EXPECT_EQ(RefusedTable(R"("columns": [])"), table + ".columns: the table has no columns");
+  EXPECT_EQ(RefusedTable(R"("columns": ["a", "A"])"), table + ".columns[1]: the column A stands there twice");
+  EXPECT_EQ(RefusedTable(R"("columns": ["a"], "further": ["a"])"),
+            table + ".further[0]: the column a stands there twice");
+  EXPECT_EQ(RefusedTable(R"("columns": ["a]"])"), table + ".columns[0]: the name is not valid");
+  EXPECT_EQ(RefusedTable(R"("columns": [""])"), table + ".columns[0]: the name is not valid");
+  EXPECT_EQ(RefusedTable(R"("columns": ["RowId"])"), table + ".columns[0]: no column is named RowId");
+  EXPECT_EQ(RefusedTable(R"("columns": ["a"], "types": {"b": "whole"})"), table + ".types.b: there is no column b");
+  EXPECT_EQ(RefusedTable(R"("columns": ["a"], "types": {"a": "text"})"),
+            table + ".types.a: a type is \"whole\" or \"truth\", and every other column is text");
+  EXPECT_EQ(RefusedTable(R"("columns": ["a"], "indexes": [["b"]])"), table + ".indexes[0][0]: there is no column b");
+  EXPECT_EQ(RefusedTable(R"("columns": ["a"], "indexes": [[]])"), table + ".indexes[0]: an index has no columns");
+  EXPECT_EQ(RefusedTable(R"("columns": ["a"], "index": [])"), table + ": unknown key \"index\". Did you mean indexes?");
+  EXPECT_EQ(RefusedTable(R"("columns": [1])"), table + ".columns[0]: a text is wanted, not a number");
 }
 
 // --- Creating.

@@ -1,26 +1,83 @@
 #include "workbench/exchange/FixedValues.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
+#include <algorithm>
 #include <set>
+#include <tuple>
 
+#include "workbench/data/DataFile.h"
 #include "workbench/data/Resources.h"
 #include "workbench/forms/FormDefinition.h"
+#include "workbench/support/TemporaryFolder.h"
 #include "workbench/support/TestExchange.h"
-#include "workbench/text/Elements.h"
 
 namespace cordboard::workbench {
 namespace {
 
-using nlohmann::json;
+using testing::ElementsAre;
+using testing::Pair;
 
-// Every file of fixed values with its content.
-std::vector<std::pair<std::string, json>> Files() {
-  std::vector<std::pair<std::string, json>> files;
-  for (const std::string_view path : ResourcesIn("values/")) files.emplace_back(path, json::parse(Resource(path)));
-  return files;
+FixedValues Read(const std::string& json) {
+  FixedValues values;
+  ReadFixedValues(json, "values/A.json", values);
+  return values;
 }
+
+std::string Refused(const std::string& json) {
+  return Refusal<DataError>([&] { Read(json); });
+}
+
+std::string RefusedList(const std::string& list) {
+  return Refused(R"({"commands": ["A"], "lists": [{"parameters": ["P"], )" + list + "}]}");
+}
+
+// --- Reading.
+
+TEST(FixedValues, ParametersAndCommandsShareAList) {
+  const FixedValues values = Read(R"({"commands": ["A", "B"], "lists": [
+      {"parameters": ["P", "Q"], "values": {"1": "One", "0": "None"}},
+      {"parameters": ["P"], "releases": ["R7"], "definitions": [2, 3], "values": {"2": "Two"}}]})");
+  ASSERT_EQ(values.lists.size(), 2u);
+  EXPECT_THAT(values.lists[0].commands, ElementsAre("A", "B"));
+  EXPECT_THAT(values.lists[0].parameters, ElementsAre("P", "Q"));
+  EXPECT_EQ(values.lists[0].releases, Releases());
+  EXPECT_THAT(values.lists[0].definitions, ElementsAre(1));
+  EXPECT_THAT(values.lists[0].values, ElementsAre(Pair("1", "One"), Pair("0", "None"))) << "in the order of the file";
+  EXPECT_THAT(values.lists[1].releases, ElementsAre("R7"));
+  EXPECT_THAT(values.lists[1].definitions, ElementsAre(2, 3));
+}
+
+TEST(FixedValues, ARangeStandsForItsValuesAndThePercentSignForEach) {
+  const FixedValues values =
+      Read(R"({"commands": ["A"], "lists": [{"parameters": ["P"], "values": {"09&&10": "Group % of these",
+               "0&&1": "%", "A1&&A2": "Key %", "50": "50 %"}}]})");
+  EXPECT_THAT(values.lists.at(0).values,
+              ElementsAre(Pair("09", "Group 9 of these"), Pair("10", "Group 10 of these"), Pair("0", "0"),
+                          Pair("1", "1"), Pair("A1", "Key A1"), Pair("A2", "Key A2"), Pair("50", "50 %")));
+}
+
+TEST(FixedValues, MistakesAreRefusedWithTheirPlace) {
+  EXPECT_EQ(Refused(R"({"command": "A", "lists": []})"), "values/A.json: the key \"commands\" is missing");
+  EXPECT_EQ(Refused(R"({"commands": ["A"], "lists": [], "list": []})"),
+            "values/A.json: unknown key \"list\". Did you mean lists?");
+  EXPECT_EQ(RefusedList(R"("value": {})"), "values/A.json: lists[0]: the key \"values\" is missing");
+  EXPECT_EQ(RefusedList(R"("values": {}, "release": ["R6"])"),
+            "values/A.json: lists[0]: unknown key \"release\". Did you mean releases?");
+  EXPECT_EQ(RefusedList(R"("values": {"1": 1})"), "values/A.json: lists[0].values.1: a text is wanted, not a number");
+  EXPECT_EQ(RefusedList(R"("values": {"": "None"})"), "values/A.json: lists[0].values.\"\": a value is not blank");
+  EXPECT_EQ(RefusedList(R"("values": {"1": "One", "1": "Two"})"),
+            "values/A.json: the key \"1\" stands there twice in one object");
+  EXPECT_EQ(RefusedList(R"("values": {"9&&10": "%"})"),
+            "values/A.json: lists[0].values.9&&10: the range 9&&10 has ends of different length");
+  EXPECT_EQ(RefusedList(R"("releases": ["R7", "R9"], "values": {})"),
+            "values/A.json: lists[0].releases[1]: there is no release R9");
+  EXPECT_EQ(Refused(R"({"table": "T", "columns": ["A", "B"], "rows": [["1", "2"], ["1"]]})"),
+            "values/A.json: rows[1]: the row has 1 cells, and there are 2 columns");
+}
+
+// --- Entering.
 
 TEST(FixedValues, AListStandsInTheOrderOfItsFile) {
   const auto exchange = ExampleExchange();
@@ -32,35 +89,13 @@ TEST(FixedValues, AListStandsInTheOrderOfItsFile) {
             R"([1, 1]])");
 }
 
-std::vector<std::string> CommandsOf(const json& file) {
-  if (file.contains("command")) return {file.at("command")};
-  return file.at("commands").get<std::vector<std::string>>();
-}
-
-// How many values the list holds, ranges taken apart.
-std::size_t CountOf(const json& values) {
-  std::size_t count = 0;
-  for (const json& entry : values) {
-    const std::string typed = entry.at(0);
-    count += HoldsRange(typed) ? Elements(typed).size() : 1;
-  }
-  return count;
-}
-
 TEST(FixedValues, EveryListIsEnteredForItsReleasesAlone) {
   for (const std::string& release : Releases()) {
     const auto exchange = ExampleExchange(release);
     std::size_t expected = 0;
-    for (const auto& [path, file] : Files()) {
-      if (file.contains("table")) continue;
-      for (const auto& [parameter, lists] : file.at("parameters").items()) {
-        for (const json& list : lists) {
-          const json releases = list.value("releases", json(Releases()));
-          if (std::find(releases.begin(), releases.end(), json(release)) != releases.end())
-            expected += CountOf(list.at("values")) * CommandsOf(file).size() *
-                        list.value("definitions", json::array({1})).size();
-        }
-      }
+    for (const FixedList& list : AllFixedValues().lists) {
+      if (std::ranges::find(list.releases, release) != list.releases.end())
+        expected += list.values.size() * list.commands.size() * list.parameters.size() * list.definitions.size();
     }
     EXPECT_EQ(exchange->Database("static")->Single("SELECT COUNT(*) FROM ParamValueDesc"), Value(expected)) << release;
   }
@@ -68,59 +103,45 @@ TEST(FixedValues, EveryListIsEnteredForItsReleasesAlone) {
 
 TEST(FixedValues, EveryRowOfATableIsEntered) {
   const auto exchange = ExampleExchange();
-  for (const auto& [path, file] : Files()) {
-    if (!file.contains("table")) continue;
-    for (const json& row : file.at("rows")) EXPECT_EQ(row.size(), file.at("columns").size()) << path << row;
-    const std::string table = file.at("table");
-    EXPECT_EQ(exchange->Database("static")->Single("SELECT COUNT(*) FROM [" + table + "]"),
-              Value(file.at("rows").size()))
-        << path;
-  }
+  ASSERT_FALSE(AllFixedValues().tables.empty());
+  for (const FixedTable& table : AllFixedValues().tables)
+    EXPECT_EQ(exchange->Database("static")->Single("SELECT COUNT(*) FROM [" + table.name + "]"),
+              Value(table.rows.size()))
+        << table.name;
 }
 
-TEST(FixedValues, ReleasesAreNamedAsTheyAre) {
-  for (const auto& [path, file] : Files()) {
-    if (file.contains("table")) continue;
-    for (const auto& [parameter, lists] : file.at("parameters").items()) {
-      for (const json& list : lists) {
-        for (const std::string release : list.value("releases", json::array()))
-          EXPECT_NE(std::ranges::find(Releases(), release), Releases().end()) << path << " " << parameter;
-      }
-    }
-  }
-}
+// --- The files that are shipped.
 
 TEST(FixedValues, AFileOfOneCommandIsNamedAfterIt) {
-  for (const auto& [path, file] : Files()) {
-    if (!file.contains("command")) continue;
-    EXPECT_EQ(path, "values/" + file.at("command").get<std::string>() + ".json");
+  for (const std::string_view path : ResourcesIn("values/")) {
+    FixedValues values;
+    ReadFixedValues(Resource(path), std::string(path), values);
+    if (values.lists.empty() || values.lists[0].commands.size() > 1) continue;
+    EXPECT_EQ(path, "values/" + values.lists[0].commands[0] + ".json");
   }
 }
 
-TEST(FixedValues, AFileHoldsParametersOfTheFormsOfItsCommands) {
-  for (const auto& [path, file] : Files()) {
-    if (file.contains("table")) continue;
-    for (const auto& [parameter, lists] : file.at("parameters").items()) {
-      const std::vector<std::string> commands = CommandsOf(file);
-      EXPECT_TRUE(std::ranges::any_of(commands,
-                                      [&name = parameter](const std::string& command) {
-                                        const FormDefinition* form = FindForm(command);
-                                        return form != nullptr && form->Find(name) != nullptr;
-                                      }))
-          << path << " " << parameter;
-    }
+TEST(FixedValues, AListHoldsForAParameterOfAFormOfItsCommands) {
+  for (const FixedList& list : AllFixedValues().lists) {
+    for (const std::string& parameter : list.parameters)
+      EXPECT_TRUE(std::ranges::any_of(list.commands, [&](const std::string& command) {
+        const FormDefinition* form = FindForm(command);
+        return form != nullptr && form->Find(parameter) != nullptr;
+      })) << parameter;
   }
 }
 
-TEST(FixedValues, NoListHoldsAValueTwiceOrABlankOne) {
-  for (const auto& [path, file] : Files()) {
-    if (file.contains("table")) continue;
-    for (const auto& [parameter, lists] : file.at("parameters").items()) {
-      for (const json& list : lists) {
-        std::set<std::string> values;
-        for (const json& entry : list.at("values")) {
-          EXPECT_TRUE(values.insert(entry.at(0)).second) << path << " " << parameter << " " << entry;
-          EXPECT_NE(entry.at(0), "") << path << " " << parameter;
+TEST(FixedValues, NoParameterHasAValueTwice) {
+  std::set<std::tuple<std::string, std::string, std::string, int, std::string>> seen;
+  for (const FixedList& list : AllFixedValues().lists) {
+    for (const std::string& command : list.commands) {
+      for (const std::string& parameter : list.parameters) {
+        for (const std::string& release : list.releases) {
+          for (const int definition : list.definitions) {
+            for (const auto& [value, description] : list.values)
+              EXPECT_TRUE(seen.emplace(command, parameter, release, definition, value).second)
+                  << command << " " << parameter << "=" << value << " in " << release;
+          }
         }
       }
     }

@@ -10,7 +10,6 @@ namespace cordboard::workbench {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::StartsWith;
 
 const char* const small = R"({
@@ -115,18 +114,33 @@ TEST(Plant, AFileThatCannotBeReadIsTold) {
 // --- Descriptions that are refused.
 
 TEST(Plant, WhatIsNoDescriptionIsRefused) {
-  for (const char* text : {"", "{", "[]", "{}", "\xFF", "SQLite format 3"})
-    EXPECT_THAT(Refused(text), StartsWith("office.json is not a plant description: ")) << text;
-  EXPECT_THAT(Refused(With("\"lim\": 1,", "\"lim\": \"1\",")), StartsWith("office.json is not a plant description: "));
-  EXPECT_THAT(Refused(With("\"name\"", "\"title\"")), HasSubstr("name"));
+  for (const char* text : {"", "{", "SQLite format 3"})
+    EXPECT_THAT(Refused(text), StartsWith("office.json: parse error at line 1, column ")) << text;
+  EXPECT_EQ(Refused("\xFF"), "office.json: this is not UTF-8 text");
+  EXPECT_EQ(Refused("[]"), "office.json: an object is wanted, not a list");
+  EXPECT_EQ(Refused("{}"), "office.json: the key \"name\" is missing");
+}
+
+TEST(Plant, AMistakeIsRefusedWithItsPlace) {
+  EXPECT_EQ(Refused(With("\"lim\": 1, \"magazine\"", "\"lim\": \"1\", \"magazine\"")),
+            "office.json: boards[0].lim: a whole number is wanted, not a text");
+  EXPECT_EQ(Refused(With("\"slot\": 10, ", "")), "office.json: boards[1]: the key \"slot\" is missing");
+  EXPECT_EQ(Refused(With("\"description\": \"Cellar\"", "\"descripton\": \"Cellar\"")),
+            "office.json: lims[0]: unknown key \"descripton\". Did you mean description?");
+  EXPECT_EQ(Refused(With("\"trunkLines\"", "\"trunklines\"")),
+            "office.json: unknown key \"trunklines\". Did you mean trunkLines?");
+  EXPECT_EQ(Refused(With("\"customers\"", "\"name\"")),
+            "office.json: the key \"name\" stands there twice in one object");
 }
 
 TEST(Plant, AnUnknownBoardTypeIsRefused) {
-  EXPECT_EQ(Refused(With("\"70\"", "\"71\"")), "office.json: there is no board type '71'");
+  EXPECT_EQ(Refused(With("\"70\"", "\"71\"")), "office.json: boards[0].type: there is no board type '71'");
 }
 
 TEST(Plant, RangesThatCannotBeTakenApartAreRefused) {
-  EXPECT_EQ(Refused(With("1&&3", "3&&1")), "office.json: the range 3&&1 ends before it begins");
+  EXPECT_EQ(Refused(With("1&&3", "3&&1")), "office.json: routes[0]: the range 3&&1 ends before it begins");
+  EXPECT_EQ(Refused(With("001-0-20-00&&001-0-20-02", "1&&")),
+            "office.json: trunkLines[0].tru: a value is missing beside an &");
 }
 
 TEST(Plant, EverythingStandsInAPlaceThatThereIs) {

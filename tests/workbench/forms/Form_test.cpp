@@ -188,6 +188,48 @@ TEST_F(FormTest, AShortWholeIsFilledUpOnceItIsFolded) {
   EXPECT_EQ(Get("SERV"), "\"120000\"");
 }
 
+// --- Several foldings of one whole: digits 2 and 3, 4 and 5, or else digits 2 to 4, 5 to 7.
+
+class FormWithAlternatives : public testing::Test {
+ protected:
+  static FormDefinition Definition() {
+    FormDefinition form;
+    for (const char* name : {"QUE", "QUE_D1", "QUE_D2D3", "QUE_D4D5", "QUE_D2D3D4", "QUE_D5D6D7"})
+      form.parameters.push_back({.name = name, .title = name});
+    form.foldings = {
+        {.parameter = "QUE", .length = 5, .places = {{1, 1, {"QUE_D1"}}, {2, 2, {"QUE_D2D3"}}, {4, 2, {"QUE_D4D5"}}}},
+        {.parameter = "QUE",
+         .length = 7,
+         .places = {{1, 1, {"QUE_D1"}}, {2, 3, {"QUE_D2D3D4"}}, {5, 3, {"QUE_D5D6D7"}}}}};
+    return form;
+  }
+  std::string Get(const std::string& name) { return TraceText(form_.Get(name)); }
+
+  const FormDefinition definition_ = Definition();
+  Form form_{definition_};
+};
+
+TEST_F(FormWithAlternatives, TheFoldingHoldsWhoseParametersAreGiven) {
+  form_.Set("QUE_D1", "1");
+  EXPECT_EQ(Get("QUE"), "\"10000\"") << "the first, where a parameter belongs to each";
+  form_.Set("QUE_D2D3D4", "120");
+  EXPECT_EQ(Get("QUE"), "\"1120000\"");
+  form_.Reset("QUE_D2D3D4");
+  form_.Set("QUE_D2D3", "12");
+  EXPECT_EQ(Get("QUE"), "\"11200\"");
+}
+
+TEST_F(FormWithAlternatives, AWholeGoesToTheFoldingOfItsLength) {
+  form_.Set("QUE", "1120250");
+  EXPECT_EQ(Get("QUE_D2D3"), "Empty");
+  EXPECT_EQ(Get("QUE_D5D6D7"), "\"250\"");
+  form_.Set("QUE_D2D3D4", "130");
+  EXPECT_EQ(Get("QUE"), "\"1130250\"");
+  form_.Set("QUE", "11099");
+  EXPECT_EQ(Get("QUE_D2D3D4"), "Empty");
+  EXPECT_EQ(Get("QUE_D4D5"), "\"99\"");
+}
+
 // --- What the form asks of the user.
 
 TEST_F(FormTest, AFormAsksWhatItsDefinitionSaysUntilACheckChangesIt) {

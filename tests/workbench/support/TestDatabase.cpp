@@ -52,11 +52,6 @@ std::string FileText(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-const Schema& ShippedSchema() {
-  static const Schema schema = ReadSchema(FileText("data/schema.json"));
-  return schema;
-}
-
 TestDatabase::TestDatabase(const std::string& name) {
   sqlite3* database = nullptr;
   sqlite3_open(":memory:", &database);

@@ -13,8 +13,6 @@ namespace cordboard::workbench {
 
 // The text of a file of the repository.
 std::string FileText(const std::string& path);
-// data/schema.json.
-const Schema& ShippedSchema();
 
 class TestDatabase {
  public:

@@ -1,0 +1,104 @@
+#!/usr/bin/env python3
+"""Makes a command in a copy of the tree, builds it, and shows that one test alone fails.
+
+Usage: new_command_build_test.py BUILD    the folder of a build by Ninja, of which the objects of all other files are used
+"""
+
+import json
+import shlex
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+from check_tree import complaints
+
+SOURCE = Path(__file__).resolve().parents[2]
+BUILD = Path()
+FAMILY, NAME = "groups", "GPAGI"  # a family that has no command as yet
+
+
+def run(*arguments, folder=None, check=True):
+    return subprocess.run([str(argument) for argument in arguments], cwd=folder, check=check, capture_output=True,
+                          text=True)
+
+
+class Tree:
+    """A copy of the sources with the new command, and what is built of it."""
+
+    def __init__(self, root):
+        self.root = root
+        shutil.copytree(SOURCE, root, dirs_exist_ok=True, ignore=shutil.ignore_patterns("build", ".git", "__pycache__"))
+        self.made = run(root / "tools/new-command", NAME).stdout
+        self.objects = root / "build"
+        self.objects.mkdir()
+        commands = json.loads((BUILD / "compile_commands.json").read_text())
+        self.commands = {entry["file"]: shlex.split(entry["command"]) for entry in commands}
+
+    def compile(self, source, like):
+        """Compiles a file with the options of one that the build has."""
+        out = self.objects / (Path(source).stem + ".o")
+        command = [part.replace(str(SOURCE), str(self.root)) if part.startswith(("-I", "-D")) else part
+                   for part in self.commands[str(like)]]
+        command[command.index("-o") + 1] = str(out)
+        command[command.index("-c") + 1] = str(self.root / source)
+        done = run(*command, folder=BUILD, check=False)
+        if done.returncode != 0:
+            raise AssertionError(done.stderr)
+        return out
+
+    def link(self, target, objects):
+        """Links a program of the build; the given objects go before those of the same names in its libraries."""
+        out = self.objects / target
+        command = run("ninja", "-t", "commands", target, folder=BUILD).stdout.splitlines()[-1]
+        place = f" -o {target} "
+        assert place in command, command
+        command = command.replace(place, f" -o {shlex.quote(str(out))} {shlex.join(map(str, objects))} ")
+        subprocess.run(command, shell=True, cwd=BUILD, check=True)
+        return out
+
+
+def failures(program):
+    """The tests of a program that failed, and those that were skipped."""
+    report = program.with_suffix(".json")
+    run(program, "--gtest_brief=1", f"--gtest_output=json:{report}", check=False)
+    failed, skipped = [], []
+    for suite in json.loads(report.read_text())["testsuites"]:
+        for test in suite["testsuite"]:
+            name = f"{suite['name']}.{test['name']}"
+            failed += [name] if "failures" in test else []
+            skipped += [name] if test["result"] == "SKIPPED" else []
+    return failed, skipped
+
+
+class NewCommandBuilds(unittest.TestCase):
+    def test_everything_builds_and_one_test_fails_until_it_is_filled_in(self):
+        with tempfile.TemporaryDirectory() as folder:
+            tree = Tree(Path(folder))
+            resources = tree.objects / "Resources_data.cpp"
+            run(BUILD / "embed", tree.root / "data", resources)
+            module = tree.compile(f"commands/{FAMILY}/{NAME}.cpp", SOURCE / "entry/Registry.cpp")
+            registry = tree.compile("entry/Registry.cpp", SOURCE / "entry/Registry.cpp")
+            data = tree.compile(resources.relative_to(tree.root), BUILD / "Resources_data.cpp")
+            sources = tree.compile("tests/support/SourceFolder.cpp", SOURCE / "tests/support/SourceFolder.cpp")
+            test = tree.compile(f"tests/commands/{FAMILY}/{NAME}_test.cpp", SOURCE / "tests/entry/Registry_test.cpp")
+            road = tree.compile(f"tests/workbench/roads/{FAMILY}_road_test.cpp",
+                                SOURCE / "tests/workbench/roads/system_road_test.cpp")
+
+            program = tree.link("cordboard", [module, registry, data])
+            self.assertIn(f"{NAME}: TODO: a title\n", run(program, "help", NAME).stdout)
+            pages = run(tree.root / "tools/command-pages", "--program", program).stdout
+            self.assertEqual(pages, f"written: docs/commands/{NAME}.md\n")
+            self.assertEqual(complaints(tree.root), [])
+
+            library = failures(tree.link("library-tests", [module, registry, sources, test]))
+            workbench = failures(tree.link("workbench-tests", [module, registry, data, sources, road]))
+            self.assertEqual(library[0] + workbench[0], [f"{NAME}.DoesWhatItsRulesSay"])
+            self.assertIn(f"{NAME}Road.TODO", workbench[1])
+
+
+if __name__ == "__main__":
+    BUILD = Path(sys.argv.pop(1)).resolve()
+    unittest.main()

@@ -1,0 +1,210 @@
+#include "workbench/forms/FormReader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "workbench/data/DataFile.h"
+#include "workbench/forms/Foldings.h"
+#include "workbench/support/TemporaryFolder.h"
+
+namespace cordboard::workbench {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+// A form with these parameters and more fields after them.
+FormDefinition Read(const std::string& command, const std::string& parameters, const std::string& more = "") {
+  const std::string json = R"({"title": "T", "help": "H.", "parameters": [)" + parameters + "]" + more + "}";
+  return ReadForm(command, json, "forms/" + command + ".json");
+}
+
+std::string Refused(const std::string& command, const std::string& parameters, const std::string& more = "") {
+  return Refusal<DataError>([&] { Read(command, parameters, more); });
+}
+
+std::string Names(const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) text += R"({"name": ")" + name + R"(", "title": "t"})" + ",";
+  return text.substr(0, text.size() - 1);
+}
+
+// --- What a form says.
+
+TEST(FormReader, ReadsWhatTheFormSays) {
+  const FormDefinition form = Read("KSEXI",
+                                   R"({"name": "EQU", "title": "Position", "mandatory": true, "releases": ["R7"],
+           "pool": {"table": "Equipment", "column": "EQU"}, "narrowed": {"by": "LOCATION", "without": "SELECT"}})",
+                                   R"(, "ordered": true, "inStep": [["DIR", "EQU"]], "oneOf": [["CAT"], ["TRAF"]],
+           "after": {"removeRowAfterDelete": true, "writeAfterEdit": ["DIR"]})");
+  EXPECT_EQ(form.command + form.title + form.help, "KSEXITH.");
+  const ParameterDefinition& parameter = form.parameters.at(0);
+  EXPECT_EQ(parameter.name + parameter.title, "EQUPosition");
+  EXPECT_THAT(parameter.releases, ElementsAre("R7"));
+  EXPECT_EQ(parameter.pool->table + parameter.pool->column, "EquipmentEQU");
+  EXPECT_EQ(parameter.narrowing->by + parameter.narrowing->without, "LOCATIONSELECT");
+  EXPECT_TRUE(form.ordered);
+  EXPECT_FALSE(form.single);
+  EXPECT_THAT(form.inStep, ElementsAre(ElementsAre("DIR", "EQU")));
+  EXPECT_THAT(form.oneOf, ElementsAre(ElementsAre("CAT"), ElementsAre("TRAF")));
+  EXPECT_TRUE(form.handling.removeRowAfterDelete);
+  EXPECT_THAT(form.handling.writeAfterEdit, ElementsAre("DIR"));
+}
+
+TEST(FormReader, EveryFlagOfTheFormIsReadAndNoOther) {
+  for (const ParameterFlag& flag : ParameterFlags()) {
+    const std::string json = R"({"name": "NONE", "title": "t", ")" + std::string(flag.key) + R"(": true})";
+    if (flag.source == ParameterFlag::Source::Form) {
+      const ParameterDefinition parameter = Read("KSEXI", json).parameters.at(0);
+      for (const ParameterFlag& other : ParameterFlags())
+        EXPECT_EQ(parameter.*other.flag, &other == &flag) << flag.key << " " << other.key;
+    } else {
+      EXPECT_THAT(Refused("KSEXI", json), HasSubstr("unknown key \"" + std::string(flag.key) + "\"")) << flag.key;
+    }
+  }
+}
+
+// --- What is known elsewhere.
+
+TEST(FormReader, ListsChecksAndActionsFollowFromTheModule) {
+  const FormDefinition form = Read("NANSI", Names({"NUMTYP", "NUMSE"}));
+  EXPECT_TRUE(form.adds && form.deletes && form.generates);
+  EXPECT_FALSE(form.edits);
+  EXPECT_TRUE(form.Find("NUMTYP")->list && form.Find("NUMTYP")->check);
+  EXPECT_FALSE(form.Find("NUMSE")->list || form.Find("NUMSE")->check);
+}
+
+TEST(FormReader, AValueIsFixedWhereTheCommandBuildsNoListAndThereAreFixedValues) {
+  const FormDefinition form = Read("NANLS", Names({"EXL", "MIN", "MAX"}));
+  EXPECT_FALSE(form.Find("EXL")->fixed);
+  EXPECT_TRUE(form.Find("MIN")->fixed);
+  EXPECT_FALSE(form.Find("MAX")->fixed) << "the command builds its list";
+}
+
+TEST(FormReader, TheRecordIsTheTableOfTheCommandUnlessTheFormSaysAnother) {
+  EXPECT_EQ(Read("NACDS", "").table, "NACDS");
+  EXPECT_THAT(Read("NACDS", "").columns, ElementsAre("CMDID", "NUM", "CDCAT")) << "the identifier in capitals";
+  const FormDefinition other = Read("NACDS", "", R"(, "table": "NANLS", "columns": ["CMDID", "EXL"])");
+  EXPECT_EQ(other.table, "NANLS");
+  EXPECT_THAT(other.columns, ElementsAre("CMDID", "EXL"));
+  EXPECT_THAT(Read("NONE", "", R"(, "table": "NIINI_DNUM")").columns, testing::Not(testing::Contains("AUX")))
+      << "further columns are not given";
+}
+
+TEST(FormReader, AFormOfACommandThatIsNotBuiltServesNothing) {
+  const FormDefinition form = Read("NONE", Names({"NUM"}), R"(, "table": "NACDS")");
+  EXPECT_FALSE(form.adds || form.edits || form.deletes || form.generates);
+  EXPECT_FALSE(form.parameters[0].list || form.parameters[0].check || form.parameters[0].fixed);
+}
+
+// --- Foldings.
+
+std::string Written(const std::vector<Folding>& foldings) {
+  std::string text;
+  for (const Folding& folding : foldings) {
+    text += folding.parameter + " " + std::to_string(folding.length) + folding.fill + folding.separator + ":";
+    for (const DigitPlace& place : folding.places) {
+      text += " " + std::to_string(place.first) + "+" + std::to_string(place.width);
+      for (const std::string& name : place.parameters) text += "," + name;
+    }
+    text += "\n";
+  }
+  return text;
+}
+
+std::string FoldingsIn(const std::string& command, const std::vector<std::string>& names,
+                       const std::string& more = "") {
+  return Written(Read(command, Names(names), more.empty() ? "" : R"(, "folding": )" + more).foldings);
+}
+
+TEST(FormReader, ASubDigitIsToldByItsName) {
+  const auto told = [](const std::string& name) {
+    const auto digits = SubDigitOf(name);
+    return digits ? digits->whole + " " + std::to_string(digits->first) + "+" + std::to_string(digits->width) : "none";
+  };
+  EXPECT_EQ(told("CDIV_D1"), "CDIV 1+1");
+  EXPECT_EQ(told("SERV_D7D8_SUB1"), "SERV 7+2");
+  EXPECT_EQ(told("ADC_D10"), "ADC 10+1");
+  EXPECT_EQ(told("DIRK_D1D2D3D4D5"), "DIRK 1+5");
+  EXPECT_EQ(told("POS1_D1D2"), "POS1 1+2");
+  for (const char* name : {"DIR", "_D1", "CDIV_", "CDIV_D", "CDIV_D0", "CDIV_D1D3", "CDIV_D2D1", "CDIV_D1_SUB",
+                           "CDIV_D1_X", "DATE", "NIINI_DIR", "CDIV_D111"})
+    EXPECT_EQ(told(name), "none") << name;
+}
+
+TEST(FormReader, FoldingsFollowFromTheNames) {
+  EXPECT_EQ(FoldingsIn("EXCCS", {"SERV", "SERV_D2", "SERV_D1", "SERV_D3D4_SUB1", "SERV_D3D4_SUB2", "CDIV_D9"}),
+            "SERV 40: 1+1,SERV_D1 2+1,SERV_D2 3+2,SERV_D3D4_SUB1,SERV_D3D4_SUB2\nCDIV 90: 9+1,CDIV_D9\n");
+  const FormDefinition form =
+      Read("EXTEI", Names({"ICAT_D1", "ICAT_D1_SUB1", "ICAT_D1_SUB2"}), R"(, "table": "EXTEIDIR")");
+  EXPECT_EQ(Written(form.foldings), "ICAT 10: 1+1,ICAT_D1,ICAT_D1_SUB1,ICAT_D1_SUB2\n");
+}
+
+TEST(FormReader, AFormSaysOfAFoldingWhatNamesCannotTell) {
+  EXPECT_EQ(FoldingsIn("KSMDI", {"DIRK_D1D2D3D4D5", "DIRK_D6D7D8"}, R"([{"wholes": ["DIRK"], "separator": "-"}])"),
+            "DIRK 80-: 1+5,DIRK_D1D2D3D4D5 6+3,DIRK_D6D7D8\n");
+  EXPECT_EQ(FoldingsIn("EXCCS", {"CDIV_D1", "ROC_D2"}, R"([{"wholes": ["ROC", "CDIV"], "length": 8, "fill": "1"}])"),
+            "CDIV 81: 1+1,CDIV_D1\nROC 81: 2+1,ROC_D2\n");
+}
+
+TEST(FormReader, ParametersThatOverlapAreAlternatives) {
+  const std::vector<std::string> names = {"QUE_D1", "QUE_D2D3", "QUE_D4D5", "QUE_D2D3D4", "QUE_D5D6D7"};
+  EXPECT_EQ(FoldingsIn("ACGRI", names,
+                       R"([{"wholes": ["QUE"],
+                            "alternatives": [["QUE_D2D3", "QUE_D4D5"], ["QUE_D2D3D4", "QUE_D5D6D7"]]}])"),
+            "QUE 50: 1+1,QUE_D1 2+2,QUE_D2D3 4+2,QUE_D4D5\nQUE 70: 1+1,QUE_D1 2+3,QUE_D2D3D4 5+3,QUE_D5D6D7\n");
+  EXPECT_EQ(Refused("ACGRI", Names(names)),
+            "forms/ACGRI.json: QUE_D2D3 and QUE_D2D3D4 overlap: say in \"folding\" what are alternatives");
+  EXPECT_EQ(Refused("ACGRI", Names({"QUE_D2D3D4", "QUE_D4D5"})),
+            "forms/ACGRI.json: QUE_D2D3D4 and QUE_D4D5 overlap: say in \"folding\" what are alternatives");
+}
+
+// --- Mistakes.
+
+TEST(FormReader, MistakesAreRefusedWithTheirPlace) {
+  const std::string good = R"({"name": "NUM", "title": "t"})";
+  const auto parameter = [&](const std::string& more) {
+    return Refused("NACDS", good + R"(, {"name": "CDCAT", )" + more + "}");
+  };
+  EXPECT_EQ(parameter(R"("titel": "t")"), "forms/NACDS.json: parameters[1] (CDCAT): the key \"title\" is missing");
+  EXPECT_EQ(parameter(R"("title": "t", "mutliple": true)"),
+            "forms/NACDS.json: parameters[1] (CDCAT): unknown key \"mutliple\". Did you mean multiple?");
+  EXPECT_EQ(parameter(R"("title": "t", "range": 1)"),
+            "forms/NACDS.json: parameters[1] (CDCAT).range: a truth value is wanted, not a number");
+  EXPECT_EQ(parameter(R"("title": "t", "releases": ["R5"])"),
+            "forms/NACDS.json: parameters[1] (CDCAT).releases[0]: there is no release R5");
+  EXPECT_EQ(parameter(R"("title": "t", "pool": {"table": "T"})"),
+            "forms/NACDS.json: parameters[1] (CDCAT).pool: the key \"column\" is missing");
+  EXPECT_EQ(Refused("NACDS", good, R"(, "after": {"writeAfterEdits": []})"),
+            "forms/NACDS.json: after: unknown key \"writeAfterEdits\". Did you mean writeAfterEdit?");
+  EXPECT_EQ(Refused("NACDS", good, R"(, "orderd": true)"),
+            "forms/NACDS.json: unknown key \"orderd\". Did you mean ordered?");
+  EXPECT_EQ(Refused("NACDS", good, R"(, "table": "NADCS")"), "forms/NACDS.json: there is no table NADCS");
+  EXPECT_EQ(Refused("NACDS", good, R"(, "columns": ["CMDID", "NUMM"])"),
+            "forms/NACDS.json: the table NACDS has no column NUMM");
+}
+
+TEST(FormReader, MistakesInFoldingsAreRefused) {
+  EXPECT_EQ(Refused("NACDS", Names({"NUMM_D1"})), "forms/NACDS.json: NUMM_D1 is a digit of NUMM, which is no column");
+  const auto folding = [](const std::string& entry) {
+    return Refused("NACDS", Names({"NUM_D1", "NUM_D2D3"}), R"(, "folding": [)" + entry + "]");
+  };
+  EXPECT_EQ(folding(R"({"wholes": ["CDCAT"]})"),
+            "forms/NACDS.json: folding[0].wholes[0]: no parameter is a digit of CDCAT");
+  EXPECT_EQ(folding(R"({"wholes": ["NUM"]}, {"wholes": ["NUM"]})"),
+            "forms/NACDS.json: folding[1].wholes[0]: NUM stands there twice");
+  EXPECT_EQ(folding(R"({"wholes": ["NUM"], "length": 2})"), "forms/NACDS.json: NUM is shorter than its digits");
+  EXPECT_EQ(folding(R"({"wholes": ["NUM"], "fill": "00"})"),
+            "forms/NACDS.json: folding[0].fill: a fill is one character");
+  EXPECT_EQ(folding(R"({"wholes": ["NUM"], "alternatives": [["NUM_D4"]]})"),
+            "forms/NACDS.json: NUM_D4 is no digit of NUM");
+  EXPECT_EQ(folding(R"({"wholes": ["NUM"], "alternatives": [["NUM_D1", "NUM_D2D3"], []]})"),
+            "forms/NACDS.json: an alternative of NUM has no parameter");
+  EXPECT_EQ(folding(R"({"wholes": ["NUM"], "seperator": "-"})"),
+            "forms/NACDS.json: folding[0]: unknown key \"seperator\". Did you mean separator?");
+}
+
+}  // namespace
+}  // namespace cordboard::workbench

@@ -1,0 +1,141 @@
+#include "workbench/data/DataFile.h"
+
+#include <algorithm>
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "workbench/data/Resources.h"
+#include "workbench/text/Nearest.h"
+#include "workbench/text/Utf8.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// The kind of a value as an error names it.
+std::string Kind(const Json& json) {
+  switch (json.type()) {
+    case Json::value_t::null: return "null";
+    case Json::value_t::boolean: return "a truth value";
+    case Json::value_t::string: return "a text";
+    case Json::value_t::array: return "a list";
+    case Json::value_t::object: return "an object";
+    default: return "a number";
+  }
+}
+
+// The library's own words, without its mark in front: "parse error at line 1, column 2: ...".
+std::string Complaint(const Json::exception& error) {
+  const std::string text = error.what();
+  const std::size_t mark = text.find("] ");
+  return mark == text.npos ? text : text.substr(mark + 2);
+}
+
+// A list counts its objects from 0 and names those that have a name.
+std::string Step(std::size_t index, const Json& json) {
+  const std::string step = "[" + std::to_string(index) + "]";
+  const bool named = json.is_object() && json.contains("name") && json["name"].is_string();
+  return named ? step + " (" + json["name"].get<std::string>() + ")" : step;
+}
+
+}  // namespace
+
+void DataItem::Fail(const std::string& complaint) const {
+  throw DataError(file_ + ": " + (place_.empty() ? "" : place_ + ": ") + complaint);
+}
+
+void DataItem::FailAs(const char* wanted) const { Fail(std::string(wanted) + " is wanted, not " + Kind(*json_)); }
+
+DataItem DataItem::Inner(const Json& json, const std::string& step) const {
+  const bool dot = !place_.empty() && step.front() != '[';
+  return DataItem(std::shared_ptr<const Json>(json_, &json), file_, place_ + (dot ? "." : "") + step);
+}
+
+std::string DataItem::Text() const {
+  if (!json_->is_string()) FailAs("a text");
+  return json_->get<std::string>();
+}
+
+bool DataItem::Truth() const {
+  if (!json_->is_boolean()) FailAs("a truth value");
+  return json_->get<bool>();
+}
+
+int DataItem::Whole() const {
+  if (!json_->is_number()) FailAs("a whole number");
+  const double number = json_->get<double>();
+  if (!json_->is_number_integer() || number < std::numeric_limits<int>::min() ||
+      number > std::numeric_limits<int>::max())
+    Fail("a whole number is wanted, not " + json_->dump());
+  return json_->get<int>();
+}
+
+Value DataItem::Cell() const {
+  if (json_->is_null()) return Value::Null();
+  if (json_->is_boolean()) return json_->get<bool>();
+  if (json_->is_number()) return json_->get<double>();
+  return Text();
+}
+
+std::vector<DataItem> DataItem::List() const {
+  if (!json_->is_array()) FailAs("a list");
+  std::vector<DataItem> items;
+  for (std::size_t i = 0; i < json_->size(); ++i) items.push_back(Inner((*json_)[i], Step(i, (*json_)[i])));
+  return items;
+}
+
+std::vector<std::pair<std::string, DataItem>> DataItem::Entries() const {
+  if (!json_->is_object()) FailAs("an object");
+  std::vector<std::pair<std::string, DataItem>> entries;
+  for (const auto& [key, value] : json_->items()) entries.emplace_back(key, Inner(value, key.empty() ? "\"\"" : key));
+  return entries;
+}
+
+Fields::Fields(const DataItem& object) : object_(object) {
+  if (!object.json_->is_object()) object.FailAs("an object");
+}
+
+std::optional<DataItem> Fields::Find(const char* key) {
+  asked_.emplace_back(key);
+  const auto found = object_.json_->find(key);
+  if (found == object_.json_->end()) return std::nullopt;
+  return object_.Inner(*found, key);
+}
+
+DataItem Fields::At(const char* key) {
+  const auto item = Find(key);
+  if (!item) object_.Fail("the key \"" + std::string(key) + "\" is missing");
+  return *item;
+}
+
+void Fields::End() const {
+  for (const auto& [key, value] : object_.json_->items()) {
+    if (std::find(asked_.begin(), asked_.end(), key) == asked_.end())
+      object_.Fail("unknown key \"" + key + "\"." + DidYouMean(key, asked_));
+  }
+}
+
+DataItem ReadData(std::string_view text, const std::string& file) {
+  if (!IsUtf8(text)) throw DataError(file + ": this is not UTF-8 text");
+  // The reader of JSON would take the last of two fields with the same key in silence.
+  std::vector<std::set<std::string>> open;
+  const auto note = [&](int, Json::parse_event_t event, Json& parsed) {
+    if (event == Json::parse_event_t::object_start) open.emplace_back();
+    if (event == Json::parse_event_t::object_end) open.pop_back();
+    if (event == Json::parse_event_t::key && !open.back().insert(parsed.get<std::string>()).second)
+      throw DataError(file + ": the key \"" + parsed.get<std::string>() + "\" stands there twice in one object");
+    return true;
+  };
+  try {
+    return DataItem(std::make_shared<const Json>(Json::parse(text, note)), file, "");
+  } catch (const Json::exception& error) {
+    throw DataError(file + ": " + Complaint(error));
+  }
+}
+
+DataItem ReadResource(std::string_view path) { return ReadData(Resource(path), std::string(path)); }
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,128 @@
+// Data files, read strictly: a key that nobody asks for, one that is missing and a value of another kind are errors
+// that name the file, the place and the key.
+//
+//   const DataItem file = ReadData(text, "forms/KSEXI.json");
+//   file.Object([](Fields& fields) { return Pool{fields.Get<std::string>("table"), fields.Get<std::string>("column")};
+//   });
+#pragma once
+
+#include <memory>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "script/Value.h"
+
+namespace cordboard::workbench {
+
+class DataError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+class Fields;
+
+// A value in a data file that knows where it stands.
+class DataItem {
+ public:
+  std::string Text() const;
+  bool Truth() const;
+  int Whole() const;
+  Value Cell() const;  // a text, a number, a truth value or null, as it stands
+  std::vector<DataItem> List() const;
+  // The entries of an object whose keys are names, in the order of the file. No key stands there twice.
+  std::vector<std::pair<std::string, DataItem>> Entries() const;
+
+  // A text, a truth value, a whole number, or a list of such.
+  template <typename T>
+  T As() const;
+
+  // What `read` makes of an object's fields; a key that it did not ask for is an error.
+  template <typename Read>
+  auto Object(Read read) const;
+
+  // Fails with a DataError: the file, this place and the complaint.
+  [[noreturn]] void Fail(const std::string& complaint) const;
+
+ private:
+  friend class Fields;
+  friend DataItem ReadData(std::string_view text, const std::string& file);
+  using Json = nlohmann::ordered_json;
+
+  DataItem(std::shared_ptr<const Json> json, std::string file, std::string place)
+      : json_(std::move(json)), file_(std::move(file)), place_(std::move(place)) {}
+
+  DataItem Inner(const Json& json, const std::string& step) const;
+  [[noreturn]] void FailAs(const char* wanted) const;
+
+  std::shared_ptr<const Json> json_;
+  std::string file_;
+  std::string place_;  // "parameters[3].title"
+};
+
+// The fields of an object, each asked for by its key.
+class Fields {
+ public:
+  explicit Fields(const DataItem& object);
+
+  DataItem At(const char* key);
+  std::optional<DataItem> Find(const char* key);
+  bool Has(const char* key) { return Find(key).has_value(); }
+
+  template <typename T>
+  T Get(const char* key) {
+    return At(key).As<T>();
+  }
+  template <typename T>
+  T Get(const char* key, T otherwise) {
+    const auto item = Find(key);
+    return item ? item->As<T>() : std::move(otherwise);
+  }
+
+  // Fails where a key was not asked for.
+  void End() const;
+
+ private:
+  const DataItem& object_;
+  std::vector<std::string> asked_;
+};
+
+// The whole of a file; `file` names it in errors.
+DataItem ReadData(std::string_view text, const std::string& file);
+// The same of one of the program's own files, by its path under data/.
+DataItem ReadResource(std::string_view path);
+
+template <typename T>
+T DataItem::As() const {
+  if constexpr (std::is_same_v<T, std::string>) {
+    return Text();
+  } else if constexpr (std::is_same_v<T, bool>) {
+    return Truth();
+  } else if constexpr (std::is_same_v<T, int>) {
+    return Whole();
+  } else {
+    T all;
+    for (const DataItem& item : List()) all.push_back(item.As<typename T::value_type>());
+    return all;
+  }
+}
+
+template <typename Read>
+auto DataItem::Object(Read read) const {
+  Fields fields(*this);
+  if constexpr (std::is_void_v<decltype(read(fields))>) {
+    read(fields);
+    fields.End();
+  } else {
+    auto made = read(fields);
+    fields.End();
+    return made;
+  }
+}
+
+}  // namespace cordboard::workbench

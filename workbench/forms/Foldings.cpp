@@ -1,0 +1,140 @@
+#include "workbench/forms/Foldings.h"
+
+#include <algorithm>
+#include <map>
+#include <regex>
+
+#include "workbench/data/DataFile.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+bool Holds(const Names& names, const std::string& name) { return std::ranges::find(names, name) != names.end(); }
+
+// What a form says about a whole beyond the names of its parameters.
+struct Exception {
+  std::optional<int> length = {};
+  char fill = '0';
+  std::string separator = {};
+  std::vector<Names> alternatives = {};
+};
+
+char ReadFill(Fields& fields) {
+  const auto item = fields.Find("fill");
+  if (!item) return '0';
+  if (item->Text().size() != 1) item->Fail("a fill is one character");
+  return item->Text().front();
+}
+
+std::map<std::string, Exception> ReadExceptions(const std::optional<DataItem>& item, const Names& wholes) {
+  std::map<std::string, Exception> exceptions;
+  if (!item) return exceptions;
+  for (const DataItem& entry : item->List()) {
+    entry.Object([&](Fields& fields) {
+      const Exception exception{
+          .length = fields.Has("length") ? std::optional(fields.Get<int>("length")) : std::nullopt,
+          .fill = ReadFill(fields),
+          .separator = fields.Get<std::string>("separator", ""),
+          .alternatives = fields.Get("alternatives", std::vector<Names>())};
+      for (const DataItem& whole : fields.At("wholes").List()) {
+        if (!Holds(wholes, whole.Text())) whole.Fail("no parameter is a digit of " + whole.Text());
+        if (!exceptions.emplace(whole.Text(), exception).second) whole.Fail(whole.Text() + " stands there twice");
+      }
+    });
+  }
+  return exceptions;
+}
+
+// The places of some parameters of one whole, by their digits.
+std::vector<DigitPlace> PlacesOf(const Names& parameters, const DataItem& file) {
+  std::map<int, DigitPlace> places;
+  for (const std::string& name : parameters) {
+    const SubDigit digits = *SubDigitOf(name);
+    DigitPlace& place = places.try_emplace(digits.first, DigitPlace{digits.first, digits.width, {}}).first->second;
+    place.parameters.push_back(name);
+    if (place.width != digits.width)
+      file.Fail(place.parameters.front() + " and " + name + " overlap: say in \"folding\" what are alternatives");
+  }
+  std::vector<DigitPlace> ordered;
+  for (const auto& [first, place] : places) {
+    if (!ordered.empty() && ordered.back().first + ordered.back().width > first)
+      file.Fail(ordered.back().parameters.front() + " and " + place.parameters.front() +
+                " overlap: say in \"folding\" what are alternatives");
+    ordered.push_back(place);
+  }
+  return ordered;
+}
+
+Folding Folded(const std::string& whole, const Names& parameters, const Exception& exception, const DataItem& file) {
+  Folding folding{.parameter = whole,
+                  .fill = exception.fill,
+                  .places = PlacesOf(parameters, file),
+                  .separator = exception.separator};
+  if (folding.places.empty()) file.Fail("an alternative of " + whole + " has no parameter");
+  const int told = folding.places.back().first + folding.places.back().width - 1;
+  folding.length = exception.length.value_or(told);
+  if (folding.length < told) file.Fail(whole + " is shorter than its digits");
+  return folding;
+}
+
+// The parameters of one alternative, with those that stand in none.
+Names Alternative(const Names& parameters, const std::vector<Names>& alternatives, const Names& chosen) {
+  Names names;
+  for (const std::string& name : parameters) {
+    const bool inAny = std::ranges::any_of(alternatives, [&](const Names& other) { return Holds(other, name); });
+    if (!inAny || Holds(chosen, name)) names.push_back(name);
+  }
+  return names;
+}
+
+}  // namespace
+
+std::optional<SubDigit> SubDigitOf(const std::string& name) {
+  static const std::regex pattern("(.+?)_((?:D[0-9]{1,2})+)(?:_SUB[0-9]+)?");
+  std::smatch parts;
+  if (!std::regex_match(name, parts, pattern)) return std::nullopt;
+  SubDigit digits{.whole = parts[1], .first = 0, .width = 0};
+  static const std::regex digit("D([0-9]+)");
+  const std::string all = parts[2];
+  for (std::sregex_iterator found(all.begin(), all.end(), digit), end; found != end; ++found) {
+    const int place = std::stoi((*found)[1]);
+    if (digits.width == 0) digits.first = place;
+    if (place != digits.first + digits.width) return std::nullopt;  // digits apart are no place
+    ++digits.width;
+  }
+  return digits.first == 0 ? std::nullopt : std::optional(digits);
+}
+
+std::vector<Folding> FoldingsOf(const FormDefinition& form, const DataItem& file,
+                                const std::optional<DataItem>& exceptions) {
+  Names wholes;
+  std::map<std::string, Names> parameters;
+  for (const ParameterDefinition& parameter : form.parameters) {
+    const auto digits = SubDigitOf(parameter.name);
+    if (!digits) continue;
+    if (!Holds(form.columns, digits->whole))
+      file.Fail(parameter.name + " is a digit of " + digits->whole + ", which is no column");
+    if (!Holds(wholes, digits->whole)) wholes.push_back(digits->whole);
+    parameters[digits->whole].push_back(parameter.name);
+  }
+
+  std::map<std::string, Exception> excepted = ReadExceptions(exceptions, wholes);
+  std::vector<Folding> foldings;
+  for (const std::string& whole : wholes) {
+    const Exception& exception = excepted[whole];
+    if (exception.alternatives.empty()) foldings.push_back(Folded(whole, parameters[whole], exception, file));
+    for (const Names& chosen : exception.alternatives) {
+      for (const std::string& name : chosen) {
+        if (!Holds(parameters[whole], name)) file.Fail(name + " is no digit of " + whole);
+      }
+      foldings.push_back(
+          Folded(whole, Alternative(parameters[whole], exception.alternatives, chosen), exception, file));
+    }
+  }
+  return foldings;
+}
+
+}  // namespace cordboard::workbench

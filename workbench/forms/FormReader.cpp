@@ -1,0 +1,121 @@
+#include "workbench/forms/FormReader.h"
+
+#include <algorithm>
+
+#include "entry/Registry.h"
+#include "workbench/data/DataFile.h"
+#include "workbench/database/Schema.h"
+#include "workbench/exchange/Exchange.h"
+#include "workbench/exchange/FixedValues.h"
+#include "workbench/forms/Foldings.h"
+#include "workbench/text/Names.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+bool HasFixedValues(const std::string& command, const std::string& parameter) {
+  return std::ranges::any_of(AllFixedValues().lists, [&](const FixedList& list) {
+    return std::ranges::find(list.commands, command) != list.commands.end() &&
+           std::ranges::find(list.parameters, parameter) != list.parameters.end();
+  });
+}
+
+Texts ReadReleases(Fields& fields) {
+  const auto item = fields.Find("releases");
+  if (!item) return {};
+  for (const DataItem& release : item->List()) {
+    if (std::ranges::find(Releases(), release.Text()) == Releases().end())
+      release.Fail("there is no release " + release.Text());
+  }
+  return item->As<Texts>();
+}
+
+ParameterDefinition ReadParameter(const std::string& command, Fields& fields) {
+  ParameterDefinition parameter{.name = fields.Get<std::string>("name"), .title = fields.Get<std::string>("title")};
+  for (const ParameterFlag& flag : ParameterFlags()) {
+    if (flag.source == ParameterFlag::Source::Form) parameter.*flag.flag = fields.Get(flag.key, false);
+  }
+  if (const Module* module = FindModule(command)) {
+    parameter.list = module->ListOf(parameter.name) != nullptr;
+    parameter.check = module->CheckOf(parameter.name) != nullptr;
+  }
+  parameter.fixed = !parameter.list && HasFixedValues(command, parameter.name);
+  parameter.releases = ReadReleases(fields);
+  if (const auto pool = fields.Find("pool")) {
+    parameter.pool = pool->Object([](Fields& of) {
+      return Pool{of.Get<std::string>("table"), of.Get<std::string>("column")};
+    });
+  }
+  if (const auto narrowed = fields.Find("narrowed")) {
+    parameter.narrowing = narrowed->Object([](Fields& of) {
+      return Narrowing{of.Get<std::string>("by"), of.Get<std::string>("without")};
+    });
+  }
+  return parameter;
+}
+
+// The identifier is CMDID to the library, however the table spells it.
+Texts ColumnsOf(const Table& table) {
+  Texts columns;
+  for (const Column& column : table.columns) {
+    if (!column.further) columns.push_back(SameName(column.name, "CMDID") ? "CMDID" : column.name);
+  }
+  return columns;
+}
+
+// A table of the site database has a name of its own, or stays empty in the exchange and has fewer columns there.
+void ReadRecord(FormDefinition& form, Fields& fields, const DataItem& file) {
+  form.table = fields.Get("table", form.command);
+  const Table* dynamic = ShippedSchema().Database("dynamic").Find(form.table);
+  const Table* site = ShippedSchema().Database("site").Find(form.table);
+  if (dynamic == nullptr && site == nullptr) file.Fail("there is no table " + form.table);
+  form.columns = fields.Get("columns", ColumnsOf(dynamic != nullptr ? *dynamic : *site));
+  for (const std::string& column : form.columns) {
+    const bool stands =
+        (dynamic != nullptr && dynamic->Find(column) != nullptr) || (site != nullptr && site->Find(column) != nullptr);
+    if (!stands) file.Fail("the table " + form.table + " has no column " + column);
+  }
+}
+
+void ReadActions(FormDefinition& form) {
+  const Module* module = FindModule(form.command);
+  if (module == nullptr) return;
+  form.adds = module->SetInfo != nullptr;
+  form.edits = module->EditInfo != nullptr;
+  form.deletes = module->DeleteInfo != nullptr;
+  form.generates = module->GenerateCmd != nullptr;
+}
+
+}  // namespace
+
+FormDefinition ReadForm(const std::string& command, std::string_view json, const std::string& file) {
+  const DataItem item = ReadData(json, file);
+  return item.Object([&](Fields& fields) {
+    FormDefinition form{.command = command,
+                        .title = fields.Get<std::string>("title"),
+                        .help = fields.Get<std::string>("help"),
+                        .table = {},
+                        .columns = {}};
+    ReadRecord(form, fields, item);
+    for (const DataItem& parameter : fields.At("parameters").List())
+      form.parameters.push_back(parameter.Object([&](Fields& of) { return ReadParameter(command, of); }));
+    form.foldings = FoldingsOf(form, item, fields.Find("folding"));
+    form.inStep = fields.Get("inStep", std::vector<Texts>());
+    form.oneOf = fields.Get("oneOf", std::vector<Texts>());
+    form.ordered = fields.Get("ordered", false);
+    form.single = fields.Get("single", false);
+    if (const auto after = fields.Find("after")) {
+      form.handling = after->Object([](Fields& of) {
+        return RecordHandling{.removeRowAfterDelete = of.Get("removeRowAfterDelete", false),
+                              .writeAfterEdit = of.Get("writeAfterEdit", Texts())};
+      });
+    }
+    ReadActions(form);
+    return form;
+  });
+}
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,27 @@
+// Reads a form (data/forms/<COMMAND>.json).
+//
+//   {"title": "Key extensions", "help": "One sentence.",
+//    "parameters": [{"name": "DIR", "title": "Directory number", "mandatory": true, "multiple": true}, ...]}
+//
+// A parameter has the flags of ParameterFlags() that the form says, "releases", "pool" {"table", "column"} and
+// "narrowed" {"by", "without"}. A form has besides "ordered", "single", "inStep", "oneOf", "folding" and "after"
+// {"removeRowAfterDelete", "writeAfterEdit"}.
+//
+// What is known elsewhere follows from there, and the form says only where it is otherwise:
+//   what the command serves   from the table of its module: actions, lists and checks
+//   "table" and "columns"     the table with the command's name, and its columns (data/schema.json)
+//   which values are fixed    where the command builds no list and data/values has one
+//   "folding"                 from the names of the parameters (workbench/forms/Foldings.h)
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "workbench/forms/FormDefinition.h"
+
+namespace cordboard::workbench {
+
+// Reads the form of a command; `file` names it in errors. Fails with a DataError.
+FormDefinition ReadForm(const std::string& command, std::string_view json, const std::string& file);
+
+}  // namespace cordboard::workbench
