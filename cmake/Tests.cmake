@@ -10,7 +10,7 @@ set_source_files_properties(tests/support/SourceFolder.cpp PROPERTIES
 target_include_directories(cordboard_test_support PUBLIC tests)
 target_link_libraries(cordboard_test_support PUBLIC cordboard::cordboard GTest::gtest GTest::gmock GTest::gtest_main)
 
-file(GLOB library_tests CONFIGURE_DEPENDS tests/script/*.cpp tests/shared/*.cpp tests/commands/*/*.cpp
+file(GLOB library_tests CONFIGURE_DEPENDS tests/script/*.cpp tests/shared/*.cpp tests/commands/*.cpp tests/commands/*/*.cpp
      tests/entry/*.cpp)
 add_executable(library-tests ${library_tests})
 target_link_libraries(library-tests PRIVATE cordboard_test_support)
