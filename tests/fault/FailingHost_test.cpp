@@ -13,7 +13,7 @@ namespace {
 
 TEST(FailingHost, KnowsWhatARefusalIsForEachOfTheOperations) {
   std::set<std::string> operations;
-  for (const OperationCall& operation : EveryOperation()) operations.insert(operation.name);
+  for (const OperationCall& operation : EveryOperation()) operations.insert(operation.given.operation);
   std::set<std::string> told;
   for (const Refusal& refusal : Refusals()) told.emplace(refusal.operation);
   EXPECT_EQ(told, operations);
@@ -40,8 +40,9 @@ TEST(FailingHost, RefusesWhatHasATruthValueAndFailsAllOthers) {
   for (const OperationCall& operation : EveryOperation()) {
     FailingHost host(AnsweringHost(Behaviour::AnswersTrue), 1, Fault::Refuses);
     const std::string outcome = Outcome([&] { return operation.perform(host); });
-    EXPECT_EQ(outcome.starts_with("\"False"), CanRefuse(operation.name)) << operation.call << " gave " << outcome;
-    EXPECT_EQ(outcome == "HostFailure", !CanRefuse(operation.name)) << operation.call << " gave " << outcome;
+    EXPECT_EQ(outcome.starts_with("\"False"), CanRefuse(operation.given.operation))
+        << operation.call << " gave " << outcome;
+    EXPECT_EQ(outcome == "HostFailure", !CanRefuse(operation.given.operation)) << operation.call << " gave " << outcome;
   }
 }
 

@@ -2,20 +2,22 @@
 // and its host.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "script/Host.h"
+#include "script/HostCall.h"
 
 namespace cordboard {
 
 struct OperationCall {
-  std::string name;
-  std::function<std::string(Host&)> perform;  // gives what came back, as a trace writes it
-  std::string call;                           // the call, as a trace writes it
-  std::string answer;                         // what comes back from a host that answers True
+  HostCall given;
+  std::string call;     // as a trace writes it
+  HostAnswer returned;  // by a host that answers True
+  std::string answer;   // as a trace writes it
+
+  // Calls the host and gives what came back, as a trace writes it.
+  std::string perform(Host& host) const;
 };
 
 // Every operation in the order of script/Host.h. scRunQuery stands there four times, scPushValidValues three times.
