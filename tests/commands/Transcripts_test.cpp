@@ -16,7 +16,7 @@ class PlayedBlock : public testing::Test {
 
   void TestBody() override {
     const std::string difference = Replay(block_);
-    EXPECT_EQ(difference, "") << block_.place.Text() << ": " << block_.title << "\n" << difference;
+    if (!difference.empty()) ADD_FAILURE() << block_.title << "\n" << difference;
   }
 
  private:

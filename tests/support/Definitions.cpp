@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cctype>
 
+#include "script/HostCall.h"
+
 namespace cordboard {
 
 namespace {
@@ -26,6 +28,11 @@ std::string Inside(const std::string& call, const Place& place) {
 bool IsOfTheHost(const std::string& name) {
   return (name.starts_with("sc") && name.size() > 2 && std::isupper(static_cast<unsigned char>(name[2])) != 0) ||
          name == "SetTemplate" || name == "ShowMessageBox";
+}
+
+bool IsOperation(const std::string& name) {
+  const auto isIt = [&name](const Operation& operation) { return operation.name == name; };
+  return name == "ShowMessageBox" || std::ranges::any_of(Operations(), isIt);
 }
 
 // read DIR="100", CAT
@@ -112,6 +119,7 @@ std::vector<ExpectedCall> Definitions::Expanded(const TranscriptLine& line, cons
   if (arrow != text.npos && answer.empty()) throw TranscriptError(line.place, "there is no answer after ->");
   if (!IsOfTheHost(Head(call))) return Applied(call, answer, line.place);
   if (call.find('(') == call.npos) throw TranscriptError(line.place, "a call of the host has brackets: " + call);
+  if (!IsOperation(Head(call))) throw TranscriptError(line.place, "the host has no operation " + Head(call));
   Inside(call, line.place);
   return {{call, answer, line.place}};
 }
@@ -123,6 +131,7 @@ std::vector<ExpectedCall> Definitions::Applied(const std::string& call, const st
   const Variables arguments = Bound(Head(call), found->second, call, place);
   std::vector<ExpectedCall> calls;
   for (const TranscriptLine& line : found->second.lines) {
+    if (Head(line.text) == Head(call)) throw TranscriptError(line.place, "the name stands for itself: " + Head(call));
     for (ExpectedCall& expected : Expanded(line, arguments)) calls.push_back(std::move(expected));
   }
   for (ExpectedCall& expected : calls) expected.place = place;

@@ -63,7 +63,8 @@ class Replayer : public CallHost {
     if (at_ < run_.calls.size()) return Differ(run_.calls[at_].call, run_.calls[at_].place, came);
     if (came != written) return Differ(written, run_.place, came);
     for (const auto& [name, value] : run_.form) {
-      if (!read_.contains(name)) Differ("form " + name + "=" + TraceText(value), run_.place, "(it is never read)");
+      if (!read_.contains(name) && !run_.isAlternative)
+        Differ("form " + name + "=" + TraceText(value), run_.place, "(it is never read)");
     }
   }
 

@@ -1,6 +1,7 @@
 #include "support/TranscriptFile.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "support/TranscriptLines.h"
 
@@ -90,7 +91,7 @@ class Reader {
     const std::string title(Trimmed(head.text.substr(3)));
     if (transcript_.command.empty()) throw TranscriptError(head.place, "a block stands after the name of the command");
     if (title.empty()) throw TranscriptError(head.place, "the block has no title");
-    if (std::ranges::contains(titles_, title))
+    if (std::ranges::find(titles_, title) != titles_.end())
       throw TranscriptError(head.place, "this title is given already: " + title);
     titles_.push_back(title);
     TranscriptBlock block{title, {}, head.place};
@@ -146,7 +147,7 @@ class Reader {
 
   void Repeat(TranscriptBlock& block, const std::vector<Loop>& loops, const std::vector<TranscriptLine>& lines,
               std::size_t depth, const Variables& variables, const std::string& shown) {
-    if (depth == loops.size()) return block.runs.push_back(MakeRun(lines, variables, shown));
+    if (depth == loops.size()) return MakeRuns(block, lines, variables, shown);
     for (const std::vector<std::string>& row : loops[depth].rows) {
       Variables bound = variables;
       std::string text = shown;
@@ -158,28 +159,63 @@ class Reader {
     }
   }
 
-  TranscriptRun MakeRun(const std::vector<TranscriptLine>& lines, const Variables& variables,
-                        const std::string& shown) const {
+  // The run, and one more for each `or` in it.
+  void MakeRuns(TranscriptBlock& block, const std::vector<TranscriptLine>& lines, const Variables& variables,
+                const std::string& shown) const {
     TranscriptRun run;
+    std::vector<TranscriptRun> alternatives;
     run.variables = shown;
     run.place = lines.front().place;
     run.action = MakeAction(definitions_.Substituted(Rest(lines.front().text), variables, run.place), run.place);
     bool reads = false;
     for (std::size_t i = 1; i + 1 < lines.size(); ++i) {
-      reads |= Word(lines[i].text) == "read";
-      if (Word(lines[i].text) == "form") {
+      const std::string word = Word(lines[i].text);
+      reads |= word == "read";
+      if (word == "form") {
         FillForm(run, definitions_.Substituted(Rest(lines[i].text), variables, lines[i].place), lines[i].place);
+      } else if (word == "or") {
+        alternatives.push_back(MakeAlternative(run, lines[i], variables));
       } else {
-        for (ExpectedCall& call : definitions_.Expanded(lines[i], variables)) run.calls.push_back(std::move(call));
+        Append(run, lines[i], variables);
       }
     }
     if (run.hasForm && reads) throw TranscriptError(run.place, "a run has a form or writes its reads, and not both");
-    const TranscriptLine& end = lines.back();
-    run.outcome = definitions_.Substituted(Rest(end.text), variables, end.place);
-    const bool truth = run.outcome == "True" || run.outcome == "False";
-    if (run.outcome.empty() || truth != (Word(end.text) == "gives"))
-      throw TranscriptError(end.place, "a run gives True or False, or fails with a cause");
+    run.outcome = ReadOutcome(lines.back(), variables);
+    block.runs.push_back(std::move(run));
+    std::ranges::move(alternatives, std::back_inserter(block.runs));
+  }
+
+  void Append(TranscriptRun& run, const TranscriptLine& line, const Variables& variables) const {
+    for (ExpectedCall& call : definitions_.Expanded(line, variables)) run.calls.push_back(std::move(call));
+  }
+
+  // or ANSWER: what follows when the call before it is answered so; call; call; gives False
+  TranscriptRun MakeAlternative(TranscriptRun run, const TranscriptLine& line, const Variables& variables) const {
+    const std::size_t colon = FindOutside(line.text, ":");
+    if (run.calls.empty()) throw TranscriptError(line.place, "there is no call before this or");
+    if (colon == std::string::npos) throw TranscriptError(line.place, "an or reads: or answer: calls");
+    const std::string answer = Rest(std::string(Trimmed(line.text.substr(0, colon))));
+    if (answer.empty()) throw TranscriptError(line.place, "an or reads: or answer: calls");
+    run.isAlternative = true;
+    run.place = line.place;
+    run.calls.back().answer = definitions_.Substituted(answer, variables, line.place);
+    run.outcome = "False";
+    std::vector<std::string> parts = Parts(line.text.substr(colon + 1), ';');
+    if (!parts.empty() && (Word(parts.back()) == "gives" || Word(parts.back()) == "fails")) {
+      run.outcome = ReadOutcome({parts.back(), true, line.place}, variables);
+      parts.pop_back();
+    }
+    for (const std::string& part : parts) Append(run, {part, true, line.place}, variables);
     return run;
+  }
+
+  // gives False, fails TypeMismatch
+  std::string ReadOutcome(const TranscriptLine& end, const Variables& variables) const {
+    const std::string outcome = definitions_.Substituted(Rest(end.text), variables, end.place);
+    const bool truth = outcome == "True" || outcome == "False";
+    if (outcome.empty() || truth != (Word(end.text) == "gives"))
+      throw TranscriptError(end.place, "a run gives True or False, or fails with a cause");
+    return outcome;
   }
 
   // SetInfo "DIR", "CAT" with release "R6", record 8

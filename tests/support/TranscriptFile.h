@@ -18,7 +18,9 @@ struct TranscriptRun {
   bool hasForm = false;
   std::map<std::string, Value> form;
   std::vector<ExpectedCall> calls;
-  std::string outcome;    // "True", "False", or the cause of the failure
+  std::string outcome;  // "True", "False", or the cause of the failure
+  // An alternative ends where another answer makes it end: it need not read all that the form gives.
+  bool isAlternative = false;
   std::string variables;  // what stands for the names of a loop, to be shown
   Place place;
 };

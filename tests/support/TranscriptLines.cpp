@@ -6,16 +6,18 @@ namespace cordboard {
 
 namespace {
 
-bool EndsInText(const std::string& line) { return line.ends_with("\" +"); }
+bool EndsWithPlus(std::string_view line) { return line.ends_with(" +"); }
+bool EndsWithStroke(std::string_view line) { return line.ends_with(" \\"); }
 
-// Two texts joined by "+" are one.
-void Join(std::string& line, std::string_view next) {
-  if (EndsInText(line) && next.starts_with('"')) {
+void Join(std::string& line, std::string_view next, const Place& place) {
+  if (EndsWithPlus(line)) {
+    if (!line.ends_with("\" +") || !next.starts_with('"'))
+      throw TranscriptError(place, "a plus at the end of a line joins two texts");
     line.resize(line.size() - 3);
     line += next.substr(1);
     return;
   }
-  if (line.ends_with(" +")) line.resize(line.size() - 2);
+  if (EndsWithStroke(line)) line.resize(line.size() - 2);
   const bool tight = line.ends_with('(') || line.ends_with('[') || next.starts_with(')') || next.starts_with(']');
   line += (tight ? "" : " ") + std::string(next);
 }
@@ -32,7 +34,7 @@ std::vector<TranscriptLine> TranscriptLinesOf(const std::string& file, const std
     const std::string_view trimmed = Trimmed(line);
     if (trimmed.empty() || trimmed.starts_with('#')) continue;
     if (open) {
-      Join(lines.back().text, trimmed);
+      Join(lines.back().text, trimmed, place);
     } else {
       lines.push_back({std::string(trimmed), line.front() == ' ' || line.front() == '\t', place});
     }
@@ -40,7 +42,7 @@ std::vector<TranscriptLine> TranscriptLinesOf(const std::string& file, const std
     // A title and a reason are plain words.
     const bool plain = whole.starts_with("===") || whole.starts_with("silence ") ||
                        whole.starts_with("leaves-behind ") || whole.starts_with("nests ");
-    open = !plain && (OpenBrackets(whole, lines.back().place) > 0 || whole.ends_with(" +"));
+    open = !plain && (OpenBrackets(whole, lines.back().place) > 0 || EndsWithPlus(whole) || EndsWithStroke(whole));
   }
   if (open) throw TranscriptError(lines.back().place, "the file ends in the middle of this line");
   return lines;
