@@ -101,7 +101,9 @@ class Reader {
       if (IsHere("once")) Next();
       while (IsHere("for")) loops.push_back(ReadLoop());
       if (!IsHere("run")) throw TranscriptError(head.place, "a loop stands before a run");
-      while (IsHere("run")) ReadRun(block, loops);
+      std::vector<std::vector<TranscriptLine>> runs;
+      while (IsHere("run")) runs.push_back(RunLines());
+      Repeat(block, loops, runs, 0, {}, "");
     }
     if (block.runs.empty()) throw TranscriptError(head.place, "the block has no run");
     transcript_.blocks.push_back(std::move(block));
@@ -132,8 +134,8 @@ class Reader {
     return loop;
   }
 
-  // A run as it is written, repeated for each row of each loop.
-  void ReadRun(TranscriptBlock& block, const std::vector<Loop>& loops) {
+  // The lines of a run, from `run` to its end.
+  std::vector<TranscriptLine> RunLines() {
     std::vector<TranscriptLine> lines{Next()};
     while (!AtEnd() && !IsHere("gives") && !IsHere("fails")) {
       if (IsHere("run") || IsHere("for") || Here().text.starts_with("===")) break;
@@ -142,20 +144,26 @@ class Reader {
     if (!IsHere("gives") && !IsHere("fails"))
       throw TranscriptError(lines.front().place, "the run ends with neither gives nor fails");
     lines.push_back(Next());
-    Repeat(block, loops, lines, 0, {}, "");
+    return lines;
   }
 
-  void Repeat(TranscriptBlock& block, const std::vector<Loop>& loops, const std::vector<TranscriptLine>& lines,
-              std::size_t depth, const Variables& variables, const std::string& shown) {
-    if (depth == loops.size()) return MakeRuns(block, lines, variables, shown);
+  // Makes the runs one after the other, for each row of each loop.
+  void Repeat(TranscriptBlock& block, const std::vector<Loop>& loops,
+              const std::vector<std::vector<TranscriptLine>>& runs, std::size_t depth, const Variables& variables,
+              const std::string& shown) {
+    if (depth == loops.size()) {
+      for (const std::vector<TranscriptLine>& lines : runs) MakeRuns(block, lines, variables, shown);
+      return;
+    }
     for (const std::vector<std::string>& row : loops[depth].rows) {
       Variables bound = variables;
       std::string text = shown;
       for (std::size_t i = 0; i < row.size(); ++i) {
-        bound[loops[depth].names[i]] = definitions_.Substituted(row[i], variables, lines.front().place);
-        text += (text.empty() ? "" : ", ") + loops[depth].names[i] + " = " + bound[loops[depth].names[i]];
+        const std::string& name = loops[depth].names[i];
+        bound[name] = definitions_.Substituted(row[i], variables, runs.front().front().place);
+        text += (text.empty() ? "" : ", ") + name + " = " + bound[name];
       }
-      Repeat(block, loops, lines, depth + 1, bound, text);
+      Repeat(block, loops, runs, depth + 1, bound, text);
     }
   }
 

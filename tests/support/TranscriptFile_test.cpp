@@ -105,7 +105,7 @@ TEST(TranscriptFile, LoopsRepeatTheRunsAfterThem) {
   EXPECT_EQ(runs,
             "StatCheck[\"A\"]scResetParam(\"a b\")True\nStatCheck[\"A\"]scResetParam(Null)False\n"
             "StatCheck[\"B\"]scResetParam(\"a b\")True\nStatCheck[\"B\"]scResetParam(Null)False\n"
-            "EditInfoEmptyTrue\nSetInfoEmptyTrue\nEditInfoEmptyTrue\nDeleteInfoEmptyTrue\nDeleteInfoEmptyTrue\n");
+            "EditInfoEmptyTrue\nSetInfoEmptyTrue\nDeleteInfoEmptyTrue\nEditInfoEmptyTrue\nDeleteInfoEmptyTrue\n");
   EXPECT_EQ(read.blocks[0].runs[1].variables, "P = \"A\", v = Null, answer = False");
 }
 
