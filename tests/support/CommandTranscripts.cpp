@@ -47,4 +47,12 @@ const Transcript& TranscriptOf(const std::string& file) {
   return read.emplace(file, ReadTranscript(Source(file), common)).first->second;
 }
 
+const Transcript& TranscriptOfCommand(const std::string& command) {
+  for (const std::string& file : TranscriptFiles()) {
+    const Transcript& transcript = TranscriptOf(file);
+    if (transcript.command == command) return transcript;
+  }
+  throw TranscriptError({folder, 0}, "there is no transcript of " + command);
+}
+
 }  // namespace cordboard

@@ -15,4 +15,7 @@ std::vector<std::string> TranscriptFiles();
 // One of them, read once.
 const Transcript& TranscriptOf(const std::string& file);
 
+// The one of a command. Fails where there is none.
+const Transcript& TranscriptOfCommand(const std::string& command);
+
 }  // namespace cordboard

@@ -71,18 +71,17 @@ class Reader {
     throw TranscriptError(place, "neither a definition nor a default: " + word + " " + value);
   }
 
-  // silence SetInfo "DELETE * FROM X": reason, nests EditInfo: reason
+  // silence SetInfo at DELETE * FROM X: reason; nests EditInfo: reason
   void ReadIrregularity(const std::string& word, const TranscriptLine& line) {
-    const std::size_t colon = FindOutside(line.text, ":");
-    if (colon == std::string::npos || colon + 2 >= line.text.size())
-      throw TranscriptError(line.place, word + " needs its reason after a colon");
-    const std::string subject(Trimmed(line.text.substr(word.size(), colon - word.size())));
-    const std::string reason(Trimmed(line.text.substr(colon + 1)));
+    const std::size_t colon = line.text.find(": ");
+    if (colon == std::string::npos) throw TranscriptError(line.place, word + " needs its reason after a colon");
+    const std::string subject = Rest(line.text.substr(0, colon));
+    const std::string reason = line.text.substr(colon + 2);
     const std::string action = Word(subject);
     const std::string refused = Rest(subject);
-    if (action.empty() || (word != "silence" && !refused.empty()))
-      throw TranscriptError(line.place, word + " needs an action, and nothing more");
-    if (word == "silence") transcript_.silences.push_back({action, NameIn(refused), reason});
+    if (action.empty() || (!refused.empty() && (word != "silence" || Word(refused) != "at")))
+      throw TranscriptError(line.place, word + " needs an action, and a silence may have the call after \"at\"");
+    if (word == "silence") transcript_.silences.push_back({action, Rest(refused), reason});
     if (word == "leaves-behind") transcript_.leavesBehind.push_back({action, reason});
     if (word == "nests") transcript_.nests.push_back({action, reason});
   }

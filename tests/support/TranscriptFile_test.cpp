@@ -134,11 +134,11 @@ TEST(TranscriptFile, AnOrIsARunOfItsOwn) {
 TEST(TranscriptFile, KnowsWhatIsAgainstTheGeneralOrder) {
   const Transcript read = Read(
       "command X\n=== A title\nrun SetInfo\ngives True\n"
-      "silence SetInfo \"SELECT A, B\": a reason: it is so\nsilence EditInfo: another\n"
+      "silence SetInfo at f(\"A\", B: a reason: it is so\nsilence EditInfo: another\n"
       "leaves-behind SetInfo: what isn't undone\nnests EditInfo: within\n");
   ASSERT_EQ(read.silences.size(), 2U);
   EXPECT_EQ(read.silences[0].action, "SetInfo");
-  EXPECT_EQ(read.silences[0].refused, "SELECT A, B");
+  EXPECT_EQ(read.silences[0].refused, "f(\"A\", B");
   EXPECT_EQ(read.silences[0].reason, "a reason: it is so");
   EXPECT_EQ(read.silences[1].refused, "");
   ASSERT_EQ(read.leavesBehind.size(), 1U);
@@ -190,7 +190,10 @@ TEST(TranscriptFile, SaysWhereItCannotBeRead) {
            {"A(b) = scResetParam({b})\n" + run + "A(1, 2)\ngives True\n",
             "X.transcript:5: A takes 1 arguments, and not 2"},
            {"command X\nsilence SetInfo\n", "X.transcript:2: silence needs its reason after a colon"},
-           {"command X\nnests SetInfo \"A\": so\n", "X.transcript:2: nests needs an action, and nothing more"},
+           {"command X\nnests SetInfo at A: so\n",
+            "X.transcript:2: nests needs an action, and a silence may have the call after \"at\""},
+           {"command X\nsilence SetInfo A: so\n",
+            "X.transcript:2: silence needs an action, and a silence may have the call after \"at\""},
            {"command X\nwhatever\n", "X.transcript:2: neither a definition nor a default: whatever "},
        })
     EXPECT_EQ(Refusal(text), refusal) << text;
