@@ -1,8 +1,8 @@
 // The host: everything that the library does to the world goes through these 37 operations and no others.
 //
-// An operation answers False where the form or the database refuses; the worker that called it reports. An operation
-// that cannot answer at all throws RunTimeFailure with the cause HostFailure, which ends the Run in progress. All
-// operations are called on the thread that called Run, one at a time; an operation may call Run again (a nested Run).
+// An operation answers False where the form or the database refuses; nothing has changed then, and the worker that
+// called it reports. One that cannot answer at all throws RunTimeFailure with the cause HostFailure, which ends the Run
+// in progress. All are called on the thread that called Run, one at a time; they may call Run again (a nested Run).
 //
 // An out-argument arrives empty and stays so where there is nothing to give.
 #pragma once

@@ -23,8 +23,7 @@ const Argument* Find(const HostCall& call, std::size_t place) {
 
 template <typename Type>
 const Type& Get(const HostCall& call, std::size_t place) {
-  const Argument* argument = Find(call, place);
-  if (argument != nullptr && std::holds_alternative<Type>(*argument)) return std::get<Type>(*argument);
+  if (const Type* content = std::get_if<Type>(Find(call, place))) return *content;
   throw RunTimeFailure(RunTimeFailure::Cause::InvalidCall, std::string(call.operation) + ": argument " +
                                                                std::to_string(place + 1) + " is missing or wrong");
 }
@@ -35,9 +34,8 @@ void Read(const HostCall& call, std::size_t place, std::string& given) { given =
 void Read(const HostCall& call, std::size_t place, bool& given) { given = ToTruth(Get<Value>(call, place)); }
 void Read(const HostCall& call, std::size_t place, int& given) { given = ToInt32(Get<Value>(call, place)); }
 void Read(const HostCall& call, std::size_t place, std::variant<Value, List>& given) {
-  const Argument* argument = Find(call, place);
-  if (argument != nullptr && std::holds_alternative<List>(*argument)) {
-    given = std::get<List>(*argument);
+  if (const List* list = std::get_if<List>(Find(call, place))) {
+    given = *list;
   } else {
     given = Get<Value>(call, place);
   }
@@ -50,41 +48,33 @@ void Read(const HostCall& call, std::size_t place, std::vector<Value>& given) {
   for (; Find(call, place) != nullptr; ++place) given.push_back(Get<Value>(call, place));
 }
 
-// A parameter during its call: what goes in is read, what comes out is noted.
+// A parameter during its call: what goes in is read, and what comes out, a reference that is not constant, is noted.
 template <typename Parameter>
 struct Place {
-  static constexpr AnswerKind out = AnswerKind::Nothing;
-  std::remove_cvref_t<Parameter> content{};
+  using Type = std::remove_cvref_t<Parameter>;
+  static constexpr bool isOut = std::is_same_v<Parameter, Type&>;
+  Type content{};
 
-  Place(const HostCall& call, std::size_t place) { Read(call, place, content); }
-  const auto& Pass() { return content; }
-  void Note(HostAnswer&) {}
-};
-
-template <typename Type, AnswerKind kind>
-struct Out {
-  static constexpr AnswerKind out = kind;
-  Type content;
-
-  Out(const HostCall& call, std::size_t place) { Get<OutPlace>(call, place); }
+  Place(const HostCall& call, std::size_t place) {
+    if constexpr (isOut) {
+      Get<OutPlace>(call, place);
+    } else {
+      Read(call, place, content);
+    }
+  }
   Type& Pass() { return content; }
-  void Note(HostAnswer& answer) { answer.out = std::move(content); }
-};
-template <>
-struct Place<Value&> : Out<Value, AnswerKind::Value> {
-  using Out::Out;
-};
-template <>
-struct Place<List&> : Out<List, AnswerKind::List> {
-  using Out::Out;
+  void Note(HostAnswer& answer) {
+    if constexpr (isOut) answer.out = std::move(content);
+  }
 };
 
 // Rows may be asked for or not.
 template <>
 struct Place<RowSet*> {
-  static constexpr AnswerKind out = AnswerKind::Rows;
+  using Type = RowSet;
+  static constexpr bool isOut = true;
   bool asked;
-  RowSet content;
+  RowSet content{};
 
   Place(const HostCall& call, std::size_t) : asked(call.AsksOut()) {}
   RowSet* Pass() { return asked ? &content : nullptr; }
@@ -95,39 +85,42 @@ struct Place<RowSet*> {
 
 // --- The operations, described by their signatures.
 
-template <typename Result>
+template <typename Type>
 constexpr AnswerKind KindOf = AnswerKind::Nothing;
 template <>
 constexpr AnswerKind KindOf<bool> = AnswerKind::Truth;
 template <>
 constexpr AnswerKind KindOf<Value> = AnswerKind::Value;
 template <>
+constexpr AnswerKind KindOf<List> = AnswerKind::List;
+template <>
 constexpr AnswerKind KindOf<RowSet> = AnswerKind::Rows;
+
+template <typename Parameter>
+constexpr AnswerKind OutKindOf =
+    Place<Parameter>::isOut ? KindOf<typename Place<Parameter>::Type> : AnswerKind::Nothing;
 
 template <typename Result, typename... Parameters>
 struct Signature {
   static constexpr AnswerKind result = KindOf<Result>;
-  static constexpr AnswerKind out = std::max({AnswerKind::Nothing, Place<Parameters>::out...});
+  static constexpr AnswerKind out = std::max({AnswerKind::Nothing, OutKindOf<Parameters>...});
   static constexpr std::size_t arity =
       (0 + ... + (std::is_same_v<Parameters, const std::vector<Value>&> ? MessageArguments : 1));
 
   template <auto operation>
   static HostAnswer Perform(Host& host, const HostCall& call) {
-    return Perform<operation>(host, call, std::index_sequence_for<Parameters...>());
-  }
-
- private:
-  template <auto operation, std::size_t... places>
-  static HostAnswer Perform(Host& host, [[maybe_unused]] const HostCall& call, std::index_sequence<places...>) {
-    std::tuple<Place<Parameters>...> given{Place<Parameters>(call, places)...};
-    HostAnswer answer;
-    if constexpr (std::is_void_v<Result>) {
-      (host.*operation)(std::get<places>(given).Pass()...);
-    } else {
-      answer.result = (host.*operation)(std::get<places>(given).Pass()...);
+    return [&]<std::size_t... places>(std::index_sequence<places...>) {
+      std::tuple<Place<Parameters>...> given{Place<Parameters>(call, places)...};
+      HostAnswer answer;
+      if constexpr (std::is_void_v<Result>) {
+        (host.*operation)(std::get<places>(given).Pass()...);
+      } else {
+        answer.result = (host.*operation)(std::get<places>(given).Pass()...);
+      }
+      (std::get<places>(given).Note(answer), ...);
+      return answer;
     }
-    (std::get<places>(given).Note(answer), ...);
-    return answer;
+    (std::index_sequence_for<Parameters...>());
   }
 };
 

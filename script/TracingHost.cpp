@@ -21,7 +21,7 @@ std::string Quoted(const std::string& text) {
   return quoted + "\"";
 }
 
-struct Text {
+struct ToTraceText {
   std::string operator()(std::monostate) const { return ""; }
   std::string operator()(OutPlace) const { return "out"; }
   template <typename Content>
@@ -34,7 +34,7 @@ struct Text {
 template <typename Items>
 std::string Listed(const Items& items) {
   std::string text;
-  for (const auto& item : items) text += (text.empty() ? "" : ", ") + Text()(item);
+  for (const auto& item : items) text += (text.empty() ? "" : ", ") + ToTraceText()(item);
   return text;
 }
 
@@ -60,8 +60,8 @@ std::string TraceText(const RowSet& rows) {
 std::string TraceText(const HostCall& call) { return std::string(call.operation) + "(" + Listed(call.arguments) + ")"; }
 
 std::string TraceText(const HostAnswer& answer) {
-  const std::string result = std::visit(Text(), answer.result);
-  const std::string out = std::visit(Text(), answer.out);
+  const std::string result = std::visit(ToTraceText(), answer.result);
+  const std::string out = std::visit(ToTraceText(), answer.out);
   return (std::holds_alternative<RowSet>(answer.result) ? "rows " : "") + result +
          (result.empty() || out.empty() ? "" : ", ") + out;
 }

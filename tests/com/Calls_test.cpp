@@ -35,7 +35,7 @@ class Calls : public testing::Test {
 
 TEST_F(Calls, EarlyBoundRunGivesATruthValue) {
   std::vector<std::string> calls;
-  AddHost([&calls](const HostCall& call) {
+  AddHost([&calls](const ObjectCall& call) {
     calls.push_back(call.Text());
     call.Answer(Variant(Value(true)));
     return S_OK;
@@ -66,7 +66,7 @@ TEST_F(Calls, ANullTextIsTheEmptyText) {
 }
 
 TEST_F(Calls, LateBoundRunTakesReferencesToVariants) {
-  AddHost([](const HostCall& call) {
+  AddHost([](const ObjectCall& call) {
     call.Answer(Variant(Value(true)));
     return S_OK;
   });
@@ -83,7 +83,7 @@ TEST_F(Calls, NamesAreKnownInAnyCapitals) {
 
 TEST_F(Calls, LateBoundArgumentsAreConvertedToTheDeclaredTypesAndNotWrittenBack) {
   std::string statement;
-  AddHost([&statement](const HostCall& call) {
+  AddHost([&statement](const ObjectCall& call) {
     if (call.name == "scRunQuery") statement = call.Text();
     call.Answer(Variant(Value(false)));
     return S_OK;
@@ -118,7 +118,7 @@ TEST_F(Calls, TooManyAndTooFewArgumentsAreRefused) {
 }
 
 TEST_F(Calls, ArgumentsCanBeNamed) {
-  AddHost([](const HostCall& call) {
+  AddHost([](const ObjectCall& call) {
     call.Answer(Variant(Value(true)));
     return S_OK;
   });
@@ -145,7 +145,7 @@ TEST_F(Calls, WhatIsNoListIsATypeMismatch) {
 }
 
 TEST_F(Calls, AFailingHostEndsRunWithItsWords) {
-  AddHost([](const HostCall& call) {
+  AddHost([](const ObjectCall& call) {
     call.failure->scode = E_ACCESSDENIED;
     call.failure->bstrDescription = SysAllocString(L"locked");
     return DISP_E_EXCEPTION;
@@ -161,7 +161,7 @@ TEST_F(Calls, AFailureOfTheRulesHasTheNumberOfItsCause) {
 
 TEST_F(Calls, TheHostMayCallRunAgain) {
   std::vector<std::string> calls;
-  AddHost([&](const HostCall& call) {
+  AddHost([&](const ObjectCall& call) {
     calls.push_back(call.name);
     if (call.name == "scSQLSelectValuesAndDesc") {
       EXPECT_EQ(RunEarly(script_, "StatCheck", "NANSI", {"NUMTYP"}).value, Value(false));

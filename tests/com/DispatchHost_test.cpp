@@ -14,7 +14,7 @@ namespace cordboard::com {
 namespace {
 
 // Answers as AnsweringHost does, in the words of the platform.
-HRESULT AnswerEverything(const HostCall& call) {
+HRESULT AnswerEverything(const ObjectCall& call) {
   if (call.name == "scGetParamValue") {
     call.Answer(Variant(Value("of the form")));
   } else if (call.name == "scIsValueEqual") {
@@ -54,7 +54,7 @@ std::string FailureOf(Work work) {
 TEST(DispatchHost, EveryOperationIsCalledByItsNameAndBringsItsAnswer) {
   for (const OperationCall& operation : EveryOperation()) {
     std::string call;
-    DispatchHost host = HostWith([&call](const HostCall& asked) {
+    DispatchHost host = HostWith([&call](const ObjectCall& asked) {
       call = asked.Text();
       return AnswerEverything(asked);
     });
@@ -65,7 +65,7 @@ TEST(DispatchHost, EveryOperationIsCalledByItsNameAndBringsItsAnswer) {
 
 TEST(DispatchHost, ArgumentsThatAreNotGivenStandAtTheEndAsNotFound) {
   std::map<std::string, std::size_t> counts;
-  DispatchHost host = HostWith([&counts](const HostCall& call) {
+  DispatchHost host = HostWith([&counts](const ObjectCall& call) {
     const auto [known, first] = counts.emplace(call.name, call.arguments.size());
     EXPECT_EQ(known->second, call.arguments.size()) << call.name;
     return AnswerEverything(call);
@@ -80,7 +80,7 @@ TEST(DispatchHost, ArgumentsThatAreNotGivenStandAtTheEndAsNotFound) {
 }
 
 TEST(DispatchHost, OutArgumentsArriveEmptyAndMayStaySo) {
-  DispatchHost host = HostWith([](const HostCall& call) {
+  DispatchHost host = HostWith([](const ObjectCall& call) {
     EXPECT_EQ(call.arguments[1]->pvarVal->vt, VT_EMPTY);
     call.Answer(Variant(Value(false)));
     return S_OK;
@@ -95,7 +95,7 @@ TEST(DispatchHost, OutArgumentsArriveEmptyAndMayStaySo) {
 
 TEST(DispatchHost, AnyNumberButZeroIsTrueAndNoAnswerFalse) {
   Value answer;
-  DispatchHost host = HostWith([&answer](const HostCall& call) {
+  DispatchHost host = HostWith([&answer](const ObjectCall& call) {
     call.Answer(Variant(answer));
     return S_OK;
   });
@@ -107,7 +107,7 @@ TEST(DispatchHost, AnyNumberButZeroIsTrueAndNoAnswerFalse) {
 }
 
 TEST(DispatchHost, AFailureOfTheHostComesWithItsDescriptionAndNumber) {
-  DispatchHost host = HostWith([](const HostCall& call) {
+  DispatchHost host = HostWith([](const ObjectCall& call) {
     call.failure->scode = static_cast<SCODE>(0x80040E37);
     call.failure->bstrDescription = ToBstr("no such t\u00E4ble");
     return DISP_E_EXCEPTION;
@@ -116,7 +116,7 @@ TEST(DispatchHost, AFailureOfTheHostComesWithItsDescriptionAndNumber) {
 }
 
 TEST(DispatchHost, AFailureMayBringItsWordsWhenAskedForThem) {
-  DispatchHost host = HostWith([](const HostCall& call) {
+  DispatchHost host = HostWith([](const ObjectCall& call) {
     call.failure->pfnDeferredFillIn = [](EXCEPINFO* failure) {
       failure->wCode = 1004;
       return S_OK;
@@ -127,7 +127,7 @@ TEST(DispatchHost, AFailureMayBringItsWordsWhenAskedForThem) {
 }
 
 TEST(DispatchHost, AResultCodeWithoutWordsIsAFailureToo) {
-  DispatchHost host = HostWith([](const HostCall&) { return DISP_E_BADPARAMCOUNT; });
+  DispatchHost host = HostWith([](const ObjectCall&) { return DISP_E_BADPARAMCOUNT; });
   EXPECT_EQ(FailureOf([&host] { host.scStartTransaction(); }),
             "HostFailure scStartTransaction: the host failed (0x8002000E)");
 }
@@ -139,7 +139,7 @@ TEST(DispatchHost, ANameThatTheHostDoesNotKnowIsItsFailure) {
 }
 
 TEST(DispatchHost, AnAnswerOfTheWrongShapeIsATypeMismatch) {
-  DispatchHost host = HostWith([](const HostCall& call) {
+  DispatchHost host = HostWith([](const ObjectCall& call) {
     if (call.arguments.size() > 1) call.Give(1, Variant(Value("no list")));
     call.Answer(ToVariant(List{"1"}));
     return S_OK;

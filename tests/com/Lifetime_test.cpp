@@ -100,7 +100,7 @@ TEST(Lifetime, AnObjectLivesUntilItsRunEnds) {
   LoadedModule module;
   Pointer<_CScript> script = module.NewScript();
   bool unloadable = true;
-  const auto host = AutomationHost::Make([&](const HostCall& call) {
+  const auto host = AutomationHost::Make([&](const ObjectCall& call) {
     script = {};  // the last reference but the one that Run holds
     unloadable = module.CanUnloadNow();
     call.Answer(Variant(Value(true)));

@@ -91,7 +91,7 @@ int Course::Deepest() const {
 
 std::string Course::LastRefused() const {
   const auto last = std::ranges::find_if(calls.rbegin(), calls.rend(), [](const TracedCall& call) {
-    return call.answer.starts_with("False") && CanRefuse(OperationOf(call));
+    return call.answer.starts_with("False") && FindOperation(OperationOf(call)).CanRefuse();
   });
   return last == calls.rend() ? "" : last->call;
 }

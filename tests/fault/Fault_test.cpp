@@ -100,7 +100,7 @@ class Faults : public testing::TestWithParam<std::string> {
     for (std::size_t call = 1; call <= clean.calls.size() && !HasFailure(); ++call) {
       for (const Fault fault : {Fault::Fails, Fault::Refuses}) {
         const std::string& wrong = clean.calls[call - 1].call;
-        if (fault == Fault::Refuses && !CanRefuse(OperationOf(clean.calls[call - 1]))) continue;
+        if (fault == Fault::Refuses && !FindOperation(OperationOf(clean.calls[call - 1])).CanRefuse()) continue;
         ++summary->counts.faults;
         const Course course = Go(world, before, scenario, deed, call, fault);
         Check(deed, course, clean, fault == Fault::Refuses ? wrong : "");

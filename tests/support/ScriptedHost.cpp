@@ -44,34 +44,34 @@ std::string ScriptedHost::Effects() const {
   return text;
 }
 
-bool ScriptedHost::Answer(const std::string& operation, const std::string& first) {
-  if (failed_.contains({operation, first}))
-    throw RunTimeFailure(RunTimeFailure::Cause::HostFailure, operation + " failed as scripted");
-  return !refused_.contains({operation, ""}) && !refused_.contains({operation, first});
+bool ScriptedHost::Done(std::string_view operation, const std::string& first) {
+  const std::string name(operation);
+  if (failed_.contains({name, first}))
+    throw RunTimeFailure(RunTimeFailure::Cause::HostFailure, name + " failed as scripted");
+  return !refused_.contains({name, ""}) && !refused_.contains({name, first});
+}
+
+HostAnswer ScriptedHost::Answer(const HostCall& call) {
+  const Value* first = call.arguments.empty() ? nullptr : std::get_if<Value>(&call.arguments.front());
+  return {Done(call.operation, first != nullptr && first->IsText() ? first->text() : "")};
 }
 
 Value ScriptedHost::scGetParamValue(const std::string& name) {
-  Answer("scGetParamValue", name);
+  Done("scGetParamValue", name);
   const auto found = params_.find(name);
   return found == params_.end() ? Value() : found->second;
 }
 
 bool ScriptedHost::scSetParamValue(const std::string& name, const Value& value) {
-  const bool answer = Answer("scSetParamValue", name);
+  const bool answer = Done("scSetParamValue", name);
   if (answer) params_[name] = value;
   return answer;
 }
 
 bool ScriptedHost::scResetParam(const std::string& name) {
-  const bool answer = Answer("scResetParam", name);
+  const bool answer = Done("scResetParam", name);
   if (answer) params_.erase(name);
   return answer;
-}
-
-bool ScriptedHost::scSetParamOptional(const std::string& name, bool) { return Answer("scSetParamOptional", name); }
-void ScriptedHost::scSetCanHaveParamRange(const std::string& name, bool) { Answer("scSetCanHaveParamRange", name); }
-void ScriptedHost::scSetCanHaveParamMultiple(const std::string& name, bool) {
-  Answer("scSetCanHaveParamMultiple", name);
 }
 
 Value ScriptedHost::scIsValueEqual(const Value& value) {
@@ -81,44 +81,20 @@ Value ScriptedHost::scIsValueEqual(const Value& value) {
 
 bool ScriptedHost::scGetValueArray(const std::string& name, List& values) {
   const auto found = arrays_.find(name);
-  const bool answer = Answer("scGetValueArray", name);
+  const bool answer = Done("scGetValueArray", name);
   if (found != arrays_.end()) values = found->second;
   if (answer && found == arrays_.end()) ADD_FAILURE() << "unexpected: scGetValueArray of " << name;
   return answer;
 }
 
-void ScriptedHost::scGetPreviousValue(Value& previous) { previous = previous_; }
-bool ScriptedHost::scActiveDefinition(const std::string& name, const Value&) {
-  return Answer("scActiveDefinition", name);
-}
-void ScriptedHost::SetTemplate(bool) {}
-
-bool ScriptedHost::scCollectSingleValues(const std::string& sql, const Selector&) {
-  return Answer("scCollectSingleValues", sql);
-}
-bool ScriptedHost::scAddSingleValues(const std::string& sql) { return Answer("scAddSingleValues", sql); }
-bool ScriptedHost::scSubtractSingleValues(const std::string& sql) { return Answer("scSubtractSingleValues", sql); }
-bool ScriptedHost::scCollectValuesAndDesc(const std::string& sql, const Selector&) {
-  return Answer("scCollectValuesAndDesc", sql);
-}
-bool ScriptedHost::scSQLSelectValuesAndDesc() { return Answer("scSQLSelectValuesAndDesc"); }
-bool ScriptedHost::scSQLSelectValuesAndDescByDefinition(const Value&) {
-  return Answer("scSQLSelectValuesAndDescByDefinition");
-}
+// Its name stands last, and where there is none the values are those of the current parameter.
 bool ScriptedHost::scPushValidValues(const std::variant<Value, List>&, const std::optional<std::string>& name) {
-  return Answer("scPushValidValues", name.value_or(""));
-}
-bool ScriptedHost::scPushValidRangeValues(const Value&, const Value&) { return Answer("scPushValidRangeValues"); }
-bool ScriptedHost::scRemoveFromValidValues(const std::string& name, const Value&) {
-  return Answer("scRemoveFromValidValues", name);
-}
-bool ScriptedHost::scRemoveFromValidRangeValues(const std::string& name, const Value&, const Value&) {
-  return Answer("scRemoveFromValidRangeValues", name);
+  return Done("scPushValidValues", name.value_or(""));
 }
 
 bool ScriptedHost::scGetValidValues(const std::string& name, List& values) {
   const auto found = validValues_.find(name);
-  const bool answer = Answer("scGetValidValues", name);
+  const bool answer = Done("scGetValidValues", name);
   if (found != validValues_.end()) values = found->second;
   if (answer && found == validValues_.end()) ADD_FAILURE() << "unexpected: scGetValidValues of " << name;
   return answer;
@@ -126,14 +102,14 @@ bool ScriptedHost::scGetValidValues(const std::string& name, List& values) {
 
 bool ScriptedHost::scGetNumberOfValidValues(const std::string& name, const Value&, Value& count) {
   const auto found = counts_.find(name);
-  const bool answer = Answer("scGetNumberOfValidValues", name);
+  const bool answer = Done("scGetNumberOfValidValues", name);
   if (found != counts_.end()) count = found->second;
   if (answer && found == counts_.end()) ADD_FAILURE() << "unexpected: scGetNumberOfValidValues of " << name;
   return answer;
 }
 
 bool ScriptedHost::scRunQuery(const std::string& sql, RowSet* rows, const Selector&) {
-  const bool answer = Answer("scRunQuery", sql);
+  const bool answer = Done("scRunQuery", sql);
   if (rows == nullptr) return answer;
   const auto found = rows_.find(sql);
   if (found != rows_.end()) {
@@ -145,38 +121,22 @@ bool ScriptedHost::scRunQuery(const std::string& sql, RowSet* rows, const Select
   return answer;
 }
 
-bool ScriptedHost::scSQLInsert(const std::string& table, const List&, const List&) {
-  return Answer("scSQLInsert", table);
-}
-bool ScriptedHost::scSQLUpdate(const std::string& table, const List&, const List&, const List&, const List&) {
-  return Answer("scSQLUpdate", table);
-}
 RowSet ScriptedHost::scSQLSelect(const std::string& table, const List&, const List&, const List&) {
-  Answer("scSQLSelect", table);
+  Done("scSQLSelect", table);
   return selected_;
 }
 Value ScriptedHost::scBuildCmdID() {
-  Answer("scBuildCmdID");
+  Done("scBuildCmdID");
   return ++lastCmdId_;
 }
-bool ScriptedHost::scStartTransaction() { return Answer("scStartTransaction"); }
-bool ScriptedHost::scCommitTransaction() { return Answer("scCommitTransaction"); }
-bool ScriptedHost::scRollBackTransaction() { return Answer("scRollBackTransaction"); }
 
 bool ScriptedHost::scNANSIinitiate(const Value&, const Value&, Value& code) {
   code = initiateCode_;
-  return Answer("scNANSIinitiate");
-}
-bool ScriptedHost::scNANSIremoveFromBlockedRange(const Value&, const Value&) {
-  return Answer("scNANSIremoveFromBlockedRange");
+  return Done("scNANSIinitiate");
 }
 bool ScriptedHost::scGetAutoEquOptionValue(Value& clause) {
   clause = autoEqu_;
   return !autoEqu_.IsEmpty();
 }
-void ScriptedHost::scFilterEQU(const Value&, const Value&) {}
-
-void ScriptedHost::scErrorMessage(int, int, int, const std::string&, const Value&, const std::vector<Value>&) {}
-void ScriptedHost::scPrintToDebugWindow(const std::string&) {}
 
 }  // namespace cordboard

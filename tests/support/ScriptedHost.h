@@ -7,12 +7,13 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "entry/CScript.h"
 #include "script/Action.h"
-#include "script/Host.h"
+#include "script/CallHost.h"
 #include "script/TracingHost.h"
 
 namespace cordboard {
@@ -20,7 +21,7 @@ namespace cordboard {
 // Joins the lines of an expected transcript, so that a difference is shown line by line.
 std::string Lines(std::initializer_list<std::string> lines);
 
-class ScriptedHost : public Host {
+class ScriptedHost : public CallHost {
  public:
   ScriptedHost();
   ~ScriptedHost() override;
@@ -64,50 +65,30 @@ class ScriptedHost : public Host {
   // The calls but for the reads of the form.
   std::string Effects() const;
 
-  // --- The operations.
+  // --- The operations that do more than succeed or not.
 
   Value scGetParamValue(const std::string& name) override;
   bool scSetParamValue(const std::string& name, const Value& value) override;
   bool scResetParam(const std::string& name) override;
-  bool scSetParamOptional(const std::string& name, bool optional) override;
-  void scSetCanHaveParamRange(const std::string& name, bool allowed) override;
-  void scSetCanHaveParamMultiple(const std::string& name, bool allowed) override;
   Value scIsValueEqual(const Value& value) override;
   bool scGetValueArray(const std::string& name, List& values) override;
-  void scGetPreviousValue(Value& previous) override;
-  bool scActiveDefinition(const std::string& name, const Value& definition) override;
-  void SetTemplate(bool on) override;
-  bool scCollectSingleValues(const std::string& sql, const Selector& database) override;
-  bool scAddSingleValues(const std::string& sql) override;
-  bool scSubtractSingleValues(const std::string& sql) override;
-  bool scCollectValuesAndDesc(const std::string& sql, const Selector& database) override;
-  bool scSQLSelectValuesAndDesc() override;
-  bool scSQLSelectValuesAndDescByDefinition(const Value& definition) override;
+  void scGetPreviousValue(Value& previous) override { previous = previous_; }
   bool scPushValidValues(const std::variant<Value, List>& values, const std::optional<std::string>& name) override;
-  bool scPushValidRangeValues(const Value& from, const Value& to) override;
-  bool scRemoveFromValidValues(const std::string& name, const Value& value) override;
-  bool scRemoveFromValidRangeValues(const std::string& name, const Value& from, const Value& to) override;
   bool scGetValidValues(const std::string& name, List& values) override;
   bool scGetNumberOfValidValues(const std::string& name, const Value& definition, Value& count) override;
   bool scRunQuery(const std::string& sql, RowSet* rows, const Selector& database) override;
-  bool scSQLInsert(const std::string& table, const List& columns, const List& values) override;
-  bool scSQLUpdate(const std::string& table, const List& columns, const List& values, const List& keys,
-                   const List& keyValues) override;
   RowSet scSQLSelect(const std::string& table, const List& columns, const List& keys, const List& keyValues) override;
   Value scBuildCmdID() override;
-  bool scStartTransaction() override;
-  bool scCommitTransaction() override;
-  bool scRollBackTransaction() override;
   bool scNANSIinitiate(const Value& numse, const Value& numtyp, Value& code) override;
-  bool scNANSIremoveFromBlockedRange(const Value& numse, const Value& numtyp) override;
   bool scGetAutoEquOptionValue(Value& clause) override;
-  void scFilterEQU(const Value& first, const Value& second) override;
-  void scErrorMessage(int first, int second, int third, const std::string& context, const Value& code,
-                      const std::vector<Value>& arguments) override;
-  void scPrintToDebugWindow(const std::string& line) override;
+
+ protected:
+  // All others, which are refused by a text that is their first argument.
+  HostAnswer Answer(const HostCall& call) override;
 
  private:
-  bool Answer(const std::string& operation, const std::string& first = "");
+  // Whether the operation is done. Where it is to fail, it fails.
+  bool Done(std::string_view operation, const std::string& first = "");
 
   std::shared_ptr<TracingHost> trace_;
   std::map<std::string, Value> params_;

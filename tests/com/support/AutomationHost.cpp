@@ -8,7 +8,7 @@
 
 namespace cordboard::com {
 
-std::string HostCall::Text() const {
+std::string ObjectCall::Text() const {
   std::string text;
   for (const VARIANT* argument : arguments) {
     if (argument->vt == VT_ERROR && argument->scode == DISP_E_PARAMNOTFOUND) continue;
@@ -24,12 +24,12 @@ std::string HostCall::Text() const {
   return name + "(" + text + ")";
 }
 
-void HostCall::Give(std::size_t place, Variant value) const {
+void ObjectCall::Give(std::size_t place, Variant value) const {
   VARIANT* out = arguments.at(place)->pvarVal;
   std::swap(static_cast<VARIANT&>(value), *out);
 }
 
-void HostCall::Answer(Variant value) const { std::swap(static_cast<VARIANT&>(value), *result); }
+void ObjectCall::Answer(Variant value) const { std::swap(static_cast<VARIANT&>(value), *result); }
 
 Pointer<AutomationHost> AutomationHost::Make(Answering answering) {
   return Pointer<AutomationHost>(new AutomationHost(std::move(answering)));
@@ -69,13 +69,13 @@ STDMETHODIMP AutomationHost::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, 
 STDMETHODIMP AutomationHost::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* given, VARIANT* result,
                                     EXCEPINFO* failure, UINT*) {
   if (flags != DISPATCH_METHOD || given->cNamedArgs != 0) return DISP_E_MEMBERNOTFOUND;
-  HostCall call{names_.at(id), {}, result, failure};
+  ObjectCall call{names_.at(id), {}, result, failure};
   for (UINT index = given->cArgs; index > 0; --index) call.arguments.push_back(&given->rgvarg[index - 1]);
   return answering_(call);
 }
 
 Pointer<AutomationHost> AgreeingHost() {
-  return AutomationHost::Make([](const HostCall& call) {
+  return AutomationHost::Make([](const ObjectCall& call) {
     call.Answer(Variant(Value(true)));
     return S_OK;
   });

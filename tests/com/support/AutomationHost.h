@@ -11,7 +11,7 @@
 
 namespace cordboard::com {
 
-struct HostCall {
+struct ObjectCall {
   std::string name;
   std::vector<VARIANT*> arguments;  // in their own order
   VARIANT* result;
@@ -26,7 +26,7 @@ struct HostCall {
 
 class AutomationHost final : public IDispatch {
  public:
-  using Answering = std::function<HRESULT(const HostCall&)>;
+  using Answering = std::function<HRESULT(const ObjectCall&)>;
 
   // Without an answer it knows no name.
   static Pointer<AutomationHost> Make(Answering answering);
