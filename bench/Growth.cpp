@@ -154,7 +154,7 @@ double Shortest(const std::string& file, const Growth::Work& work) {
 
 bool HasValgrind() { return std::system("valgrind --version >/dev/null 2>&1") == 0; }
 
-// The number that callgrind gives behind "Collected :".
+// The number that callgrind gives after "Collected :".
 double Instructions(const std::string& program, const std::string& file, std::size_t recipe, const std::string& what) {
   const std::string command = "valgrind --tool=callgrind --callgrind-out-file=/dev/null " +
                               ("--toggle-collect=CordboardMeasured '" + program) + "' once '" + file + "' " +

@@ -3,7 +3,7 @@
 // growth.json holds a recipe for each command: "line" is a line of a plan that adds records, with {n} counting up from
 // "first" and {position} for the positions of the plant, one after the other; "before" are lines that come first. What
 // is measured are the "actions" and, for "lists", whether one value is in the list and the whole list; each is done
-// several times in a row. In all of these {next} is a number behind the last one used and {used} one that is used, both
+// several times in a row. In all of these {next} is a number after the last one used and {used} one that is used, both
 // another in every turn; {middle} is used as well and always the same; {turn} counts the turns, in two digits; and
 // {last} leaves 100 numbers free.
 #pragma once

@@ -1,7 +1,7 @@
-// The program's subcommands: one file each, named after the subcommand.
+// The program's subcommands: one file each, named after the subcommand. What each is given on the command line stands
+// in its options (cli/CommandLine.cpp reads them); each gives its exit code, or ends with an Exit.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <vector>
 
@@ -22,15 +22,64 @@ struct Exit {
   std::string message;
 };
 
-// Each adds its subcommand; when it is chosen it runs and leaves its exit code.
-void AddNew(CLI::App& app, int& exitCode);
-void AddApply(CLI::App& app, int& exitCode);
-void AddValues(CLI::App& app, int& exitCode);
-void AddShow(CLI::App& app, int& exitCode);
-void AddGenerate(CLI::App& app, int& exitCode);
-void AddExplain(CLI::App& app, int& exitCode);
-void AddCommands(CLI::App& app, int& exitCode);
-void AddHelp(CLI::App& app, int& exitCode);
-void AddServe(CLI::App& app, int& exitCode);
+struct NewOptions {
+  std::string file;
+  std::string release;
+  std::string plant = "example";
+};
+int New(const NewOptions& options);
+
+struct ApplyOptions {
+  std::string file;
+  std::vector<std::string> plans;
+  bool dryRun = false;
+  bool keepGoing = false;
+  bool json = false;
+};
+int Apply(const ApplyOptions& options);
+
+struct ValuesOptions {
+  std::string file;
+  std::string command;
+  std::string parameter;
+  std::vector<std::string> given;
+  std::size_t limit = 0;  // 0: all of them
+  bool json = false;
+};
+int Values(const ValuesOptions& options);
+
+struct ShowOptions {
+  std::string file;
+  std::string command;  // empty: the tables
+  bool json = false;
+};
+int Show(const ShowOptions& options);
+
+struct GenerateOptions {
+  std::string file;
+  std::string output;  // empty: standard output
+  bool json = false;
+};
+int Generate(const GenerateOptions& options);
+
+struct ExplainOptions {
+  std::string file;
+  std::string line;
+  bool json = false;
+};
+int Explain(const ExplainOptions& options);
+
+struct CommandsOptions {
+  bool json = false;
+};
+int Commands(const CommandsOptions& options);
+
+struct HelpOptions {
+  std::string command;
+  bool json = false;
+};
+int Help(const HelpOptions& options);
+
+int Serve();
 
 }  // namespace cordboard::cli

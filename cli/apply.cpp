@@ -18,14 +18,6 @@ namespace {
 
 using workbench::PlanResult;
 
-struct Options {
-  std::string file;
-  std::vector<std::string> plans;
-  bool dryRun = false;
-  bool keepGoing = false;
-  bool json = false;
-};
-
 constexpr std::size_t linesBetweenNotes = 500;
 
 // A count that is written over itself; what is written behind it begins on its line.
@@ -66,7 +58,9 @@ std::string Summary(const PlanResult& result, bool dryRun) {
   return counts + (dryRun ? "; nothing was kept, since this is a dry run" : "; nothing was kept");
 }
 
-int Apply(const Options& options) {
+}  // namespace
+
+int Apply(const ApplyOptions& options) {
   const auto exchange = OpenToWrite(options.file);
   std::list<std::ifstream> open;
   std::vector<workbench::PlanFile> files;
@@ -92,22 +86,6 @@ int Apply(const Options& options) {
     Note("plan", Summary(result, options.dryRun));
   }
   return result.refused == 0 ? Done : Refused;
-}
-
-}  // namespace
-
-void AddApply(CLI::App& app, int& exitCode) {
-  auto options = std::make_shared<Options>();
-  CLI::App* sub = app.add_subcommand("apply", "Perform the actions of plan files: all of them, or none");
-  sub->add_option("FILE", options->file, "the exchange file")->required();
-  sub->add_option("PLAN", options->plans, "plan files with one action a line; - reads standard input")->required();
-  sub->add_flag("--dry-run", options->dryRun, "try everything and keep nothing");
-  sub->add_flag("--keep-going", options->keepGoing, "keep the good lines where others are refused");
-  sub->add_flag("--json", options->json, "report as JSON on standard output");
-  sub->footer(
-      "A line adds (NANSI:NUMTYP=EX,NUMSE=100&&199;), changes (edit KSEXI DIR=100:CUST=3;) or removes\n"
-      "(delete KSEXI DIR=100;). Lines that begin with # are comments. See docs/plans.md.");
-  sub->callback([options, &exitCode] { exitCode = Apply(*options); });
 }
 
 }  // namespace cordboard::cli

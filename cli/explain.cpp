@@ -13,12 +13,6 @@ namespace cordboard::cli {
 
 namespace {
 
-struct Options {
-  std::string file;
-  std::string line;
-  bool json = false;
-};
-
 void Print(const std::vector<TracedCall>& calls, const workbench::Outcome& outcome) {
   for (const TracedCall& call : calls) {
     std::cout << std::string(static_cast<std::size_t>(call.depth) * 2, ' ') << call.call;
@@ -46,7 +40,9 @@ workbench::UserAction Parsed(const std::string& line) {
   throw Exit{Usage, "the line holds no action"};
 }
 
-int Explain(const Options& options) {
+}  // namespace
+
+int Explain(const ExplainOptions& options) {
   const workbench::UserAction action = Parsed(options.line);
   const auto exchange = OpenToWrite(options.file);
   FormOf(action.command);
@@ -66,17 +62,6 @@ int Explain(const Options& options) {
   for (const auto& problem : outcome.problems) Error(Written(action.command, problem));
   for (const auto& problem : outcome.warnings) Warning(Written(action.command, problem));
   return outcome.done ? Done : Refused;
-}
-
-}  // namespace
-
-void AddExplain(CLI::App& app, int& exitCode) {
-  auto options = std::make_shared<Options>();
-  CLI::App* sub = app.add_subcommand("explain", "Show what an action does, call by call, and undo it");
-  sub->add_option("FILE", options->file, "the exchange file")->required();
-  sub->add_option("LINE", options->line, "the action, as a line of a plan")->required();
-  sub->add_flag("--json", options->json, "print as JSON");
-  sub->callback([options, &exitCode] { exitCode = Explain(*options); });
 }
 
 }  // namespace cordboard::cli

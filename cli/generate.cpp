@@ -14,17 +14,13 @@ namespace cordboard::cli {
 
 namespace {
 
-struct Options {
-  std::string file;
-  std::string output;
-  bool json = false;
-};
-
 void Write(const workbench::Generated& generated, std::ostream& out) {
   for (const workbench::GeneratedLine& line : generated.lines) out << line.text << '\n';
 }
 
-int Generate(const Options& options) {
+}  // namespace
+
+int Generate(const GenerateOptions& options) {
   const auto exchange = OpenExchange(options.file);
   std::error_code ignored;
   if (std::filesystem::equivalent(options.file, options.output, ignored))
@@ -46,17 +42,6 @@ int Generate(const Options& options) {
     Note("lines", std::to_string(generated.lines.size()) + " written to " + options.output);
   }
   return generated.problems.empty() ? Done : Refused;
-}
-
-}  // namespace
-
-void AddGenerate(CLI::App& app, int& exitCode) {
-  auto options = std::make_shared<Options>();
-  CLI::App* sub = app.add_subcommand("generate", "Print the exchange's command lines");
-  sub->add_option("FILE", options->file, "the exchange file")->required();
-  auto* output = sub->add_option("-o,--output", options->output, "write the lines to this file");
-  sub->add_flag("--json", options->json, "print as JSON")->excludes(output);
-  sub->callback([options, &exitCode] { exitCode = Generate(*options); });
 }
 
 }  // namespace cordboard::cli

@@ -26,7 +26,7 @@ std::string Traits(const ParameterDefinition& parameter) {
   return traits;
 }
 
-void Help(const workbench::FormDefinition& form) {
+void HelpAsText(const workbench::FormDefinition& form) {
   std::cout << form.command << ": " << form.title << "\n\n" << form.help << "\n\n";
   std::vector<std::vector<std::string>> rows;
   for (const ParameterDefinition& parameter : form.parameters)
@@ -58,25 +58,14 @@ void HelpAsJson(const workbench::FormDefinition& form) {
 
 }  // namespace
 
-void AddHelp(CLI::App& app, int&) {
-  struct Options {
-    std::string command;
-    bool json = false;
-  };
-  auto options = std::make_shared<Options>();
-  CLI::App* sub = app.add_subcommand("help", "Show the parameters of a command");
-  sub->add_option("COMMAND", options->command, "the command; none for the help of the program");
-  sub->add_flag("--json", options->json, "print as JSON");
-  sub->callback([options, &app] {
-    if (options->command.empty()) {
-      // app.help() would be the help of the subcommand that was chosen: this one.
-      std::cout << app.get_formatter()->make_help(&app, app.get_name(), CLI::AppFormatMode::Normal);
-    } else if (options->json) {
-      HelpAsJson(FormOf(options->command));
-    } else {
-      Help(FormOf(options->command));
-    }
-  });
+int Help(const HelpOptions& options) {
+  const auto& form = FormOf(options.command);
+  if (options.json) {
+    HelpAsJson(form);
+  } else {
+    HelpAsText(form);
+  }
+  return Done;
 }
 
 }  // namespace cordboard::cli

@@ -10,15 +10,7 @@
 
 namespace cordboard::cli {
 
-namespace {
-
-struct Options {
-  std::string file;
-  std::string release;
-  std::string plant = "example";
-};
-
-void New(const Options& options) {
+int New(const NewOptions& options) {
   if (std::filesystem::exists(options.file))
     throw Exit{Refused, options.file + " exists already; choose another name or remove it"};
   const std::vector<std::string> builtIn = workbench::PlantNames();
@@ -31,20 +23,7 @@ void New(const Options& options) {
   for (const auto& board : plant.boards) positions += static_cast<std::size_t>(board.positions);
   Note("made", options.file + ": release " + options.release + ", plant " + plant.name + ", " +
                    std::to_string(plant.boards.size()) + " boards with " + std::to_string(positions) + " positions");
-}
-
-}  // namespace
-
-void AddNew(CLI::App& app, int&) {
-  auto options = std::make_shared<Options>();
-  CLI::App* sub = app.add_subcommand("new", "Make an exchange file from a plant description");
-  sub->add_option("FILE", options->file, "the exchange file to make, such as office.cbx")->required();
-  sub->add_option("--release", options->release, "the release of the exchange")
-      ->required()
-      ->check(CLI::IsMember(workbench::Releases()));
-  sub->add_option("--plant", options->plant, "a built-in plant or a plant file: places, LIMs, boards, lines, customers")
-      ->capture_default_str();
-  sub->callback([options] { New(*options); });
+  return Done;
 }
 
 }  // namespace cordboard::cli

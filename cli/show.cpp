@@ -12,12 +12,6 @@ namespace cordboard::cli {
 
 namespace {
 
-struct Options {
-  std::string file;
-  std::string command;
-  bool json = false;
-};
-
 void ShowTables(workbench::Exchange& exchange, bool json) {
   nlohmann::json data = nlohmann::json::array();
   std::vector<std::vector<std::string>> rows;
@@ -54,17 +48,14 @@ void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition&
 
 }  // namespace
 
-void AddShow(CLI::App& app, int&) {
-  auto options = std::make_shared<Options>();
-  CLI::App* sub = app.add_subcommand("show", "Show what an exchange holds: its tables, or the records of a command");
-  sub->add_option("FILE", options->file, "the exchange file")->required();
-  sub->add_option("COMMAND", options->command, "the command whose records to show");
-  sub->add_flag("--json", options->json, "print as JSON");
-  sub->callback([options] {
-    const auto exchange = OpenExchange(options->file);
-    if (options->command.empty()) return ShowTables(*exchange, options->json);
-    ShowRecords(*exchange, FormOf(options->command), options->json);
-  });
+int Show(const ShowOptions& options) {
+  const auto exchange = OpenExchange(options.file);
+  if (options.command.empty()) {
+    ShowTables(*exchange, options.json);
+  } else {
+    ShowRecords(*exchange, FormOf(options.command), options.json);
+  }
+  return Done;
 }
 
 }  // namespace cordboard::cli

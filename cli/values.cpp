@@ -14,15 +14,6 @@ namespace cordboard::cli {
 
 namespace {
 
-struct Options {
-  std::string file;
-  std::string command;
-  std::string parameter;
-  std::vector<std::string> given;
-  std::size_t limit = 0;
-  bool json = false;
-};
-
 void CheckParameter(const workbench::FormDefinition& form, const std::string& name, const std::string& release) {
   if (const workbench::ParameterDefinition* parameter = form.Find(name)) {
     if (parameter->IsIn(release)) return;
@@ -34,7 +25,9 @@ void CheckParameter(const workbench::FormDefinition& form, const std::string& na
              "there is no parameter " + name + " in " + form.command + "." + workbench::DidYouMean(name, names)};
 }
 
-int Values(const Options& options) {
+}  // namespace
+
+int Values(const ValuesOptions& options) {
   const auto exchange = OpenExchange(options.file);
   const workbench::FormDefinition& form = FormOf(options.command);
   CheckParameter(form, options.parameter, exchange->release());
@@ -67,20 +60,6 @@ int Values(const Options& options) {
   for (const auto& [value, description] : all)
     std::cout << value << (description.empty() ? "" : "\t" + description) << '\n';
   return Done;
-}
-
-}  // namespace
-
-void AddValues(CLI::App& app, int& exitCode) {
-  auto options = std::make_shared<Options>();
-  CLI::App* sub = app.add_subcommand("values", "List the values of a parameter that are valid now");
-  sub->add_option("FILE", options->file, "the exchange file")->required();
-  sub->add_option("COMMAND", options->command, "the command, such as NANSI")->required();
-  sub->add_option("PARAM", options->parameter, "its parameter, such as NUMTYP")->required();
-  sub->add_option("NAME=VALUE", options->given, "what else the form holds, in the order in which it is filled in");
-  sub->add_option("--limit", options->limit, "the first so many values")->check(CLI::PositiveNumber);
-  sub->add_flag("--json", options->json, "print as JSON");
-  sub->callback([options, &exitCode] { exitCode = Values(*options); });
 }
 
 }  // namespace cordboard::cli

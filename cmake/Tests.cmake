@@ -29,8 +29,11 @@ endif()
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_test(NAME tree.habits COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree.py)
 add_test(NAME tree.check_tree COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree_test.py)
+add_test(NAME tree.calls COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_calls.py
+                                 ${PROJECT_BINARY_DIR})
+add_test(NAME tree.check_calls COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_calls_test.py)
 add_test(NAME tree.new_command COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/new_command_test.py)
-set_tests_properties(tree.check_tree tree.new_command PROPERTIES
+set_tests_properties(tree.check_tree tree.calls tree.check_calls tree.new_command PROPERTIES
   ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1;CXX=${CMAKE_CXX_COMPILER}")
 
 # What is installed serves an embedder.

@@ -1,35 +1,23 @@
 // The transaction envelope of workers that change the database.
 #pragma once
 
-#include <string>
-
 #include "script/HostOperations.h"
 #include "script/Report.h"
 
 namespace cordboard {
 
-// Commits where the flag is True and rolls back otherwise, and gives the flag back: a commit or a rollback that fails
-// is reported and changes nothing.
-inline bool CloseTransaction(const std::string& context, bool flag) {
+// Starts a transaction, does the work, commits where it answers True and rolls back otherwise, and gives the work's
+// answer: a commit or a rollback that fails is reported and changes nothing. A start that fails skips the work, is
+// reported, and is rolled back all the same. A failure of the call leaves the transaction open.
+template <typename Work>
+bool InTransaction(const Reporter& fail, Work work) {
+  const bool flag = scStartTransaction() ? work() : fail(StartFailed);
   if (flag) {
-    if (!scCommitTransaction()) Report(context, Message::CommitFailed);
+    if (!scCommitTransaction()) fail(CommitFailed);
   } else {
-    if (!scRollBackTransaction()) Report(context, Message::RollBackFailed);
+    if (!scRollBackTransaction()) fail(RollBackFailed);
   }
   return flag;
-}
-
-// Starts a transaction, does the work, commits or rolls back, and gives the work's answer. A start that fails skips the
-// work, is reported, and is rolled back all the same. A failure of the call leaves the transaction open.
-template <typename Work>
-bool InTransaction(const std::string& context, Work work) {
-  bool flag = scStartTransaction();
-  if (flag) {
-    flag = work();
-  } else {
-    Report(context, Message::StartFailed);
-  }
-  return CloseTransaction(context, flag);
 }
 
 }  // namespace cordboard

@@ -55,7 +55,7 @@ class Host {
 
   // Replaces the list with the rows of the statement. False where the statement fails.
   virtual bool scCollectSingleValues(const std::string& sql, const Selector& database) = 0;
-  // Adds the rows of the statement behind what is there.
+  // Adds the rows of the statement after what is there.
   virtual bool scAddSingleValues(const std::string& sql) = 0;
   // Removes the values that the statement gives; those that are not in the list are ignored.
   virtual bool scSubtractSingleValues(const std::string& sql) = 0;

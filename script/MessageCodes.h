@@ -4,7 +4,8 @@
 
 namespace cordboard {
 
-enum class Message : int {
+// Unscoped, so that a refusal reads as fail(ListNotBuilt, "DIR").
+enum Message : int {
   InsertRefused = 60000,               // the insert of a record of CDCOI, CDINI or ADINI failed: table, table
   ColumnUpdateFailed = 60001,          // an update of one column failed: column, table
   CategoryUpdateFailed = 60003,        // the update of a category failed: table

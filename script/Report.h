@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "script/HostOperations.h"
 #include "script/MessageCodes.h"
@@ -9,18 +10,27 @@
 
 namespace cordboard {
 
-// Reports a message with the usual three leading numbers and its arguments in order.
-template <typename... Arguments>
-void Report(const std::string& context, Message code, const Arguments&... arguments) {
-  scErrorMessage(0, 2, 2, context, static_cast<int>(code), {Value(arguments)...});
-}
+// Reports messages under one context. A worker makes one and calls it at each refusal: it shows the message, with the
+// usual three leading numbers and the arguments in order, and gives False.
+//
+//   const Reporter fail("Delete: " + action.CmdName);
+//   if (!scRunQuery(sql, rows)) return fail(ValueNotFound, "DIR, EQU", "EXTEIDIR");
+//   return scRunQuery(sql) || fail(StatementFailed);
+class Reporter {
+ public:
+  explicit Reporter(std::string context) : context_(std::move(context)) {}
 
-// Reports the message where `answer` is False, and gives the answer on: a step that names its own failure.
-template <typename... Arguments>
-bool OrReport(bool answer, const std::string& context, Message code, const Arguments&... arguments) {
-  if (!answer) Report(context, code, arguments...);
-  return answer;
-}
+  template <typename... Arguments>
+  bool operator()(Message code, const Arguments&... arguments) const {
+    scErrorMessage(0, 2, 2, context_, static_cast<int>(code), {Value(arguments)...});
+    return false;
+  }
+
+  const std::string& context() const { return context_; }
+
+ private:
+  std::string context_;
+};
 
 template <typename... Pieces>
 void Debug(const Pieces&... pieces) {

@@ -14,13 +14,14 @@ bool ListCDIVTail(const Action& action) {
   const Value CDIV_D6 = scGetParamValue("CDIV_D6");
   if (CDIV_D6.IsEmpty()) return true;
   const bool listed = Equals(CDIV_D6, "0") ? CollectZeroAlone(action) : scSQLSelectValuesAndDesc();
-  return OrReport(listed, "GetValidValForParam", Message::DescribedListNotBuilt, action.Parameter());
+  return listed || Reporter("GetValidValForParam")(DescribedListNotBuilt, action.Parameter());
 }
 
 // Reports under the context of lists, though it is a check.
 bool ResetCDIVTail(const Action&) {
+  const Reporter fail("GetValidValForParam");
   for (const std::string& digit : CDIVTail.all()) {
-    if (!OrReport(scResetParam(digit), "GetValidValForParam", Message::ResetFailed, digit)) return false;
+    if (!scResetParam(digit)) return fail(ResetFailed, digit);
   }
   return true;
 }

@@ -1,7 +1,5 @@
 #include "shared/Equipment.h"
 
-#include "script/Report.h"
-
 namespace cordboard {
 
 std::string EquipmentOrder() {
@@ -10,14 +8,14 @@ std::string EquipmentOrder() {
   return " ORDER BY Equipment.LIM, Equipment.Magazine, Equipment.Slot, Equipment.Individual";
 }
 
-bool ReadBoardID(const std::string& context, const Value& EQU, Value& BoardID) {
+bool ReadBoardID(const Reporter& fail, const Value& EQU, Value& BoardID) {
   RowSet rows;
   const bool read = scRunQuery(Sql("SELECT Boards.BoardID FROM Boards INNER JOIN Equipment ON (Boards.Slot = "
                                    "Equipment.Slot) AND (Boards.Magazine = Equipment.Magazine) AND (Boards.LIM = "
                                    "Equipment.LIM) WHERE Equipment.EQU = '",
                                    EQU, "'"),
                                rows);
-  if (!OrReport(read, context, Message::ValueNotFound, "BoardIds", "EQU")) return false;
+  if (!read) return fail(ValueNotFound, "BoardIds", "EQU");
   BoardID = rows[0][0];
   return true;
 }

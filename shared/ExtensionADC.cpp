@@ -4,40 +4,40 @@
 #include "script/Report.h"
 #include "script/Text.h"
 #include "shared/ClassStrings.h"
-#include "shared/Helpers.h"
+#include "shared/Rechecks.h"
 #include "shared/Release.h"
 
 namespace cordboard {
 
 // ITYPE is read and not used. The statement compares with Null and so finds no row: a category alone forbids nothing.
 bool ListADC_D1(const Action& action) {
-  const std::string context = "GetValidValuesFor: " + action.Parameter();
+  const Reporter fail("GetValidValuesFor: " + action.Parameter());
+  const auto without2 = [&] {
+    return scRemoveFromValidValues("ADC_D1", "2") || fail(DescribedListNotBuilt, action.Parameter());
+  };
   scGetParamValue("ITYPE");
-  if (!OrReport(scSQLSelectValuesAndDesc(), context, Message::DescribedListNotBuilt, action.Parameter())) return false;
+  if (!scSQLSelectValuesAndDesc()) return fail(DescribedListNotBuilt, action.Parameter());
 
   const Value digits = scGetParamValue("SERV_D7D8_SUB2");
-  if (!digits.IsEmpty()) return Joined(digits) < "02" || scRemoveFromValidValues("ADC_D1", "2");
+  if (!digits.IsEmpty()) return Joined(digits) < "02" || without2();
 
   const Value CAT = scGetParamValue("CAT");
   if (CAT.IsEmpty()) return true;
   RowSet rows;
-  if (!OrReport(scRunQuery(Sql("SELECT SERV FROM EXCCS  WHERE CAT = '", CAT, "'  AND NOT (SERV = Null) "), rows),
-                context, Message::StatementFailed))
-    return false;
+  if (!scRunQuery(Sql("SELECT SERV FROM EXCCS  WHERE CAT = '", CAT, "'  AND NOT (SERV = Null) "), rows))
+    return fail(StatementFailed);
   const bool high = !rows.IsEmpty() && Right(Joined(rows[0][0]), 2) > "01";
-  return !high || scRemoveFromValidValues("ADC_D1", "2");
+  return !high || without2();
 }
 
 bool ListADC_D11(const Action& action) {
   if (IsR6(action)) return false;
   const Value ACCTYP = scGetParamValue("ACCTYP");
   const bool listed = ACCTYP.IsEmpty() ? CollectZeroAlone(action) : scSQLSelectValuesAndDesc();
-  return OrReport(listed, "GetValidValForParam", Message::DescribedListNotBuilt, action.Parameter());
+  return listed || Reporter("GetValidValForParam")(DescribedListNotBuilt, action.Parameter());
 }
 
-bool ResetADC_D11(const Action&) {
-  return OrReport(scResetParam("ADC_D11"), "StatCheck", Message::ResetFailed, "ADC_D11");
-}
+bool ResetADC_D11(const Action&) { return scResetParam("ADC_D11") || Reporter("StatCheck")(ResetFailed, "ADC_D11"); }
 
 bool RecheckADC_D1(const Action&) {
   const Value kept = scGetParamValue("ADC_D1");

@@ -2,49 +2,40 @@
 
 #include "script/Conversions.h"
 #include "script/Envelope.h"
+#include "shared/Column.h"
 
 namespace cordboard {
 
-bool GenericSetInfo(const Action& action, const std::string& NUMTYP) {
-  const std::string context = "Add: " + action.CmdName;
-  List values(std::vector<Value>(action.ParamList.size()));
-  return InTransaction(context, [&] {
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      const std::string name = ToText(action.ParamList[i]);
-      values[i] = name == "CMDID" ? scBuildCmdID() : name == "NUMTYP" ? Value(NUMTYP) : scGetParamValue(name);
-    }
-    return OrReport(scSQLInsert(action.CmdName, action.ParamList, values), context, Message::InsertFailed,
-                    action.CmdName);
+bool AddRecord(const Action& action, std::initializer_list<GivenValue> given) {
+  const Reporter fail("Add: " + action.CmdName);
+  action.ParamList.UpperBound();  // a list without bounds fails the call before the transaction
+  return InTransaction(fail, [&] {
+    return scSQLInsert(action.CmdName, action.ParamList, Record(action.ParamList, given)) ||
+           fail(InsertFailed, action.CmdName);
   });
 }
 
+bool GenericSetInfo(const Action& action, const std::string& NUMTYP) { return AddRecord(action, {{"NUMTYP", NUMTYP}}); }
+
 bool GenericSetInfo(const Action& action) { return GenericSetInfo(action, ""); }
 
-bool WriteColumn(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value) {
-  if (value.IsEmpty())
-    return scRunQuery(Sql("UPDATE ", table, " SET ", column, " = Null", NL, " WHERE CmdId = ", CmdId));
-  return scRunQuery(Sql("UPDATE ", table, " SET ", column, " = '", value, "'", NL, " WHERE CmdId = ", CmdId));
-}
-
 bool GenericEditInfo(const Action& action) {
-  const std::string context = "Edit: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Edit: " + action.CmdName);
+  return InTransaction(fail, [&] {
     for (const Value& parameter : action.ParamList) {
       const std::string name = ToText(parameter);
-      if (!WriteColumn(action.CmdName, action.CmdId, name, scGetParamValue(name))) {
-        Report(context, Message::ColumnNotWritten, name);
-        return false;
-      }
+      if (!UpdateColumnOrNull(action.CmdName, action.CmdId, name, scGetParamValue(name)))
+        return fail(ColumnNotWritten, name);
     }
     return true;
   });
 }
 
 bool GenericDeleteInfo(const Action& action) {
-  const std::string context = "Delete: " + action.CmdName;
-  return InTransaction(context, [&] {
-    return OrReport(scRunQuery(Sql("DELETE * FROM ", action.CmdName, NL, " WHERE CmdId = ", action.CmdId)), context,
-                    Message::RecordNotDeleted, action.CmdName, action.CmdId);
+  const Reporter fail("Delete: " + action.CmdName);
+  return InTransaction(fail, [&] {
+    return scRunQuery(Sql("DELETE * FROM ", action.CmdName, NL, " WHERE CmdId = ", action.CmdId)) ||
+           fail(RecordNotDeleted, action.CmdName, action.CmdId);
   });
 }
 

@@ -26,18 +26,18 @@ bool ReadITYPE(const Value& DIR, Value& ITYPE) {
 }
 
 bool SubtractTakenKeys(const Action& action, const Value& DIR, const std::string& keysWithFunction) {
-  const std::string context = "GetValidValForParam";
+  const Reporter fail("GetValidValForParam");
   const bool subtracted = scSubtractSingleValues(keysWithFunction) &&
                           scSubtractSingleValues(Sql("SELECT KEY FROM KSANI WHERE DIR = '", DIR, "'")) &&
                           scSubtractSingleValues(Sql("SELECT KEY FROM KSMDI WHERE DIR = '", DIR, "'"));
-  if (!OrReport(subtracted, context, Message::DescribedListNotBuilt, action.Parameter())) return false;
+  if (!subtracted) return fail(DescribedListNotBuilt, action.Parameter());
 
   // A count that was not given counts as 0.
   Value count;
   const bool counted = scGetNumberOfValidValues("KEY", action.Definition, count);
   if (Equals(count, 0)) {
     Debug("There are no available keys for this DIR");
-    Report(context, Message::NoAvailableKeys, DIR);
+    return fail(NoAvailableKeys, DIR);
   }
   return counted;
 }

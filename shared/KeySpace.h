@@ -19,7 +19,7 @@ bool SelectITYPE(const Value& DIR, RowSet& rows);
 bool ReadITYPE(const Value& DIR, Value& ITYPE);
 
 // Takes the keys of one DIR out of the list of KEY: those that `keysWithFunction` finds in KSFKC, then those of KSANI
-// and of KSMDI; and tells when none is left, which is no failure.
+// and of KSMDI. That none is left is reported, and answers False like a step that fails.
 bool SubtractTakenKeys(const Action& action, const Value& DIR, const std::string& keysWithFunction);
 
 // The composite key text "{DIR}-{KEY}".
@@ -28,7 +28,7 @@ std::string ComposeDIRK(const Value& DIR, const Value& KEY);
 void SplitDIRK(const Value& DIRK, std::string& DIR, std::string& KEY);
 
 // Some keys of an instrument carry a preset function, which the exchange must release before it accepts another. The
-// line that releases the key, with a line feed behind it, to stand in front of the line that uses the key; nothing for
+// line that releases the key, with a line feed after it, to stand in front of the line that uses the key; nothing for
 // a key that is free to use.
 std::string ReleaseOfFixedKey(const Value& ITYPE, const Value& DIR, const Value& KEY);
 

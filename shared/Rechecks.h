@@ -5,14 +5,23 @@
 #include <string>
 
 #include "script/Action.h"
+#include "script/List.h"
+#include "script/Report.h"
 
 namespace cordboard {
 
+// Whether an element of the list equals the value; numbers and texts of digits are equal when their values are. Fails
+// for a list without bounds.
+bool IsValueInList(const Value& value, const List& list);
+
+// The check that finds nothing, whatever the parameter.
+bool AlwaysTrue(const Action& action);
+
 // Resets the parameter and puts `kept` back if it stands in the list as it now is. Each step that fails is reported
 // with the parameter's name: 61013 the reset, 61020 the list, 61016 the value.
-bool Revalidate(const std::string& context, const std::string& parameter, const Value& kept);
+bool Revalidate(const Reporter& fail, const std::string& parameter, const Value& kept);
 
-// The same for the parameter's present value, but a list that cannot be had is reported with the command's name.
+// The same for the parameter's present value, but a list that cannot be read is reported with the command's name.
 bool StatCheck_RecheckValue(const std::string& CmdName, const std::string& parameter);
 
 // LIM against the LOCATION on the form. A LIM that the exchange does not have fails the call, as does such an EQU.

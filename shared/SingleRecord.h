@@ -7,15 +7,16 @@
 
 #include "script/Action.h"
 #include "script/Module.h"
+#include "script/Report.h"
 
 namespace cordboard {
 
 // "SetInfo": calls `add` while the table is empty, and `edit` for the record that it holds otherwise; the record that
-// the action itself names does not count. A count that cannot be had fails the call.
+// the action itself names does not count. A count that cannot be read fails the call.
 bool SetSingleRecord(const Action& action, Worker add, Worker edit);
 
 // Adds count once more inside their transaction: a table that is not empty is reported (60031).
-bool IsStillEmpty(const std::string& context, const std::string& table);
+bool IsStillEmpty(const Reporter& fail, const std::string& table);
 
 // Adds the record in the envelope: "CMDID" takes a new identifier, any other column the form's value.
 bool AddSingleRecord(const Action& action);

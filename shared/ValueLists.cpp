@@ -10,20 +10,23 @@ namespace {
 
 // A list of values and descriptions from a table of the configuration, reported under the provider's name.
 bool Collect(const Action& action, const std::string& provider, const std::string& sql) {
-  return OrReport(scCollectValuesAndDesc(sql, "dynamic"), provider, Message::DescribedListNotBuilt, action.Parameter());
+  return scCollectValuesAndDesc(sql, "dynamic") || Reporter(provider)(DescribedListNotBuilt, action.Parameter());
 }
 
 }  // namespace
 
+bool CollectList(const Action& action, const std::string& sql) {
+  return scCollectSingleValues(sql) || Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
+}
+
 bool GetValuesAndDescription(const Action& action) {
-  return OrReport(scSQLSelectValuesAndDesc(), "GetValuesAndDescription", Message::DescribedListNotBuilt,
-                  action.Parameter());
+  return scSQLSelectValuesAndDesc() || Reporter("GetValuesAndDescription")(DescribedListNotBuilt, action.Parameter());
 }
 
 // Reports under the name of its sibling.
 bool GetValuesAndDescriptionByDefinition(const Action& action) {
-  return OrReport(scSQLSelectValuesAndDescByDefinition(action.Definition), "GetValuesAndDescription",
-                  Message::DescribedListNotBuilt, action.Parameter());
+  return scSQLSelectValuesAndDescByDefinition(action.Definition) ||
+         Reporter("GetValuesAndDescription")(DescribedListNotBuilt, action.Parameter());
 }
 
 bool GetValuesFor_CUST(const Action& action) {
@@ -54,7 +57,7 @@ bool GetValuesFor_CAT(const Action& action) {
 bool GetValuesFor_CORG(const Action& action, const std::string& table) {
   bool flag = scCollectValuesAndDesc(Sql("SELECT DISTINCT CORG, DESCRIPTION ", NL, " FROM OPCTS ", NL), "dynamic");
   if (!table.empty()) flag = scSubtractSingleValues(Sql("SELECT CORG FROM ", table));
-  return OrReport(flag, "GetValuesFor_CORG", Message::DescribedListNotBuilt, action.Parameter());
+  return flag || Reporter("GetValuesFor_CORG")(DescribedListNotBuilt, action.Parameter());
 }
 
 bool GetValuesFor_CSP(const Action& action) {
@@ -66,9 +69,8 @@ bool GetValuesFor_ROU(const Action& action) {
 }
 
 bool GetValuesFor_EX(const Action& action) {
-  const bool collected = scCollectSingleValues(
-      Sql(" SELECT NUMSE FROM NANSI ", NL, " WHERE NUMTYP = 'EX' ", NL, " AND USED = FALSE ", NL, " ORDER BY NUMSE"));
-  return OrReport(collected, "GetValidValForParam", Message::ListNotBuilt, action.Parameter());
+  return CollectList(action, Sql(" SELECT NUMSE FROM NANSI ", NL, " WHERE NUMTYP = 'EX' ", NL, " AND USED = FALSE ", NL,
+                                 " ORDER BY NUMSE"));
 }
 
 // The LIM is the first three characters of the position, without leading zeros. One that cannot be read answers False
@@ -84,8 +86,8 @@ bool StatCheck_EQU_LOCATION(const Action&) {
     if (!scRunQuery(Sql("SELECT LOCATION FROM LIMS WHERE LIM = '", LIM, "'"), rows)) return false;
     sql = Sql("SELECT LOCATION, DESCRIPTION ", NL, " FROM LOCATIONS WHERE LOCATION = '", rows[0][0], "'");
   }
-  return OrReport(scCollectValuesAndDesc(sql, "dynamic"), "StatCheck_EQU_LOCATION", Message::DescribedListNotBuilt,
-                  "Location");
+  return scCollectValuesAndDesc(sql, "dynamic") ||
+         Reporter("StatCheck_EQU_LOCATION")(DescribedListNotBuilt, "Location");
 }
 
 }  // namespace cordboard

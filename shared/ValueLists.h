@@ -8,6 +8,10 @@
 
 namespace cordboard {
 
+// A list of the action's parameter by one statement on the configuration; a failure is reported as
+// "GetValidValForParam" with the parameter's name.
+bool CollectList(const Action& action, const std::string& sql);
+
 // The fixed values of the parameter, in the active definition or in the action's.
 bool GetValuesAndDescription(const Action& action);
 bool GetValuesAndDescriptionByDefinition(const Action& action);

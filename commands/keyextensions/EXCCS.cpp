@@ -11,6 +11,7 @@
 #include "script/Report.h"
 #include "script/Text.h"
 #include "shared/ClassStrings.h"
+#include "shared/Count.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {
@@ -21,81 +22,70 @@ namespace {
 
 // All rows, the blank ones too, in the order of the text: not the list of categories that extensions see.
 bool ListCAT(const Action& action) {
-  return OrReport(scCollectValuesAndDesc("SELECT CAT, DESCRIPTION  FROM EXCCS ORDER BY CAT ", "dynamic"),
-                  "GetValidValForParam", Message::DescribedListNotBuilt, action.Parameter());
+  return scCollectValuesAndDesc("SELECT CAT, DESCRIPTION  FROM EXCCS ORDER BY CAT ", "dynamic") ||
+         Reporter("GetValidValForParam")(DescribedListNotBuilt, action.Parameter());
 }
 
-// Takes out the roles that other categories have. The value "1&2" is never taken out. The answer is that of the last
-// removal.
+// Takes out the roles that other categories have. The value "1&2" is never taken out.
 bool ListCATTYP(const Action& action) {
   const std::string parameter = action.Parameter();
   if (!GetValuesAndDescription(action)) return false;
   RowSet rows;
-  if (!OrReport(scRunQuery("SELECT CAT, CATTYP FROM EXCCS WHERE CATTYP <> ''", rows), "GetValuesFor: " + parameter,
-                Message::StatementFailed))
-    return false;
+  const Reporter fail("GetValuesFor: " + parameter);
+  if (!scRunQuery("SELECT CAT, CATTYP FROM EXCCS WHERE CATTYP <> ''", rows)) return fail(StatementFailed);
   if (rows.IsEmpty()) return true;
   const Value CAT = scGetParamValue("CAT");
-  bool flag = true;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
     if (!Differs(rows[0][row], CAT)) continue;
     const Value& CATTYP = rows[1][row];
-    const bool both = Equals(CATTYP, "1&2");
-    if (both || Equals(CATTYP, "1")) flag = scRemoveFromValidValues(parameter, "1");
-    if (both || Equals(CATTYP, "2")) flag = scRemoveFromValidValues(parameter, "2");
+    for (const char* role : {"1", "2"}) {
+      const bool taken = Equals(CATTYP, role) || Equals(CATTYP, "1&2");
+      if (taken && !scRemoveFromValidValues(parameter, role)) return fail(DescribedListNotBuilt, parameter);
+    }
   }
-  return flag;
+  return true;
 }
 
 // Reports under the context of lists, though it is a check.
 bool CheckCAT(const Action&) {
-  return OrReport(scResetParam("CATTYP"), "GetValidValForParam", Message::ResetFailed, "CATTYP");
+  return scResetParam("CATTYP") || Reporter("GetValidValForParam")(ResetFailed, "CATTYP");
 }
 
 // --- Add and edit.
 
 const List columns{"TRAF", "SERV", "CDIV", "ROC", "CATTYP", "DESCRIPTION"};
 
-bool Count(const std::string& context, const std::string& sql, Value& count) {
-  RowSet rows;
-  if (!OrReport(scRunQuery(sql, rows), context, Message::StatementFailed)) return false;
-  count = rows[0][0];
-  return true;
-}
-
 // At most one category may have each role. "1&2" is not tested, and a category that has it stands in nobody's way.
-bool RoleIsFree(const std::string& context, std::int32_t CmdId, const Value& CATTYP) {
+bool RoleIsFree(const Reporter& fail, std::int32_t CmdId, const Value& CATTYP) {
   const bool minimum = Equals(CATTYP, "1");
   if (!minimum && !Equals(CATTYP, "2")) return true;
   Value count;
-  return Count(context, Sql("SELECT COUNT(*) FROM EXCCS WHERE (CATTYP =  '", CATTYP, "') AND NOT CMDID = ", CmdId),
-               count) &&
-         OrReport(!Differs(count, 0), context, Message::CategoryRoleTaken, minimum ? "MIN" : "DEFAULT");
+  if (!Count(fail, Sql("SELECT COUNT(*) FROM EXCCS WHERE (CATTYP =  '", CATTYP, "') AND NOT CMDID = ", CmdId), count))
+    return false;
+  return !Differs(count, 0) || fail(CategoryRoleTaken, minimum ? "MIN" : "DEFAULT");
 }
 
 // No two categories may have the same four strings. The report of one that has them bears a context of its own.
-bool StringsAreUnique(const std::string& context, const Value& CAT, const List& values) {
+bool StringsAreUnique(const Reporter& fail, const Value& CAT, const List& values) {
   RowSet rows;
   if (!scRunQuery(Sql("SELECT COUNT(*) FROM EXCCS WHERE CAT <> '", Trim(CAT), "' AND TRAF = '", Trim(values[0]),
                       "' AND  SERV = '", Trim(values[1]), "' AND CDIV = '", Trim(values[2]), "' AND ROC = '",
                       Trim(values[3]), "'"),
                   rows)) {
     Debug(" Error getting Values from EXCCS ");
-    Report(context, Message::RecordNotRead, "EXCCS");
-    return false;
+    return fail(RecordNotRead, "EXCCS");
   }
-  return OrReport(!Differs(rows[0][0], 0), "Quorvel", Message::SameCategoryExists);
+  return !Differs(rows[0][0], 0) || Reporter("Quorvel")(SameCategoryExists);
 }
 
 // Frees the additional numbers of the category; their records stay. This happens on every edit, whatever the new SERV:
 // its last two digits cannot be both "00" and "01", which is what would keep the numbers.
-bool FreeAdditionalNumbers(const std::string& context, const Value& CAT) {
+bool FreeAdditionalNumbers(const Reporter& fail, const Value& CAT) {
   RowSet rows;
-  if (!OrReport(scRunQuery(Sql("SELECT CmdID from KSANI WHERE CAT = '", CAT, "'"), rows), context,
-                Message::RecordInTheWay, "CmdID", "", "", "KSANI"))
-    return false;
+  if (!scRunQuery(Sql("SELECT CmdID from KSANI WHERE CAT = '", CAT, "'"), rows))
+    return fail(RecordInTheWay, "CmdID", "", "", "KSANI");
   if (rows.IsEmpty()) return true;
-  Report(context, Message::CategoryUsedByAdditionalNumbers, CAT);
+  fail(CategoryUsedByAdditionalNumbers, CAT);
   Action deletion;
   deletion.FunctionName = "DeleteInfo";
   deletion.CmdName = "KSANI";
@@ -107,11 +97,11 @@ bool FreeAdditionalNumbers(const std::string& context, const Value& CAT) {
 }
 
 // Writes the six columns. With `keepStored` a parameter that is empty or null keeps what is stored, so that an add
-// cannot clear a column and an edit can. An update that fails is reported and then forgotten: the step behind it
+// cannot clear a column and an edit can. An update that fails is reported and then forgotten: the step after it
 // decides.
 bool WriteCategory(const Action& action, std::int32_t CmdId, bool keepStored) {
-  const std::string context = " Edit : " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail(" Edit : " + action.CmdName);
+  return InTransaction(fail, [&] {
     RowSet stored;
     if (!scRunQuery(Sql("SELECT TRAF, SERV, CDIV, ROC, CATTYP, DESCRIPTION FROM EXCCS WHERE CmdID = ", CmdId), stored))
       return false;
@@ -124,10 +114,9 @@ bool WriteCategory(const Action& action, std::int32_t CmdId, bool keepStored) {
     Value CAT = scGetParamValue("CAT");
     if (Left(Joined(CAT), 1) == "0") CAT = Right(Joined(CAT), 1);
 
-    if (!RoleIsFree(context, CmdId, values[4]) || !StringsAreUnique(context, CAT, values)) return false;
-    OrReport(scSQLUpdate("EXCCS", columns, values, {"CAT", Value()}, {CAT, Value()}), context,
-             Message::CategoryUpdateFailed, "EXCCS");
-    return FreeAdditionalNumbers(context, CAT);
+    if (!RoleIsFree(fail, CmdId, values[4]) || !StringsAreUnique(fail, CAT, values)) return false;
+    if (!scSQLUpdate("EXCCS", columns, values, {"CAT", Value()}, {CAT, Value()})) fail(CategoryUpdateFailed, "EXCCS");
+    return FreeAdditionalNumbers(fail, CAT);
   });
 }
 
@@ -146,10 +135,10 @@ bool Edit(const Action& action) { return WriteCategory(action, action.CmdId, fal
 // --- Delete.
 
 // The tables are asked in this order, and the first that holds the category shows the box.
-bool IsUnused(const std::string& context, double CAT) {
+bool IsUnused(const Reporter& fail, double CAT) {
   for (const char* table : {"EXTEIDIR", "KSEXI", "KSANI", "AUCOI_Central", "AUCOI_Regional", "ITNUI"}) {
     Value count;
-    if (!Count(context, Sql("SELECT COUNT(*) FROM ", table, " WHERE CAT = '", CAT, "'"), count)) return false;
+    if (!Count(fail, Sql("SELECT COUNT(*) FROM ", table, " WHERE CAT = '", CAT, "'"), count)) return false;
     if (Differs(count, 0)) {
       ShowMessageBox("Cannot delete as there are extensions initiated with this category", "Error", InformationBox);
       return false;
@@ -160,31 +149,30 @@ bool IsUnused(const std::string& context, double CAT) {
 
 // The row stays, with its CAT. The category is looked for as a number: "07" as 7.
 bool Delete(const Action& action) {
-  const std::string context = "Delete: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Delete: " + action.CmdName);
+  return InTransaction(fail, [&] {
     RowSet rows;
-    return OrReport(scRunQuery(Sql("SELECT CAT FROM EXCCS WHERE CmdId = ", action.CmdId), rows), context,
-                    Message::StatementFailed) &&
-           IsUnused(context, NumericValue(rows[0][0])) &&
-           OrReport(scRunQuery(Sql("UPDATE EXCCS SET CDIV = Null, ROC= Null, SERV= Null, TRAF= Null, CATTYP= Null, "
-                                   "DESCRIPTION=Null WHERE CMDID = ",
-                                   action.CmdId)),
-                    context, Message::StatementFailed);
+    if (!scRunQuery(Sql("SELECT CAT FROM EXCCS WHERE CmdId = ", action.CmdId), rows)) return fail(StatementFailed);
+    if (!IsUnused(fail, NumericValue(rows[0][0]))) return false;
+    return scRunQuery(Sql("UPDATE EXCCS SET CDIV = Null, ROC= Null, SERV= Null, TRAF= Null, CATTYP= Null, "
+                          "DESCRIPTION=Null WHERE CMDID = ",
+                          action.CmdId)) ||
+           fail(StatementFailed);
   });
 }
 
 // --- Generate.
 
-// Blank rows give no line. The roles come behind all categories, the last row that has one deciding; their lines do not
+// Blank rows give no line. The roles come after all categories, the last row that has one deciding; their lines do not
 // go to the debug window. Columns are read by their place in the table.
 bool Generate(const Action& action) {
-  const std::string context = "Generating: " + action.CmdName;
+  const Reporter fail("Generating: " + action.CmdName);
   const auto insert = [&](const std::string& line) {
-    return OrReport(scRunQuery(Sql("INSERT INTO BuiltCmd  VALUES (", action.OrderNumber(), ",'", line, "')")), context,
-                    Message::StatementFailed);
+    return scRunQuery(Sql("INSERT INTO BuiltCmd  VALUES (", action.OrderNumber(), ",'", line, "')")) ||
+           fail(StatementFailed);
   };
   RowSet rows;
-  bool flag = OrReport(scRunQuery(Sql("SELECT * FROM ", action.CmdName), rows), context, Message::StatementFailed);
+  bool flag = scRunQuery(Sql("SELECT * FROM ", action.CmdName), rows) || fail(StatementFailed);
   Value minimum;
   Value preset;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {

@@ -1,7 +1,9 @@
 // KSEXI: key extensions: a number on an equipment position, with its instrument and its class strings. Function keys,
 // further and additional numbers hang on its DIR, terminals on its EQU.
 
-#include "commands/keyextensions/KSEXI_lists.h"
+#include <algorithm>
+#include <initializer_list>
+
 #include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/Generate.h"
@@ -9,8 +11,11 @@
 #include "script/Report.h"
 #include "script/Text.h"
 #include "shared/ClassStrings.h"
+#include "shared/Column.h"
+#include "shared/Equipment.h"
 #include "shared/ExtensionADC.h"
 #include "shared/KeySpace.h"
+#include "shared/Record.h"
 #include "shared/Release.h"
 #include "shared/Usage.h"
 #include "shared/ValueLists.h"
@@ -19,73 +24,109 @@ namespace cordboard {
 
 namespace {
 
+// --- Lists and checks.
+
+bool IsOneOf(const Value& value, std::initializer_list<const char*> texts) {
+  return std::any_of(texts.begin(), texts.end(), [&](const char* text) { return Equals(value, text); });
+}
+
+// The instruments whose positions are on board 77 or 59.
+bool IsOnBoard77Or59(const Value& ITYPE) {
+  return IsOneOf(ITYPE, {"9", "10", "11", "12", "13", "14", "15", "19", "20", "21", "22", "23", "24"});
+}
+
+// The boards of an instrument, as the end of the condition on free positions. The OR has no brackets, so that used
+// positions of board 59 are listed as well.
+const char* BoardCondition(const Value& ITYPE) {
+  if (ITYPE.IsEmpty()) return " AND Boards.BoardID IN ('31', '59', '77')";
+  if (Equals(ITYPE, "0") || IsOnBoard77Or59(ITYPE)) return " AND (Boards.BoardID = '77') OR (Boards.BoardID ='59')";
+  if (IsOneOf(ITYPE, {"1", "2", "3", "4", "5", "6", "7", "8", "16", "17", "18"})) return " AND Boards.BoardID = '31'";
+  return "";
+}
+
+bool ListDIR(const Action& action) {
+  return CollectList(action, "SELECT NUMSE FROM NANSI  WHERE NUMTYP = 'EX'  AND USED = FALSE  ORDER BY NUMSE");
+}
+
+bool ListEQU(const Action& action) {
+  const Value ITYPE = scGetParamValue("ITYPE");
+  return CollectList(
+      action, Sql(EquipmentInLIMsInLine, "WHERE (Equipment.Used = False)", BoardCondition(ITYPE), EquipmentOrder()));
+}
+
+// A position stays when its board suits the new instrument. Instrument 0 does not count among those of the boards 77
+// and 59 here, though the list offers them to it.
+bool CheckITYPE(const Action&) {
+  const Reporter fail("StatCheck");
+  const Value EQU = scGetParamValue("EQU");
+  const Value ITYPE = scGetParamValue("ITYPE");
+  const char* board = "";
+  const char* otherBoard = "";
+  if (!ITYPE.IsBlank()) {
+    board = IsOnBoard77Or59(ITYPE) ? "77" : "31";
+    otherBoard = IsOnBoard77Or59(ITYPE) ? "59" : "";
+  }
+  if (!scResetParam("EQU")) return false;
+  if (EQU.IsEmpty()) return true;
+  Value BoardID;
+  if (!ReadBoardID(fail, EQU, BoardID)) return false;
+  const bool fits = Equals(BoardID, board) || Equals(BoardID, otherBoard);
+  return !fits || scSetParamValue("EQU", EQU) || fail(SetFailed, "EQU");
+}
+
+bool ResetLOCATION(const Action&) { return scResetParam("LOCATION"); }
+
 // --- Add.
 
 // One record for each number, on the position of the same place in its list. There is no envelope: when a number
 // fails, the records of those before it stay.
 bool Add(const Action& action) {
-  const std::string context = "Add: " + action.CmdName;
+  const Reporter fail("Add: " + action.CmdName);
   List numbers;
   List positions;
-  if (!OrReport(scGetValueArray("DIR", numbers), context, Message::ListNotBuilt, "DIR")) return false;
+  if (!scGetValueArray("DIR", numbers)) return fail(ListNotBuilt, "DIR");
   scGetValueArray("EQU", positions);
   for (std::size_t k = 0; k < numbers.size(); ++k) {
-    List values(std::vector<Value>(action.ParamList.size()));
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      const std::string name = ToText(action.ParamList[i]);
-      values[i] = name == "CMDID"    ? scBuildCmdID()
-                  : name == "NUMTYP" ? Value("EX")
-                  : name == "DIR"    ? numbers[k]
-                  : name == "EQU"    ? positions[k]
-                                     : scGetParamValue(name);
-    }
-    const bool added = InsertExtension(numbers[k], "EX") &&
-                       OrReport(scSQLInsert(action.CmdName, action.ParamList, values), context, Message::InsertFailed,
-                                action.CmdName) &&
-                       SetEquipmentUsed(positions[k], true);
-    if (!added) return false;
+    const List record = Record(action.ParamList, {{"NUMTYP", "EX"}, {"DIR", numbers, k}, {"EQU", positions, k}});
+    if (!InsertExtension(numbers[k], "EX")) return false;
+    if (!scSQLInsert(action.CmdName, action.ParamList, record)) return fail(InsertFailed, action.CmdName);
+    if (!SetEquipmentUsed(positions[k], true)) return false;
   }
   return true;
 }
 
 // --- Edit.
 
-// What the record has in the column.
-bool ReadOld(const Action& action, const std::string& context, const std::string& column, Value& old) {
+// What the record has in the column: blank also where there is no record.
+bool ReadOld(const Action& action, const Reporter& fail, const std::string& column, Value& old) {
   RowSet rows;
-  if (!OrReport(scRunQuery(Sql(" SELECT ", column, " FROM ", action.CmdName, " WHERE CmdId = ", action.CmdId), rows),
-                context, Message::StatementFailed))
-    return false;
-  old = rows[0][0];
+  if (!scRunQuery(Sql(" SELECT ", column, " FROM ", action.CmdName, " WHERE CmdId = ", action.CmdId), rows))
+    return fail(StatementFailed);
+  if (!rows.IsEmpty()) old = rows[0][0];
   return true;
 }
 
 // The use of the number moves; the column DIR is left to the host.
-bool EditDIR(const Action& action, const std::string& context, const Value& DIR) {
+bool EditDIR(const Action& action, const Reporter& fail, const Value& DIR) {
   Value old;
-  if (!ReadOld(action, context, "DIR", old)) return false;
-  if (old.IsEmpty()) {
-    Report(context, Message::ColumnHasNoValue, "DIR");
-    return false;
-  }
-  return OrReport(UpdateExtOpeGrp(old, DIR), context, Message::ColumnNotWritten, "DIR");
+  if (!ReadOld(action, fail, "DIR", old)) return false;
+  if (old.IsBlank()) return fail(ColumnHasNoValue, "DIR");
+  return UpdateExtOpeGrp(old, DIR) || fail(ColumnNotWritten, "DIR");
 }
 
 // A record without a position is reported, and that is no failure.
-bool EditEQU(const Action& action, const std::string& context, const Value& EQU) {
+bool EditEQU(const Action& action, const Reporter& fail, const Value& EQU) {
   Value old;
-  if (!ReadOld(action, context, "EQU", old)) return false;
-  if (old.IsEmpty()) {
-    Report(context, Message::ColumnHasNoValue, "EQU");
-    return true;
-  }
-  return UpdateEQU(action.CmdName, action.CmdId, old, EQU);
+  if (!ReadOld(action, fail, "EQU", old)) return false;
+  if (!old.IsBlank()) return UpdateEQU(action.CmdName, action.CmdId, old, EQU);
+  fail(ColumnHasNoValue, "EQU");
+  return true;
 }
 
 // Deletes what is on keys that the new instrument does not have; the numbers of the deleted records stay in use. An
 // instrument without any keys, or with keys that cannot be read, makes a list that is no statement, and so cannot be
 // chosen.
-bool EditITYPE(const Action& action, const std::string& context, const Value& ITYPE) {
+bool EditITYPE(const Action& action, const Reporter& fail, const Value& ITYPE) {
   const Value DIR = scGetParamValue("DIR");
   RowSet rows;
   scRunQuery(Sql("SELECT Value FROM ParamValueDesc WHERE Command = 'KSANI' AND  Param = 'KEY' AND DefinitionNo = ",
@@ -98,32 +139,28 @@ bool EditITYPE(const Action& action, const std::string& context, const Value& IT
   bool flag = true;
   for (const char* table : {"KSFKC", "KSANI", "KSMDI"})
     flag = flag && scRunQuery(Sql("DELETE * FROM ", table, " WHERE DIR ='", DIR, "' AND Key NOT IN ", keys));
-  flag = flag && scRunQuery(Sql("UPDATE KSEXI SET ITYPE = '", ITYPE, "' WHERE CmdId = ", action.CmdId));
-  return OrReport(flag, context, Message::ColumnNotWritten, "ITYPE");
+  flag = flag && UpdateColumnInLine("KSEXI", action.CmdId, "ITYPE", ITYPE);
+  return flag || fail(ColumnNotWritten, "ITYPE");
 }
 
-bool EditParameter(const Action& action, const std::string& context, const std::string& name, const Value& value) {
-  if (name == "DIR") return EditDIR(action, context, value);
-  if (name == "EQU") return EditEQU(action, context, value);
-  if (name == "ITYPE") return EditITYPE(action, context, value);
-  return OrReport(scRunQuery(Sql("UPDATE KSEXI SET ", name, " = '", value, "' WHERE CmdId = ", action.CmdId)), context,
-                  Message::ColumnNotWritten, name);
+bool EditParameter(const Action& action, const Reporter& fail, const std::string& name, const Value& value) {
+  if (name == "DIR") return EditDIR(action, fail, value);
+  if (name == "EQU") return EditEQU(action, fail, value);
+  if (name == "ITYPE") return EditITYPE(action, fail, value);
+  return UpdateColumnInLine("KSEXI", action.CmdId, name, value) || fail(ColumnNotWritten, name);
 }
 
-// Only a number that is too long ends the edit. Behind any other failure it goes on, so that the last parameter
+// Only a number that is too long ends the edit. After any other failure it goes on, so that the last parameter
 // decides.
 bool Edit(const Action& action) {
-  const std::string context = "Edit: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Edit: " + action.CmdName);
+  return InTransaction(fail, [&] {
     bool flag = true;
     for (const Value& parameter : action.ParamList) {
       const std::string name = ToText(parameter);
       const Value value = scGetParamValue(name);
-      if (name == "DIR" && Length(Joined(value)) > 5) {
-        Report(context, Message::ValueNotValidHere, "DIR");
-        return false;
-      }
-      flag = EditParameter(action, context, name, value);
+      if (name == "DIR" && Length(Joined(value)) > 5) return fail(ValueNotValidHere, "DIR");
+      flag = EditParameter(action, fail, name, value);
     }
     return flag;
   });
@@ -134,19 +171,17 @@ bool Edit(const Action& action) {
 // Frees the number and the position, and removes the terminals of the position. The record itself is left to the host,
 // and what is on the keys stays. A record that cannot be read is reported under the name of another table.
 bool Delete(const Action& action) {
-  const std::string context = "Delete: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Delete: " + action.CmdName);
+  return InTransaction(fail, [&] {
     RowSet rows;
-    if (!OrReport(scRunQuery(Sql("SELECT DIR, EQU, ACCTYP FROM KSEXI  WHERE CmdID = ", action.CmdId), rows), context,
-                  Message::ValueNotFound, "DIR, EQU", "EXTEIDIR"))
-      return false;
-    if (!OrReport(!rows.IsEmpty(), context, Message::RecordNotFound)) return false;
+    if (!scRunQuery(Sql("SELECT DIR, EQU, ACCTYP FROM KSEXI  WHERE CmdID = ", action.CmdId), rows))
+      return fail(ValueNotFound, "DIR, EQU", "EXTEIDIR");
+    if (rows.IsEmpty()) return fail(RecordNotFound);
     const Value DIR = rows[0][0];
     const Value EQU = rows[1][0];
     const Value ACCTYP = rows[2][0];
     if (!DeleteExtOpeGrp(DIR) || !SetEquipmentUsed(EQU, false)) return false;
-    return ACCTYP.IsBlank() ||
-           OrReport(scRunQuery(Sql("DELETE * FROM ITNUI WHERE EQU = '", EQU, "'")), context, Message::StatementFailed);
+    return ACCTYP.IsBlank() || scRunQuery(Sql("DELETE * FROM ITNUI WHERE EQU = '", EQU, "'")) || fail(StatementFailed);
   });
 }
 
@@ -156,31 +191,27 @@ bool Delete(const Action& action) {
 // all four in the place of a category, even without a value. A record without DIR, EQU and ITYPE gives the text of the
 // record before it once more.
 bool Generate(const Action& action) {
-  const std::string context = "Generating: " + action.CmdName;
+  const Reporter fail("Generating: " + action.CmdName);
   const bool hasLANG = !IsR6(action);
   RowSet rows;
   scRunQuery(hasLANG ? "SELECT DIR,EQU,CAT,TRAF,SERV,CDIV,ROC,ITYPE,ADC,TRM,CUST,CALALT,LANG,ACCTYP FROM KSEXI"
                      : "SELECT DIR,EQU,CAT,TRAF,SERV,CDIV,ROC,ITYPE,ADC,TRM,CUST,CALALT,ACCTYP FROM KSEXI",
              rows);
-  bool flag = true;
   std::string line;
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-    const auto field = [&](std::size_t column) { return Trim(rows[column][row]); };
-    const Value DIR = field(0), EQU = field(1), CAT = field(2), ITYPE = field(7);
-    const Value LANG = hasLANG ? field(12) : Value::Null();
-    const Value ACCTYP = field(hasLANG ? 13 : 12);
+  return InsertLines(fail, action, rows, true, [&](const LineRow& row) {
+    const Value DIR = row[0], EQU = row[1], CAT = row[2], ITYPE = row[7];
+    const Value LANG = hasLANG ? row[12] : Value::Null();
+    const Value ACCTYP = row[hasLANG ? 13 : 12];
     if (!DIR.IsNull() || !EQU.IsNull() || !ITYPE.IsNull()) {
       const bool hasCAT = hasLANG ? !CAT.IsBlank() : !CAT.IsNull();
       const std::string classes =
-          hasCAT ? Text(",CAT=", CAT)
-                 : Text(",TRAF=", field(3), ",SERV=", field(4), ",CDIV=", field(5), ",ROC=", field(6));
+          hasCAT ? Text(",CAT=", CAT) : Text(",TRAF=", row[3], ",SERV=", row[4], ",CDIV=", row[5], ",ROC=", row[6]);
       line = Text("KSEXI:DIR=", DIR, UnlessNull(",ITYPE=", ITYPE), UnlessNull(",ACCTYP=", ACCTYP),
-                  UnlessNull(",EQU=", EQU), classes, UnlessNull(",ADC=", field(8)), UnlessNull(",TRM=", field(9)),
-                  UnlessNull(",CUST=", field(10)), UnlessNull(",CALALT=", field(11)), UnlessNull(",LANG=", LANG), ";");
+                  UnlessNull(",EQU=", EQU), classes, UnlessNull(",ADC=", row[8]), UnlessNull(",TRM=", row[9]),
+                  UnlessNull(",CUST=", row[10]), UnlessNull(",CALALT=", row[11]), UnlessNull(",LANG=", LANG), ";");
     }
-    flag = OrReport(InsertBuiltCmd(action, line), context, Message::GenerationFailed);
-  }
-  return flag;
+    return line;
+  });
 }
 
 }  // namespace
@@ -200,14 +231,14 @@ extern const Module KSEXI{
                     {{"ACCTYP", "CALALT", "ITYPE", "LANG"}, GetValuesAndDescription},
                     {"CAT", GetValuesFor_CAT},
                     {"CUST", GetValuesFor_CUST},
-                    {"DIR", keyextension::ListDIR},
-                    {"EQU", keyextension::ListEQU},
+                    {"DIR", ListDIR},
+                    {"EQU", ListEQU},
                     {"LOCATION", StatCheck_EQU_LOCATION}},
     .StatCheck = {{"ACCTYP", ResetADC_D11},
                   {{"CAT", "SERV_D7D8_SUB2"}, RecheckADC_D1},
                   {"CDIV_D6", ResetCDIVTail},
-                  {"ITYPE", keyextension::CheckITYPE},
-                  {"EQU", keyextension::ResetLOCATION}},
+                  {"ITYPE", CheckITYPE},
+                  {"EQU", ResetLOCATION}},
 };
 
 }  // namespace cordboard

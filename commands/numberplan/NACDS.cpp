@@ -4,6 +4,8 @@
 #include "script/Envelope.h"
 #include "script/Module.h"
 #include "script/Report.h"
+#include "shared/Column.h"
+#include "shared/Count.h"
 #include "shared/GenericRecord.h"
 
 namespace cordboard {
@@ -25,10 +27,9 @@ bool CheckNumberFree(const Value& number, std::int32_t CmdId) {
   return true;
 }
 
-bool RefuseNumber(const std::string& context) {
+bool RefuseNumber(const Reporter& fail) {
   Debug(" This range is already in use, enter another value");
-  Report(context, Message::NumberInUse);
-  return false;
+  return fail(NumberInUse);
 }
 
 std::string JoinedWithAmpersands(const List& values) {
@@ -38,60 +39,56 @@ std::string JoinedWithAmpersands(const List& values) {
 }
 
 // One record for each number. Only the answer of the second list counts; it fails without a message. Numbers that could
-// not be had leave a list without bounds, which fails the call.
+// not be delivered leave a list without bounds, which fails the call.
 bool Add(const Action& action) {
-  const std::string context = "Add: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Add: " + action.CmdName);
+  return InTransaction(fail, [&] {
     List numbers;
     List categories;
     scGetValueArray("NUM", numbers);
     if (!scGetValueArray("CDCAT", categories)) return false;
     for (const Value& NUM : numbers) {
-      if (!CheckNumberFree(NUM, 0)) return RefuseNumber(context);
+      if (!CheckNumberFree(NUM, 0)) return RefuseNumber(fail);
       const Value CmdID = scBuildCmdID();
       const Value CDCAT = JoinedWithAmpersands(categories);
-      if (!OrReport(scSQLInsert(action.CmdName, {"CmdID", "NUM", "CDCAT"}, {CmdID, NUM, CDCAT}), context,
-                    Message::InsertFailed, action.CmdName))
-        return false;
+      if (!scSQLInsert(action.CmdName, {"CmdID", "NUM", "CDCAT"}, {CmdID, NUM, CDCAT}))
+        return fail(InsertFailed, action.CmdName);
     }
     return true;
   });
 }
 
-// Adds the categories on the form to those of the record. A value that the form does not give stays as it was. Only the
-// empty state counts as no stored category: behind a null or an empty text the new ones begin with "&".
+// Adds the categories on the form to those of the record. A value that the form does not give stays as it was.
 bool Merge(const Action& action) {
-  const std::string context = "Edit: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Edit: " + action.CmdName);
+  return InTransaction(fail, [&] {
     RowSet rows;
     scRunQuery(Sql("SELECT NUM, CDCAT FROM NACDS WHERE CmdId = ", action.CmdId), rows);
     const Value oldNUM = rows[0][0];
     const Value oldCDCAT = rows[1][0];
 
     const auto write = [&](const char* name, const Value& value) {
-      return OrReport(WriteColumn(action.CmdName, action.CmdId, name, value), context, Message::ColumnNotWritten, name);
+      return UpdateColumnOrNull(action.CmdName, action.CmdId, name, value) || fail(ColumnNotWritten, name);
     };
     const Value NUM = scGetParamValue("NUM");
     if (!write("NUM", NUM.IsBlank() ? oldNUM : NUM)) return false;
     const Value CDCAT = scGetParamValue("CDCAT");
     if (CDCAT.IsBlank()) return write("CDCAT", oldCDCAT);
-    return write("CDCAT", oldCDCAT.IsEmpty() ? CDCAT : Text(oldCDCAT, "&", CDCAT));
+    return write("CDCAT", oldCDCAT.IsBlank() ? CDCAT : Text(oldCDCAT, "&", CDCAT));
   });
 }
 
 // A number that is taken ends the edit. An update that fails does not: the answer is that of the last one. An empty
 // value is written as the empty text.
 bool Edit(const Action& action) {
-  const std::string context = "Edit: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Edit: " + action.CmdName);
+  return InTransaction(fail, [&] {
     bool flag = true;
     for (const Value& parameter : action.ParamList) {
       const std::string name = ToText(parameter);
       const Value value = scGetParamValue(name);
-      if (name == "NUM" && !CheckNumberFree(value, action.CmdId)) return RefuseNumber(context);
-      flag = OrReport(scRunQuery(Sql("UPDATE ", action.CmdName, " SET ", name, " = '", value, "'", NL,
-                                     " WHERE CmdId = ", action.CmdId)),
-                      context, Message::ColumnUpdateFailed, name, action.CmdName);
+      if (name == "NUM" && !CheckNumberFree(value, action.CmdId)) return RefuseNumber(fail);
+      flag = UpdateColumn(action.CmdName, action.CmdId, name, value) || fail(ColumnUpdateFailed, name, action.CmdName);
     }
     return flag;
   });
@@ -100,9 +97,7 @@ bool Edit(const Action& action) {
 // A number has one record: an add of one that is stored merges into it.
 bool AddOrMerge(const Action& action) {
   const Value NUM = scGetParamValue("NUM");
-  RowSet count;
-  scRunQuery(Sql("SELECT Count(*) FROM NACDS WHERE NUM = '", NUM, "'"), count);
-  if (Equals(count[0][0], 0)) return Add(action);
+  if (Equals(CountOf(Sql("SELECT Count(*) FROM NACDS WHERE NUM = '", NUM, "'")), 0)) return Add(action);
   RowSet record;
   scRunQuery(Sql("SELECT CMDID FROM NACDS WHERE NUM = '", NUM, "'"), record);
   Action merge = action;

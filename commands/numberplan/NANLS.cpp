@@ -5,6 +5,7 @@
 #include "script/Module.h"
 #include "script/Report.h"
 #include "script/Text.h"
+#include "shared/Column.h"
 #include "shared/GenericRecord.h"
 #include "shared/ValueLists.h"
 
@@ -12,23 +13,22 @@ namespace cordboard {
 
 namespace {
 
-bool RefuseMinimumAboveMaximum(const std::string& context) {
-  Report(context, Message::MinimumAboveMaximum, "MIN", "MAX");
+bool RefuseMinimumAboveMaximum(const Reporter& fail) {
+  fail(MinimumAboveMaximum, "MIN", "MAX");
   Debug(" Min Value cannot be greater than Max Value");
   return false;
 }
 
 // The digits alone may not be longer than the least length of the whole number.
-bool DigitsFit(const std::string& context, const Value& EXL, const Value& MIN) {
-  const bool longer = Greater(Length(Text(Trim(EXL))), MIN);
-  return OrReport(!longer, context, Message::LengthAboveMinimum, "MIN", "EXL");
+bool DigitsFit(const Reporter& fail, const Value& EXL, const Value& MIN) {
+  return !Greater(Length(Text(Trim(EXL))), MIN) || fail(LengthAboveMinimum, "MIN", "EXL");
 }
 
-// One record for each value of EXL. Behind a value that is refused the others are still checked and reported, but
+// One record for each value of EXL. After a value that is refused the others are still checked and reported, but
 // nothing more is inserted.
 bool Add(const Action& action) {
-  const std::string context = "Add: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Add: " + action.CmdName);
+  return InTransaction(fail, [&] {
     List digits;
     if (!scGetValueArray("EXL", digits)) return false;
     bool flag = true;
@@ -36,12 +36,10 @@ bool Add(const Action& action) {
       const Value CmdID = scBuildCmdID();
       const Value MIN = scGetParamValue("MIN");
       const Value MAX = scGetParamValue("MAX");
-      if (!MAX.IsEmpty() && Greater(ToInt16(MIN), MAX)) flag = RefuseMinimumAboveMaximum(context);
-      if (!DigitsFit(context, EXL, MIN)) flag = false;
-      if (flag && !scSQLInsert(action.CmdName, {"CmdID", "EXL", "MIN", "MAX"}, {CmdID, EXL, MIN, MAX})) {
-        Report(context, Message::InsertFailed, action.CmdName);
-        return false;
-      }
+      if (!MAX.IsEmpty() && Greater(ToInt16(MIN), MAX)) flag = RefuseMinimumAboveMaximum(fail);
+      if (!DigitsFit(fail, EXL, MIN)) flag = false;
+      if (flag && !scSQLInsert(action.CmdName, {"CmdID", "EXL", "MIN", "MAX"}, {CmdID, EXL, MIN, MAX}))
+        return fail(InsertFailed, action.CmdName);
     }
     return flag;
   });
@@ -49,43 +47,41 @@ bool Add(const Action& action) {
 
 // A new MIN against the stored MAX and the digits on the form. A MAX that is missing or null sets no limit, and one
 // that could not be read refuses the value without a message.
-bool CheckMIN(const Action& action, const std::string& context, const Value& value) {
+bool CheckMIN(const Action& action, const Reporter& fail, const Value& value) {
   RowSet rows;
   bool flag = scRunQuery(Sql("SELECT MAX FROM NANLS WHERE CmdId = ", action.CmdId), rows);
   if (!rows.IsEmpty() && !rows[0][0].IsNull() && Greater(ToInt16(value), rows[0][0]))
-    flag = RefuseMinimumAboveMaximum(context);
-  return DigitsFit(context, scGetParamValue("EXL"), value) && flag;
+    flag = RefuseMinimumAboveMaximum(fail);
+  return DigitsFit(fail, scGetParamValue("EXL"), value) && flag;
 }
 
-// A new MAX against the stored MIN. Here a record that is missing or could not be read fails the call, but for an empty
-// value, which is not compared.
-bool CheckMAX(const Action& action, const std::string& context, const Value& value) {
+// A new MAX against the stored MIN, of any size. Here a record that is missing or could not be read fails the call, but
+// for an empty value, which is not compared.
+bool CheckMAX(const Action& action, const Reporter& fail, const Value& value) {
   RowSet rows;
   const bool flag = scRunQuery(Sql("SELECT MIN FROM NANLS WHERE CmdId = ", action.CmdId), rows);
-  if (!value.IsEmpty() && Less(ToInt16(value), rows[0][0])) return RefuseMinimumAboveMaximum(context);
+  if (!value.IsEmpty() && Less(ToNumber(value), rows[0][0])) return RefuseMinimumAboveMaximum(fail);
   return flag;
 }
 
-// A refused value is not written, nor is what stands behind it, until a MIN or a MAX answers anew for the whole edit.
+// A refused value is not written, nor is what follows it, until a MIN or a MAX answers anew for the whole edit.
 // An empty value is written as the empty text.
 bool Edit(const Action& action) {
-  const std::string context = "Edit: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Edit: " + action.CmdName);
+  return InTransaction(fail, [&] {
     bool flag = true;
     for (const Value& parameter : action.ParamList) {
       const std::string name = ToText(parameter);
       const Value value = scGetParamValue(name);
       if (name == "MIN") {
-        flag = CheckMIN(action, context, value);
+        flag = CheckMIN(action, fail, value);
       } else if (name == "MAX") {
-        flag = CheckMAX(action, context, value);
+        flag = CheckMAX(action, fail, value);
       } else if (name == "EXL") {
-        flag = DigitsFit(context, value, scGetParamValue("MIN")) && flag;
+        flag = DigitsFit(fail, value, scGetParamValue("MIN")) && flag;
       }
       if (!flag) continue;
-      flag =
-          OrReport(scRunQuery(Sql("UPDATE NANLS SET ", name, " = '", value, "'", NL, " WHERE CmdId = ", action.CmdId)),
-                   context, Message::ColumnUpdateFailed, name, action.CmdName);
+      flag = UpdateColumn("NANLS", action.CmdId, name, value) || fail(ColumnUpdateFailed, name, action.CmdName);
     }
     return flag;
   });

@@ -14,8 +14,7 @@ namespace cordboard {
 namespace {
 
 bool ListNUMTYP(const Action& action) {
-  return OrReport(scSQLSelectValuesAndDesc(), "GetValidValForParam", Message::DescribedListNotBuilt,
-                  action.Parameter());
+  return scSQLSelectValuesAndDesc() || Reporter("GetValidValForParam")(DescribedListNotBuilt, action.Parameter());
 }
 
 // Nothing sets these permissions back to True, and the answer is False in every case.
@@ -30,32 +29,31 @@ bool CheckNUMTYP(const Action&) {
 }
 
 // The rule of length of a number type, on both ends of the range; of "AI" on the first alone.
-bool LengthSuitsType(const std::string& context, const Value& NUMTYP, const std::string& from, const std::string& to) {
+bool LengthSuitsType(const Reporter& fail, const Value& NUMTYP, const std::string& from, const std::string& to) {
   if (Equals(NUMTYP, "EC")) {
     const bool fits = Length(from) <= 3 && Length(to) <= 3;
-    return OrReport(fits, context, Message::NumberTooLong, "3", NUMTYP);
+    return fits || fail(NumberTooLong, "3", NUMTYP);
   }
   for (const char* type : {"DE", "DG", "DN", "EX", "MA"}) {
     if (!Equals(NUMTYP, type)) continue;
     const bool fits = Length(from) >= 2 && (to.empty() || Length(to) >= 2);
-    return OrReport(fits, context, Message::NumberTooShort, "2", NUMTYP);
+    return fits || fail(NumberTooShort, "2", NUMTYP);
   }
-  if (Equals(NUMTYP, "AI")) return OrReport(Length(from) <= 1, context, Message::NumberTooLong, "1", NUMTYP);
-  return true;
+  return !Equals(NUMTYP, "AI") || Length(from) <= 1 || fail(NumberTooLong, "1", NUMTYP);
 }
 
 bool Add(const Action& action) {
-  const std::string context = "Add: " + action.CmdName;
+  const Reporter fail("Add: " + action.CmdName);
   const Value NUMTYP = scGetParamValue("NUMTYP");
   const Value NUMSE = scGetParamValue("NUMSE");
   std::string from;
   std::string to;
   SplitRange(NUMSE, from, to);
-  if (!LengthSuitsType(context, NUMTYP, from, to)) return false;
+  if (!LengthSuitsType(fail, NUMTYP, from, to)) return false;
 
   Value code;
   const bool initiated = scNANSIinitiate(NUMSE, NUMTYP, code);
-  if (!initiated) scErrorMessage(0, 2, 2, context, code);
+  if (!initiated) scErrorMessage(0, 2, 2, fail.context(), code);
   return initiated;
 }
 
@@ -69,44 +67,32 @@ bool ReleaseEquipment() {
 
 // No envelope: a step that fails leaves what the steps before it have done.
 bool Delete(const Action& action) {
-  const std::string context = "Delete: " + action.CmdName;
+  const Reporter fail("Delete: " + action.CmdName);
   RowSet rows;
-  if (!scRunQuery(Sql("SELECT NUMSE, NUMTYP FROM NANSI ", NL, " WHERE CmdId = ", action.CmdId), rows)) {
-    Report(context, Message::RecordNotRead, action.CmdName);
-    return false;
-  }
+  if (!scRunQuery(Sql("SELECT NUMSE, NUMTYP FROM NANSI ", NL, " WHERE CmdId = ", action.CmdId), rows))
+    return fail(RecordNotRead, action.CmdName);
   const Value NUMSE = rows[0][0];
   const Value NUMTYP = rows[1][0];
-  if (NUMSE.IsEmptyText()) {
-    Report(context, Message::ColumnHasNoValue, "NUMSE");
-    return false;
-  }
-  return OrReport(scRunQuery(Sql("DELETE * FROM NANSI", NL, "WHERE CmdId = ", action.CmdId)), context,
-                  Message::RecordNotDeleted, action.CmdName, action.CmdId) &&
-         OrReport(scNANSIremoveFromBlockedRange(NUMSE, NUMTYP), context, Message::BlockedRangeNotRemoved, NUMSE) &&
-         OrReport(ReleaseEquipment(), context, Message::StatementFailed);
+  if (NUMSE.IsEmptyText()) return fail(ColumnHasNoValue, "NUMSE");
+  if (!scRunQuery(Sql("DELETE * FROM NANSI", NL, "WHERE CmdId = ", action.CmdId)))
+    return fail(RecordNotDeleted, action.CmdName, action.CmdId);
+  if (!scNANSIremoveFromBlockedRange(NUMSE, NUMTYP)) return fail(BlockedRangeNotRemoved, NUMSE);
+  return ReleaseEquipment() || fail(StatementFailed);
 }
 
-// The lines come in the order that DISTINCT gives. The answer is that of the last statement.
+// The lines come in the order that DISTINCT gives.
 bool Generate(const Action& action) {
-  const std::string context = "Generating: " + action.CmdName;
-  RowSet rows;
-  bool flag = OrReport(scRunQuery("SELECT DISTINCT Start, End, Numtyp From NANSIBlockedRange", rows), context,
-                       Message::GenerationFailed);
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-    const Value Start = Trim(rows[0][row]);
-    const Value End = Trim(rows[1][row]);
-    const Value Numtyp = rows[2][row];
-    if (End.IsNull() && Numtyp.IsNull()) {
-      Debug("  Ignoring this value, as it is not a valid NANSI range");
-      continue;
-    }
-    const bool range = !End.IsNull() && !Equals(End, Start);
-    const std::string NUMSE = range ? Text(Start, "&&", End) : Text(Start);
-    const std::string line = Text("NANSI:NUMTYP=", Numtyp, ",NUMSE=", NUMSE, ";");
-    flag = OrReport(InsertBuiltCmd(action, line), context, Message::GenerationFailed);
-  }
-  return flag;
+  return GenerateLines(action, "SELECT DISTINCT Start, End, Numtyp From NANSIBlockedRange",
+                       [](const LineRow& row) -> std::optional<std::string> {
+                         const Value Start = row[0], End = row[1], Numtyp = row.Stored(2);
+                         if (End.IsNull() && Numtyp.IsNull()) {
+                           Debug("  Ignoring this value, as it is not a valid NANSI range");
+                           return std::nullopt;
+                         }
+                         const bool range = !End.IsNull() && !Equals(End, Start);
+                         const std::string NUMSE = range ? Text(Start, "&&", End) : Text(Start);
+                         return Text("NANSI:NUMTYP=", Numtyp, ",NUMSE=", NUMSE, ";");
+                       });
 }
 
 }  // namespace

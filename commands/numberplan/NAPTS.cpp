@@ -4,6 +4,7 @@
 #include "script/Envelope.h"
 #include "script/Module.h"
 #include "script/Report.h"
+#include "shared/Column.h"
 #include "shared/GenericRecord.h"
 #include "shared/ValueLists.h"
 
@@ -21,9 +22,9 @@ void TakePosition(List& values, std::size_t column, const Value& value) {
 }
 
 // The positions from the several values of POS. More than six fail the call.
-bool TakePositionsOfPOS(const std::string& context, List& values) {
+bool TakePositionsOfPOS(const Reporter& fail, List& values) {
   List positions;
-  if (!OrReport(scGetValueArray("POS", positions), context, Message::ListNotBuilt, "POS")) return false;
+  if (!scGetValueArray("POS", positions)) return fail(ListNotBuilt, "POS");
   for (std::size_t i = 0; i < positions.size(); ++i) TakePosition(values, POS1 + i, positions[i]);
   return true;
 }
@@ -41,23 +42,22 @@ void ReadPositions(List& values) {
   values[POS] = joined;
 }
 
-// One record for each value of EXL. A number that has a record already refuses the whole add, but those behind it are
-// still looked up and inserted, to be rolled back in the end; their single positions are then not read but reported.
-// Any step that fails ends the add.
+// One record for each value of EXL. A number that has a record already refuses the whole add, but those after it are
+// still looked up and inserted, to be rolled back in the end; their single positions are then not read, which is
+// reported. Any step that fails ends the add. A POS that was never given counts as the empty text.
 bool Add(const Action& action) {
-  const std::string context = "Add: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Add: " + action.CmdName);
+  return InTransaction(fail, [&] {
     List numbers;
-    if (!OrReport(scGetValueArray("EXL", numbers), context, Message::ListNotBuilt, "EXL")) return false;
+    if (!scGetValueArray("EXL", numbers)) return fail(ListNotBuilt, "EXL");
     bool flag = true;
     for (const Value& EXL : numbers) {
       Debug("EXL = ", EXL);
       RowSet rows;
-      if (!OrReport(scRunQuery(Sql("SELECT EXL FROM ", action.CmdName, NL, " WHERE EXL = '", EXL, "'"), rows), context,
-                    Message::ListNotBuilt, "EXL"))
-        return false;
+      if (!scRunQuery(Sql("SELECT EXL FROM ", action.CmdName, NL, " WHERE EXL = '", EXL, "'"), rows))
+        return fail(ListNotBuilt, "EXL");
       if (!rows.IsEmpty()) {
-        Report(context, Message::NumberInUse);
+        fail(NumberInUse);
         Debug("That number series has already been used");
         flag = false;
         continue;
@@ -65,17 +65,15 @@ bool Add(const Action& action) {
       List values(std::vector<Value>(columns.size()));
       values[1] = EXL;
       TakePosition(values, POS, scGetParamValue("POS"));
-      if (!values[POS].IsEmptyText()) {
-        if (!TakePositionsOfPOS(context, values)) return false;
+      if (!values[POS].IsEmpty() && !values[POS].IsEmptyText()) {
+        if (!TakePositionsOfPOS(fail, values)) return false;
       } else if (flag) {
         ReadPositions(values);
       } else {
-        for (std::size_t column = POS1; column < columns.size(); ++column)
-          Report(context, Message::ListNotBuilt, columns[column]);
+        fail(ListNotBuilt, "POS");
       }
       values[0] = scBuildCmdID();
-      if (!OrReport(scSQLInsert(action.CmdName, columns, values), context, Message::InsertFailed, action.CmdName))
-        return false;
+      if (!scSQLInsert(action.CmdName, columns, values)) return fail(InsertFailed, action.CmdName);
     }
     return flag;
   });
@@ -93,20 +91,17 @@ std::string JoinedPositions(const List& positions) {
 
 // Whatever the updates of the parameters gave, the answer is that of the update of POS.
 bool Edit(const Action& action) {
-  const std::string context = "Edit: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Edit: " + action.CmdName);
+  return InTransaction(fail, [&] {
     for (const Value& parameter : action.ParamList) {
       const std::string name = ToText(parameter);
       const Value value = scGetParamValue(name);
-      OrReport(scRunQuery(Sql("UPDATE NAPTS SET ", name, " = '", value, "'", NL, " WHERE CmdId = ", action.CmdId)),
-               context, Message::ColumnUpdateFailed, name, action.CmdName);
+      if (!UpdateColumn("NAPTS", action.CmdId, name, value)) fail(ColumnUpdateFailed, name, action.CmdName);
     }
     List positions;
     for (std::size_t column = POS1; column < columns.size(); ++column)
       positions.Append(scGetParamValue(ToText(columns[column])));
-    const std::string text = JoinedPositions(positions);
-    return OrReport(scRunQuery(Sql("UPDATE NAPTS SET POS = '", text, "'", NL, " WHERE CmdId = ", action.CmdId)),
-                    context, Message::InsertFailed, action.CmdName);
+    return UpdateColumn("NAPTS", action.CmdId, "POS", JoinedPositions(positions)) || fail(InsertFailed, action.CmdName);
   });
 }
 
@@ -122,7 +117,7 @@ bool CheckPosition(const Action& action) {
   for (const char* other : {"POS1_D1D2", "POS2_D1D2", "POS3_D1D2", "POS4_D1D2", "POS5_D1D2", "POS6_D1D2"}) {
     if (other == parameter) continue;
     if (scRemoveFromValidValues(other, value) && scPushValidValues(previous, other)) continue;
-    Report("StatCheck", Message::ResetFailed, other);
+    Reporter("StatCheck")(ResetFailed, other);
     if (parameter == "POS5_D1D2" || parameter == "POS6_D1D2") Debug(" Error Reseting the other Position values ");
     return false;
   }

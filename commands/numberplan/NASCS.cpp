@@ -3,15 +3,19 @@
 //
 // In NANSIBlockedRange a constant has a Start only; a series has End and Numtyp as well.
 
+#include <iterator>
 #include <map>
 #include <vector>
 
-#include "commands/numberplan/NASCS_checks.h"
 #include "script/Conversions.h"
 #include "script/Envelope.h"
+#include "script/MessageBox.h"
 #include "script/Module.h"
 #include "script/Report.h"
-#include "shared/GenericRecord.h"
+#include "script/Text.h"
+#include "shared/Column.h"
+#include "shared/Count.h"
+#include "shared/SingleRecord.h"
 
 namespace cordboard {
 
@@ -20,27 +24,64 @@ namespace {
 // The columns of the table in their order: the identifier, then the constants from index 1.
 const List columns = {"CmdID", "DDIV", "CDDIV", "ANSBL", "AGP", "ANS", "ACGN", "PGI", "PGDMI", "PGSI", "PGA", "PGSA"};
 
-// Reads a count. The answer of the query is not tested: one that gives no row fails the call.
-Value Count(const std::string& sql) {
+// --- What a constant has to pass. Both checks report one that does not, and change nothing.
+
+// Whether no number of a series begins with the constant. The numbers may be stored with blanks after them, and each
+// length of a constant asks for its own numbers of blanks, in its own order. Beyond five characters nothing is asked.
+bool BeginsNoSeries(const Reporter& fail, const Value& value) {
+  static const std::vector<std::size_t> blanksByLength[] = {{}, {0, 1, 2, 3, 4}, {1, 2, 3, 0}, {1, 2, 0}, {1, 0}, {0}};
+  const std::string digits = Text(TrimLeft(value));
+  const std::size_t length = Length(digits);
+  if (length >= std::size(blanksByLength)) return true;
+  for (const std::size_t blanks : blanksByLength[length]) {
+    const std::string pattern = digits + std::string(blanks, ' ');
+    if (!Differs(CountOf(Sql("SELECT COUNT(*) FROM NANSI WHERE NUMSE LIKE '", pattern, "%' ")), 0)) continue;
+    Debug("Value ", digits, " is already initiated in the NANSI range");
+    return fail(NumberInUse, "NASCS");
+  }
+  return true;
+}
+
+// Whether the constant lies in no blocked range; `free` counts the rows up to there that it does not lie in. With no
+// rows, also from a query that failed, nothing is blocked. With a row, a constant that is not a number fails the call,
+// and so does a row without Start, after a message box.
+bool IsNotBlocked(const Reporter& fail, const std::string& name, const Value& value, int& free) {
   RowSet rows;
-  scRunQuery(sql, rows);
-  return rows[0][0];
+  scRunQuery("SELECT Start,End FROM NANSIBlockedRange", rows);
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    const Value Start = rows[0][row];
+    const Value End = rows[1][row];
+    if (Start.IsNull()) ShowMessageBox(" SHOULDNT GET HERE... ", "", PlainBox);
+    const std::int32_t from = ToInt32(Start);
+    const std::int32_t number = ToInt32(value);
+    const std::int32_t to = End.IsNull() ? from : ToInt32(End);
+    if (number < from || number > to) {
+      ++free;
+      continue;
+    }
+    Debug("Value ", value, " is already in the NANSI range", End.IsNull() ? "" : Text(Start, " to ", End));
+    fail(ConstantInBlockedRange, "NASCS");
+    Debug("Resetting parameter: ", name);  // in words only: the form keeps it
+    return false;
+  }
+  return true;
 }
 
-bool ReportUsedTwice(const std::string& context, const std::string& name) {
+bool ReportUsedTwice(const Reporter& fail, const std::string& name) {
   Debug(" The Value for ", name, " is already used, try another value");
-  Report(context, Message::ValueUsedTwice, name);
-  return false;
+  return fail(ValueUsedTwice, name);
 }
 
-bool Block(const std::string& context, const Value& value) {
-  return OrReport(scRunQuery(Sql("INSERT INTO NANSIBlockedRange (Start) VALUES ('", value, "' )")), context,
-                  Message::InsertFailed, "NANSIBlockedRange");
+// --- Add and edit.
+
+bool Block(const Reporter& fail, const Value& value) {
+  return scRunQuery(Sql("INSERT INTO NANSIBlockedRange (Start) VALUES ('", value, "' )")) ||
+         fail(InsertFailed, "NANSIBlockedRange");
 }
 
-bool Unblock(const std::string& context, const std::string& name, const Value& value) {
-  return OrReport(scRunQuery(Sql("DELETE * FROM NANSIBlockedRange WHERE Start = '", value, "' ")), context,
-                  Message::BlockedRangeNotRemoved, name);
+bool Unblock(const Reporter& fail, const std::string& name, const Value& value) {
+  return scRunQuery(Sql("DELETE * FROM NANSIBlockedRange WHERE Start = '", value, "' ")) ||
+         fail(BlockedRangeNotRemoved, name);
 }
 
 bool EqualsAnEarlierOne(const List& values, std::size_t last) {
@@ -54,7 +95,7 @@ bool EqualsAnEarlierOne(const List& values, std::size_t last) {
 // range that it does not lie in: so a first record can stand only once a series is initiated. A constant that begins a
 // series is reported and ends the reading, but is no refusal: where one before it was found free, the record is added
 // with the constants up to and with this one.
-bool ReadConstants(const Action& action, const std::string& context, List& values) {
+bool ReadConstants(const Action& action, const Reporter& fail, List& values) {
   bool flag = true;
   int free = 0;
   for (std::size_t i = 1; i < values.size() && flag; ++i) {
@@ -62,35 +103,31 @@ bool ReadConstants(const Action& action, const std::string& context, List& value
     const Value value = values[i] = scGetParamValue(name);
     if (value.IsEmpty() || value.IsEmptyText()) continue;
     if (EqualsAnEarlierOne(values, i)) {
-      flag = ReportUsedTwice(context, name);
-    } else if (BeginsNoSeries(action, context, value)) {
-      flag = IsNotBlocked(action, context, name, value, free);
+      flag = ReportUsedTwice(fail, name);
+    } else if (BeginsNoSeries(fail, value)) {
+      flag = IsNotBlocked(fail, name, value, free);
     } else {
       break;
     }
   }
   if (flag && free >= 1) return true;
   Debug(" Invalid Values entered , Try again...");
-  Report(context, Message::NumberInUse, action.CmdName);
-  return false;
+  return fail(NumberInUse, action.CmdName);
 }
 
 // The answer is that of the last statement: a constant that is blocked in the end makes up for a record that was not
 // inserted. Only the empty state counts as no constant here, so that an empty text is entered as blocked.
 bool Add(const Action& action) {
-  const std::string context = "Add: " + action.CmdName;
-  return InTransaction(context, [&] {
-    if (Differs(Count("SELECT COUNT(*) FROM NASCS"), 0)) {
-      Report(context, Message::TableHoldsRecord, action.CmdName);
-      return false;
-    }
+  const Reporter fail("Add: " + action.CmdName);
+  return InTransaction(fail, [&] {
+    if (!IsStillEmpty(fail, action.CmdName)) return false;
     List values(std::vector<Value>(columns.size()));
     values[0] = scBuildCmdID();
-    if (!ReadConstants(action, context, values)) return false;
+    if (!ReadConstants(action, fail, values)) return false;
 
-    bool flag = OrReport(scSQLInsert(action.CmdName, columns, values), context, Message::InsertFailed, action.CmdName);
+    bool flag = scSQLInsert(action.CmdName, columns, values) || fail(InsertFailed, action.CmdName);
     for (std::size_t i = 1; i < values.size(); ++i) {
-      if (!values[i].IsEmpty()) flag = Block(context, values[i]);
+      if (!values[i].IsEmpty()) flag = Block(fail, values[i]);
     }
     return flag;
   });
@@ -98,32 +135,29 @@ bool Add(const Action& action) {
 
 // The constant against the others on the form, the series and the blocked ranges. Its own row blocks it as well, so
 // that a constant that did not change is refused.
-bool MayBecome(const Action& action, const std::string& context, const std::string& name, const Value& value) {
+bool MayBecome(const Reporter& fail, const std::string& name, const Value& value) {
   for (std::size_t i = 1; i < columns.size(); ++i) {
     const std::string other = ToText(columns[i]);
-    if (other != name && Equals(scGetParamValue(other), value)) return ReportUsedTwice(context, name);
+    if (other != name && Equals(scGetParamValue(other), value)) return ReportUsedTwice(fail, name);
   }
   int free = 0;  // of no account in an edit
-  return BeginsNoSeries(action, context, value) && IsNotBlocked(action, context, name, value, free);
+  return BeginsNoSeries(fail, value) && IsNotBlocked(fail, name, value, free);
 }
 
 // Writes one constant and moves its blocked number. An empty text is written like any other value.
-bool Write(const Action& action, const std::string& context, const std::string& name, const Value& value,
-           const Value& old) {
-  if (value.IsEmpty()) return Unblock(context, name, old) && WriteColumn("NASCS", action.CmdId, name, value);
-  WriteColumn("NASCS", action.CmdId, name, value);  // the answer is not tested
-  return Unblock(context, name, old) && Block(context, value);
+bool Write(const Action& action, const Reporter& fail, const std::string& name, const Value& value, const Value& old) {
+  if (value.IsEmpty()) return Unblock(fail, name, old) && UpdateColumnOrNull("NASCS", action.CmdId, name, value);
+  UpdateColumn("NASCS", action.CmdId, name, value);  // the answer is not tested
+  return Unblock(fail, name, old) && Block(fail, value);
 }
 
-// A constant that is refused ends the edit at once. One that could not be written does not: those behind it are still
+// A constant that is refused ends the edit at once. One that could not be written does not: those after it are still
 // checked, and reported as not written.
 bool Edit(const Action& action) {
-  const std::string context = "NASCS - EditInfo";
-  return InTransaction(context, [&] {
+  const Reporter fail("NASCS - EditInfo");
+  return InTransaction(fail, [&] {
     RowSet rows;
-    if (!OrReport(scRunQuery(Sql("SELECT * FROM NASCS WHERE CmdId = ", action.CmdId), rows), context,
-                  Message::StatementFailed))
-      return false;
+    if (!scRunQuery(Sql("SELECT * FROM NASCS WHERE CmdId = ", action.CmdId), rows)) return fail(StatementFailed);
     std::map<std::string, Value> old;  // relies on the order of the columns
     for (std::size_t i = 1; i < columns.size() && !rows.IsEmpty(); ++i) old[ToText(columns[i])] = rows[i][0];
 
@@ -133,59 +167,47 @@ bool Edit(const Action& action) {
       if (name == "CMDID") continue;
       const Value value = scGetParamValue(name);
       const bool given = !value.IsEmpty() && !value.IsEmptyText();
-      if (given && !MayBecome(action, context, name, value)) return false;
-      flag = OrReport(flag && Write(action, context, name, value, old[name]), context, Message::ColumnUpdateFailed,
-                      name, action.CmdName);
+      if (given && !MayBecome(fail, name, value)) return false;
+      flag = (flag && Write(action, fail, name, value, old[name])) || fail(ColumnUpdateFailed, name, action.CmdName);
     }
     return flag;
   });
 }
 
-// The table holds one record at most: a second add is an edit of the first.
-bool AddOrEdit(const Action& action) {
-  if (Equals(Count("SELECT COUNT(*) FROM NASCS"), 0)) return Add(action);
-  RowSet rows;
-  scRunQuery("SELECT CmdID FROM NASCS", rows);
-  Action edit = action;
-  edit.CmdId = ToInt32(rows[0][0]);
-  return Edit(edit);
-}
+bool Set(const Action& action) { return SetSingleRecord(action, Add, Edit); }
+
+// --- Delete.
 
 // Every message of the delete carries this text as its first argument, those of the transaction too.
-const char* const deleteText = "NASCS -Delete";
+constexpr const char* deleteText = "NASCS -Delete";
 
 // A record that does not exist is reported, yet counts as deleted. A blocked number that could not be taken out stops
-// neither the delete of the record nor the commit: it stays behind. A series with the same Start goes with a constant.
-bool DeleteRecord(const Action& action, const std::string& context) {
+// neither the delete of the record nor the commit: it stays. A series with the same Start goes with a constant.
+bool DeleteRecord(const Action& action, const Reporter& fail) {
   RowSet rows;
   const bool read = scRunQuery(Sql("SELECT * FROM NASCS WHERE CmdID = ", action.CmdId), rows);
   if (!read || rows.IsEmpty()) {
-    Report(context, Message::RecordNotDeleted, deleteText, action.CmdId);
+    fail(RecordNotDeleted, deleteText, action.CmdId);
     return read;
   }
   for (std::size_t i = 1; i < columns.size(); ++i) {
     const Value value = rows[i][0];
     if (value.IsNull()) continue;
-    if (!OrReport(scRunQuery(Sql(" DELETE * FROM NANSIBlockedRange WHERE Start =  '", value, "'")), context,
-                  Message::RecordNotDeleted, deleteText, action.CmdId))
-      break;
+    if (scRunQuery(Sql(" DELETE * FROM NANSIBlockedRange WHERE Start =  '", value, "'"))) continue;
+    fail(RecordNotDeleted, deleteText, action.CmdId);
+    break;
   }
-  return OrReport(scRunQuery(Sql("DELETE * FROM ", action.CmdName, NL, " WHERE CmdId = ", action.CmdId)), context,
-                  Message::RecordNotDeleted, deleteText, action.CmdId);
+  return scRunQuery(Sql("DELETE * FROM ", action.CmdName, NL, " WHERE CmdId = ", action.CmdId)) ||
+         fail(RecordNotDeleted, deleteText, action.CmdId);
 }
 
 bool Delete(const Action& action) {
-  const std::string context = "NASCS";
-  bool flag = scStartTransaction();
+  const Reporter fail("NASCS");
+  const bool flag = scStartTransaction() ? DeleteRecord(action, fail) : fail(StartFailed, deleteText);
   if (flag) {
-    flag = DeleteRecord(action, context);
+    if (!scCommitTransaction()) fail(CommitFailed, deleteText);
   } else {
-    Report(context, Message::StartFailed, deleteText);
-  }
-  if (flag) {
-    OrReport(scCommitTransaction(), context, Message::CommitFailed, deleteText);
-  } else {
-    OrReport(scRollBackTransaction(), context, Message::RollBackFailed, deleteText);
+    if (!scRollBackTransaction()) fail(RollBackFailed, deleteText);
   }
   return flag;
 }
@@ -193,7 +215,7 @@ bool Delete(const Action& action) {
 }  // namespace
 
 extern const Module NASCS{
-    .SetInfo = AddOrEdit,
+    .SetInfo = Set,
     .EditInfo = Edit,
     .DeleteInfo = Delete,
 };

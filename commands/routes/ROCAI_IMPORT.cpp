@@ -6,7 +6,8 @@
 #include "script/Conversions.h"
 #include "script/Module.h"
 #include "script/Report.h"
-#include "shared/Helpers.h"
+#include "shared/GenericRecord.h"
+#include "shared/Rechecks.h"
 #include "shared/Routes.h"
 
 namespace cordboard {
@@ -18,21 +19,22 @@ bool IsBlankTrimmed(const Value& value) { return Trim(value).IsBlank(); }
 std::int32_t Digit(const Value& value) { return ToInt32(NumericValue(value)); }
 
 // Three digits range from 0 to a limit that follows SIG_D11. While that is blank, the list stays as the host has it.
-bool ListUpTo(int (*limit)(int SIG_D11)) {
+bool ListUpTo(const Action& action, int (*limit)(int SIG_D11)) {
   const Value SIG_D11 = scGetParamValue("SIG_D11");
-  return IsBlankTrimmed(SIG_D11) || scPushValidRangeValues(0, limit(Digit(SIG_D11)));
+  return IsBlankTrimmed(SIG_D11) || scPushValidRangeValues(0, limit(Digit(SIG_D11))) ||
+         Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
 }
 
-bool ListSEL_D3(const Action&) {
-  return ListUpTo([](int SIG_D11) { return SIG_D11 == 8 ? 4 : 3; });
+bool ListSEL_D3(const Action& action) {
+  return ListUpTo(action, [](int SIG_D11) { return SIG_D11 == 8 ? 4 : 3; });
 }
 
-bool ListSEL_D10(const Action&) {
-  return ListUpTo([](int SIG_D11) { return SIG_D11 == 3 || SIG_D11 == 8 ? 1 : 0; });
+bool ListSEL_D10(const Action& action) {
+  return ListUpTo(action, [](int SIG_D11) { return SIG_D11 == 3 || SIG_D11 == 8 ? 1 : 0; });
 }
 
-bool ListSIG_D12(const Action&) {
-  return ListUpTo([](int SIG_D11) { return SIG_D11 == 1 || SIG_D11 == 3 || SIG_D11 == 4 ? 1 : 0; });
+bool ListSIG_D12(const Action& action) {
+  return ListUpTo(action, [](int SIG_D11) { return SIG_D11 == 1 || SIG_D11 == 3 || SIG_D11 == 4 ? 1 : 0; });
 }
 
 // Puts the value back, as a whole number, if the new list has it. Its message has no context, and leaves the answer of
@@ -42,7 +44,7 @@ void RestoreDigit(const std::string& name, const Value& kept) {
   List list;
   scGetValidValues(name, list);
   const std::int32_t digit = Digit(kept);
-  if (IsValueInList(digit, list) && !scSetParamValue(name, digit)) Report("", Message::SetFailed, name);
+  if (IsValueInList(digit, list) && !scSetParamValue(name, digit)) Reporter("")(SetFailed, name);
 }
 
 // A reset that fails makes the answer False, and the check goes on. SIG_D11 is read with the others and not used.
@@ -54,16 +56,18 @@ bool CheckSIG_D11(const Action&) {
   const std::pair<const char*, Value> dependents[] = {{"SIG_D12", SIG_D12}, {"SEL_D3", SEL_D3}, {"SEL_D10", SEL_D10}};
   bool flag = true;
   for (const auto& [name, kept] : dependents) {
-    flag = OrReport(scResetParam(name), "StatCheck", Message::ResetFailed, name) && flag;
+    flag = (scResetParam(name) || Reporter("StatCheck")(ResetFailed, name)) && flag;
     RestoreDigit(name, kept);
   }
   return flag;
 }
 
+bool Add(const Action& action) { return AddRecord(action); }
+
 }  // namespace
 
 extern const Module ROCAI_IMPORT{
-    .SetInfo = AddFromForm,
+    .SetInfo = Add,
     .ValidValues = {{"ROU", GetFreeRoutes}, {"SIG_D12", ListSIG_D12}, {"SEL_D3", ListSEL_D3}, {"SEL_D10", ListSEL_D10}},
     .StatCheck = {{"SIG_D11", CheckSIG_D11}},
 };

@@ -4,7 +4,7 @@
 #include "script/Conversions.h"
 #include "script/Generate.h"
 #include "script/Module.h"
-#include "script/Report.h"
+#include "shared/GenericRecord.h"
 #include "shared/Routes.h"
 
 namespace cordboard {
@@ -12,31 +12,28 @@ namespace cordboard {
 namespace {
 
 // A record is skipped in silence where its look-up fails. One without values fails the call, and so does a null in
-// them, but for FILTER. The answer is that of the last insert.
+// them, but for FILTER.
 bool Generate(const Action& action) {
-  const std::string context = "Generating: " + action.CmdName;
-  RowSet rows;
-  bool flag = OrReport(scRunQuery("SELECT ROU, PROTOCOL, MARKET FROM ROCAI", rows), context, Message::GenerationFailed);
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-    const auto [ROU, PROTOCOL, MARKET] = TrimmedRow<3>(rows, row);
+  const auto line = [&](const LineRow& row) -> std::optional<std::string> {
+    const auto [ROU, PROTOCOL, MARKET] = row.Texts<3>();
     RowSet data;
-    if (!LookUpRouteData(action, "TYPE, VARI, VARO, VARC, FILTER", PROTOCOL, MARKET, data)) continue;
+    if (!LookUpRouteData(action, "TYPE, VARI, VARO, VARC, FILTER", PROTOCOL, MARKET, data)) return std::nullopt;
     const std::string TYPE = ToText(data[0][0]);
     const std::string VARI = ToText(data[1][0]);
     const std::string VARO = ToText(data[2][0]);
     const std::string VARC = ToText(data[3][0]);
-    const std::string line =
-        Text("RODAI:ROU=", ROU, UnlessBlank(",TYPE=", TYPE), UnlessBlank(",VARI=", VARI), UnlessBlank(",VARO=", VARO),
-             UnlessBlank(",VARC=", VARC), UnlessBlank(",FILTER=", data[4][0]), ";");
-    flag = OrReport(InsertBuiltCmd(action, line), context, Message::GenerationFailed);
-  }
-  return flag;
+    return Text("RODAI:ROU=", ROU, UnlessBlank(",TYPE=", TYPE), UnlessBlank(",VARI=", VARI),
+                UnlessBlank(",VARO=", VARO), UnlessBlank(",VARC=", VARC), UnlessBlank(",FILTER=", data[4][0]), ";");
+  };
+  return GenerateLines(action, "SELECT ROU, PROTOCOL, MARKET FROM ROCAI", line);
 }
+
+bool Add(const Action& action) { return AddRecord(action); }
 
 }  // namespace
 
 extern const Module RODAI{
-    .SetInfo = AddFromForm,
+    .SetInfo = Add,
     .GenerateCmd = Generate,
     .ValidValues = {{"ROU", GetFreeRoutes}},
 };

@@ -9,7 +9,8 @@
 #include "script/Module.h"
 #include "script/Report.h"
 #include "script/Text.h"
-#include "shared/GenericRecord.h"
+#include "shared/Column.h"
+#include "shared/Record.h"
 #include "shared/Routes.h"
 #include "shared/Usage.h"
 #include "shared/ValueLists.h"
@@ -24,15 +25,11 @@ namespace {
 int newDestinationMark = 0;
 
 bool ListDEST(const Action& action) {
-  const std::string sql =
-      Sql("SELECT NUMSE FROM NANSI ", NL, " WHERE NUMTYP = 'ED' ", NL, " AND USED = FALSE ", NL, " ORDER BY NUMSE");
-  return OrReport(scCollectSingleValues(sql), "GetValidValForParam", Message::ListNotBuilt, action.Parameter());
+  return CollectList(action, Sql("SELECT NUMSE FROM NANSI ", NL, " WHERE NUMTYP = 'ED' ", NL, " AND USED = FALSE ", NL,
+                                 " ORDER BY NUMSE"));
 }
 
-bool ListROU(const Action& action) {
-  return OrReport(scCollectSingleValues("SELECT ROU FROM ROCAI"), "GetValidValForParam", Message::ListNotBuilt,
-                  action.Parameter());
-}
+bool ListROU(const Action& action) { return CollectList(action, "SELECT ROU FROM ROCAI"); }
 
 // For a new destination the customers are taken out of what the host's list holds. A failure has no message.
 bool ListCUST(const Action&) {
@@ -40,9 +37,9 @@ bool ListCUST(const Action&) {
   return scCollectSingleValues("SELECT CUST FROM CUSTOMERS", Value());
 }
 
-// The range has no message either.
 bool ListCHO(const Action& action) {
-  return newDestinationMark == 1 ? GetValuesAndDescription(action) : scPushValidRangeValues(0, 7);
+  if (newDestinationMark == 1) return GetValuesAndDescription(action);
+  return scPushValidRangeValues(0, 7) || Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
 }
 
 // While one of the two is blank the mark, CUST and CHO stay as they are. A query that fails finds no record. The answer
@@ -59,21 +56,9 @@ bool CheckPair(const Action&) {
   return scResetParam("CHO");
 }
 
-List Record(const List& columns, const Value& DEST) {
-  List values(std::vector<Value>(columns.size()));
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    const std::string name = ToText(columns[i]);
-    values[i] = name == "CMDID"    ? scBuildCmdID()
-                : name == "NUMTYP" ? Value("ED")
-                : name == "DEST"   ? DEST
-                                   : scGetParamValue(name);
-  }
-  return values;
-}
-
 // The number is taken into use before the test for a duplicate, whose message is that of a failed commit.
-bool AddDestination(const Action& action, const std::string& context, const Value& DEST) {
-  const List values = Record(action.ParamList, DEST);
+bool AddDestination(const Action& action, const Reporter& fail, const Value& DEST) {
+  const List values = Record(action.ParamList, {{"NUMTYP", "ED"}, {"DEST", DEST}});
   if (!InsertExtension(DEST, "ED")) return false;
   const auto value = [&](const char* column) { return ValueOf(column, action.ParamList, values); };
   RowSet rows;
@@ -81,28 +66,27 @@ bool AddDestination(const Action& action, const std::string& context, const Valu
                       value("CUST"), "' and CHO = '", value("CHO"), "'"),
                   rows))
     return false;
-  return OrReport(rows.IsEmpty(), "Record exists", Message::CommitFailed) &&
-         OrReport(scSQLInsert(action.CmdName, action.ParamList, values), context, Message::InsertFailed,
-                  action.CmdName);
+  if (!rows.IsEmpty()) return Reporter("Record exists")(CommitFailed);
+  return scSQLInsert(action.CmdName, action.ParamList, values) || fail(InsertFailed, action.CmdName);
 }
 
-// No envelope. A start that fails, or destinations that cannot be had, end the action with nothing closed. From then on
-// the transaction is committed whatever happened: what was added before a failure stays, and so does the use of the
-// number that failed.
+// No envelope. A start that fails, or destinations that cannot be delivered, end the action with nothing closed. From
+// then on the transaction is committed whatever happened: what was added before a failure stays, and so does the use of
+// the number that failed.
 bool Add(const Action& action) {
-  const std::string context = "Add: " + action.CmdName;
-  if (!OrReport(scStartTransaction(), context, Message::StartFailed)) return false;
+  const Reporter fail("Add: " + action.CmdName);
+  if (!scStartTransaction()) return fail(StartFailed);
   List destinations;
-  if (!OrReport(scGetValueArray("DEST", destinations), context, Message::ListNotBuilt, "DEST")) return false;
+  if (!scGetValueArray("DEST", destinations)) return fail(ListNotBuilt, "DEST");
 
   bool flag = true;
   for (const Value& DEST : destinations) {
-    flag = AddDestination(action, context, DEST);
+    flag = AddDestination(action, fail, DEST);
     if (!flag) break;
   }
   if (!scCommitTransaction()) {
-    Report(context, Message::CommitFailed);
-    if (!scRollBackTransaction()) Report(context, Message::RollBackFailed);
+    fail(CommitFailed);
+    if (!scRollBackTransaction()) fail(RollBackFailed);
   }
   return flag;
 }
@@ -110,9 +94,9 @@ bool Add(const Action& action) {
 // Every edit writes all ten columns, whatever has changed. A value that is left out keeps the old one, so no column can
 // be cleared. The use of the number is moved even where the number stays the same.
 bool Edit(const Action& action) {
-  static const char* const columns[] = {"DEST", "CUST", "CHO", "DRN", "ROU", "PRE", "TRC", "SRT", "NUMACK", "ADC"};
-  const std::string context = "Edit: " + action.CmdName;
-  return InTransaction(context, [&] {
+  constexpr const char* columns[] = {"DEST", "CUST", "CHO", "DRN", "ROU", "PRE", "TRC", "SRT", "NUMACK", "ADC"};
+  const Reporter fail("Edit: " + action.CmdName);
+  return InTransaction(fail, [&] {
     RowSet old;
     if (!scRunQuery(Sql("SELECT DEST,CUST, CHO,DRN,ROU,PRE,TRC,SRT,NUMACK,ADC FROM RODDI WHERE CmdId = ", action.CmdId),
                     old))
@@ -120,59 +104,49 @@ bool Edit(const Action& action) {
     for (std::size_t i = 0; i < std::size(columns); ++i) {
       const std::string column = columns[i];
       Value value = scGetParamValue(column);
-      if (column == "DEST" && Length(Joined(value)) > 5) {
-        Report(context, Message::ValueNotValidHere, "DEST");
-        return false;
-      }
+      if (column == "DEST" && Length(Joined(value)) > 5) return fail(ValueNotValidHere, "DEST");
       if (value.IsBlank()) value = old[i][0];
       if (value.IsBlank()) value = Value();
-      const bool written =
-          WriteColumn("RODDI", action.CmdId, column, value) && (column != "DEST" || UpdateExtOpeGrp(old[0][0], value));
-      if (!OrReport(written, context, Message::ColumnNotWritten, column)) return false;
+      const bool written = UpdateColumnOrNull("RODDI", action.CmdId, column, value) &&
+                           (column != "DEST" || UpdateExtOpeGrp(old[0][0], value));
+      if (!written) return fail(ColumnNotWritten, column);
     }
     return true;
   });
 }
 
 // No envelope. A record that could not be read, or is gone, is reported (the first in the words of another command) and
-// stops nothing: the number that is released is empty then. Nothing closes the transaction behind a failed delete,
+// stops nothing: the number that is released is empty then. Nothing closes the transaction after a failed delete,
 // which is reported as a failed rollback, and a rollback that fails is reported as a failed commit.
 bool Delete(const Action& action) {
-  const std::string context = "Delete: " + action.CmdName;
-  if (!OrReport(scStartTransaction(), context, Message::StartFailed)) return false;
+  const Reporter fail("Delete: " + action.CmdName);
+  if (!scStartTransaction()) return fail(StartFailed);
   RowSet rows;
   if (!scRunQuery(Sql("SELECT DEST FROM RODDI ", NL, " WHERE CmdID = ", action.CmdId), rows)) {
-    Report(context, Message::ValueNotFound, "DIR, EQU", "EXTEIDIR");
+    fail(ValueNotFound, "DIR, EQU", "EXTEIDIR");
   } else if (rows.IsEmpty()) {
-    Report(context, Message::RecordNotFound);
+    fail(RecordNotFound);
   }
   const Value DEST = rows.IsEmpty() ? Value() : rows[0][0];
-  const bool deleted = scRunQuery(Sql("DELETE * FROM RODDI", NL, " WHERE CmdId = ", action.CmdId));
-  if (!OrReport(deleted, context, Message::RollBackFailed)) return false;
+  if (!scRunQuery(Sql("DELETE * FROM RODDI", NL, " WHERE CmdId = ", action.CmdId))) return fail(RollBackFailed);
   // Released even where other records hold the same destination.
   DeleteExtOpeGrp(DEST);
   if (!scCommitTransaction()) {
-    Report(context, Message::CommitFailed);
-    if (!scRollBackTransaction()) Report(context, Message::CommitFailed);
+    fail(CommitFailed);
+    if (!scRollBackTransaction()) fail(CommitFailed);
   }
   return true;
 }
 
-// The fields of a line do not come in the order of the columns. The answer is that of the last insert.
+// The fields of a line do not come in the order of the columns.
 bool Generate(const Action& action) {
-  const std::string context = "Generating: " + action.CmdName;
-  RowSet rows;
-  bool flag = OrReport(scRunQuery("SELECT ROU, DEST, CHO, CUST, DRN, PRE, TRC, SRT, NUMACK, ADC FROM RODDI", rows),
-                       context, Message::GenerationFailed);
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-    const auto [ROU, DEST, CHO, CUST, DRN, PRE, TRC, SRT, NUMACK, ADC] = TrimmedRow<10>(rows, row);
-    const std::string line =
-        Text("RODDI:ROU=", ROU, ",DEST=", DEST, UnlessBlank(",CHO=", CHO), UnlessBlank(",CUST=", CUST),
-             UnlessBlank(",DRN=", DRN), UnlessBlank(",SRT=", SRT), UnlessBlank(",TRC=", TRC), UnlessBlank(",PRE=", PRE),
-             UnlessBlank(",NUMACK=", NUMACK), UnlessBlank(",ADC=", ADC), ";");
-    flag = OrReport(InsertBuiltCmd(action, line), context, Message::GenerationFailed);
-  }
-  return flag;
+  const auto line = [](const LineRow& row) {
+    const auto [ROU, DEST, CHO, CUST, DRN, PRE, TRC, SRT, NUMACK, ADC] = row.Texts<10>();
+    return Text("RODDI:ROU=", ROU, ",DEST=", DEST, UnlessBlank(",CHO=", CHO), UnlessBlank(",CUST=", CUST),
+                UnlessBlank(",DRN=", DRN), UnlessBlank(",SRT=", SRT), UnlessBlank(",TRC=", TRC),
+                UnlessBlank(",PRE=", PRE), UnlessBlank(",NUMACK=", NUMACK), UnlessBlank(",ADC=", ADC), ";");
+  };
+  return GenerateLines(action, "SELECT ROU, DEST, CHO, CUST, DRN, PRE, TRC, SRT, NUMACK, ADC FROM RODDI", line);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "script/Conversions.h"
 #include "script/Envelope.h"
+#include "script/Generate.h"
 #include "script/Module.h"
 
 namespace cordboard {
@@ -11,28 +12,23 @@ namespace {
 // Runs `store` for a value inside the bounds of its parameter. For a parameter that has no bounds nothing is stored,
 // and that counts as done: the empty transaction commits.
 template <typename Store>
-bool StoreWithinBounds(const std::string& context, const Action& action, const Value& PARNUM, const Value& PARVAL,
+bool StoreWithinBounds(const Reporter& fail, const Action& action, const Value& PARNUM, const Value& PARVAL,
                        Store store) {
   RowSet rows;
-  if (!scRunQuery(Sql("SELECT MINPARVAL, MAXPARVAL FROM PARNUMVAL WHERE PARNUM = '", PARNUM, "'"), rows, "static")) {
-    Report(context, Message::ListNotBuilt, "PARNUM");
-    return false;
-  }
+  if (!scRunQuery(Sql("SELECT MINPARVAL, MAXPARVAL FROM PARNUMVAL WHERE PARNUM = '", PARNUM, "'"), rows, "static"))
+    return fail(ListNotBuilt, "PARNUM");
   if (rows.IsEmpty()) return true;
   const Value least = rows[0][0];
   const Value greatest = rows[1][0];
   const double value = NumericValue(PARVAL);
-  if (Less(value, least) || Greater(value, greatest)) {
-    Report(context, Message::ValueOutsideLimits, "PARVAL", least, greatest);
-    return false;
-  }
-  return OrReport(store(), context, Message::InsertFailed, action.CmdName);
+  if (Less(value, least) || Greater(value, greatest)) return fail(ValueOutsideLimits, "PARVAL", least, greatest);
+  return store() || fail(InsertFailed, action.CmdName);
 }
 
 // Columns other than the three stay empty, whatever the form holds.
 bool Add(const Action& action) {
-  const std::string context = "Add: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Add: " + action.CmdName);
+  return InTransaction(fail, [&] {
     List values(std::vector<Value>(action.ParamList.size()));
     Value PARNUM;
     Value PARVAL;
@@ -42,18 +38,18 @@ bool Add(const Action& action) {
       if (name == "PARNUM") values[i] = PARNUM = scGetParamValue(name);
       if (name == "PARVAL") values[i] = PARVAL = scGetParamValue(name);
     }
-    return StoreWithinBounds(context, action, PARNUM, PARVAL,
+    return StoreWithinBounds(fail, action, PARNUM, PARVAL,
                              [&] { return scSQLInsert(action.CmdName, action.ParamList, values); });
   });
 }
 
 // Both columns are written, whatever ParamList holds.
 bool Edit(const Action& action) {
-  const std::string context = "Edit: " + action.CmdName;
-  return InTransaction(context, [&] {
+  const Reporter fail("Edit: " + action.CmdName);
+  return InTransaction(fail, [&] {
     const Value PARNUM = scGetParamValue("PARNUM");
     const Value PARVAL = scGetParamValue("PARVAL");
-    return StoreWithinBounds(context, action, PARNUM, PARVAL, [&] {
+    return StoreWithinBounds(fail, action, PARNUM, PARVAL, [&] {
       return scRunQuery(
           Sql("UPDATE ASPAC SET PARNUM = '", PARNUM, "', PARVAL = '", PARVAL, "' WHERE CmdId = ", action.CmdId));
     });
@@ -62,32 +58,31 @@ bool Edit(const Action& action) {
 
 // A record that cannot be deleted is not reported.
 bool Delete(const Action& action) {
-  return InTransaction("Delete: " + action.CmdName,
+  return InTransaction(Reporter("Delete: " + action.CmdName),
                        [&] { return scRunQuery(Sql("DELETE * FROM ASPAC", NL, " WHERE CmdId = ", action.CmdId)); });
 }
 
 // Only the second answer counts.
 bool ListPARNUM(const Action& action) {
   scCollectSingleValues("SELECT PARNUM FROM PARNUMVAL WHERE USED = YES ORDER BY val( PARNUM) ", "static");
-  return OrReport(scSubtractSingleValues("SELECT PARNUM FROM ASPAC "), "GetValidValForParam", Message::ListNotBuilt,
-                  action.Parameter());
+  return scSubtractSingleValues("SELECT PARNUM FROM ASPAC ") ||
+         Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
 }
 
 // A read that fails goes unnoticed, and a record without number and value has no line. The order number goes in as it
 // is, not cut to a whole one.
 bool Generate(const Action& action) {
-  const std::string context = "Generating: " + action.CmdName;
+  const Reporter fail("Generating: " + action.CmdName);
   RowSet rows;
   scRunQuery("SELECT PARNUM, PARVAL FROM ASPAC ORDER BY PARNUM", rows);
   bool flag = true;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-    const Value PARNUM = Trim(rows[0][row]);
-    const Value PARVAL = Trim(rows[1][row]);
+    const LineRow fields(rows, row);
+    const Value PARNUM = fields[0], PARVAL = fields[1];
     if (PARNUM.IsNull() && PARVAL.IsNull()) continue;
     const std::string line = Text("ASPAC:PARNUM=", PARNUM, ",PARVAL=", PARVAL, ";");
-    flag =
-        OrReport(scRunQuery(Sql("INSERT INTO BuiltCmd VALUES (", NumericValue(action.ParamList[0]), ",'", line, "')")),
-                 context, Message::GenerationFailed);
+    flag = scRunQuery(Sql("INSERT INTO BuiltCmd VALUES (", NumericValue(action.ParamList[0]), ",'", line, "')")) ||
+           fail(GenerationFailed);
   }
   return flag;
 }

@@ -3,6 +3,7 @@
 #include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/Module.h"
+#include "shared/Count.h"
 #include "shared/GenericRecord.h"
 #include "shared/ValueLists.h"
 
@@ -11,39 +12,36 @@ namespace cordboard {
 namespace {
 
 // A customer has one record, and so has the absence of a customer. Release R6 alone allows several.
-bool IsFirstOfCustomer(const Action& action, const std::string& context, const Value& CUST) {
+bool IsFirstOfCustomer(const Action& action, const Reporter& fail, const Value& CUST) {
   if (action.oaRelease == "R6") return true;
-  RowSet rows;
-  scRunQuery(CUST.IsBlank() ? Sql("SELECT COUNT(*) FROM CDCOI WHERE CUST IS NULL")
-                            : Sql("SELECT COUNT(*) FROM CDCOI WHERE CUST = '", CUST, "' "),
-             rows);
-  return OrReport(!Differs(rows[0][0], 0), context, Message::KeyExistsAlready, "CUSTOMER");
+  const Value count = CountOf(CUST.IsBlank() ? Sql("SELECT COUNT(*) FROM CDCOI WHERE CUST IS NULL")
+                                             : Sql("SELECT COUNT(*) FROM CDCOI WHERE CUST = '", CUST, "' "));
+  return !Differs(count, 0) || fail(KeyExistsAlready, "CUSTOMER");
 }
 
 // The columns are fixed, whatever ParamList holds. The identifier is taken before the transaction opens, so an add
 // that is refused uses one up.
 bool Add(const Action& action) {
-  const std::string context = "Add: " + action.CmdName;
+  const Reporter fail("Add: " + action.CmdName);
   const List columns{"CMDID", "INTDIV", "PRIDIV", "PUBDIV", "CUST", "DESCRIPTION"};
-  List values{scBuildCmdID()};
-  return InTransaction(context, [&] {
-    for (const char* name : {"INTDIV", "PRIDIV", "PUBDIV", "CUST", "DESCRIPTION"}) values.Append(scGetParamValue(name));
-    const Value CUST = values[4];
-    return IsFirstOfCustomer(action, context, CUST) && OrReport(scSQLInsert(action.CmdName, columns, values), context,
-                                                                Message::InsertRefused, action.CmdName, action.CmdName);
+  const Value CmdId = scBuildCmdID();
+  return InTransaction(fail, [&] {
+    const List record = Record(columns, {{"CMDID", CmdId}});
+    return IsFirstOfCustomer(action, fail, ValueOf("CUST", columns, record)) &&
+           (scSQLInsert(action.CmdName, columns, record) || fail(InsertRefused, action.CmdName, action.CmdName));
   });
 }
 
 // A customer that has a record leaves the list, on R6 as well.
 bool ListCUST(const Action& action) {
-  return GetValuesFor_CUST(action) && OrReport(scSubtractSingleValues("SELECT CUST FROM CDCOI"), "GetValuesFor_CUST",
-                                               Message::DescribedListNotBuilt, action.Parameter());
+  return GetValuesFor_CUST(action) && (scSubtractSingleValues("SELECT CUST FROM CDCOI") ||
+                                       Reporter("GetValuesFor_CUST")(DescribedListNotBuilt, action.Parameter()));
 }
 
-// The digit B, which the exchange writes as #, may stand at the end alone, and has to stand there behind an A or B at
+// The digit B, which the exchange writes as #, may stand at the end alone, and has to stand there after an A or B at
 // the beginning. In spite of the traces nothing is reset, and a B in between is reported, once, but stops nobody.
 bool CheckDigits(const Action& action) {
-  const std::string context = "StaticCheck";
+  const Reporter fail("StaticCheck");
   const std::string parameter = action.Parameter();
   const Value value = scGetParamValue(parameter);
   if (value.IsEmpty()) return true;
@@ -53,13 +51,12 @@ bool CheckDigits(const Action& action) {
   const std::size_t last = digits.size() - 1;
   if (digits.find_first_of("AaBb") == 0 && digits.find_last_of("Bb") != last) {
     Debug(" The number has to end with a B(#), resetting param ...");
-    Report(context, Message::DigitsMustEndWithB, parameter);
-    return false;
+    return fail(DigitsMustEndWithB, parameter);
   }
   const std::size_t firstB = digits.find_first_of("Bb");
   if (firstB != digits.npos && firstB != last) {
     Debug(" The value of this param cannot have a B(#) in between, resetting param ...");
-    Report(context, Message::DigitsHaveBInBetween, parameter);
+    fail(DigitsHaveBInBetween, parameter);
   }
   return true;
 }

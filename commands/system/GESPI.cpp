@@ -11,18 +11,15 @@ namespace {
 
 // Profile 0 has to stand before any other can be chosen.
 bool ListCSP(const Action& action) {
-  const std::string context = "GetValidValueFor: " + action.Parameter();
+  const Reporter fail("GetValidValueFor: " + action.Parameter());
   RowSet profile0;
-  if (!scRunQuery(Sql(" SELECT CSP FROM GESPI ", NL, " WHERE CSP = '0' "), profile0)) {
-    Report(context, Message::StatementFailed);
-    return false;
-  }
+  if (!scRunQuery(Sql(" SELECT CSP FROM GESPI ", NL, " WHERE CSP = '0' "), profile0)) return fail(StatementFailed);
   List profiles{0};
   if (!profile0.IsEmpty()) {
     for (int CSP = 1; CSP <= 256; ++CSP) profiles.Append(CSP);
   }
-  return OrReport(scPushValidValues(profiles) && scSubtractSingleValues(" SELECT CSP FROM GESPI"), context,
-                  Message::ListNotBuilt, action.Parameter());
+  return (scPushValidValues(profiles) && scSubtractSingleValues(" SELECT CSP FROM GESPI")) ||
+         fail(ListNotBuilt, action.Parameter());
 }
 
 }  // namespace

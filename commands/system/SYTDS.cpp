@@ -38,16 +38,16 @@ bool CollectCDNAS() {
 }
 
 bool ListCDNAL(const Action& action) {
-  return OrReport(CollectCDNAL(), "GetValidValForParam", Message::ListNotBuilt, action.Parameter());
+  return CollectCDNAL() || Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
 }
 
 bool ListCDNAS(const Action& action) {
-  return OrReport(CollectCDNAS(), "GetValidValForParam", Message::ListNotBuilt, action.Parameter());
+  return CollectCDNAS() || Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
 }
 
 // Drops CDNAS in silence when it is no longer below CDNAL, and puts it back as a number when it is.
 bool CheckCDNAS(const Action& action) {
-  return Revalidate("StatCheck: " + action.CmdName, "CDNAS", ToInt16(scGetParamValue("CDNAS")));
+  return Revalidate(Reporter("StatCheck: " + action.CmdName), "CDNAS", ToInt16(scGetParamValue("CDNAS")));
 }
 
 }  // namespace

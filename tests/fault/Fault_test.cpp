@@ -5,7 +5,7 @@
 // road through the worker that was not taken before is run again once for each of its calls, with that call refused and
 // with that call failing. Always has to hold:
 //
-//   nothing but a failure of the call leaves the library, and no transaction stays open behind it;
+//   nothing but a failure of the call leaves the library, and no transaction stays open after it;
 //   a worker has one transaction open at most;
 //   where it has one, nothing of the action is left behind by an action that answers False or fails;
 //   an answer False has a message.
@@ -39,7 +39,7 @@ struct Counts {
   std::size_t faults = 0;
 };
 
-// Prints what was tried, behind all tests.
+// Prints what was tried, after all tests.
 class Summary : public testing::Environment {
  public:
   Counts counts;

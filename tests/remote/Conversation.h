@@ -15,7 +15,7 @@ struct Conversation {
   int status = -1;
 };
 
-// Serves the lines of the peer, each with a line end behind it.
+// Serves the lines of the peer, each with a line end after it.
 Conversation Converse(const std::vector<std::string>& input);
 // Serves the bytes as they are.
 Conversation ConverseBytes(const std::string& input);

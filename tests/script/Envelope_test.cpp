@@ -90,7 +90,7 @@ TEST(Envelope, FollowsEveryPathToItsEnd) {
     bool given = !answer;
     EXPECT_EQ(Transcript(refused,
                          [&, worked = work] {
-                           given = InTransaction("Add: NANSI", [&] {
+                           given = InTransaction(Reporter("Add: NANSI"), [&] {
                              Debug("the work");
                              return worked;
                            });
@@ -102,18 +102,22 @@ TEST(Envelope, FollowsEveryPathToItsEnd) {
 
 TEST(Envelope, LeavesTheTransactionOpenWhereTheWorkFailsTheCall) {
   const std::string transcript = Transcript({}, [] {
-    EXPECT_EQ(Outcome([] { return InTransaction("Add: NANSI", [] { return List()[0].truth(); }); }),
+    EXPECT_EQ(Outcome([] { return InTransaction(Reporter("Add: NANSI"), [] { return List()[0].truth(); }); }),
               "SubscriptOutOfRange");
   });
   EXPECT_EQ(transcript, Lines({"scStartTransaction()"}));
 }
 
-TEST(Envelope, CanBeClosedByAWorkerThatOpenedItByItself) {
-  bool answer = false;
-  EXPECT_EQ(Transcript({}, [&] { answer = CloseTransaction("Edit: X", true); }), Lines({"scCommitTransaction()"}));
-  EXPECT_TRUE(answer);
-  EXPECT_EQ(Transcript({}, [&] { answer = CloseTransaction("Edit: X", false); }), Lines({"scRollBackTransaction()"}));
-  EXPECT_FALSE(answer);
+TEST(Envelope, ReportsUnderTheContextThatHoldsWhenItCloses) {
+  Reporter fail("Add: ROCAI");
+  EXPECT_EQ(Transcript({"commit"},
+                       [&] {
+                         InTransaction(fail, [&] {
+                           fail = Reporter("Add: NANSI");
+                           return true;
+                         });
+                       }),
+            Lines({"scStartTransaction()", "scCommitTransaction()", report + "62011)"}));
 }
 
 }  // namespace

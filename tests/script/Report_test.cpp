@@ -23,23 +23,24 @@ std::string Transcript(const std::function<void()>& run) {
   return transcript;
 }
 
-TEST(Report, GivesTheUsualThreeNumbersTheContextTheCodeAndNoArguments) {
-  EXPECT_EQ(Transcript([] { Report("Add: NANSI", Message::StatementFailed); }),
+TEST(Reporter, GivesTheUsualThreeNumbersTheContextTheCodeAndNoArguments) {
+  EXPECT_EQ(Transcript([] { Reporter("Add: NANSI")(StatementFailed); }),
             Lines({"scErrorMessage(0, 2, 2, \"Add: NANSI\", 62000)"}));
 }
 
-TEST(Report, PassesUpToFourArgumentsInOrderAsTheValuesThatTheyAre) {
-  EXPECT_EQ(Transcript([] { Report("", Message::GroupMembersBeyondLimit, Value(), Value::Null(), "12", 3); }),
+TEST(Reporter, PassesUpToFourArgumentsInOrderAsTheValuesThatTheyAre) {
+  EXPECT_EQ(Transcript([] { Reporter("")(GroupMembersBeyondLimit, Value(), Value::Null(), "12", 3); }),
             Lines({"scErrorMessage(0, 2, 2, \"\", 61029, Empty, Null, \"12\", 3)"}));
 }
 
-TEST(Report, OrReportGivesTheAnswerOnAndReportsAFalseAlone) {
-  EXPECT_EQ(Transcript([] { EXPECT_TRUE(OrReport(true, "Add: NANSI", Message::InsertFailed, "NANSI")); }), "");
-  EXPECT_EQ(Transcript([] { EXPECT_FALSE(OrReport(false, "Add: NANSI", Message::InsertFailed, "NANSI")); }),
+TEST(Reporter, GivesFalseSoThatAWorkerCanReturnTheReport) {
+  const Reporter fail("Add: NANSI");
+  EXPECT_EQ(fail.context(), "Add: NANSI");
+  EXPECT_EQ(Transcript([&] { EXPECT_FALSE(fail(InsertFailed, "NANSI")); }),
             Lines({"scErrorMessage(0, 2, 2, \"Add: NANSI\", 61024, \"NANSI\")"}));
 }
 
-TEST(Report, DebugJoinsItsPiecesIntoOneLine) {
+TEST(Debug, JoinsItsPiecesIntoOneLine) {
   EXPECT_EQ(Transcript([] { Debug("  DIR ", 100, Value::Null(), " free: ", true); }),
             Lines({"scPrintToDebugWindow(\"  DIR 100 free: True\")"}));
 }

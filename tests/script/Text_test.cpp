@@ -31,7 +31,7 @@ struct Broken {
 const std::vector<Broken> broken = {
     {"a byte that continues nothing", "a\x80z", 3},
     {"a beginning at the end of the text", "a\xE2\x82", 3},
-    {"a beginning with a letter behind it", "\xC3z", 2},
+    {"a beginning with a letter after it", "\xC3z", 2},
     {"a character cut short by another", "\xE2\x82\xC3\xA9", 3},
     {"bytes that begin no character", "\xC0\xC1\xF5\xFF", 4},
     {"a beginning that no character has, with its rest", "\xC1\xBF\xF5\x80\x80\x80", 6},

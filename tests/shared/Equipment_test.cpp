@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+
 #include "script/RunTimeFailure.h"
 #include "support/CallLines.h"
 #include "support/ScriptedHost.h"
+#include "support/SourceFolder.h"
 
 namespace cordboard {
 namespace {
@@ -27,7 +31,7 @@ const std::string readBoard =
     "Equipment.Magazine) AND (Boards.LIM = Equipment.LIM) WHERE Equipment.EQU = '001-0-10-01'";
 
 bool Read(ScriptedHost& host, Value& BoardID) {
-  return host.With([&] { return ReadBoardID("Edit: ITNUI", "001-0-10-01", BoardID); });
+  return host.With([&] { return ReadBoardID(Reporter("Edit: ITNUI"), "001-0-10-01", BoardID); });
 }
 
 TEST(BoardOfAPosition, IsThatOfTheFirstRow) {
@@ -52,6 +56,17 @@ TEST(BoardOfAPosition, ThatIsNowhereFailsTheCall) {
   host.Rows(readBoard, {});
   Value BoardID;
   EXPECT_THROW(Read(host, BoardID), RunTimeFailure);
+}
+
+// Each beginning is that of statements that the commands really make.
+TEST(Equipment, BeginningsStandInTheInventoryOfStatements) {
+  std::ifstream file(SourceFile("tests/workbench/statements.jsonl"));
+  const std::string inventory((std::istreambuf_iterator<char>(file)), {});
+  for (std::string beginning :
+       {EquipmentAtLocations, EquipmentOnBoards, EquipmentInLIMs, EquipmentInLIMsInLine, BoardsInLIMs}) {
+    for (std::size_t at = 0; (at = beginning.find("\r\n", at)) != beginning.npos;) beginning.replace(at, 2, "\\r\\n");
+    EXPECT_NE(inventory.find("\"" + beginning + "WHERE "), inventory.npos) << beginning;
+  }
 }
 
 }  // namespace

@@ -100,7 +100,7 @@ TEST(ExtensionADC, FirstDigitReportsTheStepThatFails) {
     host.Param("SERV_D7D8_SUB2", "02");
     host.Refuse("scRemoveFromValidValues");
     EXPECT_FALSE(ListFirst(host));
-    EXPECT_EQ(host.Effects(), Lines({whole, withoutTwo}));
+    EXPECT_EQ(host.Effects(), Lines({whole, withoutTwo, MessageLine(context, "61021, \"ADC_D1\"")}));
   }
 }
 

@@ -271,18 +271,5 @@ TEST(GenericDeleteInfo, ReportsTheTransactionStepsThatFail) {
   }
 }
 
-// --- One column.
-
-TEST(WriteColumn, GivesTheAnswerOfItsStatementAndReportsNothing) {
-  ScriptedHost host;
-  EXPECT_TRUE(host.With([] { return WriteColumn("OPCOI", 7, "ONE", "a"); }));
-  EXPECT_TRUE(host.With([] { return WriteColumn("OPCOI", 7, "ONE", Value()); }));
-  host.Refuse("scRunQuery");
-  EXPECT_FALSE(host.With([] { return WriteColumn("OPCOI", 7, "ONE", "a"); }));
-  EXPECT_FALSE(host.With([] { return WriteColumn("OPCOI", 7, "ONE", Value()); }));
-  const std::string toNull = StatementLine("UPDATE OPCOI SET ONE = Null{NL} WHERE CmdId = 7");
-  EXPECT_EQ(host.Calls(), Lines({StatementLine(editOne), toNull, StatementLine(editOne), toNull}));
-}
-
 }  // namespace
 }  // namespace cordboard

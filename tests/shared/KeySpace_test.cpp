@@ -70,10 +70,10 @@ TEST(TakenKeys, AreThoseOfAllThreeTables) {
                                  Call("scSubtractSingleValues", further), count}));
 }
 
-TEST(TakenKeys, ThatLeaveNoneAreReportedAndTheListStillCountsAsBuilt) {
+TEST(TakenKeys, ThatLeaveNoneAreReportedAndCountAsAFailure) {
   ScriptedHost host;
   host.NumberOfValidValues("KEY", 0);
-  EXPECT_TRUE(Subtract(host));
+  EXPECT_FALSE(Subtract(host));
   EXPECT_TRUE(host.Calls().ends_with(Lines({count, DebugLine("There are no available keys for this DIR"),
                                             MessageLine("GetValidValForParam", "60020, \"100\"")})));
 }

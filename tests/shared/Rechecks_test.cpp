@@ -84,7 +84,7 @@ TEST(StatCheck_RecheckValue, FailsForAListWithoutBounds) {
   EXPECT_EQ(host.Calls(), Lines({readRERNUM, resetRERNUM, listRERNUM}));
 }
 
-bool RevalidateEQU() { return Revalidate("StatCheck: LOCATION", "EQU", "E"); }
+bool RevalidateEQU() { return Revalidate(Reporter("StatCheck: LOCATION"), "EQU", "E"); }
 
 TEST(Revalidate, PutsBackWhatTheCallerKept) {
   ScriptedHost host;
@@ -380,6 +380,55 @@ TEST(StatCheck_BPOS, ReportsEachStepThatFails) {
     EXPECT_FALSE(host.With(CheckBPOS));
     EXPECT_EQ(host.Calls(), readBPOS + resetBPOS + boardCall + setBPOS + message("61016, \"BPOS\""));
   }
+}
+
+// --- Values in lists.
+
+const List noElements{std::vector<Value>()};
+
+TEST(IsValueInList, FindsAnyElement) {
+  EXPECT_TRUE(IsValueInList("1", {"1", "2", "3"}));
+  EXPECT_TRUE(IsValueInList("3", {"1", "2", "3"}));
+  EXPECT_FALSE(IsValueInList("4", {"1", "2", "3"}));
+}
+
+TEST(IsValueInList, ComparesNumbersAndDigitsByTheirValue) {
+  EXPECT_TRUE(IsValueInList("5", {5}));
+  EXPECT_TRUE(IsValueInList("05", {5}));
+  EXPECT_TRUE(IsValueInList(5, {"05"}));
+  EXPECT_FALSE(IsValueInList("5A", {5}));
+}
+
+TEST(IsValueInList, ComparesTwoTextsByTheirCharacters) {
+  EXPECT_FALSE(IsValueInList("5", {"05"}));
+  EXPECT_FALSE(IsValueInList("a", {"A"}));
+  EXPECT_FALSE(IsValueInList("A", {"A "}));
+}
+
+TEST(IsValueInList, TakesEmptyForTheEmptyTextAndForZero) {
+  EXPECT_TRUE(IsValueInList(Value(), {""}));
+  EXPECT_TRUE(IsValueInList(Value(), {0}));
+  EXPECT_FALSE(IsValueInList("", {0}));
+}
+
+TEST(IsValueInList, NeverFindsANullNorByANull) {
+  EXPECT_FALSE(IsValueInList(Value::Null(), {Value::Null(), "", Value()}));
+  EXPECT_FALSE(IsValueInList("", {Value::Null()}));
+}
+
+TEST(IsValueInList, FindsNothingInAListOfNoElements) { EXPECT_FALSE(IsValueInList("1", noElements)); }
+
+TEST(IsValueInList, FailsForAListWithoutBounds) {
+  ExpectFailure(Cause::SubscriptOutOfRange, [] { IsValueInList("1", List()); });
+  ExpectFailure(Cause::SubscriptOutOfRange, [] { IsValueInList("1", List::Null()); });
+}
+
+// --- Checks that find nothing.
+
+TEST(AlwaysTrue, IsTrueAndCallsNothing) {
+  ScriptedHost host;
+  EXPECT_TRUE(host.With([] { return AlwaysTrue(Action()); }));
+  EXPECT_EQ(host.Calls(), "");
 }
 
 }  // namespace

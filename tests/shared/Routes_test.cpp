@@ -2,36 +2,31 @@
 
 #include <gtest/gtest.h>
 
-#include "script/RunTimeFailure.h"
+#include "support/CallLines.h"
 #include "support/ScriptedHost.h"
 
 namespace cordboard {
 namespace {
 
-TEST(Routes, ARowIsReadAsTextsWithoutOuterBlanksAndNullsAsEmptyTexts) {
-  const RowSet rows({{" 3 ", "4"}, {Value::Null(), " a b"}, {7, Value()}});
-  const auto [a, b, c] = TrimmedRow<3>(rows, 0);
-  EXPECT_EQ(a, "3");
-  EXPECT_EQ(b, "");
-  EXPECT_EQ(c, "7");
-  const auto [d, e, f] = TrimmedRow<3>(rows, 1);
-  EXPECT_EQ(d, "4");
-  EXPECT_EQ(e, "a b");
-  EXPECT_EQ(f, "");
+TEST(Routes, FreeOnesAreThoseThatNoRecordHasTaken) {
+  ScriptedHost host;
+  const Action action{.FunctionName = "GetValidValForParam", .CmdName = "ROCAI", .ParamList = {"ROU"}};
+  EXPECT_TRUE(host.With([&] { return GetFreeRoutes(action); }));
+  host.Refuse("scCollectSingleValues");
+  EXPECT_FALSE(host.With([&] { return GetFreeRoutes(action); }));
+  const std::string collect = Call("scCollectSingleValues", "Select ROU from ROUTE Where Used=False");
+  EXPECT_EQ(host.Calls(), Lines({collect, collect, MessageLine("GetValidValForParam", "61020, \"ROU\"")}));
 }
 
-TEST(Routes, ARowOrAColumnThatIsMissingFails) {
-  const RowSet rows({{"3"}, {"4"}});
-  EXPECT_THROW(TrimmedRow<2>(rows, 1), RunTimeFailure);
-  EXPECT_THROW(TrimmedRow<3>(rows, 0), RunTimeFailure);
-  EXPECT_THROW(TrimmedRow<1>(RowSet(), 0), RunTimeFailure);
-}
-
-TEST(Routes, TheValueOfAColumnIsThatOfItsExactName) {
-  const List columns = {"CMDID", "rou", "ROU"};
-  const List values = {1, "3", "4"};
-  EXPECT_EQ(ValueOf("ROU", columns, values), Value("4"));
-  EXPECT_EQ(ValueOf("CUST", columns, values), Value());
+TEST(Routes, SignallingValuesAreLookedUpByProtocolMarketAndRelease) {
+  ScriptedHost host;
+  const std::string query = "SELECT SEL, SIG FROM ROUTEDATA\r\nWHERE PROTOCOL='P' AND Market='M'\r\nAND RELEASE='R8'";
+  host.Rows(query, {{"1"}, {"2"}});
+  RowSet data;
+  EXPECT_TRUE(host.With([&] { return LookUpRouteData({.oaRelease = "R8"}, "SEL, SIG", "P", "M", data); }));
+  EXPECT_EQ(data, RowSet({{"1"}, {"2"}}));
+  EXPECT_EQ(host.Calls(), Lines({"scRunQuery(\"SELECT SEL, SIG FROM ROUTEDATA{NL}WHERE PROTOCOL='P' AND "
+                                 "Market='M'{NL}AND RELEASE='R8'\", out, \"static\")"}));
 }
 
 }  // namespace

@@ -1,17 +1,9 @@
-#include "shared/Helpers.h"
-
-#include <algorithm>
+#include "shared/NextNumber.h"
 
 #include "script/Conversions.h"
 #include "script/Text.h"
 
 namespace cordboard {
-
-bool IsValueInList(const Value& value, const List& list) {
-  return std::any_of(list.begin(), list.end(), [&](const Value& element) { return Equals(element, value); });
-}
-
-bool AlwaysTrue(const Action&) { return true; }
 
 Value NextNumberPadded(const Value& value, int width) {
   const Value trimmed = Trim(value);

@@ -1,0 +1,37 @@
+#include "shared/Column.h"
+
+#include "script/HostOperations.h"
+#include "script/Statement.h"
+
+namespace cordboard {
+
+namespace {
+
+std::string Quoted(const Value& value) { return Sql("'", value, "'"); }
+std::string QuotedOrNull(const Value& value) { return value.IsEmpty() ? "Null" : Quoted(value); }
+
+bool Update(const std::string& table, std::int32_t CmdId, const std::string& column, const std::string& content,
+            const char* lineBreak) {
+  return scRunQuery(Sql("UPDATE ", table, " SET ", column, " = ", content, lineBreak, " WHERE CmdId = ", CmdId));
+}
+
+}  // namespace
+
+bool UpdateColumn(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value) {
+  return Update(table, CmdId, column, Quoted(value), NL);
+}
+
+bool UpdateColumnOrNull(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value) {
+  return Update(table, CmdId, column, QuotedOrNull(value), NL);
+}
+
+bool UpdateColumnInLine(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value) {
+  return Update(table, CmdId, column, Quoted(value), "");
+}
+
+bool UpdateColumnOrNullInLine(const std::string& table, std::int32_t CmdId, const std::string& column,
+                              const Value& value) {
+  return Update(table, CmdId, column, QuotedOrNull(value), "");
+}
+
+}  // namespace cordboard

@@ -1,0 +1,49 @@
+#include "shared/Column.h"
+
+#include <gtest/gtest.h>
+
+#include "support/ScriptedHost.h"
+#include "support/Transcript.h"
+
+namespace cordboard {
+namespace {
+
+using Update = bool (*)(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value);
+
+struct Case {
+  Update update;
+  Value value;
+  const char* statement;
+};
+
+TEST(Column, IsWrittenByAStatementOfItsOwn) {
+  for (const auto& [update, value, statement] : {
+           Case{UpdateColumn, "3", "UPDATE KSEXI SET CUST = '3'{NL} WHERE CmdId = 7"},
+           Case{UpdateColumn, Value(), "UPDATE KSEXI SET CUST = ''{NL} WHERE CmdId = 7"},
+           Case{UpdateColumn, Value::Null(), "UPDATE KSEXI SET CUST = ''{NL} WHERE CmdId = 7"},
+           Case{UpdateColumnOrNull, "a'b", "UPDATE KSEXI SET CUST = 'a'b'{NL} WHERE CmdId = 7"},
+           Case{UpdateColumnOrNull, Value(), "UPDATE KSEXI SET CUST = Null{NL} WHERE CmdId = 7"},
+           Case{UpdateColumnOrNull, "", "UPDATE KSEXI SET CUST = ''{NL} WHERE CmdId = 7"},
+           Case{UpdateColumnOrNull, Value::Null(), "UPDATE KSEXI SET CUST = ''{NL} WHERE CmdId = 7"},
+           Case{UpdateColumnInLine, 3, "UPDATE KSEXI SET CUST = '3' WHERE CmdId = 7"},
+           Case{UpdateColumnInLine, Value(), "UPDATE KSEXI SET CUST = '' WHERE CmdId = 7"},
+           Case{UpdateColumnOrNullInLine, Value(), "UPDATE KSEXI SET CUST = Null WHERE CmdId = 7"},
+           Case{UpdateColumnOrNullInLine, "3", "UPDATE KSEXI SET CUST = '3' WHERE CmdId = 7"},
+       }) {
+    ScriptedHost host;
+    EXPECT_TRUE(host.With([&, update = update, &value = value] { return update("KSEXI", 7, "CUST", value); }));
+    EXPECT_EQ(host.Calls(), Lines({StatementLine(statement)}));
+  }
+}
+
+TEST(Column, GivesTheStatementsAnswerAndReportsNothing) {
+  for (const Update update : {UpdateColumn, UpdateColumnOrNull, UpdateColumnInLine, UpdateColumnOrNullInLine}) {
+    ScriptedHost host;
+    host.Refuse("scRunQuery");
+    EXPECT_FALSE(host.With([&] { return update("KSEXI", 7, "CUST", "3"); }));
+    EXPECT_EQ(host.Calls().find("scErrorMessage"), std::string::npos);
+  }
+}
+
+}  // namespace
+}  // namespace cordboard

@@ -1,0 +1,45 @@
+#!/usr/bin/env python3
+"""Shows that check_calls.py finds calls that run up, and nothing else."""
+
+import unittest
+
+from check_calls import complaints, split
+
+
+def found(*objects):
+    return list(complaints({path: (set(defined.split()), set(needed.split())) for path, defined, needed in objects}))
+
+
+class CheckCalls(unittest.TestCase):
+    def test_calls_downwards_and_within_a_room_are_free(self):
+        self.assertEqual(found(("script/Text.cpp", "Left", "malloc"), ("shared/Usage.cpp", "SetNumberUsed", "Left"),
+                               ("shared/Record.cpp", "Record", "SetNumberUsed"),
+                               ("commands/system/SYIDI.cpp", "SYIDI", "SetNumberUsed Left"),
+                               ("entry/Registry.cpp", "Registry", "SYIDI"),
+                               ("workbench/host/Session.cpp", "Session", "Registry Left")), [])
+
+    def test_calls_upwards_are_found(self):
+        for caller, callee in (("script/Text.cpp", "shared/Usage.cpp"), ("script/Text.cpp", "entry/Registry.cpp"),
+                               ("shared/Usage.cpp", "commands/system/SYIDI.cpp"),
+                               ("commands/system/SYIDI.cpp", "entry/Registry.cpp"),
+                               ("script/Text.cpp", "workbench/text/Utf8.cpp"),
+                               ("workbench/text/Utf8.cpp", "workbench/host/Session.cpp"),
+                               ("remote/Serve.cpp", "workbench/host/Session.cpp"),
+                               ("workbench/host/Session.cpp", "commands/system/SYIDI.cpp")):
+            with self.subTest(caller=caller, callee=callee):
+                self.assertEqual(found((caller, "", "Called"), (callee, "Called", "")),
+                                 [f"{caller} uses Called of {callee}: calls run downwards only"])
+
+    def test_a_command_uses_no_other_but_for_the_one_that_may(self):
+        ksani = ("commands/keyextensions/KSANI.cpp", "KSANI", "")
+        self.assertEqual(found(("commands/keyextensions/EXCCS.cpp", "EXCCS", "KSANI"), ksani), [])
+        self.assertEqual(len(found(("commands/keyextensions/KSEXI.cpp", "KSEXI", "KSANI"), ksani)), 1)
+
+    def test_a_name_may_hold_blanks(self):
+        self.assertEqual(split("cordboard::Left(std::basic_string_view<char>, long) T 0 1f"),
+                         ("cordboard::Left(std::basic_string_view<char>, long)", "T"))
+        self.assertEqual(split("cordboard::KSANI U         "), ("cordboard::KSANI", "U"))
+
+
+if __name__ == "__main__":
+    unittest.main()
