@@ -73,12 +73,20 @@ if(CORDBOARD_WORKBENCH)
                                    --program $<TARGET_FILE:cordboard>)
 endif()
 
-# Faults: every command with every call of its host going wrong.
+# Faults: every command with every call of its host going wrong, the families side by side. They take longest, so they
+# start first.
 if(CORDBOARD_WORKBENCH)
   file(GLOB fault_tests CONFIGURE_DEPENDS tests/fault/*.cpp)
   add_executable(fault-tests ${fault_tests})
   target_link_libraries(fault-tests PRIVATE cordboard_test_support cordboard_workbench)
-  add_test(NAME fault COMMAND fault-tests --gtest_brief=1)
+  file(GLOB modules CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/commands commands/*/*.cpp)
+  list(TRANSFORM modules REPLACE "/.*" "")
+  list(REMOVE_DUPLICATES modules)
+  foreach(family IN LISTS modules)
+    add_test(NAME fault.${family} COMMAND fault-tests --gtest_brief=1 --gtest_filter=Of/Faults.*/${family}_*)
+    set_tests_properties(fault.${family} PROPERTIES COST 1000)
+  endforeach()
+  add_test(NAME fault.host COMMAND fault-tests --gtest_brief=1 --gtest_filter=-Of/Faults.*)
 endif()
 
 # The program as its users run it, one class of tests at a time.

@@ -199,8 +199,13 @@ std::vector<std::string> AllCommands() {
   return commands;
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Faults, testing::ValuesIn(AllCommands()),
-                         [](const testing::TestParamInfo<std::string>& command) { return command.param; });
+// "keyextensions_KSEXI", so that the families can be tested side by side.
+std::string NameOf(const testing::TestParamInfo<std::string>& tested) {
+  const auto command = std::ranges::find(Registry(), tested.param, &Command::name);
+  return std::string(command->family) + "_" + tested.param;
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Faults, testing::ValuesIn(AllCommands()), NameOf);
 
 }  // namespace
 }  // namespace cordboard
