@@ -4,14 +4,15 @@ find_package(GTest REQUIRED)
 
 # What several test programs use. One file alone knows where the sources lie.
 file(GLOB test_support CONFIGURE_DEPENDS tests/support/*.cpp)
+list(FILTER test_support EXCLUDE REGEX _test\\.cpp$)
 add_library(cordboard_test_support STATIC ${test_support})
 set_source_files_properties(tests/support/SourceFolder.cpp PROPERTIES
   COMPILE_DEFINITIONS CORDBOARD_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 target_include_directories(cordboard_test_support PUBLIC tests)
 target_link_libraries(cordboard_test_support PUBLIC cordboard::cordboard GTest::gtest GTest::gmock GTest::gtest_main)
 
-file(GLOB library_tests CONFIGURE_DEPENDS tests/script/*.cpp tests/shared/*.cpp tests/commands/*/*.cpp
-     tests/entry/*.cpp)
+file(GLOB library_tests CONFIGURE_DEPENDS tests/script/*.cpp tests/shared/*.cpp tests/commands/*.cpp
+     tests/commands/*/*.cpp tests/entry/*.cpp tests/support/*_test.cpp)
 add_executable(library-tests ${library_tests})
 target_link_libraries(library-tests PRIVATE cordboard_test_support)
 add_test(NAME library COMMAND library-tests --gtest_brief=1)

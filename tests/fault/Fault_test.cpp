@@ -10,9 +10,10 @@
 //   where it has one, nothing of the action is left behind by an action that answers False or fails;
 //   an answer False has a message.
 //
-// What the rules of single commands ask for against this stands in Irregularities.cpp.
+// What the rule of a command asks for against this stands at the end of its transcript.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <map>
@@ -20,7 +21,7 @@
 
 #include "entry/Registry.h"
 #include "fault/Course.h"
-#include "fault/Irregularities.h"
+#include "support/CommandTranscripts.h"
 
 namespace cordboard {
 namespace {
@@ -55,23 +56,19 @@ World& WorldOf(const std::string& release) {
   return worlds.try_emplace(release, release).first->second;
 }
 
-std::string Name(const Silence& silence) { return std::string(silence.command) + " " + std::string(silence.action); }
-
-bool IsListed(std::span<const Irregularity> list, const std::string& command, const Deed& deed) {
-  for (const Irregularity& entry : list) {
-    if (entry.command == command && entry.action == deed.function) return true;
-  }
-  return false;
+bool IsListed(const std::vector<Irregularity>& list, const Deed& deed) {
+  return std::ranges::any_of(list, [&deed](const Irregularity& entry) { return entry.action == deed.function; });
 }
 
 class Faults : public testing::TestWithParam<std::string> {
  protected:
   std::string command() const { return GetParam(); }
+  const Transcript& rules() const { return TranscriptOfCommand(command()); }
 
   // Whether the False of this course is a documented silence; it counts as met.
   bool IsSilence(const Deed& deed, const Course& course, const std::string& refused) {
-    for (const Silence& silence : Silences()) {
-      if (silence.command != command() || silence.action != deed.function) continue;
+    for (const Silence& silence : rules().silences) {
+      if (silence.action != deed.function) continue;
       if (silence.refused.empty() ? !refused.empty() : refused.find(silence.refused) == refused.npos) continue;
       metSilences_.insert(&silence);
       return true;
@@ -86,10 +83,10 @@ class Faults : public testing::TestWithParam<std::string> {
     EXPECT_EQ(course.openAfter, course.openBefore) << "a transaction stays open, or one too many is closed";
     // A close that is refused leaves the transaction open, so that the next one stands in it.
     const bool notClosed = refused.starts_with("scCommit") || refused.starts_with("scRollBack");
-    const int deepest = (IsListed(Nest(), command(), deed) ? 2 : 1) + (notClosed ? 1 : 0);
+    const int deepest = (IsListed(rules().nests, deed) ? 2 : 1) + (notClosed ? 1 : 0);
     EXPECT_LE(course.Deepest(), deepest) << "transactions nest";
     const bool envelope = clean.CountTrue("scStartTransaction") > 0;
-    const bool mayLeave = course.Succeeded() || !envelope || IsListed(CommitWhateverHappened(), command(), deed);
+    const bool mayLeave = course.Succeeded() || !envelope || IsListed(rules().leavesBehind, deed);
     EXPECT_TRUE(mayLeave || course.difference.empty()) << "a part of an action that failed is left behind";
     const bool told = course.answer || course.failure || course.Count("scErrorMessage") > 0 || course.box;
     const std::string reason = refused.empty() ? course.LastRefused() : refused;
@@ -183,9 +180,10 @@ TEST_P(Faults, LeaveNothingUntold) {
     }
   }
   for (const std::string& silence : unknownSilences_) ADD_FAILURE() << "answers False without a message in " << silence;
-  for (const Silence& silence : Silences()) {
-    if (silence.command == command() && !metSilences_.contains(&silence))
-      std::printf("  %s: no scenario has met the silence of \"%s\"\n", Name(silence).c_str(), silence.refused.data());
+  for (const Silence& silence : rules().silences) {
+    if (!metSilences_.contains(&silence))
+      std::printf("  %s %s: no scenario has met the silence of \"%s\"\n", command().c_str(), silence.action.c_str(),
+                  silence.refused.c_str());
   }
 
   ++summary->counts.commands;

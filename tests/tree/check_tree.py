@@ -156,14 +156,14 @@ def check_commands_apart(tree):
 
 
 def check_module_files(tree):
-    """Every module has its test, its row, its form and its page."""
+    """Every module has its transcript, its row, its form and its page."""
     rows = set(tree.rows())
     for module, family in tree.modules.items():
         command = COMMAND_OF_MODULE.get(module, module)
         path = f"commands/{family}/{module}.cpp"
         if (family, command) not in rows:
             yield f"{path}: the module lacks its row COMMAND({family}, {command}) in entry/Commands.def"
-        for what, needed in (("test", f"tests/commands/{family}/{module}_test.cpp"),
+        for what, needed in (("transcript", f"tests/commands/{family}/{module}.transcript"),
                              ("form", f"data/forms/{command}.json"),
                              ("page", f"docs/commands/{command}.md")):
             if needed not in tree.present:

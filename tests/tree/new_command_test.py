@@ -61,7 +61,7 @@ class NewCommand(unittest.TestCase):
 
     def test_tells_each_file_that_it_touches(self):
         self.assertEqual(self.make("GPAGI").splitlines(), [
-            "made commands/groups/GPAGI.cpp", "made tests/commands/groups/GPAGI_test.cpp",
+            "made commands/groups/GPAGI.cpp", "made tests/commands/groups/GPAGI.transcript",
             "made data/forms/GPAGI.json", "made data/values/GPAGI.json", "made docs/commands/GPAGI.md",
             "entered it in entry/Commands.def", "entered it in data/generation-order.json",
             "entered it in tests/workbench/roads/groups_road_test.cpp"])
