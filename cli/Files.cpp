@@ -1,7 +1,7 @@
 #include "cli/Files.h"
 
 #include "cli/Subcommands.h"
-#include "workbench/actions/UserAction.h"
+#include "workbench/forms/Unknown.h"
 
 namespace cordboard::cli {
 
@@ -17,10 +17,8 @@ std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file) {
 }
 
 const workbench::FormDefinition& FormOf(const std::string& command) {
-  std::vector<workbench::Problem> problems;
-  const workbench::FormDefinition* form = workbench::FindFormOr(command, problems);
-  if (form == nullptr) throw Exit{NotFound, problems.front().message};
-  return *form;
+  if (const workbench::FormDefinition* form = workbench::FindForm(command)) return *form;
+  throw Exit{NotFound, workbench::UnknownCommand(command)};
 }
 
 }  // namespace cordboard::cli

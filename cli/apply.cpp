@@ -20,7 +20,7 @@ using workbench::PlanResult;
 
 constexpr std::size_t linesBetweenNotes = 500;
 
-// A count that is written over itself; what is written behind it begins on its line.
+// A count that is written over itself; what is written after it begins on its line.
 std::function<void(std::size_t)> Progress() {
   if (isatty(STDERR_FILENO) != 1) return {};
   return [](std::size_t lines) {

@@ -6,23 +6,19 @@
 #include "cli/Files.h"
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
-#include "workbench/actions/FormFilling.h"
+#include "workbench/actions/Filling.h"
+#include "workbench/forms/Unknown.h"
 #include "workbench/plans/PlanLine.h"
-#include "workbench/text/Nearest.h"
 
 namespace cordboard::cli {
 
 namespace {
 
 void CheckParameter(const workbench::FormDefinition& form, const std::string& name, const std::string& release) {
-  if (const workbench::ParameterDefinition* parameter = form.Find(name)) {
-    if (parameter->IsIn(release)) return;
+  const workbench::ParameterDefinition* parameter = form.Find(name);
+  if (parameter == nullptr) throw Exit{NotFound, workbench::UnknownParameter(form, name)};
+  if (!parameter->IsIn(release))
     throw Exit{NotFound, "the release " + release + " does not have the parameter " + name + " in " + form.command};
-  }
-  std::vector<std::string> names;
-  for (const auto& parameter : form.parameters) names.push_back(parameter.name);
-  throw Exit{NotFound,
-             "there is no parameter " + name + " in " + form.command + "." + workbench::DidYouMean(name, names)};
 }
 
 }  // namespace
@@ -41,12 +37,10 @@ int Values(const ValuesOptions& options) {
   }
 
   workbench::Session session(*exchange);
-  std::vector<workbench::Problem> warnings;
-  std::vector<workbench::Problem> problems = FillForm(session, form, given, warnings);
-  const workbench::ValueList* list = problems.empty() ? session.host().FreshList(options.parameter) : nullptr;
-  for (auto& problem : workbench::TakeProblems(session, options.parameter, "")) problems.push_back(problem);
-  for (const auto& problem : problems) Error(Written(form.command, problem));
-  if (!problems.empty()) return Refused;
+  workbench::Filling filling = FillForm(session, form, given);
+  const workbench::ValueList* list = filling.IsRefused() ? nullptr : filling.ListOf(options.parameter);
+  for (const auto& problem : filling.problems()) Error(Written(form.command, problem));
+  if (filling.IsRefused()) return Refused;
   if (list == nullptr)
     throw Exit{NotFound, form.command + " has no list of values for " + options.parameter + "; any value may be typed"};
 

@@ -18,8 +18,7 @@ target_link_libraries(library-tests PRIVATE cordboard_test_support)
 add_test(NAME library COMMAND library-tests --gtest_brief=1)
 
 if(CORDBOARD_WORKBENCH)
-  file(GLOB workbench_tests CONFIGURE_DEPENDS tests/workbench/*.cpp tests/workbench/roads/*.cpp
-       tests/workbench/support/*.cpp)
+  file(GLOB_RECURSE workbench_tests CONFIGURE_DEPENDS tests/workbench/*.cpp)
   add_executable(workbench-tests ${workbench_tests})
   target_link_libraries(workbench-tests PRIVATE cordboard_test_support cordboard_workbench)
   add_test(NAME workbench COMMAND workbench-tests --gtest_brief=1)

@@ -60,7 +60,7 @@ TEST(BoardOfAPosition, ThatIsNowhereFailsTheCall) {
 
 // Each beginning is that of statements that the commands really make.
 TEST(Equipment, BeginningsStandInTheInventoryOfStatements) {
-  std::ifstream file(SourceFile("tests/workbench/statements.jsonl"));
+  std::ifstream file(SourceFile("tests/workbench/dialect/statements.jsonl"));
   const std::string inventory((std::istreambuf_iterator<char>(file)), {});
   for (std::string beginning :
        {EquipmentAtLocations, EquipmentOnBoards, EquipmentInLIMs, EquipmentInLIMsInLine, BoardsInLIMs}) {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "script/Conversions.h"
-#include "workbench/actions/FormFilling.h"
+#include "workbench/actions/Filling.h"
 #include "workbench/actions/Generation.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
@@ -25,7 +25,7 @@ class Road {
   Exchange& exchange() { return *exchange_; }
   Session& session() { return session_; }
 
-  // Performs one line, with no transaction around it. Gives "done", with the warnings behind it, or the reasons of the
+  // Performs one line, with no transaction around it. Gives "done", with the warnings after it, or the reasons of the
   // refusal, one a line.
   std::string Do(const std::string& line) {
     const auto action = ParsePlanLine(line);
@@ -43,9 +43,8 @@ class Road {
   // The values that can be given for a parameter, by blanks, where the form holds what is given already.
   std::string Values(const std::string& command, const std::string& parameter,
                      const std::vector<Assignment>& given = {}) {
-    std::vector<Problem> warnings;
-    for (const Problem& problem : FillForm(session_, *FindForm(command), given, warnings)) return Written(problem);
-    return Offered(parameter);
+    const Filling filling = FillForm(session_, *FindForm(command), given);
+    return filling.IsRefused() ? Written(filling.problems().front()) : Offered(parameter);
   }
 
   // The same for the form that is open.

@@ -1,7 +1,7 @@
 #include "workbench/actions/Generation.h"
 
 #include "script/Conversions.h"
-#include "workbench/actions/FormFilling.h"
+#include "workbench/actions/Filling.h"
 #include "workbench/data/DataFile.h"
 
 namespace cordboard::workbench {
@@ -9,7 +9,7 @@ namespace cordboard::workbench {
 namespace {
 
 // How far a generation came.
-std::string Behind(std::size_t lines) {
+std::string After(std::size_t lines) {
   if (lines == 0) return "before the first line";
   return lines == 1 ? "after 1 line" : "after " + std::to_string(lines) + " lines";
 }
@@ -32,13 +32,13 @@ Generated Generate(Session& session) {
     if (definition == nullptr || !definition->generates) continue;
     session.host().OpenForm(*definition);
     const RunResult result = session.Run("GenerateCmd", 0, {std::to_string(++number)});
-    for (Problem& problem : TakeProblems(session, "", "")) generated.problems.emplace_back(command, std::move(problem));
+    for (Problem& problem : TakeMessages(session)) generated.problems.emplace_back(command, std::move(problem));
     const RowSet rows =
         exchange.Dynamic().Run("SELECT [Line] FROM [BuiltCmd] WHERE [OrderNo] = ? ORDER BY rowid", {number});
     if (result.failure) {
       const std::string message =
-          "lines are missing: the generation ended " + Behind(rows.RowCount()) + " (" + *result.failure + ")";
-      generated.problems.emplace_back(command, Problem{"", "", message, ""});
+          "lines are missing: the generation ended " + After(rows.RowCount()) + " (" + *result.failure + ")";
+      generated.problems.emplace_back(command, Problem{.message = message});
     }
     for (std::size_t row = 0; row < rows.RowCount(); ++row) generated.lines.push_back({command, Joined(rows[0][row])});
   }

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
 
 #include "script/Conversions.h"
-#include "workbench/actions/FormFilling.h"
 #include "workbench/text/Elements.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 
@@ -16,7 +15,7 @@ const std::string word = "next";
 
 bool IsNext(const std::string& value) { return value == word || value.starts_with(word + ":"); }
 
-// The number behind "next:"; 1 for "next" alone. Nothing where it is no number that can be meant.
+// The number after "next:"; 1 for "next" alone. Nothing where it is no number that can be meant.
 std::optional<std::size_t> Count(const std::string& value) {
   if (value == word) return 1;
   const std::string digits = value.substr(word.size() + 1);
@@ -28,9 +27,9 @@ std::optional<std::size_t> Count(const std::string& value) {
 }
 
 // How many values a parameter has or will have.
-std::size_t Number(const Form& form, const std::vector<Assignment>& all, const ParameterDefinition& parameter) {
-  const auto given = std::ranges::find(all, parameter.name, &Assignment::name);
-  const std::string value = given == all.end() ? Joined(form.Get(parameter.name)) : given->value;
+std::size_t Number(const Filling& filling, const ParameterDefinition& parameter) {
+  const auto given = std::ranges::find(filling.given(), parameter.name, &Assignment::name);
+  const std::string value = given == filling.given().end() ? Joined(filling.form().Get(parameter.name)) : given->value;
   if (parameter.next && IsNext(value)) return Count(value).value_or(1);
   try {
     return value.empty() ? 1 : Elements(value).size();
@@ -40,12 +39,12 @@ std::size_t Number(const Form& form, const std::vector<Assignment>& all, const P
 }
 
 // As many as the other parameters that go in step have.
-std::size_t NumberInStep(const Form& form, const std::vector<Assignment>& all, const std::string& name) {
+std::size_t NumberInStep(const Filling& filling, const std::string& name) {
   std::size_t number = 1;
-  for (const std::vector<std::string>& together : form.definition().inStep) {
+  for (const std::vector<std::string>& together : filling.definition().inStep) {
     if (std::ranges::find(together, name) == together.end()) continue;
     for (const std::string& other : together) {
-      if (other != name) number = std::max(number, Number(form, all, *form.definition().Find(other)));
+      if (other != name) number = std::max(number, Number(filling, *filling.definition().Find(other)));
     }
   }
   return number;
@@ -61,35 +60,31 @@ bool IsFree(Exchange& exchange, const std::optional<Pool>& pool, const std::stri
 
 }  // namespace
 
-bool TakeNext(Session& session, const std::vector<Assignment>& all, Assignment& assignment,
-              std::vector<Problem>& problems) {
-  const ParameterDefinition* parameter = session.form().definition().Find(assignment.name);
-  if (parameter == nullptr || !parameter->next || !IsNext(assignment.value)) return true;
+std::optional<std::string> MeantValue(Filling& filling, const Assignment& assignment) {
+  const auto& [name, value] = assignment;
+  const ParameterDefinition* parameter = filling.definition().Find(name);
+  if (parameter == nullptr || !parameter->next || !IsNext(value)) return value;
   const auto refuse = [&](const std::string& message) {
-    problems.push_back({assignment.name, assignment.value, message, ""});
-    return false;
+    filling.Refuse(assignment, message);
+    return std::nullopt;
   };
-  auto count = Count(assignment.value);
-  if (!count) return refuse("behind next: the number of values is missing, such as next:20");
-  if (assignment.value == word) count = NumberInStep(session.form(), all, assignment.name);
-
-  if (*count > 1 && !session.form().TakesSeveral(assignment.name))
+  const auto count = value == word ? NumberInStep(filling, name) : Count(value);
+  if (!count) return refuse("after next: the number of values is missing, such as next:20");
+  if (*count > 1 && !filling.form().TakesSeveral(name))
     return refuse("several values are not possible here; give one value");
 
-  const ValueList* list = session.host().FreshList(assignment.name);
-  const std::vector<Problem> reported = TakeProblems(session, assignment.name, assignment.value);
-  problems.insert(problems.end(), reported.begin(), reported.end());
-  if (!reported.empty()) return false;
+  const std::size_t before = filling.problems().size();
+  const ValueList* list = filling.ListOf(name, value);
+  if (filling.problems().size() > before) return std::nullopt;
   if (list == nullptr) return refuse("there is no list of values at present from which the next could be taken");
+  Exchange& exchange = filling.session().exchange();
   const std::vector<ValidValue> free =
-      list->First(*count, [&](const std::string& value) { return IsFree(session.exchange(), parameter->pool, value); });
+      list->First(*count, [&](const std::string& offered) { return IsFree(exchange, parameter->pool, offered); });
   if (free.size() < *count)
     return refuse("of the values that are free there are " + std::to_string(free.size()) + " and not " +
                   std::to_string(*count));
 
-  assignment.value.clear();
-  for (const ValidValue& entry : free) assignment.value += (assignment.value.empty() ? "" : "&") + entry.value;
-  return true;
+  return Separated(free, "&", &ValidValue::value);
 }
 
 }  // namespace cordboard::workbench

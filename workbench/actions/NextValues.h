@@ -4,16 +4,15 @@
 //   KSEXI:DIR=next:20,EQU=next;     twenty of each
 #pragma once
 
-#include <vector>
+#include <optional>
+#include <string>
 
-#include "workbench/actions/UserAction.h"
+#include "workbench/actions/Filling.h"
 
 namespace cordboard::workbench {
 
-// Puts the values that are meant in the place of "next" and "next:20", where the parameter takes them; any other value
-// stays. `all` are the values of the whole action, for the number of those that the parameter goes in step with. Gives
-// false, and says why, where there are not as many.
-bool TakeNext(Session& session, const std::vector<Assignment>& all, Assignment& assignment,
-              std::vector<Problem>& problems);
+// The values that "next" and "next:20" stand for, where the parameter takes them; any other value means itself. Gives
+// nothing, and refuses the value, where there are not as many.
+std::optional<std::string> MeantValue(Filling& filling, const Assignment& assignment);
 
 }  // namespace cordboard::workbench

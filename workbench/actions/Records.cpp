@@ -3,45 +3,31 @@
 #include <algorithm>
 
 #include "script/Conversions.h"
-#include "workbench/text/Nearest.h"
+#include "workbench/forms/Unknown.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 
-namespace {
-
-std::string Described(const std::vector<Assignment>& selection) {
-  std::string text;
-  for (const auto& [name, value] : selection) text += (text.empty() ? "" : ",") + name + "=" + value;
-  return text;
-}
-
-}  // namespace
-
-std::optional<std::int32_t> FindRecord(Exchange& exchange, const FormDefinition& definition,
-                                       const std::vector<Assignment>& selection, std::vector<Problem>& problems) {
-  std::string condition;
+std::variant<std::int32_t, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
+                                               const std::vector<Assignment>& selection) {
   std::vector<Value> values;
   for (const auto& [name, value] : selection) {
     // The names come from the form's own columns, so that they can stand in a statement.
-    if (std::ranges::find(definition.columns, name) == definition.columns.end()) {
-      problems.push_back(
-          {name, value,
-           "a record of " + definition.command + " has no " + name + "." + DidYouMean(name, definition.columns), ""});
-      return std::nullopt;
-    }
-    condition += (condition.empty() ? " WHERE [" : " AND [") + name + "] = ?";
+    if (std::ranges::find(definition.columns, name) == definition.columns.end())
+      return Problem{.parameter = name, .value = value, .message = UnknownColumn(definition, name)};
     values.emplace_back(value);
   }
-  const RowSet rows =
-      exchange.Dynamic().Run("SELECT [CmdId] FROM [" + definition.table + "]" + condition + " LIMIT 2", values);
-  const std::string which = selection.empty() ? "" : " with " + Described(selection);
+  const std::string condition =
+      Separated(selection, " AND ", [](const Assignment& each) { return "[" + each.name + "] = ?"; });
+  const RowSet rows = exchange.Dynamic().Run(
+      "SELECT [CmdId] FROM [" + definition.table + "]" + (selection.empty() ? "" : " WHERE " + condition) + " LIMIT 2",
+      values);
   if (rows.RowCount() == 1) return ToInt32(rows[0][0]);
-  problems.push_back({"", "",
-                      rows.IsEmpty() ? "there is no record of " + definition.command + which
-                                     : "there are several records of " + definition.command + which +
-                                           "; select one by more of its parameters",
-                      ""});
-  return std::nullopt;
+  const std::string described =
+      Separated(selection, ",", [](const Assignment& each) { return each.name + "=" + each.value; });
+  const std::string records = definition.command + (selection.empty() ? "" : " with " + described);
+  if (rows.IsEmpty()) return Problem{.message = "there is no record of " + records};
+  return Problem{.message = "there are several records of " + records + "; select one by more of its parameters"};
 }
 
 bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::string& column, const std::string& value) {
@@ -51,8 +37,10 @@ bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::str
 }
 
 std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinition& definition) {
-  std::vector<Problem> none;
-  return definition.single ? FindRecord(exchange, definition, {}, none) : std::nullopt;
+  if (!definition.single) return std::nullopt;
+  const auto found = FindRecord(exchange, definition, {});
+  const auto* CmdId = std::get_if<std::int32_t>(&found);
+  return CmdId == nullptr ? std::nullopt : std::optional(*CmdId);
 }
 
 void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form) {

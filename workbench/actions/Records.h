@@ -5,15 +5,16 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "workbench/actions/UserAction.h"
 
 namespace cordboard::workbench {
 
-// The identifier of the one record that has these values. None and several are problems.
-std::optional<std::int32_t> FindRecord(Exchange& exchange, const FormDefinition& definition,
-                                       const std::vector<Assignment>& selection, std::vector<Problem>& problems);
+// The identifier of the one record that has these values, or why there is not one.
+std::variant<std::int32_t, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
+                                               const std::vector<Assignment>& selection);
 
 // Whether a record has this value in the column.
 bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::string& column, const std::string& value);

@@ -24,10 +24,10 @@ struct UserAction {
 
 // One thing that stands in the way of an action, or that the user should know of.
 struct Problem {
-  std::string parameter;  // empty where it concerns the action as a whole
-  std::string value;
+  std::string parameter = {};  // empty where it concerns the action as a whole
+  std::string value = {};
   std::string message;
-  std::string allowed;  // what would be allowed, where that can be said
+  std::string allowed = {};  // what would be allowed, where that can be said
 };
 
 struct Outcome {
@@ -42,12 +42,5 @@ struct Outcome {
 Outcome Perform(Session& session, const UserAction& action);
 // The same on a form of one's own.
 Outcome Perform(Session& session, const FormDefinition& definition, const UserAction& action);
-
-// Opens the form of a command and sets the values as Perform does, without acting. Gives what stands in the way.
-std::vector<Problem> FillForm(Session& session, const FormDefinition& definition, std::vector<Assignment> values,
-                              std::vector<Problem>& warnings);
-
-// The command's form, or a problem that names the nearest command.
-const FormDefinition* FindFormOr(const std::string& command, std::vector<Problem>& problems);
 
 }  // namespace cordboard::workbench

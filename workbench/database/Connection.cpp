@@ -53,7 +53,7 @@ bool IsTruthColumn(sqlite3_stmt* statement, int column) {
   return declared != nullptr && std::strcmp(declared, "BOOLEAN") == 0;
 }
 
-// The tables behind a name with one of these beginnings are not the library's.
+// The tables with such names are not the library's.
 bool IsOwnTable(const char* name) {
   return name != nullptr && (std::string_view(name).starts_with("sqlite_") || std::string_view(name) == "Cordboard");
 }
@@ -154,8 +154,8 @@ RowSet Connection::Step(sqlite3_stmt* statement, const std::vector<Value>& param
 
   const int count = sqlite3_column_count(statement);
   std::vector<std::vector<Value>> columns(static_cast<std::size_t>(count));
-  std::vector<bool> truths;
-  for (int i = 0; i < count; ++i) truths.push_back(IsTruthColumn(statement, i));
+  std::vector<bool> truths(columns.size());
+  for (int i = 0; i < count; ++i) truths[static_cast<std::size_t>(i)] = IsTruthColumn(statement, i);
   int code = sqlite3_step(statement);
   for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
     for (std::size_t i = 0; i < columns.size(); ++i)

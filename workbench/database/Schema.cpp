@@ -5,6 +5,7 @@
 #include "workbench/data/DataFile.h"
 #include "workbench/data/Resources.h"
 #include "workbench/text/Names.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -80,22 +81,15 @@ std::string_view DeclaredType(Column::Type type) {
 }
 
 std::string CreateTable(const Table& table) {
-  std::string statement = "CREATE TABLE [" + table.name + "] (";
-  for (const Column& column : table.columns) {
-    if (&column != &table.columns.front()) statement += ", ";
-    statement.append("[").append(column.name).append("] ").append(DeclaredType(column.type));
-  }
-  return statement + ")";
+  const auto declared = [](const Column& column) {
+    return "[" + column.name + "] " + std::string(DeclaredType(column.type));
+  };
+  return "CREATE TABLE [" + table.name + "] (" + Separated(table.columns, ", ", declared) + ")";
 }
 
 std::string CreateIndex(const char* kind, const Table& table, const std::vector<std::string>& columns) {
-  std::string name = table.name + " by";
-  std::string list;
-  for (const std::string& column : columns) {
-    name += " " + column;
-    list += (list.empty() ? "[" : ", [") + column + "]";
-  }
-  return kind + (" [" + name + "] ON [" + table.name + "] (" + list + ")");
+  const std::string name = table.name + " by " + Separated(columns, " ");
+  return kind + (" [" + name + "] ON [" + table.name + "] ([" + Separated(columns, "], [") + "])");
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 //
 // The file holds for each database ("dynamic", "static", "site") a list of tables:
 //   {"name": "NANSI", "columns": ["CmdId", "NUMSE", "NUMTYP", "USED"],  in the order of an insert without names
-//    "further": [],                             columns behind these, which only some statement or the host names
+//    "further": [],                             columns after these, which only some statement or the host names
 //    "types": {"CmdId": "whole", "USED": "truth"},                       every other column is text
 //    "unique": [],                              for tables alone that the host fills: no rule adds a row there
 //    "indexes": [["NUMSE"], ["NUMTYP", "USED", "NUMSE"]], "note": "..."}

@@ -9,53 +9,23 @@
 namespace cordboard::workbench {
 namespace {
 
-// Where an operand began, in the text and among the parameters.
-struct Start {
-  std::size_t text = 0;
-  std::size_t parameter = 0;
-};
+class Expression {
+ public:
+  explicit Expression(Mapping& mapping) : mapping_(mapping) {}
 
-// A pattern with a character class becomes a call, with the value to the left of LIKE as its second argument; SQLite
-// knows no such classes. True where that was done.
-bool LikeClass(Mapping& mapping, const Start& value, bool negated) {
-  if (!mapping.At(Symbol::Text) || !HoldsCharacterClass(mapping.tokens.current().text)) return false;
-  MappedStatement& result = mapping.result;
-  const std::string left = result.sql.substr(value.text);
-  result.sql.resize(value.text);
-  mapping.Put(negated ? "NOT dialect_like(?," : "dialect_like(?,");
-  mapping.Join(left + ")");
-  result.parameters.insert(result.parameters.begin() + static_cast<std::ptrdiff_t>(value.parameter),
-                           TextOf(mapping.tokens.current().text));
-  mapping.tokens.Advance();
-  return true;
-}
+  void Map() {
+    while (Part()) continue;
+    if (!complete_) mapping_.Refuse("expected a value");
+  }
 
-}  // namespace
-
-void MapExpression(Mapping& mapping) {
-  bool complete = false;  // whether the last token ended a value, so that an operator or the end has to follow
-  Start operand;
-  const auto need_value = [&](std::string_view word) {
-    if (!complete) mapping.Refuse("expected a value before " + std::string(word));
-  };
-  const auto need_operator = [&] {
-    if (complete) mapping.Refuse("expected an operator or the end before this");
-  };
-  const auto put_operator = [&](std::string_view text) {
-    mapping.Put(text);
-    mapping.tokens.Advance();
-    complete = false;
-  };
-  for (;;) {
-    Symbol symbol = mapping.tokens.current().symbol;
-    const bool negated = symbol == Symbol::Not && complete;  // NOT behind a value belongs to the operator behind it
-    if (negated) {
-      mapping.tokens.Advance();
-      symbol = mapping.tokens.current().symbol;
-      if (symbol != Symbol::In && symbol != Symbol::Like && symbol != Symbol::Between) {
-        mapping.Refuse("expected IN, LIKE or BETWEEN behind NOT");
-      }
-    }
+ private:
+  // Maps a value or an operator; false where neither stands here.
+  bool Part() {
+    // After a value, NOT belongs to the operator that follows.
+    const bool negated = complete_ && mapping_.Accept(Symbol::Not);
+    const Symbol symbol = mapping_.tokens.current().symbol;
+    if (negated && symbol != Symbol::In && symbol != Symbol::Like && symbol != Symbol::Between)
+      mapping_.Refuse("expected IN, LIKE or BETWEEN after NOT");
     switch (symbol) {
       case Symbol::Name:
       case Symbol::Text:
@@ -64,42 +34,90 @@ void MapExpression(Mapping& mapping) {
       case Symbol::False:
       case Symbol::Yes:
       case Symbol::Null:
-      case Symbol::Open:
-        need_operator();
-        operand = {mapping.result.sql.size(), mapping.result.parameters.size()};
-        MapOperand(mapping);
-        complete = true;
-        break;
-      case Symbol::Compare: put_operator(mapping.tokens.current().text); break;
-      case Symbol::And: put_operator("AND"); break;
-      case Symbol::Or: put_operator("OR"); break;
-      case Symbol::Is: put_operator("IS"); break;
-      case Symbol::Not: put_operator("NOT"); break;
-      case Symbol::Between: put_operator(negated ? "NOT BETWEEN" : "BETWEEN"); break;
-      case Symbol::In:
-        need_value("IN");
-        put_operator(negated ? "NOT IN" : "IN");
-        MapBrackets(mapping, true);
-        complete = true;
-        break;
-      case Symbol::Like:
-        need_value("LIKE");
-        mapping.tokens.Advance();
-        complete = LikeClass(mapping, operand, negated);
-        if (!complete) mapping.Put(negated ? "NOT LIKE" : "LIKE");
-        break;
-      case Symbol::Exists:
-        need_operator();
-        put_operator("EXISTS");
-        MapBrackets(mapping, false);
-        complete = true;
-        break;
-      default:
-        if (!complete) mapping.Refuse("expected a value");
-        return;
+      case Symbol::Open: Operand(); return true;
+      case Symbol::Compare: Operator(mapping_.tokens.current().text); return true;
+      case Symbol::And: Operator("AND"); return true;
+      case Symbol::Or: Operator("OR"); return true;
+      case Symbol::Is: Operator("IS"); return true;
+      case Symbol::Not: Operator("NOT"); return true;
+      case Symbol::Between: Operator(negated ? "NOT BETWEEN" : "BETWEEN"); return true;
+      case Symbol::In: In(negated); return true;
+      case Symbol::Like: Like(negated); return true;
+      case Symbol::Exists: Exists(); return true;
+      default: return false;
     }
   }
-}
+
+  void Operand() {
+    NeedOperator();
+    operandText_ = mapping_.result.sql.size();
+    operandParameter_ = mapping_.result.parameters.size();
+    MapOperand(mapping_);
+    complete_ = true;
+  }
+
+  void Operator(std::string_view text) {
+    mapping_.Put(text);
+    mapping_.tokens.Advance();
+    complete_ = false;
+  }
+
+  void In(bool negated) {
+    NeedValue("IN");
+    Operator(negated ? "NOT IN" : "IN");
+    MapBrackets(mapping_, true);
+    complete_ = true;
+  }
+
+  void Exists() {
+    NeedOperator();
+    Operator("EXISTS");
+    MapBrackets(mapping_, false);
+    complete_ = true;
+  }
+
+  void Like(bool negated) {
+    NeedValue("LIKE");
+    mapping_.tokens.Advance();
+    complete_ = mapping_.At(Symbol::Text) && HoldsCharacterClass(mapping_.tokens.current().text);
+    if (complete_) {
+      LikeClass(negated);
+    } else {
+      mapping_.Put(negated ? "NOT LIKE" : "LIKE");
+    }
+  }
+
+  // A pattern with a character class becomes a call, with the value to the left of LIKE as its second argument; SQLite
+  // knows no such classes.
+  void LikeClass(bool negated) {
+    MappedStatement& result = mapping_.result;
+    const std::string left = result.sql.substr(operandText_);
+    result.sql.resize(operandText_);
+    mapping_.Put(negated ? "NOT dialect_like(?," : "dialect_like(?,");
+    mapping_.Join(left + ")");
+    result.parameters.insert(result.parameters.begin() + static_cast<std::ptrdiff_t>(operandParameter_),
+                             TextOf(mapping_.tokens.current().text));
+    mapping_.tokens.Advance();
+  }
+
+  void NeedValue(const std::string& word) const {
+    if (!complete_) mapping_.Refuse("expected a value before " + word);
+  }
+
+  void NeedOperator() const {
+    if (complete_) mapping_.Refuse("expected an operator or the end before this");
+  }
+
+  Mapping& mapping_;
+  bool complete_ = false;  // whether the last token ended a value, so that an operator or the end has to follow
+  // Where the last operand began, in the text and among the parameters.
+  std::size_t operandText_ = 0;
+  std::size_t operandParameter_ = 0;
+};
+
+}  // namespace
+
+void MapExpression(Mapping& mapping) { Expression(mapping).Map(); }
 
 void MapWhere(Mapping& mapping) {
   if (!mapping.Accept(Symbol::Where)) return;

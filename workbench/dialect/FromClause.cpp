@@ -1,4 +1,4 @@
-// The tables behind FROM. The dialect joins two tables at a time and puts brackets around what is joined first:
+// The tables after FROM. The dialect joins two tables at a time and puts brackets around what is joined first:
 //   A INNER JOIN ((B INNER JOIN C ON c1) INNER JOIN D ON c2) ON c3
 // Inner joins mean the same in any order, so SQLite gets them without the brackets, and may choose its own order:
 //   [A] JOIN [B] JOIN [C] JOIN [D] ON (c1) AND (c2) AND (c3)
@@ -17,7 +17,7 @@ class FromClause {
   void Map() {
     Table();
     while (mapping_.Accept(Symbol::Inner)) {
-      mapping_.Expect(Symbol::Join, "JOIN behind INNER");
+      mapping_.Expect(Symbol::Join, "JOIN after INNER");
       mapping_.Put("JOIN");
       ++joins_.back();
       Table();
@@ -28,10 +28,10 @@ class FromClause {
   }
 
  private:
-  // A table behind any number of opening brackets, with the closing brackets and the conditions behind it.
+  // A table after any number of opening brackets, with the closing brackets and the conditions after it.
   void Table() {
     while (mapping_.Accept(Symbol::Open)) {
-      if (joins_.size() > kDeepestNesting) mapping_.Refuse("brackets are nested too deeply");
+      if (joins_.size() > deepestNesting) mapping_.Refuse("brackets are nested too deeply");
       joins_.push_back(0);
     }
     std::string_view name = mapping_.PutName("the name of a table");
@@ -58,7 +58,7 @@ class FromClause {
     return true;
   }
 
-  // Maps a condition and takes it out of the text again: conditions stand behind all tables.
+  // Maps a condition and takes it out of the text again: conditions stand after all tables.
   bool Condition() {
     if (!mapping_.At(Symbol::On)) return false;
     if (joins_.back() == 0) mapping_.Refuse("there is no join for this ON");

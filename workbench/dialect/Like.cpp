@@ -5,17 +5,17 @@
 namespace cordboard::workbench {
 namespace {
 
-constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::size_t none = std::string_view::npos;
 
 char Small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-// Where the class that begins at the bracket ends; kNone where the bracket is a character like others.
+// Where the class that begins at the bracket ends; `none` where the bracket is a character like others.
 std::size_t ClassEnd(std::string_view pattern, std::size_t open) {
   const std::size_t close = pattern.find(']', open);
-  return close == open + 1 ? kNone : close;
+  return close == open + 1 ? none : close;
 }
 
-// The content is what stands between the brackets: characters and ranges, all of them excluded behind a leading "!".
+// The content is what stands between the brackets: characters and ranges, all of them excluded after a leading "!".
 bool InClass(std::string_view content, char c) {
   const bool excluded = content.size() > 1 && content.front() == '!';
   if (excluded) content.remove_prefix(1);
@@ -40,8 +40,8 @@ std::size_t CharacterLength(std::string_view text, std::size_t place) {
 }  // namespace
 
 bool HoldsCharacterClass(std::string_view pattern) {
-  for (auto open = pattern.find('['); open != kNone; open = pattern.find('[', open + 1)) {
-    if (ClassEnd(pattern, open) != kNone) return true;
+  for (auto open = pattern.find('['); open != none; open = pattern.find('[', open + 1)) {
+    if (ClassEnd(pattern, open) != none) return true;
   }
   return false;
 }
@@ -51,26 +51,26 @@ bool HoldsCharacterClass(std::string_view pattern) {
 bool LikeMatches(std::string_view pattern, std::string_view text) {
   std::size_t p = 0;
   std::size_t t = 0;
-  std::size_t after_run = kNone;  // the place in the pattern behind the last %
-  std::size_t run_end = 0;        // how far that % reaches in the text
+  std::size_t afterRun = none;  // the place in the pattern after the last %
+  std::size_t runEnd = 0;       // how far that % reaches in the text
   while (t < text.size() || p < pattern.size()) {
-    const std::size_t close = p < pattern.size() && pattern[p] == '[' ? ClassEnd(pattern, p) : kNone;
+    const std::size_t close = p < pattern.size() && pattern[p] == '[' ? ClassEnd(pattern, p) : none;
     if (p < pattern.size() && pattern[p] == '%') {
-      after_run = ++p;
-      run_end = t;
+      afterRun = ++p;
+      runEnd = t;
     } else if (p < pattern.size() && t < text.size() && pattern[p] == '_') {
       ++p;
       t += CharacterLength(text, t);
-    } else if (close != kNone && t < text.size() && InClass(pattern.substr(p + 1, close - p - 1), text[t])) {
+    } else if (close != none && t < text.size() && InClass(pattern.substr(p + 1, close - p - 1), text[t])) {
       p = close + 1;
       t += CharacterLength(text, t);
-    } else if (close == kNone && p < pattern.size() && t < text.size() && Small(pattern[p]) == Small(text[t])) {
+    } else if (close == none && p < pattern.size() && t < text.size() && Small(pattern[p]) == Small(text[t])) {
       ++p;
       ++t;
-    } else if (after_run != kNone && run_end < text.size()) {
-      p = after_run;
-      run_end += CharacterLength(text, run_end);
-      t = run_end;
+    } else if (afterRun != none && runEnd < text.size()) {
+      p = afterRun;
+      runEnd += CharacterLength(text, runEnd);
+      t = runEnd;
     } else {
       return false;
     }

@@ -21,7 +21,7 @@ void Values(Mapping& mapping) {
 
 void Insert(Mapping& mapping) {
   mapping.tokens.Advance();
-  mapping.Expect(Symbol::Into, "INTO behind INSERT");
+  mapping.Expect(Symbol::Into, "INTO after INSERT");
   mapping.Put("INSERT INTO");
   mapping.PutName("the name of a table");
   if (mapping.Accept(Symbol::Open)) {
@@ -35,7 +35,7 @@ void Insert(Mapping& mapping) {
   Values(mapping);
 }
 
-// A column to set may stand behind the name of the table, which SQLite does not take there.
+// A column to set may stand after the name of the table, which SQLite does not take there.
 void Assignment(Mapping& mapping, std::string_view table) {
   if (mapping.AtNext(Symbol::Dot)) {
     if (!SameName(mapping.tokens.current().text, table)) mapping.Refuse("this is not the table to update");
@@ -73,7 +73,7 @@ void Delete(Mapping& mapping) {
 }  // namespace
 
 MappedStatement Map(std::string_view statement) {
-  if (statement.size() > kLongestStatement) throw DialectError("the statement is too long", statement, 0);
+  if (statement.size() > longestStatement) throw DialectError("the statement is too long", statement, 0);
   Mapping mapping(statement);
   mapping.result.sql.reserve(statement.size() + statement.size() / 2);
   mapping.result.kind = mapping.At(Symbol::Select) ? MappedStatement::Kind::Read : MappedStatement::Kind::Write;

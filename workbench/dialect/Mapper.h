@@ -20,8 +20,8 @@ struct MappedStatement {
   Kind kind = Kind::Read;
 };
 
-inline constexpr std::size_t kLongestStatement = 1 << 20;  // bytes
-inline constexpr int kDeepestNesting = 100;                // brackets within brackets, sub-selects included
+inline constexpr std::size_t longestStatement = 1 << 20;  // bytes
+inline constexpr int deepestNesting = 100;                // brackets within brackets, sub-selects included
 
 // Maps one statement; fails with a DialectError for what the dialect does not take. What it gives may still fail in
 // SQLite, for an unknown name above all. The result may call the functions VAL(value) and dialect_like(pattern, value),

@@ -37,7 +37,7 @@ std::string_view Mapping::PutName(std::string_view what) {
 }
 
 Nesting::Nesting(Mapping& mapping) : mapping_(mapping) {
-  if (mapping.depth >= kDeepestNesting) mapping.Refuse("brackets are nested too deeply");
+  if (mapping.depth >= deepestNesting) mapping.Refuse("brackets are nested too deeply");
   ++mapping.depth;
 }
 

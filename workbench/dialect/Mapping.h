@@ -35,9 +35,9 @@ struct Mapping {
   // Refuses the statement at the current token.
   [[noreturn]] void Refuse(std::string_view message) const { tokens.Refuse(message, tokens.current().place); }
 
-  // Adds to the text, with a blank in front but behind an opening bracket and a dot.
+  // Adds to the text, with a blank in front except after an opening bracket and a dot.
   void Put(std::string_view text);
-  // Adds to the text just behind what is there.
+  // Adds to the text just after what is there.
   void Join(std::string_view text) { result.sql += text; }
   // Puts the name that stands here, in the square brackets that keep SQLite from taking it for anything else, and goes
   // past it. `what` is for the message where no name stands here.
@@ -59,7 +59,7 @@ class Nesting {
 // The parts of a statement, each from the current token to the first one that does not belong to it.
 void MapSelect(Mapping& mapping);      // the whole statement
 void MapSubSelect(Mapping& mapping);   // a SELECT within one, without its brackets
-void MapFrom(Mapping& mapping);        // what stands behind FROM
+void MapFrom(Mapping& mapping);        // what stands after FROM
 void MapWhere(Mapping& mapping);       // WHERE and its condition, if there is one
 void MapExpression(Mapping& mapping);  // one expression: a comma outside of its brackets ends it
 void MapOperand(Mapping& mapping);     // one value within it

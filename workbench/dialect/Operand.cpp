@@ -8,14 +8,14 @@
 namespace cordboard::workbench {
 namespace {
 
-constexpr std::array<std::string_view, 6> kFunctions = {"COUNT", "MIN", "MAX", "SUM", "AVG", "VAL"};
+constexpr std::array<std::string_view, 6> functions = {"COUNT", "MIN", "MAX", "SUM", "AVG", "VAL"};
 
 // The function in its capitals; empty for a word that is none.
 std::string_view FunctionOf(std::string_view word) {
   if (word.size() != 3 && word.size() != 5) return {};
   std::string capitals(word);
   for (char& c : capitals) c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  for (const std::string_view function : kFunctions) {
+  for (const std::string_view function : functions) {
     if (function == capitals) return function;
   }
   return {};
@@ -57,7 +57,7 @@ void Column(Mapping& mapping) {
   mapping.PutName("a column");
   if (!mapping.Accept(Symbol::Dot)) return;
   mapping.Join(".");
-  mapping.PutName("a column behind its table");
+  mapping.PutName("a column after its table");
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ class Select {
   void Map() {
     mapping_.tokens.Advance();
     mapping_.Put("SELECT");
-    const std::size_t behind_select = mapping_.result.sql.size();
+    const std::size_t afterSelect = mapping_.result.sql.size();
     const bool distinct = mapping_.Accept(Symbol::Distinct);
     if (distinct || !mapping_.Accept(Symbol::Star)) {
       Columns();
@@ -39,7 +39,7 @@ class Select {
     if (distinct && top_ && !grouped_ && !query_.aggregate) {
       GroupByAllColumns();
     } else if (distinct) {
-      mapping_.result.sql.insert(behind_select, " DISTINCT");
+      mapping_.result.sql.insert(afterSelect, " DISTINCT");
     }
     OrderBy();
   }
@@ -61,7 +61,7 @@ class Select {
 
   void GroupBy() {
     mapping_.tokens.Advance();
-    mapping_.Expect(Symbol::By, "BY behind GROUP");
+    mapping_.Expect(Symbol::By, "BY after GROUP");
     mapping_.Put("GROUP BY");
     grouped_ = true;
     do {
@@ -76,10 +76,10 @@ class Select {
   }
 
   void OrderBy() {
-    const bool by_insertion = top_ && (grouped_ || !query_.aggregate);
+    const bool byInsertion = top_ && (grouped_ || !query_.aggregate);
     const bool own = mapping_.Accept(Symbol::Order);
-    if (own) mapping_.Expect(Symbol::By, "BY behind ORDER");
-    if (own || by_insertion) mapping_.Put("ORDER BY");
+    if (own) mapping_.Expect(Symbol::By, "BY after ORDER");
+    if (own || byInsertion) mapping_.Put("ORDER BY");
     if (own) {
       do {
         Term();
@@ -90,7 +90,7 @@ class Select {
         }
       } while (mapping_.AcceptComma());
     }
-    if (!by_insertion) return;
+    if (!byInsertion) return;
     bool first = !own;
     for (const std::string_view table : query_.tables) {
       if (!std::exchange(first, false)) mapping_.Join(",");

@@ -10,13 +10,13 @@ namespace cordboard::workbench {
 namespace {
 
 // The words of the grammar, in the order of their symbols.
-constexpr std::array<std::string_view, 35> kWords = {
+constexpr std::array<std::string_view, 35> words = {
     "AND",    "AS",    "ASC",   "BETWEEN", "BY",     "DELETE", "DESC", "DISTINCT", "EXISTS", "FALSE", "FROM", "GROUP",
     "HAVING", "IN",    "INNER", "INSERT",  "INTO",   "IS",     "JOIN", "LEFT",     "LIKE",   "NOT",   "NULL", "ON",
     "OR",     "ORDER", "OUTER", "RIGHT",   "SELECT", "SET",    "TRUE", "UPDATE",   "VALUES", "WHERE", "YES"};
-constexpr std::size_t kLongestWord = 8;
-static_assert(std::is_sorted(kWords.begin(), kWords.end()));
-static_assert(static_cast<std::size_t>(Symbol::Yes) - static_cast<std::size_t>(Symbol::And) + 1 == kWords.size());
+constexpr std::size_t longestWord = 8;
+static_assert(std::is_sorted(words.begin(), words.end()));
+static_assert(static_cast<std::size_t>(Symbol::Yes) - static_cast<std::size_t>(Symbol::And) + 1 == words.size());
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; }
@@ -24,13 +24,13 @@ bool IsWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\
 char Capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 Symbol SymbolOf(std::string_view word) {
-  if (word.size() > kLongestWord) return Symbol::Name;
-  std::array<char, kLongestWord> letters;
+  if (word.size() > longestWord) return Symbol::Name;
+  std::array<char, longestWord> letters;
   std::transform(word.begin(), word.end(), letters.begin(), Capital);
   const std::string_view capitals(letters.data(), word.size());
-  const auto found = std::lower_bound(kWords.begin(), kWords.end(), capitals);
-  if (found == kWords.end() || *found != capitals) return Symbol::Name;
-  return static_cast<Symbol>(static_cast<std::ptrdiff_t>(Symbol::And) + (found - kWords.begin()));
+  const auto found = std::lower_bound(words.begin(), words.end(), capitals);
+  if (found == words.end() || *found != capitals) return Symbol::Name;
+  return static_cast<Symbol>(static_cast<std::ptrdiff_t>(Symbol::And) + (found - words.begin()));
 }
 
 }  // namespace

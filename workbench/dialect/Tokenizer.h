@@ -1,4 +1,4 @@
-// Cuts a statement into tokens, one at a time and with one token in view behind the current one.
+// Cuts a statement into tokens, one at a time and with one token in view after the current one.
 #pragma once
 
 #include <cstddef>
@@ -31,7 +31,7 @@ class Tokenizer {
 
   const Token& current() const { return current_; }
   const Token& next() const { return next_; }
-  // Goes on to the next token; behind the last one stands End, as often as asked.
+  // Goes on to the next token; after the last one stands End, as often as asked.
   void Advance();
 
   [[noreturn]] void Refuse(std::string_view message, std::size_t place) const;

@@ -24,8 +24,7 @@ const std::vector<std::string>& Releases();
 
 class Exchange {
  public:
-  // Makes a new exchange from a plant; an existing file is refused. An exchange that could not be made whole leaves no
-  // file behind.
+  // Makes a new exchange from a plant; an existing file is refused. What could not be made whole leaves no file.
   static std::unique_ptr<Exchange> Create(const std::filesystem::path& file, const std::string& release,
                                           const Plant& plant);
   // An exchange in memory, for tests and benchmarks.

@@ -3,6 +3,7 @@
 #include "script/Conversions.h"
 #include "workbench/dialect/Mapper.h"
 #include "workbench/exchange/Exchange.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 
@@ -51,9 +52,7 @@ std::string Where(const List& keys, const List& keyValues, std::vector<Value>& p
 }
 
 std::string Names(const List& columns) {
-  std::string names;
-  for (const Value& column : columns) names += (names.empty() ? "" : ", ") + Bracketed(Joined(column));
-  return names;
+  return Separated(columns, ", ", [](const Value& column) { return Bracketed(Joined(column)); });
 }
 
 }  // namespace
@@ -92,8 +91,7 @@ bool InsertRow(Exchange& exchange, const std::string& selector, const std::strin
   return Try("insert into " + table, debug,
              [&] {
                if (columns.size() != values.size()) throw DatabaseError("columns and values differ in number");
-               std::string places;
-               for (std::size_t i = 0; i < values.size(); ++i) places += places.empty() ? "?" : ", ?";
+               const std::string places = Separated(values, ", ", [](const Value&) { return "?"; });
                return Database(exchange, selector)
                    .RunRule("INSERT INTO " + Bracketed(table) + " (" + Names(columns) + ") VALUES (" + places + ")",
                             {values.begin(), values.end()});

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <limits>
+#include <memory>
 #include <optional>
 #include <unordered_set>
 
@@ -11,13 +13,6 @@
 namespace cordboard::workbench {
 
 namespace {
-
-template <typename... Cases>
-struct Overloaded : Cases... {
-  using Cases::operator()...;
-};
-template <typename... Cases>
-Overloaded(Cases...) -> Overloaded<Cases...>;
 
 // The number that the text is exactly, "7" but not "07".
 std::optional<long long> WholeNumber(const std::string& text) {
@@ -41,22 +36,31 @@ bool Gives(const ListStatement& statement, const std::string& value) {
 }
 
 constexpr std::size_t smallestPage = 16;
+constexpr std::size_t wholePage = std::numeric_limits<std::size_t>::max();
 
-// Offers the rows of a statement one after the other until `offer` has enough. They are read in pages that grow, so
-// that the first of many cost little.
-template <typename Offer>
-void OfferRows(const ListStatement& statement, std::size_t wanted, Offer offer) {
-  std::size_t offset = 0;
-  for (std::size_t page = std::max(wanted, smallestPage);; page *= 2) {
+// Gives whether `take` wants more.
+template <typename Take>
+bool OfferEach(const RowSet& rows, const Take& take) {
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    if (rows[0][row].IsNull() || rows[0][row].IsEmptyText()) continue;
+    if (!take({Joined(rows[0][row]), rows.ColumnCount() > 1 ? Joined(rows[1][row]) : ""})) return false;
+  }
+  return true;
+}
+
+// The pages grow, so that the first rows of many cost little; a whole list is read at once.
+template <typename Take>
+void OfferRows(const ListStatement& statement, std::size_t page, const Take& take) {
+  if (page == wholePage) {
+    OfferEach(statement.database->RunRule(statement.sql, statement.parameters), take);
+    return;
+  }
+  for (std::size_t offset = 0;; offset += page, page *= 2) {
     std::vector<Value> parameters = statement.parameters;
     parameters.emplace_back(page);
     parameters.emplace_back(offset);
     const RowSet rows = statement.database->RunRule(statement.sql + " LIMIT ? OFFSET ?", parameters);
-    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-      if (!offer({Joined(rows[0][row]), rows.ColumnCount() > 1 ? Joined(rows[1][row]) : ""})) return;
-    }
-    if (rows.RowCount() < page) return;
-    offset += page;
+    if (!OfferEach(rows, take) || rows.RowCount() < page) return;
   }
 }
 
@@ -76,112 +80,99 @@ ListStatement Membership(const ListStatement& list, const std::string& value) {
   return asked;
 }
 
+// --- Values.
+
+ValueList::Values ValueList::Rows(ListStatement statement) {
+  const auto rows = std::make_shared<const ListStatement>(std::move(statement));
+  return {.hold = [rows](const std::string& value) { return Gives(*rows, value); },
+          .offer = [rows](std::size_t page, const Take& take) { OfferRows(*rows, page, take); }};
+}
+
+ValueList::Values ValueList::One(const std::string& one) {
+  return {.hold = [one](const std::string& value) { return value == one; },
+          .offer =
+              [one](std::size_t, const Take& take) {
+                take({one, ""});
+              }};
+}
+
+ValueList::Values ValueList::Numbers(long long from, long long to) {
+  return {.hold = [from, to](const std::string& value) { return Within(value, from, to); },
+          .offer =
+              [from, to](std::size_t, const Take& take) {
+                for (long long number = from; number <= to && take({std::to_string(number), ""});) ++number;
+              }};
+}
+
+// --- Steps.
+
 void ValueList::Collect(ListStatement statement) {
   steps_.clear();
-  steps_.push_back(Clear{});
+  replaces_ = true;
   Add(std::move(statement));
 }
 
+void ValueList::Add(ListStatement statement) { steps_.push_back({true, Rows(std::move(statement))}); }
+void ValueList::Subtract(ListStatement statement) { steps_.push_back({false, Rows(std::move(statement))}); }
+void ValueList::Push(const std::string& value) { steps_.push_back({true, One(value)}); }
+void ValueList::PushRange(long long from, long long to) { steps_.push_back({true, Numbers(from, to)}); }
+void ValueList::Remove(const std::string& value) { steps_.push_back({false, {One(value).hold, {}}}); }
+void ValueList::RemoveRange(long long from, long long to) { steps_.push_back({false, {Numbers(from, to).hold, {}}}); }
+
 void ValueList::Append(const ValueList& changes) {
-  steps_.insert(steps_.end(), changes.steps_.begin(), changes.steps_.end());
+  if (changes.replaces_) {
+    *this = changes;
+  } else {
+    steps_.insert(steps_.end(), changes.steps_.begin(), changes.steps_.end());
+  }
+}
+
+// --- Questions.
+
+void ValueList::TakeAway(const Values& values, std::vector<ValidValue>& list) {
+  auto unwanted = values.hold;
+  if (values.offer) {
+    // To read them all costs less than a look-up for each value of the list.
+    const auto all = std::make_shared<std::unordered_set<std::string>>();
+    values.offer(wholePage, [&](ValidValue entry) { return all->insert(std::move(entry.value)), true; });
+    unwanted = [all](const std::string& value) { return all->contains(value); };
+  }
+  std::erase_if(list, [&](const ValidValue& entry) { return unwanted(entry.value); });
 }
 
 std::vector<ValidValue> ValueList::All() const {
   std::vector<ValidValue> all;
-  const auto remove = [&all](const auto& unwanted) {
-    std::erase_if(all, [&](const ValidValue& entry) { return unwanted(entry.value); });
-  };
-  for (const auto& step : steps_) {
-    std::visit(
-        Overloaded{
-            [&](const Clear&) { all.clear(); },
-            [&](const AddRows& add) {
-              const RowSet rows = add.statement.database->RunRule(add.statement.sql, add.statement.parameters);
-              for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-                if (rows[0][row].IsNull() || rows[0][row].IsEmptyText()) continue;
-                all.push_back({Joined(rows[0][row]), rows.ColumnCount() > 1 ? Joined(rows[1][row]) : ""});
-              }
-            },
-            [&](const SubtractRows& subtract) {
-              const ListStatement& statement = subtract.statement;
-              const RowSet rows = statement.database->RunRule(statement.sql, statement.parameters);
-              std::unordered_set<std::string> unwanted;
-              for (std::size_t row = 0; row < rows.RowCount(); ++row) unwanted.insert(Joined(rows[0][row]));
-              remove([&](const std::string& value) { return unwanted.contains(value); });
-            },
-            [&](const PushValue& push) {
-              all.push_back({push.value, ""});
-            },
-            [&](const PushNumbers& push) {
-              for (long long number = push.from; number <= push.to; ++number)
-                all.push_back({std::to_string(number), ""});
-            },
-            [&](const RemoveValue& step_) { remove([&](const std::string& value) { return value == step_.value; }); },
-            [&](const RemoveNumbers& step_) {
-              remove([&](const std::string& value) { return Within(value, step_.from, step_.to); });
-            },
-        },
-        step);
+  for (const Step& step : steps_) {
+    if (step.adds) {
+      step.values.offer(wholePage, [&](ValidValue entry) { return all.push_back(std::move(entry)), true; });
+    } else {
+      TakeAway(step.values, all);
+    }
   }
   return all;
-}
-
-bool ValueList::TakesAway(const Step& step, const std::string& value) {
-  return std::visit(Overloaded{
-                        [&](const SubtractRows& subtract) { return Gives(subtract.statement, value); },
-                        [&](const RemoveValue& remove) { return remove.value == value; },
-                        [&](const RemoveNumbers& remove) { return Within(value, remove.from, remove.to); },
-                        [](const Clear&) { return true; },
-                        [](const AddRows&) { return false; },
-                        [](const PushValue&) { return false; },
-                        [](const PushNumbers&) { return false; },
-                    },
-                    step);
 }
 
 std::vector<ValidValue> ValueList::First(std::size_t count, const Accept& accept) const {
   std::vector<ValidValue> first;
   for (auto step = steps_.begin(); step != steps_.end() && first.size() < count; ++step) {
-    // Gives whether more are wanted.
-    const auto offer = [&](ValidValue entry) {
-      const bool gone =
-          std::any_of(step + 1, steps_.end(), [&entry](const Step& later) { return TakesAway(later, entry.value); });
+    if (!step->adds) continue;
+    step->values.offer(std::max(count, smallestPage), [&](ValidValue entry) {
+      const bool gone = std::any_of(step + 1, steps_.end(), [&entry](const Step& later) {
+        return !later.adds && later.values.hold(entry.value);
+      });
       if (!gone && (!accept || accept(entry.value))) first.push_back(std::move(entry));
       return first.size() < count;
-    };
-    if (const auto* rows = std::get_if<AddRows>(&*step)) OfferRows(rows->statement, count, offer);
-    if (const auto* value = std::get_if<PushValue>(&*step)) offer({value->value, ""});
-    if (const auto* numbers = std::get_if<PushNumbers>(&*step)) {
-      for (long long number = numbers->from; number <= numbers->to; ++number) {
-        if (!offer({std::to_string(number), ""})) break;
-      }
-    }
+    });
   }
   return first;
 }
 
+// The last step that speaks of the value decides.
 bool ValueList::Contains(const std::string& value) const {
   if (value.empty()) return false;
-  for (auto step = steps_.rbegin(); step != steps_.rend(); ++step) {
-    // Nothing where this step says nothing about the value.
-    const auto decided = std::visit(
-        Overloaded{
-            [&](const Clear&) { return std::optional(false); },
-            [&](const AddRows& add) { return Gives(add.statement, value) ? std::optional(true) : std::nullopt; },
-            [&](const SubtractRows& sub) { return Gives(sub.statement, value) ? std::optional(false) : std::nullopt; },
-            [&](const PushValue& push) { return push.value == value ? std::optional(true) : std::nullopt; },
-            [&](const PushNumbers& push) {
-              return Within(value, push.from, push.to) ? std::optional(true) : std::nullopt;
-            },
-            [&](const RemoveValue& rem) { return rem.value == value ? std::optional(false) : std::nullopt; },
-            [&](const RemoveNumbers& rem) {
-              return Within(value, rem.from, rem.to) ? std::optional(false) : std::nullopt;
-            },
-        },
-        *step);
-    if (decided) return *decided;
-  }
-  return false;
+  const auto step =
+      std::find_if(steps_.rbegin(), steps_.rend(), [&value](const Step& each) { return each.values.hold(value); });
+  return step != steps_.rend() && step->adds;
 }
 
 }  // namespace cordboard::workbench

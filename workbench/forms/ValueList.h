@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "script/Value.h"
@@ -28,12 +27,12 @@ class ValueList {
   // Replace the list, add to it, and take away from it, with the first column of a statement's rows (and the second as
   // descriptions).
   void Collect(ListStatement statement);
-  void Add(ListStatement statement) { steps_.push_back(AddRows{std::move(statement)}); }
-  void Subtract(ListStatement statement) { steps_.push_back(SubtractRows{std::move(statement)}); }
-  void Push(std::string value) { steps_.push_back(PushValue{std::move(value)}); }
-  void PushRange(long long from, long long to) { steps_.push_back(PushNumbers{from, to}); }
-  void Remove(std::string value) { steps_.push_back(RemoveValue{std::move(value)}); }
-  void RemoveRange(long long from, long long to) { steps_.push_back(RemoveNumbers{from, to}); }
+  void Add(ListStatement statement);
+  void Subtract(ListStatement statement);
+  void Push(const std::string& value);
+  void PushRange(long long from, long long to);
+  void Remove(const std::string& value);
+  void RemoveRange(long long from, long long to);
   // Goes on with the steps of another list, which may replace what is there.
   void Append(const ValueList& changes);
 
@@ -45,33 +44,30 @@ class ValueList {
   bool Contains(const std::string& value) const;
 
  private:
-  struct Clear {};
-  struct AddRows {
-    ListStatement statement;
+  // Takes one value after the other, until it answers false.
+  using Take = std::function<bool(ValidValue)>;
+
+  // Some values, by two functions.
+  struct Values {
+    // Whether a value is one of them, by a look-up.
+    std::function<bool(const std::string& value)> hold;
+    // Offers them in order, read in pages of this size and more. Values that are known without the database need not
+    // offer themselves to be taken away.
+    std::function<void(std::size_t page, const Take& take)> offer;
   };
-  struct SubtractRows {
-    ListStatement statement;
-  };
-  struct PushValue {
-    std::string value;
-  };
-  struct PushNumbers {
-    long long from;
-    long long to;
-  };
-  struct RemoveValue {
-    std::string value;
-  };
-  struct RemoveNumbers {
-    long long from;
-    long long to;
+  // Adds the values to the list or takes them away.
+  struct Step {
+    bool adds;
+    Values values;
   };
 
-  using Step = std::variant<Clear, AddRows, SubtractRows, PushValue, PushNumbers, RemoveValue, RemoveNumbers>;
-
-  static bool TakesAway(const Step& step, const std::string& value);
+  static Values Rows(ListStatement statement);
+  static Values One(const std::string& value);
+  static Values Numbers(long long from, long long to);
+  static void TakeAway(const Values& values, std::vector<ValidValue>& list);
 
   std::vector<Step> steps_;
+  bool replaces_ = false;  // what stands before the steps, in a list that goes on with this one
 };
 
 }  // namespace cordboard::workbench

@@ -33,6 +33,7 @@ std::string Reason(const RunTimeFailure& failure, std::string foundNothing) {
     foundNothing.replace(at, 2, " ");
   return "a row that has to be there was not found by " + foundNothing;
 }
+
 // Shows the library's boxes elsewhere while it lives.
 class BoxesGoTo {
  public:
@@ -79,6 +80,11 @@ RunResult Session::Run(const std::string& function, std::int32_t CmdId, const Li
   while (exchange_.OpenTransactions() > openBefore) exchange_.RollBack();
   host_->Enclose(enclosing);
   return result;
+}
+
+RunResult Session::Check(const std::string& parameter) {
+  host_->Checking(parameter);
+  return Run("StatCheck", 0, {parameter}, parameter);
 }
 
 }  // namespace cordboard::workbench

@@ -32,6 +32,8 @@ class Session {
   // closing, is rolled back.
   RunResult Run(const std::string& function, std::int32_t CmdId, const List& ParamList,
                 const std::string& parameter = "");
+  // Runs the static check of one parameter.
+  RunResult Check(const std::string& parameter);
 
  private:
   Exchange& exchange_;

@@ -1,6 +1,5 @@
 #include "workbench/host/WorkbenchHost.h"
 
-#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -13,20 +12,16 @@
 namespace cordboard::workbench {
 
 Form& WorkbenchHost::OpenForm(const FormDefinition& definition) {
-  lists_.clear();
-  changes_.clear();
-  building_.clear();
-  checking_.clear();
   template_ = false;
   seriesRefusal_.clear();
   messages_.clear();
   debugLines_.clear();
-  return form_.emplace(definition);
+  return open_.emplace(exchange_, definition, buildList_).form;
 }
 
-Form& WorkbenchHost::form() {
-  if (!form_) throw std::logic_error("no form is open");
-  return *form_;
+WorkbenchHost::OpenedForm& WorkbenchHost::open() {
+  if (!open_) throw std::logic_error("no form is open");
+  return *open_;
 }
 
 std::vector<ReportedMessage> WorkbenchHost::TakeMessages() { return std::exchange(messages_, {}); }
@@ -37,21 +32,21 @@ std::vector<std::string> WorkbenchHost::TakeDebugLines() { return std::exchange(
 Value WorkbenchHost::scGetParamValue(const std::string& name) { return form().Get(name); }
 
 bool WorkbenchHost::scSetParamValue(const std::string& name, const Value& value) {
-  if (form().definition().Find(name) == nullptr) return false;
+  if (!Has(name)) return false;
   // The form holds texts, whatever kind of value a check puts back.
   form().Set(name, value.IsNumber() || value.IsTruth() ? Value(Joined(value)) : value);
   return true;
 }
 
 bool WorkbenchHost::scResetParam(const std::string& name) {
-  if (form().definition().Find(name) == nullptr) return false;
+  if (!Has(name)) return false;
   form().Reset(name);
-  changes_.erase(name);
+  lists().ForgetChanges(name);
   return true;
 }
 
 bool WorkbenchHost::scSetParamOptional(const std::string& name, bool optional) {
-  if (form().definition().Find(name) == nullptr) return false;
+  if (!Has(name)) return false;
   form().SetMandatory(name, !optional);
   return true;
 }
@@ -65,7 +60,7 @@ void WorkbenchHost::scSetCanHaveParamMultiple(const std::string& name, bool allo
 }
 
 Value WorkbenchHost::scIsValueEqual(const Value& value) {
-  const Value present = form().Get(checking_);
+  const Value present = form().Get(lists().Checked());
   return present.IsEmpty() ? Value::Null() : Value(Equals(present, value));
 }
 
@@ -89,12 +84,12 @@ bool WorkbenchHost::scGetValueArray(const std::string& name, List& values) {
   }
 }
 
-void WorkbenchHost::scGetPreviousValue(Value& previous) { previous = form().Previous(checking_); }
+void WorkbenchHost::scGetPreviousValue(Value& previous) { previous = form().Previous(lists().Checked()); }
 
 bool WorkbenchHost::scActiveDefinition(const std::string& name, const Value& definition) {
-  if (form().definition().Find(name) == nullptr) return false;
+  if (!Has(name)) return false;
   form().SetActiveDefinition(name, ToInt32(definition));
-  changes_.erase(name);
+  lists().ForgetChanges(name);
   return true;
 }
 
@@ -102,99 +97,54 @@ void WorkbenchHost::SetTemplate(bool on) { template_ = on; }
 
 // --- Lists of valid values.
 
-ValueList& WorkbenchHost::Named(const std::string& parameter) {
-  const bool built = std::ranges::find(building_, parameter) != building_.end();
-  return built ? lists_[parameter] : changes_[parameter];
-}
-
-const ValueList* WorkbenchHost::FreshList(const std::string& parameter) {
-  const ParameterDefinition* definition = form().definition().Find(parameter);
-  if (definition == nullptr || !(definition->list || definition->fixed)) return nullptr;
-  if (std::ranges::find(building_, parameter) != building_.end()) return &lists_[parameter];
-  lists_.erase(parameter);
-  if (definition->list) {
-    struct Building {
-      std::vector<std::string>& stack;
-      Building(std::vector<std::string>& names, const std::string& name) : stack(names) { stack.push_back(name); }
-      ~Building() { stack.pop_back(); }
-    };
-    const Building building(building_, parameter);
-    if (!buildList_ || !buildList_(parameter)) return nullptr;
-  } else {
-    lists_[parameter].Collect(
-        FixedList(exchange_, form().definition().command, parameter, form().ActiveDefinition(parameter)));
-  }
-  lists_[parameter].Append(changes_[parameter]);
-  Narrow(*definition);
-  return &lists_[parameter];
-}
-
-void WorkbenchHost::Narrow(const ParameterDefinition& parameter) {
-  if (!parameter.narrowing) return;
-  const Value by = form().Get(parameter.narrowing->by);
-  if (!by.IsBlank())
-    lists_[parameter.name].Subtract({exchange_.Database("dynamic"), parameter.narrowing->without, {by}});
-}
-
-template <typename Change>
-bool WorkbenchHost::ChangeList(ValueList& list, const std::string& sql, const std::string& selector, Change change) {
-  const auto statement = PrepareList(exchange_, sql, selector, debugLines_);
-  if (!statement) return false;
-  (list.*change)(*statement);
-  return true;
+bool WorkbenchHost::ChangeList(void (ValueList::*change)(ListStatement), const std::string& sql,
+                               const std::string& selector) {
+  auto statement = PrepareList(exchange_, sql, selector, debugLines_);
+  if (statement) (lists().Current().*change)(std::move(*statement));
+  return statement.has_value();
 }
 
 bool WorkbenchHost::scCollectSingleValues(const std::string& sql, const Selector& database) {
-  return ChangeList(Current(), sql, SelectorName(database, "dynamic"), &ValueList::Collect);
+  return ChangeList(&ValueList::Collect, sql, SelectorName(database, "dynamic"));
 }
 
-bool WorkbenchHost::scAddSingleValues(const std::string& sql) {
-  return ChangeList(Current(), sql, "dynamic", &ValueList::Add);
-}
+bool WorkbenchHost::scAddSingleValues(const std::string& sql) { return ChangeList(&ValueList::Add, sql, "dynamic"); }
 
 bool WorkbenchHost::scSubtractSingleValues(const std::string& sql) {
-  return ChangeList(Current(), sql, "dynamic", &ValueList::Subtract);
+  return ChangeList(&ValueList::Subtract, sql, "dynamic");
 }
 
 bool WorkbenchHost::scCollectValuesAndDesc(const std::string& sql, const Selector& database) {
-  return ChangeList(Current(), sql, SelectorName(database, "static"), &ValueList::Collect);
+  return ChangeList(&ValueList::Collect, sql, SelectorName(database, "static"));
 }
 
 bool WorkbenchHost::scSQLSelectValuesAndDesc() {
-  return scSQLSelectValuesAndDescByDefinition(form().ActiveDefinition(CurrentParameter()));
+  return scSQLSelectValuesAndDescByDefinition(form().ActiveDefinition(lists().Meant()));
 }
 
 bool WorkbenchHost::scSQLSelectValuesAndDescByDefinition(const Value& definition) {
-  Current().Collect(FixedList(exchange_, form().definition().command, CurrentParameter(), ToInt32(definition)));
+  lists().CollectFixed(ToInt32(definition));
   return true;
 }
 
 bool WorkbenchHost::scPushValidValues(const std::variant<Value, List>& values, const std::optional<std::string>& name) {
-  ValueList& list = Named(name ? *name : CurrentParameter());
-  // A check may put back the previous value of a parameter that had none: nothing to choose.
-  const auto push = [&list](const Value& value) {
-    if (!value.IsBlank()) list.Push(Joined(value));
-  };
-  if (const auto* one = std::get_if<Value>(&values)) {
-    push(*one);
-  } else {
-    for (const Value& value : std::get<List>(values)) push(value);
-  }
+  const auto* one = std::get_if<Value>(&values);
+  lists().Push(name.value_or(lists().Meant()), one != nullptr ? List{*one} : std::get<List>(values));
   return true;
 }
 
 bool WorkbenchHost::scPushValidRangeValues(const Value& from, const Value& to) {
-  Current().PushRange(ToInt32(from), ToInt32(to));
+  lists().Current().PushRange(ToInt32(from), ToInt32(to));
   return true;
 }
 
 bool WorkbenchHost::scRemoveFromValidValues(const std::string& name, const Value& value) {
-  Named(name).Remove(Joined(value));
+  lists().Named(name).Remove(Joined(value));
   return true;
 }
 
 bool WorkbenchHost::scRemoveFromValidRangeValues(const std::string& name, const Value& from, const Value& to) {
-  Named(name).RemoveRange(ToInt32(from), ToInt32(to));
+  lists().Named(name).RemoveRange(ToInt32(from), ToInt32(to));
   return true;
 }
 
@@ -276,14 +226,12 @@ bool WorkbenchHost::scRollBackTransaction() {
 // --- Operations of the exchange.
 
 bool WorkbenchHost::scNANSIinitiate(const Value& numse, const Value& numtyp, Value& code) {
-  SeriesRefusal refusal;
-  if (!Succeeds([&] { refusal = InitiateSeries(exchange_, Joined(numse), Joined(numtyp)); })) {
-    code = 62000;
-    return false;
-  }
-  seriesRefusal_ = refusal.reason;
-  if (refusal.code != 0) code = refusal.code;
-  return refusal.code == 0;
+  std::optional<SeriesRefusal> refusal;
+  if (!Succeeds([&] { refusal = InitiateSeries(exchange_, Joined(numse), Joined(numtyp)); }))
+    refusal = {Message::StatementFailed, ""};
+  if (refusal) code = static_cast<int>(refusal->message);
+  seriesRefusal_ = refusal ? refusal->reason : "";
+  return !refusal;
 }
 
 bool WorkbenchHost::scNANSIremoveFromBlockedRange(const Value& numse, const Value& numtyp) {

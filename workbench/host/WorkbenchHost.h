@@ -1,8 +1,6 @@
-// The workbench as the library's host: an exchange's databases, the form that is open, its lists and the messages.
+// The workbench as the library's host: an exchange's databases, the form that is open and the messages.
 #pragma once
 
-#include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -11,7 +9,7 @@
 #include "script/Host.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/forms/Form.h"
-#include "workbench/forms/ValueList.h"
+#include "workbench/host/FormLists.h"
 #include "workbench/host/Messages.h"
 
 namespace cordboard::workbench {
@@ -21,18 +19,17 @@ class WorkbenchHost : public Host {
   explicit WorkbenchHost(Exchange& exchange) : exchange_(exchange) {}
 
   // How the host has the library build the list of a parameter: a nested Run. Set by the session.
-  using BuildList = std::function<bool(const std::string& parameter)>;
-  void SetBuildList(BuildList build) { buildList_ = std::move(build); }
+  void SetBuildList(FormLists::Build build) { buildList_ = std::move(build); }
 
   // Opens an empty form of the command; its messages and lists are gone with it.
   Form& OpenForm(const FormDefinition& definition);
-  Form& form();
+  Form& form() { return open().form; }
 
   // The list of a parameter as it is built anew for the form as it now is. Nothing where the library builds none or
   // fails to.
-  const ValueList* FreshList(const std::string& parameter);
-  // The parameter that a static check runs for; checks nest inside list building.
-  void Checking(const std::string& parameter) { checking_ = parameter; }
+  const ValueList* FreshList(const std::string& parameter) { return lists().Fresh(parameter); }
+  // The parameter that a static check runs for.
+  void Checking(const std::string& parameter) { lists().Checking(parameter); }
 
   // The statement of the query that was the last to run, where it found nothing.
   const std::string& FoundNothing() const { return foundNothing_; }
@@ -89,28 +86,27 @@ class WorkbenchHost : public Host {
   void scPrintToDebugWindow(const std::string& line) override;
 
  private:
-  const std::string& CurrentParameter() const { return building_.empty() ? checking_ : building_.back(); }
-  ValueList& Current() { return Named(CurrentParameter()); }
-  // The list of the parameter while it is being built, and the changes that are made to it at any other time.
+  struct OpenedForm {
+    OpenedForm(Exchange& exchange, const FormDefinition& definition, const FormLists::Build& build)
+        : form(definition), lists(exchange, form, build) {}
+    Form form;
+    FormLists lists;
+  };
+
+  OpenedForm& open();
+  FormLists& lists() { return open().lists; }
+  bool Has(const std::string& parameter) { return form().definition().Find(parameter) != nullptr; }
+  bool ChangeList(void (ValueList::*change)(ListStatement), const std::string& sql, const std::string& selector);
   // Rows that are written by names go to the templates where a template command is at work.
   const char* RowDatabase() const { return template_ ? "site" : "dynamic"; }
-  ValueList& Named(const std::string& parameter);
-  void Narrow(const ParameterDefinition& parameter);
-  template <typename Change>
-  bool ChangeList(ValueList& list, const std::string& sql, const std::string& selector, Change change);
   template <typename Step>
   bool Succeeds(Step step);
   template <typename Step>
   bool Closes(Step step);
 
   Exchange& exchange_;
-  BuildList buildList_;
-  std::optional<Form> form_;
-  std::map<std::string, ValueList> lists_;
-  // What checks have changed in lists that stood: built anew, a list keeps these changes until its parameter is reset.
-  std::map<std::string, ValueList> changes_;
-  std::vector<std::string> building_;
-  std::string checking_;
+  FormLists::Build buildList_;
+  std::optional<OpenedForm> open_;
   bool template_ = false;
   int enclosing_ = 0;
   std::string seriesRefusal_;

@@ -38,7 +38,7 @@ std::optional<LineReport> ApplyLine(Session& session, const std::string& line) {
     if (outcome.done) transaction.Commit();
   } catch (const PlanLineError& error) {
     report.refused = true;
-    report.problems.push_back({"", "", error.what(), ""});
+    report.problems.push_back({.message = error.what()});
   }
   return report;
 }

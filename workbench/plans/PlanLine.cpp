@@ -39,7 +39,7 @@ class Reader {
     if (rest_.starts_with('"')) return Quoted();
     const std::size_t end = std::min(rest_.find_first_of(ends), rest_.size());
     const std::string_view content = rest_.substr(0, end);
-    const std::string value(content.substr(0, content.find_last_not_of(blanks) + 1));
+    std::string value(content.substr(0, content.find_last_not_of(blanks) + 1));
     rest_.remove_prefix(end);
     return value;
   }
@@ -77,7 +77,7 @@ std::vector<Assignment> Assignments(Reader& reader, std::string_view ends) {
   do {
     const std::string name = reader.Name();
     if (name.empty()) throw PlanLineError("a parameter name is missing");
-    if (!reader.Take('=')) throw PlanLineError("behind " + name + " an equals sign is missing");
+    if (!reader.Take('=')) throw PlanLineError("after " + name + " an equals sign is missing");
     assignments.push_back({name, reader.Content(std::string(ends) + ",")});
   } while (reader.Take(','));
   return assignments;
@@ -90,7 +90,7 @@ void End(Reader& reader) {
                             : "a comma or the semicolon is missing before '" + Left(reader.rest(), 20) + "'");
   }
   if (!reader.AtEnd() && !reader.AtComment())
-    throw PlanLineError("behind the semicolon stands more than a comment; give one action a line");
+    throw PlanLineError("after the semicolon stands more than a comment; give one action a line");
 }
 
 }  // namespace
@@ -108,12 +108,12 @@ std::optional<UserAction> ParsePlanLine(std::string_view line) {
   if (action.command == "edit" || action.command == "delete") {
     action.kind = action.command == "edit" ? UserAction::Kind::Edit : UserAction::Kind::Delete;
     action.command = reader.Name();
-    if (action.command.empty()) throw PlanLineError("behind edit or delete a command is missing");
+    if (action.command.empty()) throw PlanLineError("after edit or delete a command is missing");
     action.selection = Assignments(reader, ":;");
   }
   if (action.command.empty()) throw PlanLineError("a command is missing at the beginning");
   if (action.kind != UserAction::Kind::Delete) {
-    if (!reader.Take(':')) throw PlanLineError("behind " + action.command + " a colon is missing");
+    if (!reader.Take(':')) throw PlanLineError("after " + action.command + " a colon is missing");
     action.values = Assignments(reader, ";");
   }
   End(reader);

@@ -4,7 +4,7 @@
 //   edit KSEXI DIR=100:CUST=3;           changes the record that the parameters before the colon select
 //   delete KSEXI DIR=100;                removes it
 //
-// A value ends at a comma or the semicolon; in double quotes it may hold both ("" stands for one double quote). Behind
+// A value ends at a comma or the semicolon; in double quotes it may hold both ("" stands for one double quote). After
 // the semicolon only a comment (#) may follow.
 #pragma once
 

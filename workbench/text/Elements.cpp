@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 
 namespace cordboard::workbench {
 
@@ -25,7 +26,7 @@ std::vector<std::string> Parts(const std::string& typed) {
   return parts;
 }
 
-void Expand(const std::string& from, const std::string& to, std::vector<std::string>& elements) {
+std::vector<std::string> Expanded(const std::string& from, const std::string& to) {
   const std::string range = "the range " + from + "&&" + to;
   if (from.size() != to.size()) throw ElementsError(range + " has ends of different length");
   std::size_t digits = from.size();
@@ -39,32 +40,38 @@ void Expand(const std::string& from, const std::string& to, std::vector<std::str
   if (first > last) throw ElementsError(range + " ends before it begins");
   if (static_cast<unsigned long long>(last - first) >= mostElements)
     throw ElementsError(range + " holds more than " + std::to_string(mostElements) + " values");
+  std::vector<std::string> elements;
   for (long long number = first; number <= last; ++number) {
     std::string text = std::to_string(number);
     text.insert(0, from.size() - digits - text.size(), '0');
     elements.push_back(from.substr(0, digits) + text);
   }
+  return elements;
 }
 
 }  // namespace
 
-std::vector<std::string> Elements(const std::string& typed) {
-  std::vector<std::string> elements;
+std::vector<std::vector<std::string>> ElementsByPart(const std::string& typed) {
+  std::vector<std::vector<std::string>> elements;
+  std::size_t count = 0;
   for (const std::string& part : Parts(typed)) {
     const std::size_t range = part.find("&&");
     const std::string from = part.substr(0, range);
     const std::string to = range == part.npos ? from : part.substr(range + 2);
     if (from.empty() || to.empty()) throw ElementsError("a value is missing beside an &");
     if (to.find("&&") != to.npos) throw ElementsError("the range " + part + " has more than two ends");
-    if (range == part.npos) {
-      elements.push_back(part);
-    } else {
-      Expand(from, to, elements);
-    }
-    if (elements.size() > mostElements)
-      throw ElementsError("these are more than " + std::to_string(mostElements) + " values");
+    elements.push_back(range == part.npos ? std::vector{part} : Expanded(from, to));
+    count += elements.back().size();
+    if (count > mostElements) throw ElementsError("these are more than " + std::to_string(mostElements) + " values");
   }
   return elements;
+}
+
+std::vector<std::string> Elements(const std::string& typed) {
+  std::vector<std::string> all;
+  for (std::vector<std::string>& part : ElementsByPart(typed))
+    all.insert(all.end(), std::make_move_iterator(part.begin()), std::make_move_iterator(part.end()));
+  return all;
 }
 
 bool HoldsRange(const std::string& typed) { return typed.find("&&") != typed.npos; }

@@ -19,6 +19,8 @@ inline constexpr std::size_t mostElements = 100000;
 // The single values, in the order typed. The ends of a range have the same length, the same beginning and end in digits
 // that rise: "098&&101", "001-0-10-00&&001-0-10-07".
 std::vector<std::string> Elements(const std::string& typed);
+// The same, with the values of each part between single "&" by themselves: the numbers of a range stay together.
+std::vector<std::vector<std::string>> ElementsByPart(const std::string& typed);
 
 // Whether the text holds a range, and whether it holds several values side by side.
 bool HoldsRange(const std::string& typed);

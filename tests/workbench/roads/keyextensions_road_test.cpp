@@ -12,7 +12,7 @@
 
 #include "script/Conversions.h"
 #include "support/SourceFolder.h"
-#include "workbench/actions/FormFilling.h"
+#include "workbench/actions/Filling.h"
 #include "workbench/actions/Generation.h"
 #include "workbench/data/Resources.h"
 #include "workbench/exchange/Plant.h"
@@ -79,8 +79,7 @@ class KeyExtensions : public testing::Test {
   // The values of a parameter that are valid while the form holds `given`.
   std::vector<std::string> Valid(const std::string& command, const std::string& parameter,
                                  const std::vector<Assignment>& given = {}) {
-    std::vector<Problem> warnings;
-    EXPECT_THAT(FillForm(*session_, *FindForm(command), given, warnings), IsEmpty());
+    EXPECT_THAT(FillForm(*session_, *FindForm(command), given).problems(), IsEmpty());
     const ValueList* list = session_->host().FreshList(parameter);
     std::vector<std::string> values;
     if (list == nullptr) return {"no list"};
@@ -283,10 +282,8 @@ TEST_F(KeyExtensions, TheLocationNarrowsTheChoiceOfPositions) {
 }
 
 TEST_F(KeyExtensions, AnotherInstrumentClearsAPositionThatDoesNotSuitIt) {
-  std::vector<Problem> problems;
-  std::vector<Problem> warnings;
-  session().host().OpenForm(*FindForm("KSEXI"));
-  const auto set = [&](const char* name, const char* value) { SetValue(session(), {name, value}, problems, warnings); };
+  Filling filling(session(), *FindForm("KSEXI"));
+  const auto set = [&](const char* name, const char* value) { filling.Set({name, value}); };
   set("ITYPE", "12");
   set("EQU", "001-0-11-00");
   set("ITYPE", "15");
@@ -297,8 +294,8 @@ TEST_F(KeyExtensions, AnotherInstrumentClearsAPositionThatDoesNotSuitIt) {
   set("EQU", "001-0-11-00");
   set("ITYPE", "0");
   EXPECT_TRUE(session().form().Get("EQU").IsBlank());
-  EXPECT_THAT(problems, IsEmpty());
-  EXPECT_THAT(warnings, IsEmpty());
+  EXPECT_THAT(filling.problems(), IsEmpty());
+  EXPECT_THAT(filling.warnings(), IsEmpty());
 
   Prepare({"KSEXI:DIR=100,ITYPE=12,EQU=001-0-11-00,CAT=1;", "edit KSEXI DIR=100:ITYPE=15;"});
   EXPECT_FALSE(Do("edit KSEXI DIR=100:ITYPE=3;"));

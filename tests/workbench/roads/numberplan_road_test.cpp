@@ -238,14 +238,13 @@ TEST(NAPTSRoad, APlaceThatIsTakenLeavesTheListsOfTheOthers) {
 
 TEST(NAPTSRoad, AnotherChoiceOrNonePutsThePlaceBack) {
   Road road;
-  std::vector<Problem> problems;
-  std::vector<Problem> warnings;
+  Filling filling(road.session(), *FindForm("NAPTS"));
   const auto choose = [&](const char* value) {
-    SetValue(road.session(), {"POS1_D1D2", value}, problems, warnings);
-    EXPECT_TRUE(problems.empty() && warnings.empty()) << value;
+    filling.Set({"POS1_D1D2", value});
+    EXPECT_TRUE(filling.problems().empty() && filling.warnings().empty()) << value;
     return road.Offered("POS2_D1D2");
   };
-  ASSERT_THAT(road.Values("NAPTS", "POS2_D1D2"), HasSubstr("12"));
+  ASSERT_THAT(road.Offered("POS2_D1D2"), HasSubstr("12"));
   EXPECT_THAT(choose("12"), Not(HasSubstr("12")));
   const std::string after = choose("13");
   EXPECT_THAT(after, HasSubstr("12"));

@@ -9,7 +9,7 @@
 
 #include "script/Conversions.h"
 #include "support/SourceFolder.h"
-#include "workbench/actions/FormFilling.h"
+#include "workbench/actions/Filling.h"
 #include "workbench/actions/Generation.h"
 #include "workbench/data/Resources.h"
 #include "workbench/exchange/Plant.h"
@@ -66,8 +66,7 @@ class Routes : public testing::Test {
   // The values of a parameter that are valid while the form holds `given`.
   std::vector<std::string> Valid(const std::string& command, const std::string& parameter,
                                  const std::vector<Assignment>& given = {}) {
-    std::vector<Problem> warnings;
-    EXPECT_THAT(FillForm(*session_, *FindForm(command), given, warnings), IsEmpty());
+    EXPECT_THAT(FillForm(*session_, *FindForm(command), given).problems(), IsEmpty());
     const ValueList* list = session_->host().FreshList(parameter);
     std::vector<std::string> values;
     for (const ValidValue& entry : list->All()) values.push_back(entry.value);
@@ -266,7 +265,7 @@ TEST_F(Destinations, OneThatTheRouteHasTakesTheCustomers) {
 TEST_F(Destinations, CustomerAndChoiceComeBehindRouteAndDestination) {
   Prepare({"RODDI:ROU=1,DEST=80;"});
   EXPECT_FALSE(Do("RODDI:CHO=1,ROU=1,DEST=80;"));
-  EXPECT_THAT(texts(), ElementsAre(HasSubstr("CHO: a check of the values behind it has cleared this value")));
+  EXPECT_THAT(texts(), ElementsAre(HasSubstr("CHO: a check of the values after it has cleared this value")));
 }
 
 // The mark outlives the form on which a check set it, but opening a record checks its own pair.
@@ -376,14 +375,12 @@ TEST_F(Routes, TheDigitsOfAnImportFollowTheKindOfLine) {
 }
 
 TEST_F(Routes, AChangedKindOfLineKeepsTheDigitsThatFitAndDropsTheOthers) {
-  std::vector<Problem> problems;
-  std::vector<Problem> warnings;
-  session().host().OpenForm(*FindForm("ROCAI_IMPORT"));
+  Filling filling(session(), *FindForm("ROCAI_IMPORT"));
   const std::vector<Assignment> typed = {{"SIG_D11", "8"}, {"SIG_D12", "0"}, {"SEL_D3", "4"}, {"SEL_D10", "1"}};
-  for (const Assignment& assignment : typed) SetValue(session(), assignment, problems, warnings);
-  SetValue(session(), {"SIG_D11", "3"}, problems, warnings);
-  EXPECT_THAT(problems, IsEmpty());
-  EXPECT_THAT(warnings, IsEmpty());
+  for (const Assignment& assignment : typed) filling.Set(assignment);
+  filling.Set({"SIG_D11", "3"});
+  EXPECT_THAT(filling.problems(), IsEmpty());
+  EXPECT_THAT(filling.warnings(), IsEmpty());
   EXPECT_EQ(session().form().Get("SIG_D12"), Value("0"));
   EXPECT_TRUE(session().form().Get("SEL_D3").IsEmpty());
   EXPECT_EQ(session().form().Get("SEL_D10"), Value("1"));

@@ -275,7 +275,7 @@ TEST(TCMASRoad, AValueIsAddedChangedAndDeleted) {
   EXPECT_EQ(road.Do("TCMAS:CON=2;"), "done");
   EXPECT_EQ(road.Do("edit TCMAS:CON=3;"), "done");
   EXPECT_EQ(road.Rows("SELECT CON FROM TCMAS"), "3");
-  EXPECT_EQ(road.Do("edit TCMAS:;"), "nothing is changed: give the new values behind the colon");
+  EXPECT_EQ(road.Do("edit TCMAS:;"), "nothing is changed: give the new values after the colon");
   EXPECT_EQ(road.Do("delete TCMAS CON=3;"), "done");
   EXPECT_EQ(road.Rows("SELECT CON FROM TCMAS"), "");
 }

@@ -160,7 +160,7 @@ TEST_F(PlanTest, ProgressIsToldLineByLine) {
   EXPECT_THAT(lines, ElementsAre(1, 2, 3, 4));
 }
 
-// A stream that breaks off behind its first line.
+// A stream that breaks off after its first line.
 class BrokenOff : public std::streambuf {
  public:
   explicit BrokenOff(std::string text) : text_(std::move(text)) { setg(text_.data(), text_.data(), &*text_.end()); }

@@ -279,7 +279,7 @@ TEST_F(ConnectionTest, WithoutATransactionThereIsNothingToClose) {
   EXPECT_EQ(database_.OpenTransactions(), 0);
 }
 
-// A full disk may end a transaction behind the back of the program; what comes then must not be kept line by line.
+// A full disk may end a transaction without a word to the program; what comes then must not be kept line by line.
 TEST_F(ConnectionTest, WhatFollowsALostTransactionFailsUntilAllAreRolledBack) {
   database_.Execute("CREATE TABLE [u] ([a] TEXT UNIQUE ON CONFLICT ROLLBACK)");
   database_.Start();
@@ -288,12 +288,12 @@ TEST_F(ConnectionTest, WhatFollowsALostTransactionFailsUntilAllAreRolledBack) {
   database_.Run("INSERT INTO [u] VALUES ('1')");
   EXPECT_THROW(database_.Run("INSERT INTO [u] VALUES ('1')"), DatabaseError);
   const std::string lost = "the database has given up the transaction: UNIQUE constraint failed: u.a";
-  EXPECT_EQ(Refusal<DatabaseError>([&] { Insert("behind"); }), lost);
+  EXPECT_EQ(Refusal<DatabaseError>([&] { Insert("after"); }), lost);
   EXPECT_EQ(Refusal<DatabaseError>([&] { database_.Start(); }), lost);
   EXPECT_EQ(Refusal<DatabaseError>([&] { database_.Commit(); }), lost);
   EXPECT_EQ(database_.OpenTransactions(), 2);
   database_.RollBack();
-  EXPECT_EQ(Refusal<DatabaseError>([&] { Insert("behind"); }), lost);
+  EXPECT_EQ(Refusal<DatabaseError>([&] { Insert("after"); }), lost);
   database_.RollBack();
   EXPECT_EQ(database_.OpenTransactions(), 0);
   EXPECT_EQ(Texts(), "Empty");

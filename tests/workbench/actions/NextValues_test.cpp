@@ -106,7 +106,7 @@ TEST_F(NextValues, AreRefusedWhereThereAreNotAsMany) {
 TEST_F(NextValues, AreRefusedWithoutANumberBehindTheColon) {
   for (const char* count : {"", "0", "-1", "two", "2x", "100001", "99999999999999999999"}) {
     EXPECT_THAT(Refusals({std::string("KSEXI:DIR=next:") + count + ",ITYPE=3,EQU=next,CAT=1;"}),
-                Contains("DIR: behind next: the number of values is missing, such as next:20"))
+                Contains("DIR: after next: the number of values is missing, such as next:20"))
         << count;
   }
 }

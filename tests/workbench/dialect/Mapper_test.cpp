@@ -208,7 +208,7 @@ TEST(Mapper, RefusesEveryOtherJoin) {
     EXPECT_EQ(Why("SELECT x FROM a " + string(join)), "expected the end of the statement") << join;
   }
   EXPECT_EQ(Why("SELECT x FROM (SELECT y FROM t)"), "expected the name of a table");
-  EXPECT_EQ(Why("SELECT x FROM a INNER b"), "expected JOIN behind INNER");
+  EXPECT_EQ(Why("SELECT x FROM a INNER b"), "expected JOIN after INNER");
 }
 
 // --- Writing.
@@ -296,12 +296,12 @@ TEST(Mapper, RefusesMalformedExpressions) {
       {"a = 'x' 'y'", "expected an operator or the end before this"},
       {"a = 5 -3", "expected an operator or the end before this"},
       {"a (b)", "the only functions are COUNT, MIN, MAX, SUM, AVG and VAL"},
-      {"a NOT NULL", "expected IN, LIKE or BETWEEN behind NOT"},
+      {"a NOT NULL", "expected IN, LIKE or BETWEEN after NOT"},
       {"a EXISTS (SELECT b FROM u)", "expected an operator or the end before this"},
       {"a = * b", "expected a value"},
       {"a * 2 = 4", "expected the end of the statement"},
-      {"t. = 1", "expected a column behind its table"},
-      {"t.* = 1", "expected a column behind its table"},
+      {"t. = 1", "expected a column after its table"},
+      {"t.* = 1", "expected a column after its table"},
       {"a = 1)", "expected the end of the statement"},
       {"(a = 1", "expected )"},
       {"a = 1e999", "this number is out of range"},
@@ -328,13 +328,13 @@ TEST(Mapper, RefusesMalformedStatements) {
       {"SELECT a FROM d.t", "expected the end of the statement"},
       {"SELECT a FROM t AS", "expected another name for the table"},
       {"SELECT a AS 'b' FROM t", "expected a name for the column"},
-      {"SELECT a FROM t ORDER a", "expected BY behind ORDER"},
+      {"SELECT a FROM t ORDER a", "expected BY after ORDER"},
       {"SELECT a FROM t ORDER BY", "expected a column"},
       {"SELECT a FROM t ORDER BY 1", "expected a column"},
       {"SELECT a FROM t GROUP BY 'a'", "expected a column"},
-      {"SELECT a FROM t GROUP a", "expected BY behind GROUP"},
+      {"SELECT a FROM t GROUP a", "expected BY after GROUP"},
       {"SELECT a FROM t ORDER BY a WHERE b = 1", "expected the end of the statement"},
-      {"INSERT t VALUES (1)", "expected INTO behind INSERT"},
+      {"INSERT t VALUES (1)", "expected INTO after INSERT"},
       {"INSERT INTO t", "expected VALUES"},
       {"INSERT INTO t () VALUES ()", "expected a column"},
       {"INSERT INTO t (t.a) VALUES (1)", "expected )"},
@@ -365,8 +365,8 @@ TEST(Mapper, RefusesWhatIsNestedTooDeeply) {
   const auto nested = [](int depth) {
     return "DELETE * FROM t WHERE " + string(depth, '(') + "a = 1" + string(depth, ')');
   };
-  EXPECT_EQ(Why(nested(kDeepestNesting)).substr(0, 5), "taken");
-  EXPECT_EQ(Why(nested(kDeepestNesting + 1)), "brackets are nested too deeply");
+  EXPECT_EQ(Why(nested(deepestNesting)).substr(0, 5), "taken");
+  EXPECT_EQ(Why(nested(deepestNesting + 1)), "brackets are nested too deeply");
   EXPECT_EQ(Why(nested(300000)), "brackets are nested too deeply");
   string subselects;
   string joins;
@@ -383,8 +383,8 @@ TEST(Mapper, RefusesWhatIsNestedTooDeeply) {
 
 TEST(Mapper, RefusesWhatIsTooLong) {
   const string begin = "UPDATE t SET a = '";
-  EXPECT_EQ(Parameters(begin + string(kLongestStatement - begin.size() - 1, 'x') + "'").size(), 1u);
-  EXPECT_EQ(Why(begin + string(kLongestStatement - begin.size(), 'x') + "'"), "the statement is too long");
+  EXPECT_EQ(Parameters(begin + string(longestStatement - begin.size() - 1, 'x') + "'").size(), 1u);
+  EXPECT_EQ(Why(begin + string(longestStatement - begin.size(), 'x') + "'"), "the statement is too long");
 }
 
 }  // namespace

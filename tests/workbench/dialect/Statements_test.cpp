@@ -31,7 +31,7 @@ using Strings = std::vector<string>;
 const std::vector<json>& Bench() {
   static const std::vector<json> rows = [] {
     std::vector<json> all;
-    std::istringstream lines(FileText("tests/workbench/statements.jsonl"));
+    std::istringstream lines(FileText("tests/workbench/dialect/statements.jsonl"));
     for (string line; std::getline(lines, line);) all.push_back(json::parse(line));
     return all;
   }();

@@ -49,7 +49,7 @@ class UserActionTest : public testing::Test {
                       {WithCheck(Parameter("ROU")), WithCheck(Parameter("DEST")), Parameter("CUST")});
   }
 
-  // "done", or why not, a line each; warnings stand behind.
+  // "done", or why not, a line each; warnings stand after that.
   std::string Told(const Outcome& outcome) {
     std::string text = outcome.done ? "done" : "";
     for (const auto* problems : {&outcome.problems, &outcome.warnings}) {
@@ -225,7 +225,7 @@ TEST_F(UserActionTest, ACheckThatFailsRefusesTheValue) {
 
 TEST_F(UserActionTest, AStoredValueIsNotClearedInSilence) {
   EXPECT_EQ(Add(roddi_, {{"CUST", "1"}, {"ROU", "1"}, {"DEST", "80"}}),
-            "CUST=1: a check of the values behind it has cleared this value, since the two do not go together");
+            "CUST=1: a check of the values after it has cleared this value, since the two do not go together");
   EXPECT_EQ(Add(roddi_, {{"ROU", "1"}, {"DEST", "80"}, {"CUST", "1"}}), "done");
 }
 
@@ -331,7 +331,7 @@ TEST_F(UserActionTest, ARecordIsSelectedByColumnsAndHasToBeOneAlone) {
 
 TEST_F(UserActionTest, AnEditChangesSomething) {
   Add(gespi_, {{"CSP", "1"}});
-  EXPECT_EQ(Edit(gespi_, {{"CSP", "1"}}, {}), "nothing is changed: give the new values behind the colon");
+  EXPECT_EQ(Edit(gespi_, {{"CSP", "1"}}, {}), "nothing is changed: give the new values after the colon");
 }
 
 TEST_F(UserActionTest, AnEditIsCheckedAsAnAddIs) {
@@ -384,17 +384,6 @@ TEST_F(UserActionTest, ARowThatTheRulesLeaveToTheHostIsRemovedAfterADelete) {
   host_->meddle = [](const std::string& sql) { return sql.starts_with("DELETE") ? std::optional(true) : std::nullopt; };
   EXPECT_EQ(Delete(gespi_, {{"CSP", "1"}}), "done");
   EXPECT_EQ(Count(*exchange_, "GESPI"), 0);
-}
-
-// --- Filling a form without acting.
-
-TEST_F(UserActionTest, AFormCanBeFilledWithoutActing) {
-  std::vector<Problem> warnings;
-  EXPECT_THAT(FillForm(session_, sytds_, {{"CDNAL", "5"}}, warnings), IsEmpty());
-  EXPECT_EQ(TraceText(session_.form().Get("CDNAL")), "\"5\"");
-  EXPECT_EQ(session_.host().FreshList("CDNAS")->All().size(), 4u);
-  EXPECT_EQ(FillForm(session_, sytds_, {{"CDNAL", "99"}}, warnings).size(), 1u);
-  EXPECT_EQ(Count(*exchange_, "SYTDS"), 0);
 }
 
 }  // namespace

@@ -111,18 +111,18 @@ TEST(PlanLine, EveryLineEndsWithASemicolon) {
 }
 
 TEST(PlanLine, AColonStandsBehindTheCommandOfAnAddAndTheSelectionOfAnEdit) {
-  EXPECT_EQ(Refused("A;"), "behind A a colon is missing");
-  EXPECT_EQ(Refused("A B=1;"), "behind A a colon is missing");
-  EXPECT_EQ(Refused("edit A B=1;"), "behind A a colon is missing");
+  EXPECT_EQ(Refused("A;"), "after A a colon is missing");
+  EXPECT_EQ(Refused("A B=1;"), "after A a colon is missing");
+  EXPECT_EQ(Refused("edit A B=1;"), "after A a colon is missing");
 }
 
 TEST(PlanLine, ACommandIsNamed) {
   EXPECT_EQ(Refused(":B=1;"), "a command is missing at the beginning");
   EXPECT_EQ(Refused(";"), "a command is missing at the beginning");
   EXPECT_EQ(Refused("=1;"), "a command is missing at the beginning");
-  EXPECT_EQ(Refused("edit"), "behind edit or delete a command is missing");
-  EXPECT_EQ(Refused("edit ;"), "behind edit or delete a command is missing");
-  EXPECT_EQ(Refused("delete :B=1;"), "behind edit or delete a command is missing");
+  EXPECT_EQ(Refused("edit"), "after edit or delete a command is missing");
+  EXPECT_EQ(Refused("edit ;"), "after edit or delete a command is missing");
+  EXPECT_EQ(Refused("delete :B=1;"), "after edit or delete a command is missing");
 }
 
 TEST(PlanLine, AParameterIsNamed) {
@@ -132,10 +132,10 @@ TEST(PlanLine, AParameterIsNamed) {
 }
 
 TEST(PlanLine, AnEqualsSignStandsBehindAName) {
-  EXPECT_EQ(Refused("A:B;"), "behind B an equals sign is missing");
-  EXPECT_EQ(Refused("A:B 1;"), "behind B an equals sign is missing");
-  EXPECT_EQ(Refused("A:B=1,C;"), "behind C an equals sign is missing");
-  EXPECT_EQ(Refused("delete A B;"), "behind B an equals sign is missing");
+  EXPECT_EQ(Refused("A:B;"), "after B an equals sign is missing");
+  EXPECT_EQ(Refused("A:B 1;"), "after B an equals sign is missing");
+  EXPECT_EQ(Refused("A:B=1,C;"), "after C an equals sign is missing");
+  EXPECT_EQ(Refused("delete A B;"), "after B an equals sign is missing");
 }
 
 TEST(PlanLine, BetweenValuesStandsAComma) {
@@ -155,7 +155,7 @@ TEST(PlanLine, AnOpenDoubleQuoteIsClosed) {
 }
 
 TEST(PlanLine, OneActionALine) {
-  const std::string refusal = "behind the semicolon stands more than a comment; give one action a line";
+  const std::string refusal = "after the semicolon stands more than a comment; give one action a line";
   EXPECT_EQ(Refused("A:B=1; C:D=2;"), refusal);
   EXPECT_EQ(Refused("A:B=1;;"), refusal);
 }

@@ -45,7 +45,7 @@ class SessionTest : public testing::Test {
         TestForm("SYTDS", {"CMDID", "CDNAL", "CDNAS"}, {WithList(Parameter("CDNAL")), WithList(Parameter("CDNAS"))});
   }
 
-  // The answer of an action, or why the call failed, and the messages behind it.
+  // The answer of an action, or why the call failed, and the messages after it.
   std::string Run(const FormDefinition& form, const std::string& function, std::int32_t CmdId = 0) {
     session_.host().OpenForm(form);
     return RunOpen(function, CmdId, List(std::vector<Value>(form.columns.begin(), form.columns.end())));

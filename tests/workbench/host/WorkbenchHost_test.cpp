@@ -40,7 +40,7 @@ class WorkbenchHostTest : public testing::Test {
 
   std::string Get(const std::string& name) { return TraceText(host_.scGetParamValue(name)); }
 
-  // The list of a parameter as a rule sees it; "False" where it cannot be had.
+  // The list of a parameter as a rule sees it; "False" where it cannot be read.
   std::string ListOf(const std::string& name) {
     List values;
     return host_.scGetValidValues(name, values) ? TraceText(values) : "False";

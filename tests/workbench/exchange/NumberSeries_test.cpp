@@ -16,8 +16,8 @@ class NumberSeriesTest : public testing::Test {
  protected:
   // "done", or the code and the reason of the refusal.
   std::string Initiate(const std::string& numse, const std::string& numtyp = "EX") {
-    const SeriesRefusal refusal = InitiateSeries(*exchange_, numse, numtyp);
-    return refusal.code == 0 ? "done" : std::to_string(refusal.code) + ": " + refusal.reason;
+    const auto refusal = InitiateSeries(*exchange_, numse, numtyp);
+    return refusal ? std::to_string(static_cast<int>(refusal->message)) + ": " + refusal->reason : "done";
   }
 
   void Block(const std::string& constant) {

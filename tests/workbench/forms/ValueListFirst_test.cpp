@@ -71,6 +71,13 @@ TEST_F(ValueListFirst, GoesOnThroughAllStepsThatAdd) {
   EXPECT_THAT(First(list, 0), IsEmpty());
 }
 
+TEST_F(ValueListFirst, LeavesOutRowsWithoutAValue) {
+  database().Run("INSERT INTO Numbers VALUES (NULL, 'blank', ''), ('', 'blank', ''), ('5', 'blank', '')");
+  ValueList list;
+  list.Collect(Rows("blank", ""));
+  EXPECT_THAT(First(list, 2), ElementsAre("5"));
+}
+
 TEST_F(ValueListFirst, CountsTheAcceptedOnes) {
   ValueList list;
   list.Collect(Rows("even", ""));

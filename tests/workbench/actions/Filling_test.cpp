@@ -1,0 +1,94 @@
+#include "workbench/actions/Filling.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "workbench/support/TestExchange.h"
+#include "workbench/support/TestForms.h"
+
+namespace cordboard::workbench {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class FillingTest : public testing::Test {
+ protected:
+  FillingTest() {
+    sytds_ = TestForm("SYTDS", {"CMDID", "CDNAL", "CDNAS"},
+                      {WithList(Parameter("CDNAL")), WithCheck(WithList(Parameter("CDNAS"))), Parameter("NOTE")});
+  }
+
+  // "CDNAL=99: this value ...", one for each.
+  static std::vector<std::string> Told(const std::vector<Problem>& problems) {
+    std::vector<std::string> told;
+    for (const Problem& problem : problems)
+      told.push_back(problem.parameter + "=" + problem.value + ": " + problem.message);
+    return told;
+  }
+
+  std::string Get(const std::string& name) { return TraceText(session_.form().Get(name)); }
+
+  FormDefinition sytds_;
+  std::unique_ptr<Exchange> exchange_ = ExampleExchange();
+  Session session_{*exchange_};
+};
+
+TEST_F(FillingTest, AFormCanBeFilledWithoutActing) {
+  EXPECT_THAT(FillForm(session_, sytds_, {{"CDNAL", "5"}}).problems(), IsEmpty());
+  EXPECT_EQ(Get("CDNAL"), "\"5\"");
+  EXPECT_EQ(session_.host().FreshList("CDNAS")->All().size(), 4u);
+  EXPECT_EQ(Count(*exchange_, "SYTDS"), 0);
+}
+
+TEST_F(FillingTest, EveryValueThatIsRefusedIsToldAndTheOthersAreSet) {
+  const Filling filling = FillForm(session_, sytds_, {{"CDNAL", "99"}, {"OTHER", "1"}, {"NOTE", "x"}, {"NOTE", "y"}});
+  EXPECT_THAT(Told(filling.problems()),
+              ElementsAre("CDNAL=99: this value is not possible here", "OTHER=1: there is no parameter OTHER in SYTDS.",
+                          "NOTE=y: this parameter is given twice"));
+  EXPECT_EQ(Get("CDNAL"), "Empty");
+  EXPECT_EQ(Get("NOTE"), "\"x\"");
+}
+
+TEST_F(FillingTest, ValuesCanBeSetOneByOneAndAnew) {
+  Filling filling(session_, sytds_);
+  filling.Set({"CDNAL", "5"});
+  filling.Set({"CDNAL", "7"});
+  EXPECT_EQ(Get("CDNAL"), "\"7\"");
+  filling.Set({"CDNAL", ""});
+  EXPECT_EQ(Get("CDNAL"), "Empty");
+  EXPECT_FALSE(filling.IsRefused());
+  filling.Set({"CDNAL", "a'b"});
+  EXPECT_THAT(Told(filling.problems()), ElementsAre("CDNAL=a'b: a value must not hold a quote character (')"));
+  EXPECT_EQ(Get("CDNAL"), "Empty");
+}
+
+TEST_F(FillingTest, AListIsThatOfTheFormAsItIs) {
+  Filling filling(session_, sytds_);
+  EXPECT_EQ(filling.ListOf("CDNAS")->All().size(), 30u);
+  filling.Set({"CDNAL", "5"});
+  EXPECT_EQ(filling.ListOf("CDNAS")->All().size(), 4u);
+  EXPECT_EQ(filling.ListOf("NOTE"), nullptr);
+  EXPECT_FALSE(filling.IsRefused());
+}
+
+TEST_F(FillingTest, AListThatIsReportedIsNoListAndAProblemOfItsValue) {
+  session_.host().SetBuildList([this](const std::string&) {
+    session_.host().ShowBox("no board");
+    return true;
+  });
+  Filling filling(session_, sytds_);
+  EXPECT_EQ(filling.ListOf("CDNAL", "5"), nullptr);
+  EXPECT_THAT(Told(filling.problems()), ElementsAre("CDNAL=5: no board"));
+}
+
+TEST_F(FillingTest, ANewFillingOpensAnEmptyForm) {
+  Filling(session_, sytds_).Set({"NOTE", "x"});
+  const Filling next(session_, sytds_, {{"NOTE", "y"}});
+  EXPECT_EQ(Get("NOTE"), "Empty") << "what is given is not set yet";
+  EXPECT_TRUE(next.IsGiven("NOTE"));
+  EXPECT_FALSE(next.IsGiven("CDNAL"));
+}
+
+}  // namespace
+}  // namespace cordboard::workbench

@@ -1,0 +1,139 @@
+#include "workbench/actions/Filling.h"
+
+#include <algorithm>
+#include <span>
+#include <unordered_set>
+
+#include "script/Conversions.h"
+#include "workbench/actions/FormRules.h"
+#include "workbench/actions/NextValues.h"
+#include "workbench/actions/Records.h"
+#include "workbench/text/Elements.h"
+#include "workbench/text/Separated.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+constexpr std::size_t shownValues = 10;
+
+// "10, 20, 30 ... (57 in all)"; a list of nothing says so.
+std::string Shown(const ValueList& list, bool mandatory) {
+  const std::vector<ValidValue> all = list.All();
+  if (all.empty()) return mandatory ? "no value at present" : "no value at present; leave it out";
+  const auto few = std::span(all).first(std::min(all.size(), shownValues));
+  const std::string first = Separated(few, ", ", &ValidValue::value);
+  return all.size() <= shownValues ? first : first + ", ... (" + std::to_string(all.size()) + " in all)";
+}
+
+// The first of the elements that was there before, or nothing.
+std::string GivenTwice(const std::vector<std::string>& elements) {
+  std::unordered_set<std::string> seen;
+  for (const std::string& element : elements) {
+    if (!seen.insert(element).second) return element;
+  }
+  return "";
+}
+
+}  // namespace
+
+std::vector<Problem> TakeMessages(Session& session, const Assignment& about) {
+  std::vector<Problem> problems;
+  for (ReportedMessage& message : session.host().TakeMessages())
+    problems.push_back({.parameter = about.name, .value = about.value, .message = std::move(message.text)});
+  return problems;
+}
+
+Filling FillForm(Session& session, const FormDefinition& definition, std::vector<Assignment> given) {
+  Filling filling(session, definition, std::move(given));
+  if (const auto record = StandingRecord(session.exchange(), definition))
+    LoadRecord(session.exchange(), definition, *record, session.form());
+  filling.SetGiven();
+  return filling;
+}
+
+Filling::Filling(Session& session, const FormDefinition& definition, std::vector<Assignment> given)
+    : session_(session), given_(std::move(given)) {
+  session_.host().OpenForm(definition);
+}
+
+bool Filling::IsGiven(const std::string& name) const {
+  return std::ranges::find(given_, name, &Assignment::name) != given_.end();
+}
+
+void Filling::Refuse(const Assignment& assignment, std::string message) {
+  Refuse({.parameter = assignment.name, .value = assignment.value, .message = std::move(message)});
+}
+
+void Filling::SetGiven() {
+  if (definition().ordered)
+    std::ranges::stable_sort(given_, {}, [this](const Assignment& given) { return definition().Place(given.name); });
+  for (Assignment& assignment : given_) {
+    const Assignment& first = *std::ranges::find(given_, assignment.name, &Assignment::name);
+    if (&first != &assignment) {
+      Refuse(assignment, "this parameter is given twice");
+    } else if (const auto meant = MeantValue(*this, assignment)) {
+      assignment.value = *meant;
+      if (meant->empty() || Joined(form().Get(assignment.name)) != *meant) Set(assignment);
+    }
+  }
+}
+
+void Filling::Set(const Assignment& assignment) {
+  if (std::string wrong = WrongValue(*this, assignment); !wrong.empty()) return Refuse(assignment, std::move(wrong));
+  const ParameterDefinition& parameter = *definition().Find(assignment.name);
+  if (assignment.value.empty()) {
+    session_.host().scResetParam(parameter.name);
+  } else if (IsPossible(parameter, assignment)) {
+    session_.form().Set(parameter.name, assignment.value);
+  } else {
+    return;
+  }
+  if (parameter.check) RunCheck(assignment);
+}
+
+bool Filling::IsPossible(const ParameterDefinition& parameter, const Assignment& assignment) {
+  const std::size_t before = problems_.size();
+  std::vector<std::string> elements = {assignment.value};
+  try {
+    if (parameter.TakesElements()) elements = Elements(assignment.value);
+  } catch (const ElementsError& error) {
+    Refuse(assignment, error.what());
+    return false;
+  }
+  // A list that is not built, in silence, is no list: the rules leave the value to the form.
+  if (const ValueList* list = ListOf(assignment.name, assignment.value)) CheckAgainst(*list, assignment, elements);
+  return problems_.size() == before;
+}
+
+const ValueList* Filling::ListOf(const std::string& parameter, const std::string& value) {
+  const ValueList* list = session_.host().FreshList(parameter);
+  const std::vector<Problem> reported = TakeMessages(session_, {parameter, value});
+  problems_.insert(problems_.end(), reported.begin(), reported.end());
+  return reported.empty() ? list : nullptr;
+}
+
+void Filling::CheckAgainst(const ValueList& list, const Assignment& assignment,
+                           const std::vector<std::string>& elements) {
+  const std::string& name = assignment.name;
+  if (const std::string twice = GivenTwice(elements); !twice.empty())
+    Refuse({.parameter = name, .value = twice, .message = "this value is given twice"});
+  for (const std::string& element : elements) {
+    if (list.Contains(element)) continue;
+    if (definition().Find(name)->reuse && IsHeld(session_.exchange(), definition(), name, element)) continue;
+    return Refuse({.parameter = name,
+                   .value = element,
+                   .message = "this value is not possible here",
+                   .allowed = Shown(list, form().IsMandatory(name))});
+  }
+}
+
+// A check stops the user where it answers False and says why; one that answers False in silence found nothing.
+void Filling::RunCheck(const Assignment& assignment) {
+  const RunResult check = session_.Check(assignment.name);
+  if (check.failure) Refuse(assignment, "the check failed (" + *check.failure + ")");
+  for (Problem& message : TakeMessages(session_, assignment))
+    check.answer ? Warn(std::move(message)) : Refuse(std::move(message));
+}
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,61 @@
+// Filling in a form: its values are set one after the other with the checks that a form runs, then the form is looked
+// at as a whole. What stands in the way, and what the user should know of, is gathered on the way.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workbench/actions/UserAction.h"
+#include "workbench/forms/ValueList.h"
+
+namespace cordboard::workbench {
+
+class Filling {
+ public:
+  // Opens an empty form that is to be given these values. A session has one form: to open the next one ends this one.
+  Filling(Session& session, const FormDefinition& definition, std::vector<Assignment> given = {});
+
+  Session& session() const { return session_; }
+  const Form& form() const { return session_.form(); }
+  const FormDefinition& definition() const { return form().definition(); }
+  const std::vector<Assignment>& given() const { return given_; }
+  bool IsGiven(const std::string& name) const;
+
+  // Sets all that is given. "next" gives way to the values that it stands for; a value that the form holds already
+  // changes nothing, and so nothing is checked.
+  void SetGiven();
+  // Sets one value: it has to be of the form, free of quotes, of as many elements as the form takes, in its list of
+  // valid values, and past its static check.
+  void Set(const Assignment& assignment);
+
+  // The list of valid values of a parameter as it now is; nothing where there is none. What the library reports while
+  // it builds the list is a problem of the value, and there is no list then.
+  const ValueList* ListOf(const std::string& parameter, const std::string& value = "");
+
+  void Refuse(Problem problem) { problems_.push_back(std::move(problem)); }
+  void Refuse(const Assignment& assignment, std::string message);
+  void Warn(Problem problem) { warnings_.push_back(std::move(problem)); }
+
+  bool IsRefused() const { return !problems_.empty(); }
+  const std::vector<Problem>& problems() const { return problems_; }
+  const std::vector<Problem>& warnings() const { return warnings_; }
+
+ private:
+  bool IsPossible(const ParameterDefinition& parameter, const Assignment& assignment);
+  void CheckAgainst(const ValueList& list, const Assignment& assignment, const std::vector<std::string>& elements);
+  void RunCheck(const Assignment& assignment);
+
+  Session& session_;
+  std::vector<Assignment> given_;
+  std::vector<Problem> problems_;
+  std::vector<Problem> warnings_;
+};
+
+// The form of a record to be added, with these values. Where one record stands for the whole exchange, the form shows
+// it: what is given is checked together with the rest of it.
+Filling FillForm(Session& session, const FormDefinition& definition, std::vector<Assignment> given);
+
+// The messages that the library has reported, as problems of a value or of the action as a whole.
+std::vector<Problem> TakeMessages(Session& session, const Assignment& about = {});
+
+}  // namespace cordboard::workbench

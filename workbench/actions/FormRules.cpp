@@ -1,0 +1,173 @@
+#include "workbench/actions/FormRules.h"
+
+#include <algorithm>
+
+#include "script/Conversions.h"
+#include "script/Text.h"
+#include "workbench/actions/Filling.h"
+#include "workbench/forms/Unknown.h"
+#include "workbench/text/Elements.h"
+#include "workbench/text/Separated.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+// Gives why a value is wrong, or nothing.
+using ValueRule = std::string (*)(const Filling& filling, const Assignment& assignment);
+// Refuses what it finds wrong with the form.
+using FormRule = void (*)(Filling& filling);
+
+// --- One value, before it is set.
+
+std::string IsOfTheForm(const Filling& filling, const Assignment& assignment) {
+  const bool known = filling.definition().Find(assignment.name) != nullptr;
+  return known ? "" : UnknownParameter(filling.definition(), assignment.name);
+}
+
+std::string IsOfTheRelease(const Filling& filling, const Assignment& assignment) {
+  const std::string& release = filling.session().exchange().release();
+  const bool has = filling.definition().Find(assignment.name)->IsIn(release);
+  return has ? "" : "the release " + release + " does not have this parameter";
+}
+
+std::string HasPlainCharacters(const Filling&, const Assignment& assignment) {
+  const std::string& value = assignment.value;
+  if (value.find('\'') != value.npos) return "a value must not hold a quote character (')";
+  const bool control = std::ranges::any_of(value, [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+  return control ? "a value must not hold control characters" : "";
+}
+
+constexpr ValueRule rulesOfValue[] = {IsOfTheForm, IsOfTheRelease, HasPlainCharacters};
+
+// --- An edit, before its values are set.
+
+// Parameters that add up to the same digits cannot be told apart in a stored whole: where one of them is given anew,
+// the others have to be given too, or their part would be lost in silence.
+void SharedDigitsAreGivenTogether(Filling& filling) {
+  const auto given = [&filling](const std::string& name) { return filling.IsGiven(name); };
+  for (const Folding& folding : filling.definition().foldings) {
+    for (const DigitPlace& place : folding.places) {
+      const std::string digits = Middle(Joined(filling.form().Get(folding.parameter)), place.first, place.width);
+      if (digits.find_first_not_of(folding.fill) == digits.npos || std::ranges::none_of(place.parameters, given))
+        continue;
+      for (const std::string& name : place.parameters) {
+        if (!given(name))
+          filling.Refuse(
+              {.parameter = name,
+               .message = "this parameter has to be given as well: it and the one that is changed add up to " + digits +
+                          " in " + folding.parameter});
+      }
+    }
+  }
+}
+
+void AddOnlyIsLeftAlone(Filling& filling) {
+  for (const Assignment& assignment : filling.given()) {
+    const ParameterDefinition* parameter = filling.definition().Find(assignment.name);
+    if (parameter != nullptr && parameter->addOnly)
+      filling.Refuse(assignment, "the " + assignment.name + " of a record cannot be changed; add another record");
+  }
+}
+
+constexpr FormRule rulesOfEdit[] = {SharedDigitsAreGivenTogether, AddOnlyIsLeftAlone};
+
+// --- The whole form.
+
+void MandatoryIsGiven(Filling& filling) {
+  for (const ParameterDefinition& parameter : filling.definition().parameters) {
+    // A parameter whose value was refused has been spoken of.
+    const auto& problems = filling.problems();
+    const bool refused = std::ranges::find(problems, parameter.name, &Problem::parameter) != problems.end();
+    if (!refused && filling.form().IsMandatory(parameter.name) && filling.form().Get(parameter.name).IsBlank())
+      filling.Refuse(
+          {.parameter = parameter.name, .message = "this parameter has to be given (" + parameter.title + ")"});
+  }
+}
+
+// "A, B and C"
+std::string Listed(const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) text += (text.empty() ? "" : name == names.back() ? " and " : ", ") + name;
+  return text;
+}
+
+// One of the sets of parameters has to be given whole.
+void OneSetIsGiven(Filling& filling) {
+  const auto& sets = filling.definition().oneOf;
+  const auto missing = [&filling](const std::string& name) { return filling.form().Get(name).IsBlank(); };
+  const auto given = [&](const std::vector<std::string>& set) { return std::ranges::none_of(set, missing); };
+  if (sets.empty() || std::ranges::any_of(sets, given)) return;
+  filling.Refuse({.parameter = sets.front().front(), .message = "give " + Separated(sets, ", or ", Listed)});
+}
+
+// The values of parameters that go in step are paired by their place.
+void InStepAreAsMany(Filling& filling) {
+  const auto number = [&](const std::string& name) { return Elements(Joined(filling.form().Get(name))).size(); };
+  const auto compare = [&](const std::string& one, const std::string& other) {
+    if (number(one) == number(other)) return;
+    filling.Refuse({.parameter = other,
+                    .message = one + " and " + other + " go in pairs, and there are " + std::to_string(number(one)) +
+                               " and " + std::to_string(number(other)) + " of them; give as many of each"});
+  };
+  for (const std::vector<std::string>& together : filling.definition().inStep) {
+    for (const std::string& other : together) compare(together.front(), other);
+  }
+}
+
+// A check may have forbidden ranges or several values after they were set.
+std::string IsTakenAsTyped(const Filling& filling, const Assignment& assignment) {
+  const auto& [name, value] = assignment;
+  if (!filling.definition().Find(name)->TakesElements()) return "";
+  if (HoldsRange(value) && !filling.form().TakesRange(name)) return "a range is not possible here; give one value";
+  if (HoldsSeveral(value) && !filling.form().TakesSeveral(name))
+    return "several values are not possible here; give one value";
+  return "";
+}
+
+// A parameter of the form alone may come and go with the checks; one that is stored must not be lost in silence.
+std::string IsKeptByChecks(const Filling& filling, const Assignment& assignment) {
+  const auto& columns = filling.definition().columns;
+  if (std::ranges::find(columns, assignment.name) == columns.end()) return "";
+  const std::string present = Joined(filling.form().Get(assignment.name));
+  if (present == assignment.value) return "";
+  return present.empty() ? "a check of the values after it has cleared this value, since the two do not go together"
+                         : "a check has changed this value to " + present + "; give that, or leave it out";
+}
+
+constexpr ValueRule rulesOfSetValue[] = {IsTakenAsTyped, IsKeptByChecks};
+
+void GivenValuesStand(Filling& filling) {
+  for (const Assignment& assignment : filling.given()) {
+    for (const ValueRule rule : rulesOfSetValue) {
+      if (std::string wrong = rule(filling, assignment); !wrong.empty()) filling.Refuse(assignment, std::move(wrong));
+    }
+    if (filling.IsRefused()) return;
+  }
+}
+
+constexpr FormRule rulesOfWholeForm[] = {MandatoryIsGiven, OneSetIsGiven, InStepAreAsMany, GivenValuesStand};
+
+}  // namespace
+
+std::string WrongValue(const Filling& filling, const Assignment& assignment) {
+  for (const ValueRule rule : rulesOfValue) {
+    if (std::string wrong = rule(filling, assignment); !wrong.empty()) return wrong;
+  }
+  return "";
+}
+
+void CheckEdit(Filling& filling) {
+  for (const FormRule rule : rulesOfEdit) rule(filling);
+}
+
+// Only the first rule is asked of a form that is refused already, and each of the others of one that all before it let
+// pass.
+void CheckWholeForm(Filling& filling) {
+  for (const FormRule rule : rulesOfWholeForm) {
+    rule(filling);
+    if (filling.IsRefused()) return;
+  }
+}
+
+}  // namespace cordboard::workbench
