@@ -30,6 +30,11 @@ bool IsOfTheHost(const std::string& name) {
          name == "SetTemplate" || name == "ShowMessageBox";
 }
 
+// Names that stand for each other would never end.
+void CheckDepth(int depth, const Place& place) {
+  if (depth > 20) throw TranscriptError(place, "the names stand for each other");
+}
+
 bool IsOperation(const std::string& name) {
   const auto isIt = [&name](const Operation& operation) { return operation.name == name; };
   return name == "ShowMessageBox" || std::ranges::any_of(Operations(), isIt);
@@ -85,7 +90,9 @@ void Definitions::Add(const TranscriptLine& first, const std::vector<TranscriptL
     throw TranscriptError(first.place, "the name is defined already: " + Head(head));
 }
 
-std::string Definitions::Substituted(const std::string& text, const Variables& variables, const Place& place) const {
+std::string Definitions::Substituted(const std::string& text, const Variables& variables, const Place& place,
+                                     int depth) const {
+  CheckDepth(depth, place);
   std::string result;
   bool quoted = false;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -100,7 +107,8 @@ std::string Definitions::Substituted(const std::string& text, const Variables& v
     if (const auto variable = variables.find(name); variable != variables.end()) {
       value = variable->second;
     } else if (const auto defined = definitions_.find(name); defined != definitions_.end() && defined->second.isText) {
-      value = Substituted(defined->second.lines.front().text, {}, defined->second.lines.front().place);
+      const TranscriptLine& line = defined->second.lines.front();
+      value = Substituted(line.text, {}, line.place, depth + 1);
     } else {
       throw TranscriptError(place, "the name stands for nothing here: {" + name + "}");
     }
@@ -110,29 +118,29 @@ std::string Definitions::Substituted(const std::string& text, const Variables& v
   return result;
 }
 
-std::vector<ExpectedCall> Definitions::Expanded(const TranscriptLine& line, const Variables& variables) const {
-  const std::string text = Substituted(line.text, variables, line.place);
+std::vector<ExpectedCall> Definitions::Expanded(const TranscriptLine& line, const Variables& variables,
+                                                int depth) const {
+  const std::string text = Substituted(line.text, variables, line.place, depth);
   if (text.starts_with("read ")) return Reads(text.substr(5), line.place);
   const std::size_t arrow = FindOutside(text, "->");
   const std::string call(Trimmed(text.substr(0, arrow)));
   const std::string answer(arrow == text.npos ? "" : Trimmed(text.substr(arrow + 2)));
   if (arrow != text.npos && answer.empty()) throw TranscriptError(line.place, "there is no answer after ->");
-  if (!IsOfTheHost(Head(call))) return Applied(call, answer, line.place);
+  if (!IsOfTheHost(Head(call))) return Applied(call, answer, line.place, depth + 1);
   if (call.find('(') == call.npos) throw TranscriptError(line.place, "a call of the host has brackets: " + call);
   if (!IsOperation(Head(call))) throw TranscriptError(line.place, "the host has no operation " + Head(call));
   Inside(call, line.place);
   return {{call, answer, line.place}};
 }
 
-std::vector<ExpectedCall> Definitions::Applied(const std::string& call, const std::string& answer,
-                                               const Place& place) const {
+std::vector<ExpectedCall> Definitions::Applied(const std::string& call, const std::string& answer, const Place& place,
+                                               int depth) const {
   const auto found = definitions_.find(Head(call));
   if (found == definitions_.end()) throw TranscriptError(place, "nothing is defined by the name " + Head(call));
   const Variables arguments = Bound(Head(call), found->second, call, place);
   std::vector<ExpectedCall> calls;
   for (const TranscriptLine& line : found->second.lines) {
-    if (Head(line.text) == Head(call)) throw TranscriptError(line.place, "the name stands for itself: " + Head(call));
-    for (ExpectedCall& expected : Expanded(line, arguments)) calls.push_back(std::move(expected));
+    for (ExpectedCall& expected : Expanded(line, arguments, depth)) calls.push_back(std::move(expected));
   }
   for (ExpectedCall& expected : calls) expected.place = place;
   if (!answer.empty()) calls.back().answer = answer;

@@ -34,10 +34,11 @@ class Definitions {
   void Add(const TranscriptLine& first, const std::vector<TranscriptLine>& calls);
   static bool IsDefinition(const TranscriptLine& line);
 
-  // The text with every {name} replaced: a text loses its quotes where it stands within one.
-  std::string Substituted(const std::string& text, const Variables& variables, const Place& place) const;
+  // The text with every {name} replaced: a text loses its quotes where it stands within one. `depth` counts the names
+  // that stand for names.
+  std::string Substituted(const std::string& text, const Variables& variables, const Place& place, int depth = 0) const;
   // The calls that a line of a run stands for: a call of the host, a `read`, or a name.
-  std::vector<ExpectedCall> Expanded(const TranscriptLine& line, const Variables& variables) const;
+  std::vector<ExpectedCall> Expanded(const TranscriptLine& line, const Variables& variables, int depth = 0) const;
 
  private:
   struct Definition {
@@ -47,7 +48,8 @@ class Definitions {
     std::vector<TranscriptLine> lines;
   };
 
-  std::vector<ExpectedCall> Applied(const std::string& call, const std::string& answer, const Place& place) const;
+  std::vector<ExpectedCall> Applied(const std::string& call, const std::string& answer, const Place& place,
+                                    int depth) const;
   Variables Bound(const std::string& name, const Definition& definition, const std::string& call,
                   const Place& place) const;
 

@@ -74,19 +74,6 @@ bool ScriptedHost::scResetParam(const std::string& name) {
   return answer;
 }
 
-Value ScriptedHost::scIsValueEqual(const Value& value) {
-  const auto found = equal_.find(TraceText(value));
-  return found == equal_.end() ? Value(false) : found->second;
-}
-
-bool ScriptedHost::scGetValueArray(const std::string& name, List& values) {
-  const auto found = arrays_.find(name);
-  const bool answer = Done("scGetValueArray", name);
-  if (found != arrays_.end()) values = found->second;
-  if (answer && found == arrays_.end()) ADD_FAILURE() << "unexpected: scGetValueArray of " << name;
-  return answer;
-}
-
 // Its name stands last, and where there is none the values are those of the current parameter.
 bool ScriptedHost::scPushValidValues(const std::variant<Value, List>&, const std::optional<std::string>& name) {
   return Done("scPushValidValues", name.value_or(""));
@@ -120,19 +107,9 @@ bool ScriptedHost::scRunQuery(const std::string& sql, RowSet* rows, const Select
   }
   return answer;
 }
-
-RowSet ScriptedHost::scSQLSelect(const std::string& table, const List&, const List&, const List&) {
-  Done("scSQLSelect", table);
-  return selected_;
-}
 Value ScriptedHost::scBuildCmdID() {
   Done("scBuildCmdID");
   return ++lastCmdId_;
-}
-
-bool ScriptedHost::scNANSIinitiate(const Value&, const Value&, Value& code) {
-  code = initiateCode_;
-  return Done("scNANSIinitiate");
 }
 bool ScriptedHost::scGetAutoEquOptionValue(Value& clause) {
   clause = autoEqu_;

@@ -1,5 +1,5 @@
-// A host for transcript tests: its answers are scripted before the action, every call is noted, and a query or a list
-// that no script answers fails the test.
+// A host for the tests of single routines: its answers are scripted before, every call is noted, and a query or a list
+// that no script answers fails the test. What a command does is told by transcripts.
 #pragma once
 
 #include <deque>
@@ -30,8 +30,7 @@ class ScriptedHost : public CallHost {
 
   // The form: what scGetParamValue gives; empty for every other name. scSetParamValue and scResetParam change it.
   void Param(const std::string& name, Value value) { params_[name] = std::move(value); }
-  // What scGetValueArray and scGetValidValues give, with True.
-  void Array(const std::string& name, List values) { arrays_[name] = std::move(values); }
+  // What scGetValidValues gives, with True.
   void ValidValues(const std::string& name, List values) { validValues_[name] = std::move(values); }
   // What scGetNumberOfValidValues gives, with True.
   void NumberOfValidValues(const std::string& name, Value count) { counts_[name] = std::move(count); }
@@ -43,11 +42,7 @@ class ScriptedHost : public CallHost {
   void Refuse(const std::string& operation, const std::string& first) { refused_.insert({operation, first}); }
   // The operation throws HostFailure.
   void Fail(const std::string& operation, const std::string& first) { failed_.insert({operation, first}); }
-  void PreviousValue(Value previous) { previous_ = std::move(previous); }
-  void ValueEqual(Value answer, const Value& to) { equal_[TraceText(to)] = std::move(answer); }
-  void InitiateCode(Value code) { initiateCode_ = std::move(code); }
   void AutoEquOption(Value clause) { autoEqu_ = std::move(clause); }
-  void Selected(std::vector<std::vector<Value>> columns) { selected_ = RowSet(std::move(columns)); }
 
   // --- The action and its transcript.
 
@@ -70,16 +65,11 @@ class ScriptedHost : public CallHost {
   Value scGetParamValue(const std::string& name) override;
   bool scSetParamValue(const std::string& name, const Value& value) override;
   bool scResetParam(const std::string& name) override;
-  Value scIsValueEqual(const Value& value) override;
-  bool scGetValueArray(const std::string& name, List& values) override;
-  void scGetPreviousValue(Value& previous) override { previous = previous_; }
   bool scPushValidValues(const std::variant<Value, List>& values, const std::optional<std::string>& name) override;
   bool scGetValidValues(const std::string& name, List& values) override;
   bool scGetNumberOfValidValues(const std::string& name, const Value& definition, Value& count) override;
   bool scRunQuery(const std::string& sql, RowSet* rows, const Selector& database) override;
-  RowSet scSQLSelect(const std::string& table, const List& columns, const List& keys, const List& keyValues) override;
   Value scBuildCmdID() override;
-  bool scNANSIinitiate(const Value& numse, const Value& numtyp, Value& code) override;
   bool scGetAutoEquOptionValue(Value& clause) override;
 
  protected:
@@ -92,17 +82,12 @@ class ScriptedHost : public CallHost {
 
   std::shared_ptr<TracingHost> trace_;
   std::map<std::string, Value> params_;
-  std::map<std::string, List> arrays_;
   std::map<std::string, List> validValues_;
   std::map<std::string, Value> counts_;
   std::map<std::string, std::deque<RowSet>> rows_;
   std::set<std::pair<std::string, std::string>> refused_;
   std::set<std::pair<std::string, std::string>> failed_;
-  std::map<std::string, Value> equal_;
-  Value previous_;
-  Value initiateCode_;
   Value autoEqu_;
-  RowSet selected_;
   int lastCmdId_ = 1000;
 };
 

@@ -1,4 +1,4 @@
-// What tests of a transcript write again and again: the lines of the usual calls, and a call that has to fail.
+// What tests of a trace write again and again: the lines of the usual calls, and a call that has to fail.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 
 namespace cordboard {
 
-// The statement as the host gets it, from how a transcript shows it: {NL} becomes CR LF.
+// The statement as the host gets it, from how a trace shows it: {NL} becomes CR LF.
 inline std::string AsSent(std::string shown) {
   for (std::size_t at = 0; (at = shown.find("{NL}", at)) != shown.npos;) shown.replace(at, 4, "\r\n");
   return shown;
