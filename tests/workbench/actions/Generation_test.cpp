@@ -119,8 +119,7 @@ TEST_F(GenerationTest, AFailureOfTheCallIsToldToo) {
 TEST(GenerationOrder, HoldsEveryCommandThatGeneratesOnce) {
   const std::set<std::string> order(GenerationOrder().begin(), GenerationOrder().end());
   EXPECT_EQ(order.size(), GenerationOrder().size());
-  for (const FormDefinition* form : Forms())
-    EXPECT_EQ(form->generates, order.contains(form->command)) << form->command;
+  for (const FormDefinition* form : Forms()) EXPECT_EQ(form->generates, order.contains(form->command)) << form->command;
 }
 
 TEST(GenerationOrder, HoldsCommandsOfTheExchangeAlone) {

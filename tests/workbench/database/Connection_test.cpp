@@ -182,6 +182,8 @@ TEST_F(ConnectionTest, ARuleReadsAndWritesRows) {
 }
 
 TEST_F(ConnectionTest, ARuleDoesNothingElse) {
+  const char* const endless =
+      "WITH RECURSIVE [n]([i]) AS (SELECT 1 UNION ALL SELECT [i] + 1 FROM [n]) SELECT [i] FROM [n] LIMIT 3";
   const char* const statements[] = {"CREATE TABLE [x] ([a])",
                                     "CREATE TEMP TABLE [x] ([a])",
                                     "CREATE INDEX [x] ON [t] ([Text])",
@@ -205,8 +207,7 @@ TEST_F(ConnectionTest, ARuleDoesNothingElse) {
                                     "COMMIT",
                                     "ROLLBACK",
                                     "SAVEPOINT [x]",
-                                    "WITH RECURSIVE [n]([i]) AS (SELECT 1 UNION ALL SELECT [i] + 1 FROM [n]) "
-                                    "SELECT [i] FROM [n] LIMIT 3"};
+                                    endless};
   Insert("a");
   for (const char* sql : statements) EXPECT_NE(RuleRefusal(sql), "no error") << sql;
   EXPECT_EQ(Texts(), R"([["a"]])");
