@@ -4,17 +4,11 @@
 #include <iterator>
 
 #include "support/TranscriptLines.h"
+#include "support/TranscriptRuns.h"
 
 namespace cordboard {
 
 namespace {
-
-// The first word of a line, and what follows it.
-std::string Word(const std::string& text) { return text.substr(0, text.find(' ')); }
-std::string Rest(const std::string& text) {
-  const std::size_t blank = text.find(' ');
-  return blank == text.npos ? "" : std::string(Trimmed(text.substr(blank)));
-}
 
 // A loop: each row gives values to the names.
 struct Loop {
@@ -60,15 +54,6 @@ class Reader {
   void Default(const std::string& word, const std::string& value, const Place& place) {
     if (word == "command") transcript_.command = value;
     Override(usual_, word, value, place);
-  }
-
-  void Override(Action& action, const std::string& word, const std::string& value, const Place& place) const {
-    if (word == "command") return void(action.CmdName = NameIn(value));
-    if (word == "release") return void(action.oaRelease = NameIn(value));
-    const bool number = !value.empty() && std::ranges::all_of(value, [](char c) { return c >= '0' && c <= '9'; });
-    if (word == "record" && number) return void(action.CmdId = std::stoi(value));
-    if (word == "definition" && number) return void(action.Definition = std::stoi(value));
-    throw TranscriptError(place, "neither a definition nor a default: " + word + " " + value);
   }
 
   // silence SetInfo at DELETE * FROM X: reason; nests EditInfo: reason
@@ -151,7 +136,8 @@ class Reader {
               const std::vector<std::vector<TranscriptLine>>& runs, std::size_t depth, const Variables& variables,
               const std::string& shown) {
     if (depth == loops.size()) {
-      for (const std::vector<TranscriptLine>& lines : runs) MakeRuns(block, lines, variables, shown);
+      for (const std::vector<TranscriptLine>& lines : runs)
+        std::ranges::move(RunMaker(definitions_, usual_, variables).Make(lines, shown), std::back_inserter(block.runs));
       return;
     }
     for (const std::vector<std::string>& row : loops[depth].rows) {
@@ -163,89 +149,6 @@ class Reader {
         text += (text.empty() ? "" : ", ") + name + " = " + bound[name];
       }
       Repeat(block, loops, runs, depth + 1, bound, text);
-    }
-  }
-
-  // The run, and one more for each `or` in it.
-  void MakeRuns(TranscriptBlock& block, const std::vector<TranscriptLine>& lines, const Variables& variables,
-                const std::string& shown) const {
-    TranscriptRun run;
-    std::vector<TranscriptRun> alternatives;
-    run.variables = shown;
-    run.place = lines.front().place;
-    run.action = MakeAction(definitions_.Substituted(Rest(lines.front().text), variables, run.place), run.place);
-    bool reads = false;
-    for (std::size_t i = 1; i + 1 < lines.size(); ++i) {
-      const std::string word = Word(lines[i].text);
-      reads |= word == "read";
-      if (word == "form") {
-        FillForm(run, definitions_.Substituted(Rest(lines[i].text), variables, lines[i].place), lines[i].place);
-      } else if (word == "or") {
-        alternatives.push_back(MakeAlternative(run, lines[i], variables));
-      } else {
-        Append(run, lines[i], variables);
-      }
-    }
-    if (run.hasForm && reads) throw TranscriptError(run.place, "a run has a form or writes its reads, and not both");
-    run.outcome = ReadOutcome(lines.back(), variables);
-    block.runs.push_back(std::move(run));
-    std::ranges::move(alternatives, std::back_inserter(block.runs));
-  }
-
-  void Append(TranscriptRun& run, const TranscriptLine& line, const Variables& variables) const {
-    for (ExpectedCall& call : definitions_.Expanded(line, variables)) run.calls.push_back(std::move(call));
-  }
-
-  // or ANSWER: what follows when the call before it is answered so; call; call; gives False
-  TranscriptRun MakeAlternative(TranscriptRun run, const TranscriptLine& line, const Variables& variables) const {
-    const std::size_t colon = FindOutside(line.text, ":");
-    if (run.calls.empty()) throw TranscriptError(line.place, "there is no call before this or");
-    if (colon == std::string::npos) throw TranscriptError(line.place, "an or reads: or answer: calls");
-    const std::string answer = Rest(std::string(Trimmed(line.text.substr(0, colon))));
-    if (answer.empty()) throw TranscriptError(line.place, "an or reads: or answer: calls");
-    run.isAlternative = true;
-    run.place = line.place;
-    run.calls.back().answer = definitions_.Substituted(answer, variables, line.place);
-    run.outcome = "False";
-    std::vector<std::string> parts = Parts(line.text.substr(colon + 1), ';');
-    if (!parts.empty() && (Word(parts.back()) == "gives" || Word(parts.back()) == "fails")) {
-      run.outcome = ReadOutcome({parts.back(), true, line.place}, variables);
-      parts.pop_back();
-    }
-    for (const std::string& part : parts) Append(run, {part, true, line.place}, variables);
-    return run;
-  }
-
-  // gives False, fails TypeMismatch
-  std::string ReadOutcome(const TranscriptLine& end, const Variables& variables) const {
-    const std::string outcome = definitions_.Substituted(Rest(end.text), variables, end.place);
-    const bool truth = outcome == "True" || outcome == "False";
-    if (outcome.empty() || truth != (Word(end.text) == "gives"))
-      throw TranscriptError(end.place, "a run gives True or False, or fails with a cause");
-    return outcome;
-  }
-
-  // SetInfo "DIR", "CAT" with release "R6", record 8
-  Action MakeAction(const std::string& text, const Place& place) const {
-    Action action = usual_;
-    const std::size_t with = FindOutside(text, " with ");
-    const std::string what = text.substr(0, with);
-    action.FunctionName = NameIn(Word(what));
-    if (action.FunctionName.empty()) throw TranscriptError(place, "a run needs the function of its action");
-    const std::string list = Rest(what);
-    if (!list.empty()) action.ParamList = ReadList(list == "[]" ? list : "[" + list + "]", place);
-    if (with == text.npos) return action;
-    for (const std::string& part : Parts(text.substr(with + 6), ',')) Override(action, Word(part), Rest(part), place);
-    return action;
-  }
-
-  static void FillForm(TranscriptRun& run, const std::string& text, const Place& place) {
-    run.hasForm = true;
-    for (const std::string& part : Parts(text, ',')) {
-      const std::size_t equals = FindOutside(part, "=");
-      if (equals == std::string::npos) throw TranscriptError(place, "a form reads: form NAME=value, NAME=value");
-      if (!run.form.emplace(NameIn(part.substr(0, equals)), ReadValue(part.substr(equals + 1), place)).second)
-        throw TranscriptError(place, "the form holds this value already: " + part);
     }
   }
 
