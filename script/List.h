@@ -22,6 +22,8 @@ class List {
   bool IsEmpty() const { return state_ == State::Empty; }
   bool IsNull() const { return state_ == State::Null; }
 
+  // Fails for a list without bounds: for the rules that look at the bounds before they walk.
+  void RequireBounds() const { Bounded(); }
   // The index of the last element, -1 for a list of no elements. Fails for a list without bounds.
   int UpperBound() const;
   const Value& operator[](std::size_t index) const;

@@ -2,6 +2,7 @@
 
 #include "script/Conversions.h"
 #include "script/Report.h"
+#include "shared/ValueLists.h"
 
 namespace cordboard {
 
@@ -14,7 +15,7 @@ bool ListCDIVTail(const Action& action) {
   const Value CDIV_D6 = scGetParamValue("CDIV_D6");
   if (CDIV_D6.IsEmpty()) return true;
   const bool listed = Equals(CDIV_D6, "0") ? CollectZeroAlone(action) : scSQLSelectValuesAndDesc();
-  return listed || Reporter("GetValidValForParam")(DescribedListNotBuilt, action.Parameter());
+  return listed || DescribedListRefused(action);
 }
 
 // Reports under the context of lists, though it is a check.

@@ -4,13 +4,13 @@
 
 namespace cordboard {
 
-Value CountOf(const std::string& sql) {
+Value UncheckedCount(const std::string& sql) {
   RowSet rows;
   scRunQuery(sql, rows);
   return rows[0][0];
 }
 
-bool Count(const Reporter& fail, const std::string& sql, Value& count) {
+bool CheckedCount(const Reporter& fail, const std::string& sql, Value& count) {
   RowSet rows;
   if (!scRunQuery(sql, rows)) return fail(StatementFailed);
   count = rows[0][0];

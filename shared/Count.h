@@ -1,4 +1,4 @@
-// Counts, by statements that give one row with one value. No row is a failure of the call.
+// Counts, by statements that give one row with one value. A statement that gives no row fails the call.
 #pragma once
 
 #include <string>
@@ -8,9 +8,9 @@
 
 namespace cordboard {
 
-// The count, whatever the statement's answer: one that fails gives no row.
-Value CountOf(const std::string& sql);
+// The count, whatever the statement's answer.
+Value UncheckedCount(const std::string& sql);
 // The same with the answer tested: a statement that fails is reported (62000).
-bool Count(const Reporter& fail, const std::string& sql, Value& count);
+bool CheckedCount(const Reporter& fail, const std::string& sql, Value& count);
 
 }  // namespace cordboard

@@ -6,6 +6,7 @@
 #include "shared/ClassStrings.h"
 #include "shared/Rechecks.h"
 #include "shared/Release.h"
+#include "shared/ValueLists.h"
 
 namespace cordboard {
 
@@ -34,7 +35,7 @@ bool ListADC_D11(const Action& action) {
   if (IsR6(action)) return false;
   const Value ACCTYP = scGetParamValue("ACCTYP");
   const bool listed = ACCTYP.IsEmpty() ? CollectZeroAlone(action) : scSQLSelectValuesAndDesc();
-  return listed || Reporter("GetValidValForParam")(DescribedListNotBuilt, action.Parameter());
+  return listed || DescribedListRefused(action);
 }
 
 bool ResetADC_D11(const Action&) { return scResetParam("ADC_D11") || Reporter("StatCheck")(ResetFailed, "ADC_D11"); }

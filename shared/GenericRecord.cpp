@@ -2,13 +2,13 @@
 
 #include "script/Conversions.h"
 #include "script/Envelope.h"
-#include "shared/Column.h"
+#include "shared/Row.h"
 
 namespace cordboard {
 
 bool AddRecord(const Action& action, std::initializer_list<GivenValue> given) {
   const Reporter fail("Add: " + action.CmdName);
-  action.ParamList.UpperBound();  // a list without bounds fails the call before the transaction
+  action.ParamList.RequireBounds();  // before the transaction
   return InTransaction(fail, [&] {
     return scSQLInsert(action.CmdName, action.ParamList, Record(action.ParamList, given)) ||
            fail(InsertFailed, action.CmdName);
@@ -34,8 +34,7 @@ bool GenericEditInfo(const Action& action) {
 bool GenericDeleteInfo(const Action& action) {
   const Reporter fail("Delete: " + action.CmdName);
   return InTransaction(fail, [&] {
-    return scRunQuery(Sql("DELETE * FROM ", action.CmdName, NL, " WHERE CmdId = ", action.CmdId)) ||
-           fail(RecordNotDeleted, action.CmdName, action.CmdId);
+    return DeleteRow(action.CmdName, action.CmdId) || fail(RecordNotDeleted, action.CmdName, action.CmdId);
   });
 }
 

@@ -18,11 +18,25 @@ bool SelectITYPE(const Value& DIR, RowSet& rows) {
   return scRunQuery(Sql("SELECT ITYPE FROM KSEXI WHERE DIR = '", DIR, "'"), rows);
 }
 
-bool ReadITYPE(const Value& DIR, Value& ITYPE) {
-  RowSet rows;
-  if (!SelectITYPE(DIR, rows)) return false;
-  if (!rows.IsEmpty()) ITYPE = rows[0][0];
-  return true;
+std::vector<Value> Given(const List& DIRs) {
+  std::vector<Value> given;
+  for (const Value& DIR : DIRs) {
+    if (!DIR.IsNull() && !DIR.IsEmpty()) given.push_back(DIR);
+  }
+  return given;
+}
+
+bool InsertKeyLines(const Reporter& fail, const Action& action, const RowSet& rows, std::size_t DIR, bool flag,
+                    const KeyLine& line) {
+  Value ITYPE;
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    const LineRow fields(rows, row);
+    RowSet instrument;
+    if (!SelectITYPE(fields[DIR], instrument)) return false;
+    if (!instrument.IsEmpty()) ITYPE = instrument[0][0];
+    flag = InsertLine(fail, action, line(fields, ITYPE));
+  }
+  return flag;
 }
 
 bool SubtractTakenKeys(const Action& action, const Value& DIR, const std::string& keysWithFunction) {

@@ -2,15 +2,15 @@
 
 #include "script/Conversions.h"
 #include "script/Envelope.h"
-#include "shared/Column.h"
 #include "shared/Count.h"
 #include "shared/Record.h"
+#include "shared/Row.h"
 
 namespace cordboard {
 
 namespace {
 
-Value CountRecords(const std::string& table) { return CountOf(Sql("SELECT COUNT(*) FROM ", table)); }
+Value CountRecords(const std::string& table) { return UncheckedCount(Sql("SELECT COUNT(*) FROM ", table)); }
 
 bool WriteParameter(const Reporter& fail, const Action& action, const std::string& name, const Value& value) {
   return UpdateColumnOrNull(action.CmdName, action.CmdId, name, value) || fail(ColumnNotWritten, name);
@@ -33,7 +33,7 @@ bool IsStillEmpty(const Reporter& fail, const std::string& table) {
 
 bool AddSingleRecord(const Action& action) {
   const Reporter fail("Add: " + action.CmdName);
-  action.ParamList.UpperBound();  // a list without bounds fails the call before the transaction
+  action.ParamList.RequireBounds();  // before the transaction
   return InTransaction(fail, [&] {
     return IsStillEmpty(fail, action.CmdName) &&
            (scSQLInsert(action.CmdName, action.ParamList, Record(action.ParamList)) ||
@@ -59,12 +59,9 @@ bool RewriteSingleRecord(const Action& action, const std::string& oldValues, con
   return InTransaction(fail, [&] {
     RowSet rows;
     if (!scRunQuery(oldValues, rows)) return false;
-    std::vector<Value> old;
-    for (std::size_t i = 0; i < columns.size(); ++i) old.push_back(rows[i][0]);
+    for (std::size_t i = 0; i < columns.size(); ++i) rows[i][0];  // all are read before the first is written
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      Value value = scGetParamValue(columns[i]);
-      if (value.IsBlank()) value = old[i];
-      if (!WriteParameter(fail, action, columns[i], value.IsBlank() ? Value() : value)) return false;
+      if (!WriteParameter(fail, action, columns[i], OrStored(scGetParamValue(columns[i]), rows, i))) return false;
     }
     return true;
   });

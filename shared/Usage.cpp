@@ -3,7 +3,7 @@
 #include <initializer_list>
 
 #include "script/Report.h"
-#include "shared/Column.h"
+#include "shared/Row.h"
 
 namespace cordboard {
 

@@ -15,8 +15,14 @@ bool Collect(const Action& action, const std::string& provider, const std::strin
 
 }  // namespace
 
+bool ListRefused(const Action& action) { return Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter()); }
+
+bool DescribedListRefused(const Action& action) {
+  return Reporter("GetValidValForParam")(DescribedListNotBuilt, action.Parameter());
+}
+
 bool CollectList(const Action& action, const std::string& sql) {
-  return scCollectSingleValues(sql) || Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
+  return scCollectSingleValues(sql) || ListRefused(action);
 }
 
 bool GetValuesAndDescription(const Action& action) {

@@ -8,6 +8,11 @@
 
 namespace cordboard {
 
+// Report a list of the action's parameter that could not be built, as "GetValidValForParam": one of single values, and
+// one of values and descriptions.
+bool ListRefused(const Action& action);
+bool DescribedListRefused(const Action& action);
+
 // A list of the action's parameter by one statement on the configuration; a failure is reported as
 // "GetValidValForParam" with the parameter's name.
 bool CollectList(const Action& action, const std::string& sql);

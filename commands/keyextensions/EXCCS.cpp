@@ -23,7 +23,7 @@ namespace {
 // All rows, the blank ones too, in the order of the text: not the list of categories that extensions see.
 bool ListCAT(const Action& action) {
   return scCollectValuesAndDesc("SELECT CAT, DESCRIPTION  FROM EXCCS ORDER BY CAT ", "dynamic") ||
-         Reporter("GetValidValForParam")(DescribedListNotBuilt, action.Parameter());
+         DescribedListRefused(action);
 }
 
 // Takes out the roles that other categories have. The value "1&2" is never taken out.
@@ -60,7 +60,8 @@ bool RoleIsFree(const Reporter& fail, std::int32_t CmdId, const Value& CATTYP) {
   const bool minimum = Equals(CATTYP, "1");
   if (!minimum && !Equals(CATTYP, "2")) return true;
   Value count;
-  if (!Count(fail, Sql("SELECT COUNT(*) FROM EXCCS WHERE (CATTYP =  '", CATTYP, "') AND NOT CMDID = ", CmdId), count))
+  if (!CheckedCount(fail, Sql("SELECT COUNT(*) FROM EXCCS WHERE (CATTYP =  '", CATTYP, "') AND NOT CMDID = ", CmdId),
+                    count))
     return false;
   return !Differs(count, 0) || fail(CategoryRoleTaken, minimum ? "MIN" : "DEFAULT");
 }
@@ -79,7 +80,7 @@ bool StringsAreUnique(const Reporter& fail, const Value& CAT, const List& values
 }
 
 // Frees the additional numbers of the category; their records stay. This happens on every edit, whatever the new SERV:
-// its last two digits cannot be both "00" and "01", which is what would keep the numbers.
+// the numbers would stay if its last two digits were "00" and "01" at once.
 bool FreeAdditionalNumbers(const Reporter& fail, const Value& CAT) {
   RowSet rows;
   if (!scRunQuery(Sql("SELECT CmdID from KSANI WHERE CAT = '", CAT, "'"), rows))
@@ -138,7 +139,7 @@ bool Edit(const Action& action) { return WriteCategory(action, action.CmdId, fal
 bool IsUnused(const Reporter& fail, double CAT) {
   for (const char* table : {"EXTEIDIR", "KSEXI", "KSANI", "AUCOI_Central", "AUCOI_Regional", "ITNUI"}) {
     Value count;
-    if (!Count(fail, Sql("SELECT COUNT(*) FROM ", table, " WHERE CAT = '", CAT, "'"), count)) return false;
+    if (!CheckedCount(fail, Sql("SELECT COUNT(*) FROM ", table, " WHERE CAT = '", CAT, "'"), count)) return false;
     if (Differs(count, 0)) {
       ShowMessageBox("Cannot delete as there are extensions initiated with this category", "Error", InformationBox);
       return false;
@@ -174,7 +175,7 @@ bool Generate(const Action& action) {
   RowSet rows;
   bool flag = scRunQuery(Sql("SELECT * FROM ", action.CmdName), rows) || fail(StatementFailed);
   Value minimum;
-  Value preset;
+  Value standard;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
     const Value CAT = Trim(rows[1][row]);
     const Value &CDIV = rows[2][row], &ROC = rows[3][row], &TRAF = rows[4][row], &SERV = rows[5][row],
@@ -182,14 +183,14 @@ bool Generate(const Action& action) {
     if (CDIV.IsNull() && ROC.IsNull() && TRAF.IsNull() && SERV.IsNull() && CATTYP.IsNull()) continue;
     const bool both = Equals(CATTYP, "1&2");
     if (both || Equals(CATTYP, "1")) minimum = CAT;
-    if (both || Equals(CATTYP, "2")) preset = CAT;
+    if (both || Equals(CATTYP, "2")) standard = CAT;
     const std::string line = Text("EXCCS:CAT=", CAT, UnlessBlank(",CDIV=", CDIV), UnlessBlank(",ROC=", ROC),
                                   UnlessBlank(",SERV=", SERV), UnlessBlank(",TRAF=", TRAF), ";");
     Debug(line);
     flag = insert(line);
   }
   if (!minimum.IsEmpty()) flag = insert(Text("EXCCS:CAT=", minimum, ",CATTYP=1;"));
-  if (!preset.IsEmpty()) flag = insert(Text("EXCCS:CAT=", preset, ",CATTYP=2;"));
+  if (!standard.IsEmpty()) flag = insert(Text("EXCCS:CAT=", standard, ",CATTYP=2;"));
   return flag;
 }
 

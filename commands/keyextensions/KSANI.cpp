@@ -10,12 +10,12 @@
 #include "script/Report.h"
 #include "script/Text.h"
 #include "shared/ClassStrings.h"
-#include "shared/Column.h"
 #include "shared/ExtensionADC.h"
 #include "shared/KeySpace.h"
 #include "shared/Rechecks.h"
 #include "shared/Record.h"
 #include "shared/Release.h"
+#include "shared/Row.h"
 #include "shared/Usage.h"
 #include "shared/ValueLists.h"
 
@@ -35,13 +35,12 @@ bool ListADN(const Action& action) {
     return false;
   const Value DIR = scGetParamValue("DIR");
   return DIR.IsEmpty() || scSubtractSingleValues(Sql("SELECT DIR FROM KSEXI  WHERE DIR = '", DIR, "' ")) ||
-         Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
+         ListRefused(action);
 }
 
 // A key with the function "TNS" counts as free.
 bool ListKEY(const Action& action) {
-  if (!scSQLSelectValuesAndDescByDefinition(action.Definition))
-    return Reporter("GetValidValForParam")(DescribedListNotBuilt, action.Parameter());
+  if (!scSQLSelectValuesAndDescByDefinition(action.Definition)) return DescribedListRefused(action);
   const Value DIR = scGetParamValue("DIR");
   if (DIR.IsBlank()) return true;
   return SubtractTakenKeys(action, DIR, Sql("SELECT KEY FROM KSFKC WHERE DIR =  '", DIR, "' AND NOT(FCN = 'TNS')"));
@@ -131,8 +130,8 @@ bool WriteParameter(const Action& action, const Reporter& fail, const std::strin
          fail(ColumnNotWritten, name);
 }
 
-// A category that is defined is refused: its last two digits of SERV cannot be both "00" and "01", which is what would
-// let it pass. The edit goes on after that, so that a later parameter can still decide for the record; every other
+// A category that is defined is refused: it would pass if the last two digits of its SERV were "00" and "01" at once.
+// The edit goes on after that, so that a later parameter can still decide for the record; every other
 // failure ends it.
 bool Edit(const Action& action) {
   const Reporter fail("Edit: " + action.CmdName);
@@ -177,23 +176,17 @@ bool Delete(const Action& action) {
 bool Generate(const Action& action) {
   const Reporter fail("Generating: " + action.CmdName);
   RowSet rows;
-  bool flag = scRunQuery("SELECT ADC,ADN,CALALT,CAT,CDIV,CUST,DIR,KEY,ROC,SERV,TRAF FROM KSANI", rows) ||
-              fail(GenerationFailed);
-  Value ITYPE;
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-    const LineRow fields(rows, row);
-    const Value ADC = fields[0], ADN = fields[1], CALALT = fields[2], CAT = fields[3], CDIV = fields[4],
-                CUST = fields[5], DIR = fields[6], KEY = fields[7], ROC = fields[8], SERV = fields[9],
-                TRAF = fields[10];
-    if (!ReadITYPE(DIR, ITYPE)) return false;
+  const bool read = scRunQuery("SELECT ADC,ADN,CALALT,CAT,CDIV,CUST,DIR,KEY,ROC,SERV,TRAF FROM KSANI", rows) ||
+                    fail(GenerationFailed);
+  return InsertKeyLines(fail, action, rows, 6, read, [](const LineRow& row, const Value& ITYPE) {
+    const Value ADC = row[0], ADN = row[1], CALALT = row[2], CAT = row[3], CDIV = row[4], CUST = row[5], DIR = row[6],
+                KEY = row[7], ROC = row[8], SERV = row[9], TRAF = row[10];
     const std::string classes =
         CAT.IsNull() ? Text(",TRAF=", TRAF, ",SERV=", SERV, ",CDIV=", CDIV, ",ROC=", ROC) : Text(",CAT=", CAT);
-    const std::string line =
-        Text(ReleaseOfFixedKey(ITYPE, DIR, KEY), "KSANI:DIR=", DIR, UnlessNull(",ADN=", ADN), UnlessNull(",KEY=", KEY),
-             classes, UnlessNull(",ADC=", ADC), UnlessNull(",CUST=", CUST), UnlessNull(",CALALT=", CALALT), ";");
-    flag = InsertLine(fail, action, line);
-  }
-  return flag;
+    return Text(ReleaseOfFixedKey(ITYPE, DIR, KEY), "KSANI:DIR=", DIR, UnlessNull(",ADN=", ADN),
+                UnlessNull(",KEY=", KEY), classes, UnlessNull(",ADC=", ADC), UnlessNull(",CUST=", CUST),
+                UnlessNull(",CALALT=", CALALT), ";");
+  });
 }
 
 }  // namespace

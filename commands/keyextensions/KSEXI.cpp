@@ -11,12 +11,12 @@
 #include "script/Report.h"
 #include "script/Text.h"
 #include "shared/ClassStrings.h"
-#include "shared/Column.h"
 #include "shared/Equipment.h"
 #include "shared/ExtensionADC.h"
 #include "shared/KeySpace.h"
 #include "shared/Record.h"
 #include "shared/Release.h"
+#include "shared/Row.h"
 #include "shared/Usage.h"
 #include "shared/ValueLists.h"
 

@@ -1,5 +1,6 @@
-// KSFKC: functions on the keys of a key extension, one record a key. The function "TNS" may be on a key that another
-// command takes as well, and it alone carries digits in DIG.
+// KSFKC: functions on the keys of a key extension, one record a key. A key with the function "TNS" still counts as free
+// for further and additional numbers, whose adds remove it (that of KSMDI on R6 and R6/1 does not). It alone carries
+// digits in DIG.
 
 #include <algorithm>
 
@@ -9,10 +10,10 @@
 #include "script/Module.h"
 #include "script/Report.h"
 #include "script/Text.h"
-#include "shared/Column.h"
 #include "shared/GenericRecord.h"
 #include "shared/KeySpace.h"
 #include "shared/Rechecks.h"
+#include "shared/Row.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {
@@ -33,8 +34,7 @@ bool ListKEY(const Action& action) {
                                   action.Definition)))
     return false;
   if (given.IsEmpty() || list.IsEmpty() || list.IsNull()) return true;
-  for (const Value& DIR : list) {
-    if (DIR.IsNull() || DIR.IsEmpty()) continue;
+  for (const Value& DIR : Given(list)) {
     if (!SubtractTakenKeys(action, DIR, Sql("SELECT KEY FROM KSFKC WHERE DIR =  '", DIR, "'"))) return false;
   }
   return true;
@@ -72,8 +72,7 @@ bool ListFCN(const Action& action) {
   List list;
   const bool given = scGetValueArray("DIR", list);
   if (!given || list.IsEmpty()) return given;
-  for (const Value& DIR : list) {
-    if (DIR.IsNull() || DIR.IsEmpty()) continue;
+  for (const Value& DIR : Given(list)) {
     const bool removed = RemoveFunctionsInUse(DIR) && RemoveFunctionsOfAccess(DIR) && RemoveFunctionsOfADC(DIR);
     if (!removed) return fail(DescribedListNotBuilt, action.Parameter());
   }
@@ -216,20 +215,15 @@ bool Generate(const Action& action) {
   const Reporter fail("Generating: " + action.CmdName);
   RowSet rows;
   scRunQuery("SELECT DIR,KEY,FCN,DIG FROM KSFKC", rows);
-  bool flag = true;
   std::string line;
-  Value ITYPE;
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-    const LineRow fields(rows, row);
-    const Value DIR = fields[0], KEY = fields[1], FCN = fields[2], DIG = fields[3];
-    if (!ReadITYPE(DIR, ITYPE)) return false;
+  return InsertKeyLines(fail, action, rows, 0, true, [&](const LineRow& row, const Value& ITYPE) {
+    const Value DIR = row[0], KEY = row[1], FCN = row[2], DIG = row[3];
     if (!DIR.IsNull() || !KEY.IsNull() || !FCN.IsNull())
       line =
           Text("KSFKC:DIR=", DIR, UnlessNull(",KEY=", KEY), UnlessNull(",FCN=", FCN), UnlessBlank(",DIG=", DIG), ";");
     if (Differs(FCN, "TNS")) line.insert(0, ReleaseOfFixedKey(ITYPE, DIR, KEY));
-    flag = InsertLine(fail, action, line);
-  }
-  return flag;
+    return line;
+  });
 }
 
 }  // namespace

@@ -1,17 +1,17 @@
 // KSMDI: further directory numbers, each on a key of a key extension: pressing the key works on the other number. In
-// the releases R6 and R6/1 MNS can give the key a function too, and the digits go with that; in all others the record
-// has its own digits, and a function on the key gives way.
+// the releases R6 and R6/1 MNS can give the key a function too, and the digits are generated with that function; in all
+// others they are generated with the record, and a function on the key gives way.
 
 #include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/Generate.h"
 #include "script/Module.h"
 #include "script/Report.h"
-#include "shared/Column.h"
 #include "shared/KeySpace.h"
 #include "shared/Rechecks.h"
 #include "shared/Record.h"
 #include "shared/Release.h"
+#include "shared/Row.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {
@@ -28,11 +28,9 @@ bool ListDIR(const Action& action) {
 bool ListKEY(const Action& action) {
   List list;
   scGetValueArray("DIR", list);
-  if (!scSQLSelectValuesAndDescByDefinition(action.Definition))
-    return Reporter("GetValidValForParam")(DescribedListNotBuilt, action.Parameter());
+  if (!scSQLSelectValuesAndDescByDefinition(action.Definition)) return DescribedListRefused(action);
   if (list.IsEmpty()) return true;
-  for (const Value& DIR : list) {
-    if (DIR.IsNull() || DIR.IsEmpty()) continue;
+  for (const Value& DIR : Given(list)) {
     const std::string withFunction = Sql("SELECT KEY FROM KSFKC WHERE DIR =  '", DIR, "' AND NOT(FCN = 'TNS')");
     if (!SubtractTakenKeys(action, DIR, withFunction)) return false;
   }
@@ -54,8 +52,7 @@ bool ListMDN(const Action& action) {
   List list;
   scGetValueArray("DIR", list);
   if (list.IsEmpty()) return true;
-  for (const Value& DIR : list) {
-    if (DIR.IsNull() || DIR.IsEmpty()) continue;
+  for (const Value& DIR : Given(list)) {
     const bool removed = scRemoveFromValidValues("MDN", DIR) &&
                          scSubtractSingleValues(Sql("SELECT MDN FROM KSMDI WHERE DIR = '", DIR, "' "));
     if (!removed) return fail(NothingToOffer, "DIR");
@@ -69,8 +66,7 @@ bool CheckDIR(const Action& action) {
   const Value KEY = scGetParamValue("KEY");
   List list;
   if (!scGetValueArray("DIR", list)) return fail(ListNotBuilt, "DIR");
-  for (const Value& DIR : list) {
-    if (DIR.IsNull() || DIR.IsEmpty()) continue;
+  for (const Value& DIR : Given(list)) {
     RowSet rows;
     if (!SelectITYPE(DIR, rows)) return fail(StatementFailed);
     if (rows.IsEmpty()) continue;
@@ -117,8 +113,8 @@ bool Insert(const List& columns, const List& record) {
 
 // Adds a record for each extension, all with the one key on the form, or, where the form has no DIR, for each composite
 // key. The first that cannot be added ends it.
-using AddRecord = bool (*)(const List& record);
-bool AddEach(const List& columns, AddRecord addByDIR, AddRecord addByDIRK) {
+using AddOne = bool (*)(const List& record);
+bool AddEach(const List& columns, AddOne addByDIR, AddOne addByDIRK) {
   return InTransaction(failAdd, [&] {
     const Value given = scGetParamValue("DIR");
     Debug("DIR = ", given);
@@ -221,21 +217,16 @@ bool Generate(const Action& action) {
   const bool hasDIG = !IsR6(action);
   RowSet rows;
   scRunQuery(hasDIG ? "SELECT DIR,KEY,MDN,CALALT,DIG FROM KSMDI" : "SELECT DIR,KEY,MDN,CALALT FROM KSMDI", rows);
-  bool flag = true;
   std::string line;
-  Value ITYPE;
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-    const LineRow fields(rows, row);
-    const Value DIR = fields[0], KEY = fields[1], MDN = fields[2], CALALT = fields[3];
-    const Value DIG = hasDIG ? fields[4] : Value();
-    if (!ReadITYPE(DIR, ITYPE)) return false;
+  return InsertKeyLines(fail, action, rows, 0, true, [&](const LineRow& row, const Value& ITYPE) {
+    const Value DIR = row[0], KEY = row[1], MDN = row[2], CALALT = row[3];
+    const Value DIG = hasDIG ? row[4] : Value();
     if (!DIR.IsNull() || !KEY.IsNull() || !MDN.IsNull())
       line = Text("KSMDI:DIR=", DIR, UnlessNull(",KEY=", KEY), UnlessNull(",MDN=", MDN), UnlessNull(",CALALT=", CALALT),
                   UnlessBlank(",DIG=", DIG), ";");
     line.insert(0, ReleaseOfFixedKey(ITYPE, DIR, KEY));
-    flag = InsertLine(fail, action, line);
-  }
-  return flag;
+    return line;
+  });
 }
 
 }  // namespace

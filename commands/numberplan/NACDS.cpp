@@ -4,9 +4,9 @@
 #include "script/Envelope.h"
 #include "script/Module.h"
 #include "script/Report.h"
-#include "shared/Column.h"
 #include "shared/Count.h"
 #include "shared/GenericRecord.h"
+#include "shared/Row.h"
 
 namespace cordboard {
 
@@ -58,23 +58,23 @@ bool Add(const Action& action) {
   });
 }
 
-// Adds the categories on the form to those of the record. A value that the form does not give stays as it was.
+// Adds the categories on the form to those of the record. A value that the form does not give stays as it was, but for
+// an empty text, which becomes a null.
 bool Merge(const Action& action) {
   const Reporter fail("Edit: " + action.CmdName);
   return InTransaction(fail, [&] {
     RowSet rows;
-    scRunQuery(Sql("SELECT NUM, CDCAT FROM NACDS WHERE CmdId = ", action.CmdId), rows);
-    const Value oldNUM = rows[0][0];
+    if (!scRunQuery(Sql("SELECT NUM, CDCAT FROM NACDS WHERE CmdId = ", action.CmdId), rows))
+      return fail(StatementFailed);
     const Value oldCDCAT = rows[1][0];
 
     const auto write = [&](const char* name, const Value& value) {
       return UpdateColumnOrNull(action.CmdName, action.CmdId, name, value) || fail(ColumnNotWritten, name);
     };
-    const Value NUM = scGetParamValue("NUM");
-    if (!write("NUM", NUM.IsBlank() ? oldNUM : NUM)) return false;
+    if (!write("NUM", OrStored(scGetParamValue("NUM"), rows, 0))) return false;
     const Value CDCAT = scGetParamValue("CDCAT");
-    if (CDCAT.IsBlank()) return write("CDCAT", oldCDCAT);
-    return write("CDCAT", oldCDCAT.IsBlank() ? CDCAT : Text(oldCDCAT, "&", CDCAT));
+    const bool both = !CDCAT.IsBlank() && !oldCDCAT.IsBlank();
+    return write("CDCAT", both ? Value(Text(oldCDCAT, "&", CDCAT)) : OrStored(CDCAT, rows, 1));
   });
 }
 
@@ -97,7 +97,7 @@ bool Edit(const Action& action) {
 // A number has one record: an add of one that is stored merges into it.
 bool AddOrMerge(const Action& action) {
   const Value NUM = scGetParamValue("NUM");
-  if (Equals(CountOf(Sql("SELECT Count(*) FROM NACDS WHERE NUM = '", NUM, "'")), 0)) return Add(action);
+  if (Equals(UncheckedCount(Sql("SELECT Count(*) FROM NACDS WHERE NUM = '", NUM, "'")), 0)) return Add(action);
   RowSet record;
   scRunQuery(Sql("SELECT CMDID FROM NACDS WHERE NUM = '", NUM, "'"), record);
   Action merge = action;

@@ -5,8 +5,8 @@
 #include "script/Module.h"
 #include "script/Report.h"
 #include "script/Text.h"
-#include "shared/Column.h"
 #include "shared/GenericRecord.h"
+#include "shared/Row.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {

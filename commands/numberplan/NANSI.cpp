@@ -8,14 +8,13 @@
 #include "script/Report.h"
 #include "script/Text.h"
 #include "shared/SplitRange.h"
+#include "shared/ValueLists.h"
 
 namespace cordboard {
 
 namespace {
 
-bool ListNUMTYP(const Action& action) {
-  return scSQLSelectValuesAndDesc() || Reporter("GetValidValForParam")(DescribedListNotBuilt, action.Parameter());
-}
+bool ListNUMTYP(const Action& action) { return scSQLSelectValuesAndDesc() || DescribedListRefused(action); }
 
 // Nothing sets these permissions back to True, and the answer is False in every case.
 bool CheckNUMTYP(const Action&) {

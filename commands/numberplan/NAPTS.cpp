@@ -4,8 +4,8 @@
 #include "script/Envelope.h"
 #include "script/Module.h"
 #include "script/Report.h"
-#include "shared/Column.h"
 #include "shared/GenericRecord.h"
+#include "shared/Row.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {
@@ -106,7 +106,7 @@ bool Edit(const Action& action) {
 }
 
 // A value chosen in one position leaves the lists of the five others, and the value that it had before comes back into
-// all six. Into the five others it is put also where there was none. Steps before the walk are not tested.
+// all six. An empty previous value is pushed into the five others as well. Steps before the walk are not tested.
 bool CheckPosition(const Action& action) {
   const std::string parameter = action.Parameter();
   if (!scGetParamValue(parameter).IsEmpty()) scSetParamOptional("POS", true);

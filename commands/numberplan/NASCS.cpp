@@ -13,8 +13,8 @@
 #include "script/Module.h"
 #include "script/Report.h"
 #include "script/Text.h"
-#include "shared/Column.h"
 #include "shared/Count.h"
+#include "shared/Row.h"
 #include "shared/SingleRecord.h"
 
 namespace cordboard {
@@ -35,14 +35,14 @@ bool BeginsNoSeries(const Reporter& fail, const Value& value) {
   if (length >= std::size(blanksByLength)) return true;
   for (const std::size_t blanks : blanksByLength[length]) {
     const std::string pattern = digits + std::string(blanks, ' ');
-    if (!Differs(CountOf(Sql("SELECT COUNT(*) FROM NANSI WHERE NUMSE LIKE '", pattern, "%' ")), 0)) continue;
+    if (!Differs(UncheckedCount(Sql("SELECT COUNT(*) FROM NANSI WHERE NUMSE LIKE '", pattern, "%' ")), 0)) continue;
     Debug("Value ", digits, " is already initiated in the NANSI range");
     return fail(NumberInUse, "NASCS");
   }
   return true;
 }
 
-// Whether the constant lies in no blocked range; `free` counts the rows up to there that it does not lie in. With no
+// Whether the constant lies in no blocked range; each row that it is found outside of adds to `free`. With no
 // rows, also from a query that failed, nothing is blocked. With a row, a constant that is not a number fails the call,
 // and so does a row without Start, after a message box.
 bool IsNotBlocked(const Reporter& fail, const std::string& name, const Value& value, int& free) {
@@ -197,8 +197,7 @@ bool DeleteRecord(const Action& action, const Reporter& fail) {
     fail(RecordNotDeleted, deleteText, action.CmdId);
     break;
   }
-  return scRunQuery(Sql("DELETE * FROM ", action.CmdName, NL, " WHERE CmdId = ", action.CmdId)) ||
-         fail(RecordNotDeleted, deleteText, action.CmdId);
+  return DeleteRow(action.CmdName, action.CmdId) || fail(RecordNotDeleted, deleteText, action.CmdId);
 }
 
 bool Delete(const Action& action) {

@@ -8,16 +8,17 @@
 #include "script/Generate.h"
 #include "script/Module.h"
 #include "script/Report.h"
-#include "shared/Column.h"
 #include "shared/Record.h"
 #include "shared/Routes.h"
+#include "shared/Row.h"
+#include "shared/ValueLists.h"
 
 namespace cordboard {
 
 namespace {
 
 bool CollectStatic(const Action& action, const std::string& sql) {
-  return scCollectSingleValues(sql, "static") || Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
+  return scCollectSingleValues(sql, "static") || ListRefused(action);
 }
 
 bool ListPROTOCOL(const Action& action) {
@@ -48,7 +49,7 @@ bool CheckPROTOCOL(const Action& action) {
 
 bool Add(const Action& action) {
   Reporter fail("Add: " + action.CmdName);
-  action.ParamList.UpperBound();  // a list without bounds fails the call before the transaction
+  action.ParamList.RequireBounds();  // before the transaction
   // The envelope closes under the context of the last step.
   return InTransaction(fail, [&] {
     const List record = Record(action.ParamList);
@@ -80,9 +81,7 @@ bool Edit(const Action& action) {
       return false;
     for (std::size_t i = 0; i < std::size(columns); ++i) {
       const std::string column = columns[i];
-      Value value = scGetParamValue(column);
-      if (value.IsBlank()) value = old[i][0];
-      if (value.IsBlank()) value = Value();
+      const Value value = OrStored(scGetParamValue(column), old, i);
       const bool written =
           UpdateColumnOrNull("ROCAI", action.CmdId, column, value) && (column != "ROU" || MoveRoute(old[0][0], value));
       if (!written) return fail(ColumnNotWritten, column);
@@ -100,7 +99,7 @@ bool Delete(const Action& action) {
     if (!scRunQuery(Sql("SELECT ROU FROM ROCAI", NL, " WHERE CmdID = ", action.CmdId), rows))
       return fail(RecordNotDeleted, action.CmdName, action.CmdId);
     if (rows.IsEmpty()) return fail(RecordNotFound);
-    return scRunQuery(Sql("DELETE * FROM ROCAI", NL, " WHERE CmdId = ", action.CmdId)) &&
+    return DeleteRow("ROCAI", action.CmdId) &&
            scRunQuery(Sql("UPDATE ROUTE SET USED=FALSE WHERE ROU='", rows[0][0], "'"));
   });
 }

@@ -9,6 +9,7 @@
 #include "shared/GenericRecord.h"
 #include "shared/Rechecks.h"
 #include "shared/Routes.h"
+#include "shared/ValueLists.h"
 
 namespace cordboard {
 
@@ -21,8 +22,7 @@ std::int32_t Digit(const Value& value) { return ToInt32(NumericValue(value)); }
 // Three digits range from 0 to a limit that follows SIG_D11. While that is blank, the list stays as the host has it.
 bool ListUpTo(const Action& action, int (*limit)(int SIG_D11)) {
   const Value SIG_D11 = scGetParamValue("SIG_D11");
-  return IsBlankTrimmed(SIG_D11) || scPushValidRangeValues(0, limit(Digit(SIG_D11))) ||
-         Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
+  return IsBlankTrimmed(SIG_D11) || scPushValidRangeValues(0, limit(Digit(SIG_D11))) || ListRefused(action);
 }
 
 bool ListSEL_D3(const Action& action) {

@@ -9,9 +9,8 @@
 #include "script/Module.h"
 #include "script/Report.h"
 #include "script/Text.h"
-#include "shared/Column.h"
 #include "shared/Record.h"
-#include "shared/Routes.h"
+#include "shared/Row.h"
 #include "shared/Usage.h"
 #include "shared/ValueLists.h"
 
@@ -39,7 +38,7 @@ bool ListCUST(const Action&) {
 
 bool ListCHO(const Action& action) {
   if (newDestinationMark == 1) return GetValuesAndDescription(action);
-  return scPushValidRangeValues(0, 7) || Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
+  return scPushValidRangeValues(0, 7) || ListRefused(action);
 }
 
 // While one of the two is blank the mark, CUST and CHO stay as they are. A query that fails finds no record. The answer
@@ -100,13 +99,12 @@ bool Edit(const Action& action) {
     RowSet old;
     if (!scRunQuery(Sql("SELECT DEST,CUST, CHO,DRN,ROU,PRE,TRC,SRT,NUMACK,ADC FROM RODDI WHERE CmdId = ", action.CmdId),
                     old))
-      return false;
+      return fail(StatementFailed);
     for (std::size_t i = 0; i < std::size(columns); ++i) {
       const std::string column = columns[i];
       Value value = scGetParamValue(column);
       if (column == "DEST" && Length(Joined(value)) > 5) return fail(ValueNotValidHere, "DEST");
-      if (value.IsBlank()) value = old[i][0];
-      if (value.IsBlank()) value = Value();
+      value = OrStored(value, old, i);
       const bool written = UpdateColumnOrNull("RODDI", action.CmdId, column, value) &&
                            (column != "DEST" || UpdateExtOpeGrp(old[0][0], value));
       if (!written) return fail(ColumnNotWritten, column);
@@ -128,7 +126,7 @@ bool Delete(const Action& action) {
     fail(RecordNotFound);
   }
   const Value DEST = rows.IsEmpty() ? Value() : rows[0][0];
-  if (!scRunQuery(Sql("DELETE * FROM RODDI", NL, " WHERE CmdId = ", action.CmdId))) return fail(RollBackFailed);
+  if (!DeleteRow("RODDI", action.CmdId)) return fail(RollBackFailed);
   // Released even where other records hold the same destination.
   DeleteExtOpeGrp(DEST);
   if (!scCommitTransaction()) {

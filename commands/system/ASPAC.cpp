@@ -4,6 +4,8 @@
 #include "script/Envelope.h"
 #include "script/Generate.h"
 #include "script/Module.h"
+#include "shared/Row.h"
+#include "shared/ValueLists.h"
 
 namespace cordboard {
 
@@ -58,15 +60,13 @@ bool Edit(const Action& action) {
 
 // A record that cannot be deleted is not reported.
 bool Delete(const Action& action) {
-  return InTransaction(Reporter("Delete: " + action.CmdName),
-                       [&] { return scRunQuery(Sql("DELETE * FROM ASPAC", NL, " WHERE CmdId = ", action.CmdId)); });
+  return InTransaction(Reporter("Delete: " + action.CmdName), [&] { return DeleteRow("ASPAC", action.CmdId); });
 }
 
 // Only the second answer counts.
 bool ListPARNUM(const Action& action) {
   scCollectSingleValues("SELECT PARNUM FROM PARNUMVAL WHERE USED = YES ORDER BY val( PARNUM) ", "static");
-  return scSubtractSingleValues("SELECT PARNUM FROM ASPAC ") ||
-         Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
+  return scSubtractSingleValues("SELECT PARNUM FROM ASPAC ") || ListRefused(action);
 }
 
 // A read that fails goes unnoticed, and a record without number and value has no line. The order number goes in as it

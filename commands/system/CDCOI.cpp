@@ -1,10 +1,11 @@
-// CDCOI: three digit strings for a customer, or for calls without one.
+// CDCOI: three digit strings for a customer, or for all who belong to none.
 
 #include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/Module.h"
 #include "shared/Count.h"
 #include "shared/GenericRecord.h"
+#include "shared/Record.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {
@@ -14,8 +15,8 @@ namespace {
 // A customer has one record, and so has the absence of a customer. Release R6 alone allows several.
 bool IsFirstOfCustomer(const Action& action, const Reporter& fail, const Value& CUST) {
   if (action.oaRelease == "R6") return true;
-  const Value count = CountOf(CUST.IsBlank() ? Sql("SELECT COUNT(*) FROM CDCOI WHERE CUST IS NULL")
-                                             : Sql("SELECT COUNT(*) FROM CDCOI WHERE CUST = '", CUST, "' "));
+  const Value count = UncheckedCount(CUST.IsBlank() ? Sql("SELECT COUNT(*) FROM CDCOI WHERE CUST IS NULL")
+                                                    : Sql("SELECT COUNT(*) FROM CDCOI WHERE CUST = '", CUST, "' "));
   return !Differs(count, 0) || fail(KeyExistsAlready, "CUSTOMER");
 }
 

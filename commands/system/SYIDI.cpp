@@ -5,7 +5,7 @@
 #include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/Module.h"
-#include "shared/Column.h"
+#include "shared/Row.h"
 #include "shared/SingleRecord.h"
 #include "shared/Usage.h"
 #include "shared/ValueLists.h"
@@ -40,7 +40,7 @@ std::optional<Value> ReadEXGID(const Reporter& fail, const Action& action) {
   return rows.IsEmpty() ? std::nullopt : std::optional(rows[0][0]);
 }
 
-// Values are taken as texts, so an EXGID that the form leaves empty is written as the empty text, never as a null.
+// Values are taken as texts, so one that the form leaves empty is written as the empty text, never as a null.
 bool EditParameter(const Reporter& fail, const Action& action, const std::string& name) {
   std::string value = ToText(scGetParamValue(name));
   if (name == "EXGID") {
@@ -69,8 +69,7 @@ bool Delete(const Action& action) {
   return InTransaction(fail, [&] {
     const std::optional<Value> EXGID = ReadEXGID(fail, action);
     if (!EXGID || !SetNumberUsed(*EXGID, false)) return false;
-    return scRunQuery(Sql("DELETE * FROM ", action.CmdName, NL, " WHERE CmdId = ", action.CmdId)) ||
-           fail(RecordNotDeleted, action.CmdName, action.CmdId);
+    return DeleteRow(action.CmdName, action.CmdId) || fail(RecordNotDeleted, action.CmdName, action.CmdId);
   });
 }
 

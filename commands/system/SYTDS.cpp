@@ -6,6 +6,7 @@
 #include "shared/GenericRecord.h"
 #include "shared/Rechecks.h"
 #include "shared/SingleRecord.h"
+#include "shared/ValueLists.h"
 
 namespace cordboard {
 
@@ -37,13 +38,9 @@ bool CollectCDNAS() {
   return NumericValue(CDNAL) < 1 || scRemoveFromValidRangeValues("CDNAS", CDNAL, 30);
 }
 
-bool ListCDNAL(const Action& action) {
-  return CollectCDNAL() || Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
-}
+bool ListCDNAL(const Action& action) { return CollectCDNAL() || ListRefused(action); }
 
-bool ListCDNAS(const Action& action) {
-  return CollectCDNAS() || Reporter("GetValidValForParam")(ListNotBuilt, action.Parameter());
-}
+bool ListCDNAS(const Action& action) { return CollectCDNAS() || ListRefused(action); }
 
 // Drops CDNAS in silence when it is no longer below CDNAL, and puts it back as a number when it is.
 bool CheckCDNAS(const Action& action) {

@@ -33,12 +33,14 @@ TEST(List, OfNoElementsHasBoundsAndCanBeWalked) {
   const List list(std::vector<Value>{});
   EXPECT_FALSE(list.IsEmpty());
   EXPECT_FALSE(list.IsNull());
+  list.RequireBounds();
   EXPECT_EQ(list.UpperBound(), -1);
   EXPECT_EQ(list.begin(), list.end());
   EXPECT_EQ(Outcome([&] { return list[0]; }), OutOfRange);
 }
 
 void ExpectNoBounds(const List& list) {
+  EXPECT_EQ(Outcome([&] { return list.RequireBounds(), true; }), OutOfRange);
   EXPECT_EQ(Outcome([&] { return list.UpperBound(); }), OutOfRange);
   EXPECT_EQ(Outcome([&] { return list.size(); }), OutOfRange);
   EXPECT_EQ(Outcome([&] { return list[0]; }), OutOfRange);

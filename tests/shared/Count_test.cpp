@@ -12,43 +12,43 @@ using Cause = RunTimeFailure::Cause;
 
 const std::string query = "SELECT COUNT(*) FROM NASCS";
 
-TEST(CountOf, IsTheFirstValueOfTheFirstRow) {
+TEST(UncheckedCount, IsTheFirstValueOfTheFirstRow) {
   ScriptedHost host;
   host.Rows(query, {{3}});
-  EXPECT_EQ(host.With([] { return CountOf(query); }), Value(3));
+  EXPECT_EQ(host.With([] { return UncheckedCount(query); }), Value(3));
 }
 
-TEST(CountOf, DoesNotTestTheAnswer) {
+TEST(UncheckedCount, DoesNotTestTheAnswer) {
   ScriptedHost host;
   host.Rows(query, {{3}});
   host.Refuse("scRunQuery");
-  EXPECT_EQ(host.With([] { return CountOf(query); }), Value(3));
+  EXPECT_EQ(host.With([] { return UncheckedCount(query); }), Value(3));
   EXPECT_EQ(host.Calls(), Lines({QueryLine(query)}));
 }
 
-TEST(CountOf, FailsWithoutARow) {
+TEST(UncheckedCount, FailsWithoutARow) {
   ScriptedHost host;
   host.Rows(query, {});
-  ExpectFailure(Cause::SubscriptOutOfRange, [&] { host.With([] { return CountOf(query); }); });
+  ExpectFailure(Cause::SubscriptOutOfRange, [&] { host.With([] { return UncheckedCount(query); }); });
 }
 
-TEST(Count, IsReportedWhereTheStatementFails) {
+TEST(CheckedCount, IsReportedWhereTheStatementFails) {
   ScriptedHost host;
   host.Refuse("scRunQuery");
   Value count;
-  EXPECT_FALSE(host.With([&] { return Count(Reporter("Add: NASCS"), query, count); }));
+  EXPECT_FALSE(host.With([&] { return CheckedCount(Reporter("Add: NASCS"), query, count); }));
   EXPECT_EQ(host.Calls(), Lines({QueryLine(query), MessageLine("Add: NASCS", "62000")}));
 }
 
-TEST(Count, IsGivenBackAndFailsWithoutARow) {
+TEST(CheckedCount, IsGivenBackAndFailsWithoutARow) {
   ScriptedHost host;
   host.Rows(query, {{3}});
   host.Rows(query, {});
   Value count;
-  EXPECT_TRUE(host.With([&] { return Count(Reporter("Add: NASCS"), query, count); }));
+  EXPECT_TRUE(host.With([&] { return CheckedCount(Reporter("Add: NASCS"), query, count); }));
   EXPECT_EQ(count, Value(3));
   ExpectFailure(Cause::SubscriptOutOfRange,
-                [&] { host.With([&] { return Count(Reporter("Add: NASCS"), query, count); }); });
+                [&] { host.With([&] { return CheckedCount(Reporter("Add: NASCS"), query, count); }); });
 }
 
 }  // namespace

@@ -23,31 +23,57 @@ TEST(KeyDefinition, IsTheFirstWithoutAValue) {
   EXPECT_EQ(KeyDefinition(" "), 1);
 }
 
-const std::string readITYPE = "SELECT ITYPE FROM KSEXI WHERE DIR = '100'";
+// --- Lines. Each row is an extension; a line tells the instrument that was found.
 
-TEST(ReadITYPE, TakesTheInstrumentOfTheFirstRow) {
-  ScriptedHost host;
-  host.Rows(readITYPE, {{"12"}});
-  Value ITYPE = "3";
-  EXPECT_TRUE(host.With([&] { return ReadITYPE("100", ITYPE); }));
-  EXPECT_EQ(ITYPE, Value("12"));
-  EXPECT_EQ(host.Calls(), Lines({QueryLine(readITYPE)}));
+const RowSet extensions(std::vector<std::vector<Value>>{{" 100 ", "101"}});
+std::string ReadITYPE(const std::string& DIR) { return "SELECT ITYPE FROM KSEXI WHERE DIR = '" + DIR + "'"; }
+std::string InsertSql(const std::string& line) { return "INSERT INTO BuiltCmd VALUES (12,'" + line + "')"; }
+
+bool InsertInstruments(ScriptedHost& host, bool flag = true) {
+  const Action action{.CmdName = "KSFKC", .ParamList = {12}};
+  return host.With([&] {
+    return InsertKeyLines(Reporter("Generating: KSFKC"), action, extensions, 0, flag,
+                          [](const LineRow& row, const Value& ITYPE) { return Text(row[0], "/", ITYPE); });
+  });
 }
 
-TEST(ReadITYPE, KeepsTheInstrumentForAnExtensionThatIsNotThere) {
+TEST(KeyLines, AreMadeWithTheInstrumentOfTheirExtension) {
   ScriptedHost host;
-  host.Rows(readITYPE, {});
-  Value ITYPE = "3";
-  EXPECT_TRUE(host.With([&] { return ReadITYPE("100", ITYPE); }));
-  EXPECT_EQ(ITYPE, Value("3"));
+  host.Rows(ReadITYPE("100"), {{"12"}});
+  host.Rows(ReadITYPE("101"), {{"3"}});
+  EXPECT_TRUE(InsertInstruments(host, false));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(ReadITYPE("100")), StatementLine(InsertSql("100/12")),
+                                 QueryLine(ReadITYPE("101")), StatementLine(InsertSql("101/3"))}));
 }
 
-TEST(ReadITYPE, AnswersFalseInSilenceWhereTheStatementFails) {
+TEST(KeyLines, KeepTheInstrumentForAnExtensionThatIsNotThere) {
   ScriptedHost host;
-  host.Refuse("scRunQuery", readITYPE);
-  Value ITYPE = "3";
-  EXPECT_FALSE(host.With([&] { return ReadITYPE("100", ITYPE); }));
-  EXPECT_EQ(host.Calls(), Lines({QueryLine(readITYPE)}));
+  host.Rows(ReadITYPE("100"), {{"12"}});
+  host.Rows(ReadITYPE("101"), {});
+  EXPECT_TRUE(InsertInstruments(host));
+  EXPECT_TRUE(host.Calls().ends_with(Lines({StatementLine(InsertSql("101/12"))})));
+}
+
+TEST(KeyLines, EndInSilenceWithFalseWhereAnInstrumentCannotBeRead) {
+  ScriptedHost host;
+  host.Refuse("scRunQuery", ReadITYPE("100"));
+  EXPECT_FALSE(InsertInstruments(host));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(ReadITYPE("100"))}));
+}
+
+TEST(KeyLines, GoOnAfterALineThatFailsAndAnswerAsTheLast) {
+  ScriptedHost host;
+  host.Rows(ReadITYPE("100"), {{"12"}});
+  host.Rows(ReadITYPE("101"), {{"3"}});
+  host.Refuse("scRunQuery", InsertSql("100/12"));
+  EXPECT_TRUE(InsertInstruments(host));
+  host.Refuse("scRunQuery", InsertSql("101/3"));
+  EXPECT_FALSE(InsertInstruments(host));
+}
+
+TEST(Given, ExtensionsAreNeitherEmptyNorNull) {
+  EXPECT_EQ(Given({"100", Value(), Value::Null(), "", "101"}), (std::vector<Value>{"100", "", "101"}));
+  EXPECT_THROW(Given(List()), RunTimeFailure);
 }
 
 const std::string functions = "SELECT KEY FROM KSFKC WHERE DIR =  '100' AND FCN = 'ABC'";

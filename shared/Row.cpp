@@ -1,4 +1,4 @@
-#include "shared/Column.h"
+#include "shared/Row.h"
 
 #include "script/HostOperations.h"
 #include "script/Statement.h"
@@ -32,6 +32,16 @@ bool UpdateColumnInLine(const std::string& table, std::int32_t CmdId, const std:
 bool UpdateColumnOrNullInLine(const std::string& table, std::int32_t CmdId, const std::string& column,
                               const Value& value) {
   return Update(table, CmdId, column, QuotedOrNull(value), "");
+}
+
+bool DeleteRow(const std::string& table, std::int32_t CmdId) {
+  return scRunQuery(Sql("DELETE * FROM ", table, NL, " WHERE CmdId = ", CmdId));
+}
+
+Value OrStored(const Value& value, const RowSet& stored, std::size_t column) {
+  if (!value.IsBlank()) return value;
+  const Value& old = stored[column][0];
+  return old.IsBlank() ? Value() : old;
 }
 
 }  // namespace cordboard

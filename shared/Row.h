@@ -1,10 +1,11 @@
-// One column of one record, written with a statement of its own. The value goes in quoted, as it stands. Each gives the
-// statement's answer and reports nothing.
+// The row of one record, by its identifier: a column is written with a statement of its own, the value quoted as it
+// stands. Each gives the statement's answer and reports nothing.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
+#include "script/List.h"
 #include "script/Value.h"
 
 namespace cordboard {
@@ -18,5 +19,12 @@ bool UpdateColumnOrNull(const std::string& table, std::int32_t CmdId, const std:
 bool UpdateColumnInLine(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value);
 bool UpdateColumnOrNullInLine(const std::string& table, std::int32_t CmdId, const std::string& column,
                               const Value& value);
+
+// Deletes the row. One that is not there counts as deleted.
+bool DeleteRow(const std::string& table, std::int32_t CmdId);
+
+// What an edit that writes all columns writes into one: the value, where it is blank what the first of the stored rows
+// has there, and where that is blank too nothing. Fails where it needs a row that is missing.
+Value OrStored(const Value& value, const RowSet& stored, std::size_t column);
 
 }  // namespace cordboard

@@ -1,4 +1,4 @@
-#include "shared/Column.h"
+#include "shared/Row.h"
 
 #include <gtest/gtest.h>
 
@@ -43,6 +43,32 @@ TEST(Column, GivesTheStatementsAnswerAndReportsNothing) {
     EXPECT_FALSE(host.With([&] { return update("KSEXI", 7, "CUST", "3"); }));
     EXPECT_EQ(host.Calls().find("scErrorMessage"), std::string::npos);
   }
+}
+
+TEST(Row, IsDeletedByItsIdentifier) {
+  ScriptedHost host;
+  EXPECT_TRUE(host.With([] { return DeleteRow("KSEXI", 7); }));
+  host.Refuse("scRunQuery");
+  EXPECT_FALSE(host.With([] { return DeleteRow("KSEXI", 7); }));
+  const std::string deletion = StatementLine("DELETE * FROM KSEXI{NL} WHERE CmdId = 7");
+  EXPECT_EQ(host.Calls(), Lines({deletion, deletion}));
+}
+
+TEST(OrStored, IsTheValueWhereItIsGiven) { EXPECT_EQ(OrStored("3", RowSet(), 0), Value("3")); }
+
+TEST(OrStored, IsWhatIsStoredWhereTheValueIsBlank) {
+  const RowSet stored({{"1", "9"}, {"2", "9"}});
+  for (const Value& blank : {Value(), Value::Null(), Value("")}) EXPECT_EQ(OrStored(blank, stored, 1), Value("2"));
+}
+
+TEST(OrStored, IsEmptyWhereBothAreBlank) {
+  const RowSet stored({{Value::Null()}, {""}});
+  EXPECT_EQ(OrStored("", stored, 0), Value());
+  EXPECT_EQ(OrStored(Value::Null(), stored, 1), Value());
+}
+
+TEST(OrStored, FailsWithoutTheRowThatItNeeds) {
+  ExpectFailure(RunTimeFailure::Cause::SubscriptOutOfRange, [] { OrStored("", RowSet(), 0); });
 }
 
 }  // namespace
