@@ -6,15 +6,17 @@
 #include <vector>
 
 #include "fault/Scenario.h"
+#include "script/Module.h"
 #include "script/TracingHost.h"
 #include "support/FailingHost.h"
 
 namespace cordboard {
 
-// An action of a command; lists and checks are of a parameter.
+// An action of a command; lists and checks are of a parameter, and parameters may share a worker.
 struct Deed {
   std::string function;
-  std::string parameter;
+  std::string parameter = {};
+  Worker worker = nullptr;  // null where none serves it
 };
 
 struct Course {

@@ -28,12 +28,11 @@ namespace {
 
 constexpr std::uint32_t seed = 1;
 constexpr int scenariosPerRelease = 12;
-constexpr std::size_t roadsPerAction = 12;
-constexpr std::size_t roadsPerParameter = 4;
+constexpr std::size_t roadsPerWorker = 12;
 
 struct Counts {
   std::size_t commands = 0;
-  std::size_t actions = 0;  // served, a list and a check counting once for each parameter
+  std::size_t workers = 0;  // for an action, a list or a check
   std::size_t runs = 0;     // without a fault
   std::size_t roads = 0;
   std::size_t faults = 0;
@@ -45,8 +44,8 @@ class Summary : public testing::Environment {
   Counts counts;
 
   void TearDown() override {
-    std::printf("faults: %zu commands, %zu actions and parameters, %zu runs, %zu roads, %zu calls gone wrong\n",
-                counts.commands, counts.actions, counts.runs, counts.roads, counts.faults);
+    std::printf("faults: %zu commands, %zu workers, %zu runs, %zu roads, %zu calls gone wrong\n", counts.commands,
+                counts.workers, counts.runs, counts.roads, counts.faults);
   }
 };
 Summary* const summary = static_cast<Summary*>(testing::AddGlobalTestEnvironment(new Summary));
@@ -63,11 +62,10 @@ bool IsListed(const std::vector<Irregularity>& list, const Deed& deed) {
 class Faults : public testing::TestWithParam<std::string> {
  protected:
   std::string command() const { return GetParam(); }
-  const Transcript& rules() const { return TranscriptOfCommand(command()); }
 
   // Whether the False of this course is a documented silence; it counts as met.
   bool IsSilence(const Deed& deed, const Course& course, const std::string& refused) {
-    for (const Silence& silence : rules().silences) {
+    for (const Silence& silence : rules_.silences) {
       if (silence.action != deed.function) continue;
       if (silence.refused.empty() ? !refused.empty() : refused.find(silence.refused) == refused.npos) continue;
       metSilences_.insert(&silence);
@@ -83,10 +81,10 @@ class Faults : public testing::TestWithParam<std::string> {
     EXPECT_EQ(course.openAfter, course.openBefore) << "a transaction stays open, or one too many is closed";
     // A close that is refused leaves the transaction open, so that the next one stands in it.
     const bool notClosed = refused.starts_with("scCommit") || refused.starts_with("scRollBack");
-    const int deepest = (IsListed(rules().nests, deed) ? 2 : 1) + (notClosed ? 1 : 0);
+    const int deepest = (IsListed(rules_.nests, deed) ? 2 : 1) + (notClosed ? 1 : 0);
     EXPECT_LE(course.Deepest(), deepest) << "transactions nest";
     const bool envelope = clean.CountTrue("scStartTransaction") > 0;
-    const bool mayLeave = course.Succeeded() || !envelope || IsListed(rules().leavesBehind, deed);
+    const bool mayLeave = course.Succeeded() || !envelope || IsListed(rules_.leavesBehind, deed);
     EXPECT_TRUE(mayLeave || course.difference.empty()) << "a part of an action that failed is left behind";
     const bool told = course.answer || course.failure || course.Count("scErrorMessage") > 0 || course.box;
     const std::string reason = refused.empty() ? course.LastRefused() : refused;
@@ -122,8 +120,8 @@ class Faults : public testing::TestWithParam<std::string> {
     for (const TracedCall& call : clean.calls) LearnParameter(call);
     if (clean.calls.empty() && !clean.answer) return;
     ++outcomes_[deed.function][clean.failure ? 2 : clean.answer ? 0 : 1];
-    std::set<std::string>& roads = roads_[deed.function + " " + deed.parameter];
-    if (roads.size() >= (deed.parameter.empty() ? roadsPerAction : roadsPerParameter)) return;
+    std::set<std::string>& roads = roads_[{deed.function, deed.worker}];
+    if (roads.size() >= roadsPerWorker) return;
     if (roads.insert(clean.Road()).second && !HasFailure()) TryEveryFault(world, before, scenario, deed, clean);
   }
 
@@ -144,12 +142,27 @@ class Faults : public testing::TestWithParam<std::string> {
     return text;
   }
 
-  std::vector<Deed> Deeds() const {
-    std::vector<Deed> deeds = {{"SetInfo", ""}, {"EditInfo", ""}, {"DeleteInfo", ""}, {"GenerateCmd", ""}};
-    for (const workbench::ParameterDefinition& parameter : FormOf(command()).parameters) {
-      deeds.push_back({"GetValidValForParam", parameter.name});
-      deeds.push_back({"StatCheck", parameter.name});
+  // Every worker of lists or checks once, on any of the parameters that it serves.
+  static void AddDeeds(const std::string& function, const std::vector<ParameterWorker>& workers, Random& random,
+                       std::vector<Deed>& deeds) {
+    std::vector<std::pair<Worker, std::vector<std::string>>> served;
+    for (const auto& [names, worker] : workers) {
+      auto found = std::ranges::find(served, worker, &std::pair<Worker, std::vector<std::string>>::first);
+      if (found == served.end()) found = served.insert(found, {worker, {}});
+      found->second.insert(found->second.end(), names.all().begin(), names.all().end());
     }
+    for (const auto& [worker, names] : served) deeds.push_back({function, random.Of(names), worker});
+    deeds.push_back({function, "NONE"});
+  }
+
+  std::vector<Deed> Deeds(Random& random) const {
+    const Module& module = *FindModule(command());
+    std::vector<Deed> deeds = {{.function = "SetInfo", .worker = module.SetInfo},
+                               {.function = "EditInfo", .worker = module.EditInfo},
+                               {.function = "DeleteInfo", .worker = module.DeleteInfo},
+                               {.function = "GenerateCmd", .worker = module.GenerateCmd}};
+    AddDeeds("GetValidValForParam", module.ValidValues, random, deeds);
+    AddDeeds("StatCheck", module.StatCheck, random, deeds);
     return deeds;
   }
 
@@ -157,14 +170,15 @@ class Faults : public testing::TestWithParam<std::string> {
     workbench::Transaction undone(world.exchange());
     const Scenario scenario = MakeScenario(world, command(), random);
     const std::string before = world.Dump();
-    for (const Deed& deed : Deeds()) {
+    for (const Deed& deed : Deeds(random)) {
       TryDeed(world, before, scenario, deed);
       if (HasFailure()) return;
     }
   }
 
-  std::map<std::string, std::set<std::string>> roads_;          // by action and parameter
-  std::map<std::string, std::array<std::size_t, 3>> outcomes_;  // True, False and failed, by action
+  const Transcript& rules_ = TranscriptOfCommand(command());  // the transcripts say what is otherwise by rule
+  std::map<std::pair<std::string, Worker>, std::set<std::string>> roads_;  // by function and worker
+  std::map<std::string, std::array<std::size_t, 3>> outcomes_;             // True, False and failed, by action
   std::set<std::string> asked_;
   std::set<const Silence*> metSilences_;
   std::set<std::string> unknownSilences_;
@@ -180,14 +194,14 @@ TEST_P(Faults, LeaveNothingUntold) {
     }
   }
   for (const std::string& silence : unknownSilences_) ADD_FAILURE() << "answers False without a message in " << silence;
-  for (const Silence& silence : rules().silences) {
+  for (const Silence& silence : rules_.silences) {
     if (!metSilences_.contains(&silence))
       std::printf("  %s %s: no scenario has met the silence of \"%s\"\n", command().c_str(), silence.action.c_str(),
                   silence.refused.c_str());
   }
 
   ++summary->counts.commands;
-  for (const auto& [deed, roads] : roads_) summary->counts.actions += 1, summary->counts.roads += roads.size();
+  for (const auto& [worker, roads] : roads_) summary->counts.workers += 1, summary->counts.roads += roads.size();
   for (const auto& [action, outcome] : outcomes_)
     std::printf("  %s %s: %zu runs True, %zu False, %zu failed\n", command().c_str(), action.c_str(), outcome[0],
                 outcome[1], outcome[2]);

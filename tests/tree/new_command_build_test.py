@@ -5,6 +5,7 @@ Usage: new_command_build_test.py BUILD    the folder of a build by Ninja, of whi
 """
 
 import json
+import re
 import shlex
 import shutil
 import subprocess
@@ -17,7 +18,11 @@ from check_tree import complaints
 
 SOURCE = Path(__file__).resolve().parents[2]
 BUILD = Path()
-FAMILY, NAME = "groups", "GPAGI"  # a family that has no command as yet
+# Any command that is not built yet, and whose module bears its name.
+PLANNED = [(family, name) for family, name in
+           re.findall(r"^PLANNED\((\w+), (\w+)\)$", (SOURCE / "entry/Commands.def").read_text(), re.MULTILINE)
+           if not name.endswith("TEMPLATE")]
+FAMILY, NAME = PLANNED[-1] if PLANNED else ("", "")
 
 
 def run(*arguments, folder=None, check=True):
@@ -50,11 +55,13 @@ class Tree:
         return out
 
     def link(self, target, objects):
-        """Links a program of the build; the given objects go before those of the same names in its libraries."""
+        """Links a program of the build; the given objects take the place of those of the same sources."""
         out = self.objects / target
         command = run("ninja", "-t", "commands", target, folder=BUILD).stdout.splitlines()[-1]
         place = f" -o {target} "
         assert place in command, command
+        for path in objects:
+            command = re.sub(rf"\S*/{path.stem}\.cpp\.o ", "", command)
         command = command.replace(place, f" -o {shlex.quote(str(out))} {shlex.join(map(str, objects))} ")
         subprocess.run(command, shell=True, cwd=BUILD, check=True)
         return out
@@ -73,6 +80,7 @@ def failures(program):
     return failed, skipped
 
 
+@unittest.skipUnless(PLANNED, "all commands are built")
 class NewCommandBuilds(unittest.TestCase):
     def test_everything_builds_and_one_test_fails_until_it_is_filled_in(self):
         with tempfile.TemporaryDirectory() as folder:
