@@ -12,9 +12,9 @@ namespace cordboard {
 
 namespace {
 
-const List columns = {"CmdID", "EXL", "POS", "POS1", "POS2", "POS3", "POS4", "POS5", "POS6"};
-constexpr std::size_t POS = 2;   // the index of POS in `columns`
-constexpr std::size_t POS1 = 3;  // and of the first position
+const List columns{"CmdID", "EXL", "POS", "POS1", "POS2", "POS3", "POS4", "POS5", "POS6"};
+constexpr std::size_t indexOfPOS = 2;
+constexpr std::size_t indexOfPOS1 = 3;
 
 void TakePosition(List& values, std::size_t column, const Value& value) {
   values[column] = value;
@@ -25,7 +25,7 @@ void TakePosition(List& values, std::size_t column, const Value& value) {
 bool TakePositionsOfPOS(const Reporter& fail, List& values) {
   List positions;
   if (!scGetValueArray("POS", positions)) return fail(ListNotBuilt, "POS");
-  for (std::size_t i = 0; i < positions.size(); ++i) TakePosition(values, POS1 + i, positions[i]);
+  for (std::size_t i = 0; i < positions.size(); ++i) TakePosition(values, indexOfPOS1 + i, positions[i]);
   return true;
 }
 
@@ -33,13 +33,13 @@ bool TakePositionsOfPOS(const Reporter& fail, List& values) {
 void ReadPositions(List& values) {
   std::string joined;
   bool first = true;
-  for (std::size_t column = POS1; column < columns.size(); ++column) {
+  for (std::size_t column = indexOfPOS1; column < columns.size(); ++column) {
     TakePosition(values, column, scGetParamValue(ToText(columns[column])));
     if (values[column].IsEmpty()) continue;
     joined += Text(first ? "" : "&", values[column]);
     first = false;
   }
-  values[POS] = joined;
+  values[indexOfPOS] = joined;
 }
 
 // One record for each value of EXL. A number that has a record already refuses the whole add, but those after it are
@@ -64,8 +64,8 @@ bool Add(const Action& action) {
       }
       List values(std::vector<Value>(columns.size()));
       values[1] = EXL;
-      TakePosition(values, POS, scGetParamValue("POS"));
-      if (!values[POS].IsEmpty() && !values[POS].IsEmptyText()) {
+      TakePosition(values, indexOfPOS, scGetParamValue("POS"));
+      if (!values[indexOfPOS].IsEmpty() && !values[indexOfPOS].IsEmptyText()) {
         if (!TakePositionsOfPOS(fail, values)) return false;
       } else if (flag) {
         ReadPositions(values);
@@ -99,7 +99,7 @@ bool Edit(const Action& action) {
       if (!UpdateColumn("NAPTS", action.CmdId, name, value)) fail(ColumnUpdateFailed, name, action.CmdName);
     }
     List positions;
-    for (std::size_t column = POS1; column < columns.size(); ++column)
+    for (std::size_t column = indexOfPOS1; column < columns.size(); ++column)
       positions.Append(scGetParamValue(ToText(columns[column])));
     return UpdateColumn("NAPTS", action.CmdId, "POS", JoinedPositions(positions)) || fail(InsertFailed, action.CmdName);
   });

@@ -22,7 +22,7 @@ namespace cordboard {
 namespace {
 
 // The columns of the table in their order: the identifier, then the constants from index 1.
-const List columns = {"CmdID", "DDIV", "CDDIV", "ANSBL", "AGP", "ANS", "ACGN", "PGI", "PGDMI", "PGSI", "PGA", "PGSA"};
+const List columns{"CmdID", "DDIV", "CDDIV", "ANSBL", "AGP", "ANS", "ACGN", "PGI", "PGDMI", "PGSI", "PGA", "PGSA"};
 
 // --- What a constant has to pass. Both checks report one that does not, and change nothing.
 
