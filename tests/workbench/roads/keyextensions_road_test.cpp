@@ -18,6 +18,7 @@
 #include "workbench/exchange/Plant.h"
 #include "workbench/plans/Plan.h"
 #include "workbench/plans/PlanLine.h"
+#include "workbench/support/RoadTest.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -35,80 +36,15 @@ const std::string series = "NANSI:NUMTYP=EX,NUMSE=100&&199;";
 const std::string category1 = "EXCCS:CAT=1,TRAF=11,SERV_D6=1,CDIV_D1=1,ROC_D2=1;";
 const std::string category2 = "EXCCS:CAT=2,TRAF=22,SERV_D6=2,CDIV_D1=1,ROC_D2=1;";
 
-class KeyExtensions : public testing::Test {
+class KeyExtensions : public RoadTest {
  protected:
-  // Opens another exchange in place of the present one.
-  void OpenNew(const std::string& release) {
-    session_.reset();
-    exchange_ = Exchange::CreateInMemory(release, ReadPlant("example"));
-    session_.emplace(*exchange_);
-  }
-
-  // One that has numbers and two categories.
+  // An exchange that has numbers and two categories.
   void Open(const std::string& release) {
     OpenNew(release);
     Prepare({series, category1, category2});
   }
 
   void SetUp() override { Open("R7"); }
-
-  // Performs one line of a plan as a user action of its own. What it was refused for, or warned of, stands in texts().
-  bool Do(const std::string& line) {
-    const Outcome outcome = Perform(*session_, *ParsePlanLine(line));
-    texts_.clear();
-    for (const auto& problems : {outcome.problems, outcome.warnings}) {
-      for (const Problem& problem : problems)
-        texts_.push_back(problem.parameter + (problem.parameter.empty() ? "" : ": ") + problem.message +
-                         (problem.allowed.empty() ? "" : " Possible: " + problem.allowed));
-    }
-    return outcome.done;
-  }
-
-  void Prepare(const std::vector<std::string>& lines) {
-    for (const std::string& line : lines) ASSERT_TRUE(Do(line)) << line << ": " << testing::PrintToString(texts_);
-  }
-
-  void Apply(const std::string& plan) {
-    std::istringstream in{std::string(Resource(plan))};
-    const PlanResult result = ApplyPlan(*session_, {{plan, in}}, {});
-    EXPECT_TRUE(result.kept) << plan;
-    for (const LineReport& report : result.reports)
-      ADD_FAILURE() << plan << ":" << report.line << ": " << report.problems.front().message;
-  }
-
-  // The values of a parameter that are valid while the form holds `given`.
-  std::vector<std::string> Valid(const std::string& command, const std::string& parameter,
-                                 const std::vector<Assignment>& given = {}) {
-    EXPECT_THAT(FillForm(*session_, *FindForm(command), given).problems(), IsEmpty());
-    const ValueList* list = session_->host().FreshList(parameter);
-    std::vector<std::string> values;
-    if (list == nullptr) return {"no list"};
-    for (const ValidValue& entry : list->All()) values.push_back(entry.value);
-    return values;
-  }
-
-  std::vector<std::string> Lines(const std::string& command) {
-    std::vector<std::string> lines;
-    for (const GeneratedLine& line : Generate(*session_).lines) {
-      if (line.command == command) lines.push_back(line.text);
-    }
-    return lines;
-  }
-
-  Value Single(const std::string& sql) { return exchange_->Dynamic().Single(sql); }
-  bool IsNumberUsed(const std::string& number) {
-    return exchange_->Dynamic().Single("SELECT USED FROM NANSI WHERE NUMSE = ?", {number}) == Value(true);
-  }
-  bool IsPositionUsed(const std::string& EQU) {
-    return exchange_->Dynamic().Single("SELECT USED FROM Equipment WHERE EQU = ?", {EQU}) == Value(true);
-  }
-  const std::vector<std::string>& texts() const { return texts_; }
-  Session& session() { return *session_; }
-
- private:
-  std::unique_ptr<Exchange> exchange_;
-  std::optional<Session> session_;
-  std::vector<std::string> texts_;
 };
 
 // --- What every form needs.
@@ -526,11 +462,6 @@ TEST_F(KeyExtensions, ReleasesDifferInLanguageDigitsAndFurtherNumbers) {
 }
 
 // --- The example.
-
-std::string Golden(const std::string& name) {
-  std::ifstream in(SourceFile("tests/workbench/golden/" + name));
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
 
 TEST_F(KeyExtensions, TheExampleGivesTheLinesOfItsRelease) {
   for (const std::string release : {"R6", "R8"}) {

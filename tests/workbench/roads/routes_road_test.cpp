@@ -15,6 +15,7 @@
 #include "workbench/exchange/Plant.h"
 #include "workbench/plans/Plan.h"
 #include "workbench/plans/PlanLine.h"
+#include "workbench/support/RoadTest.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -29,66 +30,9 @@ const std::string series = "NANSI:NUMTYP=ED,NUMSE=80&&89;";
 const std::string route1 = "ROCAI:ROU=1,PROTOCOL=ISDN,MARKET=DE,TRAF=1,DIST=5;";
 const std::string route2 = "ROCAI:ROU=2,PROTOCOL=CAS,MARKET=DE,TRAF=2;";
 
-class Routes : public testing::Test {
+class Routes : public RoadTest {
  protected:
-  // Opens another exchange in place of the present one.
-  void Open(const std::string& release) {
-    session_.reset();
-    exchange_ = Exchange::CreateInMemory(release, ReadPlant("example"));
-    session_.emplace(*exchange_);
-  }
-
-  void SetUp() override { Open("R7"); }
-
-  // Performs one line of a plan as a user action of its own. What it was refused for, or warned of, stands in texts().
-  bool Do(const std::string& line) {
-    const Outcome outcome = Perform(*session_, *ParsePlanLine(line));
-    texts_.clear();
-    for (const auto& problems : {outcome.problems, outcome.warnings}) {
-      for (const Problem& problem : problems)
-        texts_.push_back(problem.parameter + (problem.parameter.empty() ? "" : ": ") + problem.message +
-                         (problem.allowed.empty() ? "" : " Possible: " + problem.allowed));
-    }
-    return outcome.done;
-  }
-
-  void Prepare(const std::vector<std::string>& lines) {
-    for (const std::string& line : lines) ASSERT_TRUE(Do(line)) << line << ": " << testing::PrintToString(texts_);
-  }
-
-  void Apply(const std::string& plan) {
-    std::istringstream in{std::string(Resource(plan))};
-    const PlanResult result = ApplyPlan(*session_, {{plan, in}}, {});
-    ASSERT_TRUE(result.kept) << plan;
-    EXPECT_THAT(result.reports, IsEmpty()) << plan;
-  }
-
-  // The values of a parameter that are valid while the form holds `given`.
-  std::vector<std::string> Valid(const std::string& command, const std::string& parameter,
-                                 const std::vector<Assignment>& given = {}) {
-    EXPECT_THAT(FillForm(*session_, *FindForm(command), given).problems(), IsEmpty());
-    const ValueList* list = session_->host().FreshList(parameter);
-    std::vector<std::string> values;
-    for (const ValidValue& entry : list->All()) values.push_back(entry.value);
-    return values;
-  }
-
-  std::vector<std::string> Lines(const std::string& command) {
-    std::vector<std::string> lines;
-    for (const GeneratedLine& line : Generate(*session_).lines) {
-      if (line.command == command) lines.push_back(line.text);
-    }
-    return lines;
-  }
-
-  Value Single(const std::string& sql) { return exchange_->Dynamic().Single(sql); }
-  const std::vector<std::string>& texts() const { return texts_; }
-  Session& session() { return *session_; }
-
- private:
-  std::unique_ptr<Exchange> exchange_;
-  std::optional<Session> session_;
-  std::vector<std::string> texts_;
+  void SetUp() override { OpenNew("R7"); }
 };
 
 // --- Categories.
@@ -98,15 +42,15 @@ TEST_F(Routes, TheListsFollowThePoolTheReleaseAndTheProtocol) {
   EXPECT_THAT(Valid("ROCAI", "PROTOCOL"), ElementsAre("CAS", "ISDN", "QSIG"));
   EXPECT_THAT(Valid("ROCAI", "MARKET"), IsEmpty());
   EXPECT_THAT(Valid("ROCAI", "MARKET", {{"PROTOCOL", "ISDN"}}), ElementsAre("DE", "SE", "UK"));
-  Open("R6");
+  OpenNew("R6");
   EXPECT_THAT(Valid("ROCAI", "MARKET", {{"PROTOCOL", "ISDN"}}), ElementsAre("DE", "SE"));
-  Open("R8");
+  OpenNew("R8");
   EXPECT_THAT(Valid("ROCAI", "PROTOCOL"), ElementsAre("CAS", "ISDN", "QSIG", "SIP"));
 }
 
 TEST_F(Routes, EveryProtocolAndMarketOfEveryReleaseGivesLines) {
   for (const std::string& release : Releases()) {
-    Open(release);
+    OpenNew(release);
     int route = 0;
     for (const std::string& protocol : Valid("ROCAI", "PROTOCOL")) {
       const std::vector<std::string> markets = Valid("ROCAI", "MARKET", {{"PROTOCOL", protocol}});
@@ -388,14 +332,9 @@ TEST_F(Routes, AChangedKindOfLineKeepsTheDigitsThatFitAndDropsTheOthers) {
 
 // --- The example.
 
-std::string Golden(const std::string& name) {
-  std::ifstream in(SourceFile("tests/workbench/golden/" + name));
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
 TEST_F(Routes, TheExampleGivesTheLinesOfItsRelease) {
   for (const std::string release : {"R6", "R8"}) {
-    Open(release);
+    OpenNew(release);
     Apply("plans/example.plan");
     Apply("plans/routes.plan");
     std::string lines;
@@ -410,7 +349,7 @@ TEST_F(Routes, TheLinesOfDestinationsCanBeReadAsAPlan) {
   Apply("plans/example.plan");
   Apply("plans/routes.plan");
   const std::vector<std::string> lines = Lines("RODDI");
-  Open("R7");
+  OpenNew("R7");
   Prepare({series, route1, route2, "ROCAI:ROU=3,PROTOCOL=QSIG,MARKET=DE,TRAF=1;",
            "ROCAI:ROU=4,PROTOCOL=ISDN,MARKET=SE,TRAF=1;"});
   Prepare(lines);
