@@ -69,8 +69,8 @@ nlohmann::json ToJson(const Value& value) {
 }
 
 void PrintTable(const std::vector<std::string>& headings, const std::vector<std::vector<std::string>>& rows) {
-  std::vector<std::size_t> widths;
-  for (const std::string& heading : headings) widths.push_back(Length(heading));
+  std::vector<std::size_t> widths(headings.size());
+  std::ranges::transform(headings, widths.begin(), Length);
   for (const auto& row : rows) {
     for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], Length(row[i]));
   }

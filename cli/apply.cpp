@@ -53,7 +53,7 @@ void ReportJson(const PlanResult& result) {
 }
 
 std::string Summary(const PlanResult& result, bool dryRun) {
-  const std::string counts = std::to_string(result.done) + " done, " + std::to_string(result.refused) + " refused";
+  std::string counts = std::to_string(result.done) + " done, " + std::to_string(result.refused) + " refused";
   if (result.kept) return counts;
   return counts + (dryRun ? "; nothing was kept, since this is a dry run" : "; nothing was kept");
 }

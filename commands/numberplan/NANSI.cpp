@@ -81,17 +81,18 @@ bool Delete(const Action& action) {
 
 // The lines come in the order that DISTINCT gives.
 bool Generate(const Action& action) {
-  return GenerateLines(action, "SELECT DISTINCT Start, End, Numtyp From NANSIBlockedRange",
-                       [](const LineRow& row) -> std::optional<std::string> {
-                         const Value Start = row[0], End = row[1], Numtyp = row.Stored(2);
-                         if (End.IsNull() && Numtyp.IsNull()) {
-                           Debug("  Ignoring this value, as it is not a valid NANSI range");
-                           return std::nullopt;
-                         }
-                         const bool range = !End.IsNull() && !Equals(End, Start);
-                         const std::string NUMSE = range ? Text(Start, "&&", End) : Text(Start);
-                         return Text("NANSI:NUMTYP=", Numtyp, ",NUMSE=", NUMSE, ";");
-                       });
+  const auto line = [](const LineRow& row) -> std::optional<std::string> {
+    const Value Start = row[0], End = row[1];
+    const Value& Numtyp = row.Stored(2);
+    if (End.IsNull() && Numtyp.IsNull()) {
+      Debug("  Ignoring this value, as it is not a valid NANSI range");
+      return std::nullopt;
+    }
+    const bool range = !End.IsNull() && !Equals(End, Start);
+    const std::string NUMSE = range ? Text(Start, "&&", End) : Text(Start);
+    return Text("NANSI:NUMTYP=", Numtyp, ",NUMSE=", NUMSE, ";");
+  };
+  return GenerateLines(action, "SELECT DISTINCT Start, End, Numtyp From NANSIBlockedRange", line);
 }
 
 }  // namespace

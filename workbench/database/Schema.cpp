@@ -18,7 +18,7 @@ const Named* FindNamed(const std::vector<Named>& all, std::string_view name) {
 
 // A name goes into square brackets as it is.
 std::string ReadName(const DataItem& item) {
-  const std::string name = item.Text();
+  std::string name = item.Text();
   if (name.empty() || name.find_first_of(std::string("[]\0", 3)) != name.npos) item.Fail("the name is not valid");
   if (IsRowPlace(name)) item.Fail("no column is named " + name);
   return name;

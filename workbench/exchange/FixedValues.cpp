@@ -83,8 +83,8 @@ void EnterTable(Connection& database, const FixedTable& table) {
     columns += (columns.empty() ? "[" : ", [") + column + "]";
     places += places.empty() ? "?" : ", ?";
   }
-  for (const std::vector<Value>& row : table.rows)
-    database.Run("INSERT INTO [" + table.name + "] (" + columns + ") VALUES (" + places + ")", row);
+  const std::string insert = "INSERT INTO [" + table.name + "] (" + columns + ") VALUES (" + places + ")";
+  for (const std::vector<Value>& row : table.rows) database.Run(insert, row);
 }
 
 }  // namespace

@@ -141,7 +141,7 @@ Plant ReadPlant(const std::string& nameOrFile) {
 
 Plant ParsePlant(std::string_view text, const std::string& source) {
   try {
-    const Plant plant = ReadData(text, source).Object(ReadFields);
+    Plant plant = ReadData(text, source).Object(ReadFields);
     Check(plant);
     return plant;
   } catch (const DataError& error) {
