@@ -1,5 +1,5 @@
-// Abbreviated numbers, authorisation codes and divisions as a user meets them: AOCOI, CDINI, ADINI and ADCOI on a real
-// exchange.
+// Abbreviated numbers, authorisation codes and divisions as a user meets them: AOCOI, CDINI, ADINI, ADCOI and AUCOI on
+// a real exchange.
 
 #include <gmock/gmock.h>
 
@@ -165,6 +165,79 @@ TEST_F(ADCOIRoad, ATranslationThatLeadsBackToAnAbbreviatedNumberIsRefused) {
   EXPECT_EQ(Rows(common), "AC|72|7512|-");
 }
 
+// --- AUCOI.
+
+class AUCOIRoad : public Authorisation {
+ protected:
+  void SetUp() override {
+    Authorisation::SetUp();
+    ASSERT_EQ(Do("GESPI:CSP=0,CDIV_D1=0,NPRES_D1=1,ROC_D2=1,SERV_D6=1,TRAF_D1=1;"), "done");
+    // A cordless number.
+    Rows("INSERT INTO GEDII (CMDID, NUMTYP, DIR) VALUES (9001, 'EX', '205')");
+  }
+};
+
+const char* const centralCodes = "SELECT NUMTYP, AUTH, [CHECK], CAT, CSP, CUST FROM AUCOI_Central ORDER BY rowid";
+const char* const regionalCodes = "SELECT NUMTYP, AUTH, DIR, CAT, CSP, CUST FROM AUCOI_Regional ORDER BY rowid";
+
+TEST_F(AUCOIRoad, ACodeWithoutANumberIsCentralAndOneWithANumberRegional) {
+  EXPECT_EQ(Do("AUCOI:AUTH=1111,CHECK=1,CAT=1,CUST=1;"), "done");
+  EXPECT_EQ(Do("AUCOI:AUTH=2222,DIR=200,CAT=1;"), "done");
+  EXPECT_EQ(Do("AUCOI:AUTH=3333,DIR=205,CSP=0;"), "done");
+  EXPECT_EQ(Rows(centralCodes), "EX|1111|1|1|-|1");
+  EXPECT_EQ(Rows(regionalCodes), "EX|2222|200|1|-|- EX|3333|205|-|0|-");
+}
+
+TEST_F(AUCOIRoad, TheListsOfferWhatIsPossible) {
+  EXPECT_EQ(Values("AUCOI", "DIR"), "200 201 202 203 205");
+  EXPECT_EQ(Values("AUCOI", "CHECK"), "0 1");
+  EXPECT_EQ(Values("AUCOI", "CAT"), "1");
+  EXPECT_EQ(Values("AUCOI", "CSP"), "0");
+  EXPECT_EQ(Values("AUCOI", "CUST"), "1 2");
+  ASSERT_EQ(Do("AUCOI:AUTH=2222,DIR=200,CAT=1;"), "done");
+  EXPECT_EQ(Values("AUCOI", "DIR"), "201 202 203 205");
+  EXPECT_EQ(Do("AUCOI:AUTH=2222,DIR=200,CAT=1;"), "DIR=200: this value is not possible here [201, 202, 203, 205]");
+}
+
+TEST_F(AUCOIRoad, ACordlessNumberTakesAProfileAndAnyOtherACategory) {
+  EXPECT_EQ(Do("AUCOI:AUTH=2222,DIR=200,CSP=0;"),
+            "A number of the kind Normal takes CAT. Give CAT, and leave the other category empty.");
+  EXPECT_EQ(Do("AUCOI:AUTH=2222,DIR=205,CAT=1;"),
+            "A number of the kind Cordless takes CSP. Give CSP, and leave the other category empty.");
+  EXPECT_EQ(Do("AUCOI:AUTH=2222,DIR=200;"), "CAT=: give CAT, or CSP");
+  EXPECT_EQ(Rows(regionalCodes), "");
+}
+
+TEST_F(AUCOIRoad, ARecordIsFoundChangedAndDeletedInItsOwnTable) {
+  ASSERT_EQ(Do("AUCOI:AUTH=1111,CHECK=1,CAT=1;"), "done");
+  ASSERT_EQ(Do("AUCOI:AUTH=1111,DIR=200,CAT=1;"), "done");
+  EXPECT_EQ(Do("edit AUCOI AUTH=1111:CUST=1;"),
+            "there are several records of AUCOI with AUTH=1111; select one by more of its parameters");
+  EXPECT_EQ(Do("edit AUCOI AUTH=1111,DIR=201:CUST=1;"), "there is no record of AUCOI with AUTH=1111,DIR=201");
+  EXPECT_EQ(Do("edit AUCOI CATE=1:CUST=1;"), "CATE=1: a record of AUCOI has no CATE. Did you mean CAT?");
+  EXPECT_EQ(Do("edit AUCOI DIR=200:DIR=201,CUST=2,AUTH=2222;"), "done");
+  EXPECT_EQ(Do("edit AUCOI AUTH=1111:CHECK=0,CUST=1;"), "done");
+  EXPECT_EQ(Rows(centralCodes), "EX|1111|0|1|-|1");
+  EXPECT_EQ(Rows(regionalCodes), "EX|2222|201|1|-|2");
+  EXPECT_EQ(Do("delete AUCOI CHECK=0;"), "done");
+  EXPECT_EQ(Rows(centralCodes), "");
+  EXPECT_EQ(Do("delete AUCOI AUTH=2222;"), "done");
+  EXPECT_EQ(Rows(regionalCodes), "");
+}
+
+TEST_F(AUCOIRoad, WhatTheOtherTableHasIsRefusedAndNotLost) {
+  EXPECT_EQ(Do("AUCOI:AUTH=1111,DIR=200,CHECK=1,CAT=1;"),
+            "CHECK=1: a record of the table AUCOI_Regional does not have this parameter; leave it out");
+  ASSERT_EQ(Do("AUCOI:AUTH=1111,CAT=1;"), "done");
+  EXPECT_EQ(Do("edit AUCOI AUTH=1111:DIR=200;"),
+            "DIR=200: a record of the table AUCOI_Central does not have this parameter; leave it out");
+  ASSERT_EQ(Do("AUCOI:AUTH=2222,DIR=200,CAT=1;"), "done");
+  EXPECT_EQ(Do("edit AUCOI DIR=200:CHECK=1;"),
+            "CHECK=1: a record of the table AUCOI_Regional does not have this parameter; leave it out");
+  EXPECT_EQ(Rows(centralCodes), "EX|1111|-|1|-|-");
+  EXPECT_EQ(Rows(regionalCodes), "EX|2222|200|1|-|-");
+}
+
 // --- The example.
 
 TEST(AuthorisationExample, IsAppliedOnEveryReleaseAndGivesNoLines) {
@@ -181,8 +254,10 @@ TEST(AuthorisationExample, IsAppliedOnEveryReleaseAndGivesNoLines) {
     }
     EXPECT_EQ(road.Lines(), before) << release;
     EXPECT_EQ(road.Rows("SELECT DIR, ABB, TRA, IADTYP FROM ADINI WHERE NOT ABB IS NULL ORDER BY rowid"),
-              "216|1|4711|AO 216|2|4712|AO");
+              "216|1|4711|AO 216|2|4712|AO 217|1|8101|AU 218|1|8201|RA");
     EXPECT_EQ(road.Rows("SELECT ABB, TRA FROM ADCOI ORDER BY rowid"), "70|00891234567 71|0112 72|00897654321");
+    EXPECT_EQ(road.Rows(centralCodes), "EX|8101|1|2|-|1 EX|8102|0|1|-|-");
+    EXPECT_EQ(road.Rows(regionalCodes), "EX|8201|218|2|-|1");
     EXPECT_EQ(road.Rows("SELECT DIV, COUNT(*) FROM CDINI GROUP BY DIV"), "Management|12 Sales|8");
   }
 }
