@@ -134,9 +134,13 @@ void HelpAsPage(const FormDefinition& form) {
   }
   if (listed != nullptr)
     std::cout << "\nWhat is possible now: `cordboard values FILE " << form.command << ' ' << listed->name << "`.\n";
-  std::vector<std::string> columns;
-  for (const std::string& column : form.columns) columns.push_back(Quoted(column));
-  std::cout << "\nRecord: table " << Quoted(form.table) << ", columns " << Joined(columns, ", ") << ".\n";
+  for (const FormDefinition* table : form.OfEachTable()) {
+    std::vector<std::string> columns;
+    for (const std::string& column : table->columns) columns.push_back(Quoted(column));
+    std::cout << '\n'
+              << (table == &form ? "Record" : "Record with " + Quoted(form.secondWith)) << ": table "
+              << Quoted(table->table) << ", columns " << Joined(columns, ", ") << ".\n";
+  }
 }
 
 }  // namespace

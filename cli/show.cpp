@@ -16,7 +16,10 @@ void ShowTables(workbench::Exchange& exchange, bool json) {
   nlohmann::json data = nlohmann::json::array();
   std::vector<std::vector<std::string>> rows;
   for (const workbench::FormDefinition* form : workbench::Forms()) {
-    const Value count = exchange.Dynamic().Single("SELECT COUNT(*) FROM [" + form->table + "]");
+    double records = 0;
+    for (const workbench::FormDefinition* table : form->OfEachTable())
+      records += exchange.Dynamic().Single("SELECT COUNT(*) FROM [" + table->table + "]").number();
+    const Value count = records;
     data.push_back({{"command", form->command}, {"title", form->title}, {"records", ToJson(count)}});
     rows.push_back({form->command, Joined(count), form->title});
   }
@@ -25,12 +28,11 @@ void ShowTables(workbench::Exchange& exchange, bool json) {
   PrintTable({"COMMAND", "RECORDS", ""}, rows);
 }
 
-void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition& form, bool json) {
+void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition& form, nlohmann::json* json) {
   const RowSet records = exchange.Dynamic().Run("SELECT * FROM [" + form.table + "] ORDER BY rowid");
   const RowSet columns = exchange.Dynamic().Run("SELECT name FROM pragma_table_info(?)", {form.table});
   std::vector<std::string> names;
   for (const Value& name : columns[0]) names.push_back(Joined(name));
-  nlohmann::json data = nlohmann::json::array();
   std::vector<std::vector<std::string>> rows;
   for (std::size_t row = 0; row < records.RowCount(); ++row) {
     nlohmann::json record;
@@ -39,11 +41,10 @@ void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition&
       record[names[column]] = ToJson(records[column][row]);
       cells.push_back(records[column][row].IsNull() ? "-" : Joined(records[column][row]));
     }
-    data.push_back(record);
+    if (json != nullptr) json->push_back(record);
     rows.push_back(cells);
   }
-  if (json) return PrintJson(data);
-  PrintTable(names, rows);
+  if (json == nullptr) PrintTable(names, rows);
 }
 
 }  // namespace
@@ -53,7 +54,10 @@ int Show(const ShowOptions& options) {
   if (options.command.empty()) {
     ShowTables(*exchange, options.json);
   } else {
-    ShowRecords(*exchange, FormOf(options.command), options.json);
+    nlohmann::json data = nlohmann::json::array();
+    for (const workbench::FormDefinition* table : FormOf(options.command).OfEachTable())
+      ShowRecords(*exchange, *table, options.json ? &data : nullptr);
+    if (options.json) PrintJson(data);
   }
   return Done;
 }

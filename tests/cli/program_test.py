@@ -364,6 +364,21 @@ class Data(ProgramTest):
         self.assertEqual(data["release"], "R7")
         self.assertIn({"command": "NANSI", "records": 101, "title": "Number series"}, data["tables"])
 
+    def test_show_lists_the_records_of_both_tables_of_a_command(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=b"""\
+            EXCCS:CAT=1,TRAF=11,SERV_D6=1,CDIV_D1=1,ROC_D2=1;
+            KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;
+            AUCOI:AUTH=1111,CHECK=1,CAT=1;
+            AUCOI:AUTH=2222,DIR=100,CAT=1;
+            """)
+        lines = [line.split() for line in self.ends(DONE, "show", self.exchange, "AUCOI").stdout.splitlines()]
+        self.assertEqual([line[2:4] for line in lines],
+                         [["AUTH", "CHECK"], ["1111", "1"], ["AUTH", "DIR"], ["2222", "100"]])
+        records = self.json("show", self.exchange, "AUCOI")
+        self.assertEqual([record["AUTH"] for record in records], ["1111", "2222"])
+        counted = {table["command"]: table["records"] for table in self.json("show", self.exchange)["tables"]}
+        self.assertEqual(counted["AUCOI"], 2)
+
     def test_show_lists_the_records_of_a_command(self):
         lines = self.ends(DONE, "show", self.exchange, "NANSI").stdout.splitlines()
         self.assertEqual(lines[0].split(), ["CmdId", "NUMSE", "NUMTYP", "USED"])

@@ -45,7 +45,8 @@ std::vector<Problem> TakeMessages(Session& session, const Assignment& about) {
 }
 
 Filling FillForm(Session& session, const FormDefinition& definition, std::vector<Assignment> given) {
-  Filling filling(session, definition, std::move(given));
+  const FormDefinition& ofRecord = definition.OfRecordWith(given);
+  Filling filling(session, ofRecord, std::move(given));
   if (const auto record = StandingRecord(session.exchange(), definition))
     LoadRecord(session.exchange(), definition, *record, session.form());
   filling.SetGiven();

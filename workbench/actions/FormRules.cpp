@@ -31,6 +31,13 @@ std::string IsOfTheRelease(const Filling& filling, const Assignment& assignment)
   return has ? "" : "the release " + release + " does not have this parameter";
 }
 
+// Where records stand in two tables, those of one have parameters that those of the other do not.
+std::string IsOfTheTable(const Filling& filling, const Assignment& assignment) {
+  const auto& elsewhere = filling.definition().elsewhere;
+  if (assignment.value.empty() || std::ranges::find(elsewhere, assignment.name) == elsewhere.end()) return "";
+  return "a record of the table " + filling.definition().table + " does not have this parameter; leave it out";
+}
+
 std::string HasPlainCharacters(const Filling&, const Assignment& assignment) {
   const std::string& value = assignment.value;
   if (value.find('\'') != value.npos) return "a value must not hold a quote character (')";
@@ -38,7 +45,7 @@ std::string HasPlainCharacters(const Filling&, const Assignment& assignment) {
   return control ? "a value must not hold control characters" : "";
 }
 
-constexpr ValueRule rulesOfValue[] = {IsOfTheForm, IsOfTheRelease, HasPlainCharacters};
+constexpr ValueRule rulesOfValue[] = {IsOfTheForm, IsOfTheRelease, IsOfTheTable, HasPlainCharacters};
 
 // --- An edit, before its values are set.
 

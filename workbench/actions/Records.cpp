@@ -8,25 +8,44 @@
 
 namespace cordboard::workbench {
 
-std::variant<std::int32_t, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
-                                               const std::vector<Assignment>& selection) {
+namespace {
+
+bool HasColumn(const FormDefinition& definition, const std::string& name) {
+  return std::ranges::find(definition.columns, name) != definition.columns.end();
+}
+
+// The identifiers of the first two records of one table that have these values. The names are columns of the table, so
+// that they can stand in a statement.
+RowSet RecordsWith(Exchange& exchange, const FormDefinition& definition, const std::vector<Assignment>& selection) {
   std::vector<Value> values;
-  for (const auto& [name, value] : selection) {
-    // The names come from the form's own columns, so that they can stand in a statement.
-    if (std::ranges::find(definition.columns, name) == definition.columns.end())
-      return Problem{.parameter = name, .value = value, .message = UnknownColumn(definition, name)};
-    values.emplace_back(value);
-  }
+  for (const Assignment& each : selection) values.emplace_back(each.value);
   const std::string condition =
       Separated(selection, " AND ", [](const Assignment& each) { return "[" + each.name + "] = ?"; });
-  const RowSet rows = exchange.Dynamic().Run(
+  return exchange.Dynamic().Run(
       "SELECT [CmdId] FROM [" + definition.table + "]" + (selection.empty() ? "" : " WHERE " + condition) + " LIMIT 2",
       values);
-  if (rows.RowCount() == 1) return ToInt32(rows[0][0]);
+}
+
+}  // namespace
+
+std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
+                                               const std::vector<Assignment>& selection) {
+  const std::vector<const FormDefinition*> tables = definition.OfEachTable();
+  for (const auto& [name, value] : selection) {
+    if (std::ranges::none_of(tables, [&](const FormDefinition* table) { return HasColumn(*table, name); }))
+      return Problem{.parameter = name, .value = value, .message = UnknownColumn(definition, name)};
+  }
+  std::vector<StoredRecord> found;
+  for (const FormDefinition* table : tables) {
+    if (!std::ranges::all_of(selection, [&](const Assignment& each) { return HasColumn(*table, each.name); })) continue;
+    const RowSet rows = RecordsWith(exchange, *table, selection);
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) found.push_back({table, ToInt32(rows[0][row])});
+  }
+  if (found.size() == 1) return found.front();
   const std::string described =
       Separated(selection, ",", [](const Assignment& each) { return each.name + "=" + each.value; });
   const std::string records = definition.command + (selection.empty() ? "" : " with " + described);
-  if (rows.IsEmpty()) return Problem{.message = "there is no record of " + records};
+  if (found.empty()) return Problem{.message = "there is no record of " + records};
   return Problem{.message = "there are several records of " + records + "; select one by more of its parameters"};
 }
 
@@ -39,8 +58,8 @@ bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::str
 std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinition& definition) {
   if (!definition.single) return std::nullopt;
   const auto found = FindRecord(exchange, definition, {});
-  const auto* CmdId = std::get_if<std::int32_t>(&found);
-  return CmdId == nullptr ? std::nullopt : std::optional(*CmdId);
+  const auto* record = std::get_if<StoredRecord>(&found);
+  return record == nullptr ? std::nullopt : std::optional(record->CmdId);
 }
 
 void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form) {

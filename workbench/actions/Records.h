@@ -12,8 +12,14 @@
 
 namespace cordboard::workbench {
 
-// The identifier of the one record that has these values, or why there is not one.
-std::variant<std::int32_t, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
+// A record: its identifier, and the form of the table in which it stands.
+struct StoredRecord {
+  const FormDefinition* definition;
+  std::int32_t CmdId;
+};
+
+// The one record that has these values, in whichever table of the form, or why there is not one.
+std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
                                                const std::vector<Assignment>& selection);
 
 // Whether a record has this value in the column.

@@ -69,20 +69,12 @@ Outcome Add(Session& session, const FormDefinition& definition, const UserAction
   Filling filling = FillForm(session, definition, action.values);
   CheckWholeForm(filling);
   if (filling.IsRefused()) return Refused(filling.problems());
-  Outcome outcome = Act(filling, "SetInfo", 0, Names(definition.columns));
+  Outcome outcome = Act(filling, "SetInfo", 0, Names(filling.definition().columns));
   if (!outcome.done && StandingRecord(session.exchange(), definition))
     outcome.problems.push_back({.message = "there is one record of " + definition.command +
                                            ", and it stands already; change it with: edit " + definition.command +
                                            ":NAME=value;"});
   return outcome;
-}
-
-// The record that the action is for; a filling is refused where there is not one.
-std::optional<std::int32_t> Selected(Filling& filling, const std::vector<Assignment>& selection) {
-  const auto found = FindRecord(filling.session().exchange(), filling.definition(), selection);
-  if (const auto* CmdId = std::get_if<std::int32_t>(&found)) return *CmdId;
-  filling.Refuse(std::get<Problem>(found));
-  return std::nullopt;
 }
 
 // Puts a stored record on the form. The checks of its values run, since they set up the rest of the form (the values
@@ -102,11 +94,11 @@ void ShowRecord(Session& session, const FormDefinition& definition, std::int32_t
   }
 }
 
-Outcome Edit(Session& session, const FormDefinition& definition, const UserAction& action) {
+Outcome Edit(Session& session, const StoredRecord& record, const UserAction& action) {
+  const FormDefinition& definition = *record.definition;
+  const std::int32_t CmdId = record.CmdId;
   Filling filling(session, definition, action.values);
-  const auto record = Selected(filling, action.selection);
-  if (!record) return Refused(filling.problems());
-  ShowRecord(session, definition, *record);
+  ShowRecord(session, definition, CmdId);
   const ColumnValues shown = Columns(filling.form());
   CheckEdit(filling);
   filling.SetGiven();
@@ -116,18 +108,17 @@ Outcome Edit(Session& session, const FormDefinition& definition, const UserActio
     filling.Refuse({.message = "nothing is changed: give the new values after the colon"});
   if (filling.IsRefused()) return Refused(filling.problems());
   AddWhatChecksChanged(filling, shown, changed);
-  Outcome outcome = Act(filling, "EditInfo", *record, Names(changed));
-  if (outcome.done) WriteKeysAfterEdit(session.exchange(), definition, *record, changed, session.form());
+  Outcome outcome = Act(filling, "EditInfo", CmdId, Names(changed));
+  if (outcome.done) WriteKeysAfterEdit(session.exchange(), definition, CmdId, changed, session.form());
   return outcome;
 }
 
-Outcome Delete(Session& session, const FormDefinition& definition, const UserAction& action) {
+Outcome Delete(Session& session, const StoredRecord& record) {
+  const FormDefinition& definition = *record.definition;
   Filling filling(session, definition);
-  const auto record = Selected(filling, action.selection);
-  if (!record) return Refused(filling.problems());
-  LoadRecord(session.exchange(), definition, *record, session.form());
-  Outcome outcome = Act(filling, "DeleteInfo", *record, List());
-  if (outcome.done && definition.handling.removeRowAfterDelete) RemoveRow(session.exchange(), definition, *record);
+  LoadRecord(session.exchange(), definition, record.CmdId, session.form());
+  Outcome outcome = Act(filling, "DeleteInfo", record.CmdId, List());
+  if (outcome.done && definition.handling.removeRowAfterDelete) RemoveRow(session.exchange(), definition, record.CmdId);
   return outcome;
 }
 
@@ -143,12 +134,14 @@ Outcome Perform(Session& session, const FormDefinition& definition, const UserAc
   const auto cannot = [&](const std::string& what) {
     return Refused({{.message = "records of " + action.command + " cannot be " + what}});
   };
-  switch (action.kind) {
-    case UserAction::Kind::Add: return definition.adds ? Add(session, definition, action) : cannot("added");
-    case UserAction::Kind::Edit: return definition.edits ? Edit(session, definition, action) : cannot("changed");
-    case UserAction::Kind::Delete: return definition.deletes ? Delete(session, definition, action) : cannot("deleted");
-  }
-  return Refused({});
+  if (action.kind == UserAction::Kind::Add) return definition.adds ? Add(session, definition, action) : cannot("added");
+  const bool edit = action.kind == UserAction::Kind::Edit;
+  if (edit && !definition.edits) return cannot("changed");
+  if (!edit && !definition.deletes) return cannot("deleted");
+  const auto found = FindRecord(session.exchange(), definition, action.selection);
+  if (const auto* problem = std::get_if<Problem>(&found)) return Refused({*problem});
+  const StoredRecord& record = std::get<StoredRecord>(found);
+  return edit ? Edit(session, record, action) : Delete(session, record);
 }
 
 }  // namespace cordboard::workbench

@@ -8,11 +8,6 @@
 
 namespace cordboard::workbench {
 
-struct Assignment {
-  std::string name;
-  std::string value;
-};
-
 struct UserAction {
   enum class Kind { Add, Edit, Delete };
 

@@ -70,6 +70,17 @@ const Folding* FormDefinition::FoldingWith(std::string_view subDigit) const {
   return nullptr;
 }
 
+std::vector<const FormDefinition*> FormDefinition::OfEachTable() const {
+  if (second == nullptr) return {this};
+  return {this, second.get()};
+}
+
+const FormDefinition& FormDefinition::OfRecordWith(const std::vector<Assignment>& values) const {
+  const bool given = std::ranges::any_of(
+      values, [this](const Assignment& value) { return value.name == secondWith && !value.value.empty(); });
+  return second != nullptr && given ? *second : *this;
+}
+
 const FormDefinition* FindForm(std::string_view command) {
   const auto found = AllForms().find(command);
   return found == AllForms().end() ? nullptr : &found->second;

@@ -2,6 +2,7 @@
 // What the command serves, and which digits a name tells, is not said there again (workbench/forms/FormReader.h).
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -88,6 +89,12 @@ struct RecordHandling {
   std::vector<std::string> writeAfterEdit = {};  // columns that an edit leaves as they were
 };
 
+// What an add is given, or what selects a record, in the order typed.
+struct Assignment {
+  std::string name;
+  std::string value;
+};
+
 struct FormDefinition {
   std::string command;
   std::string title;
@@ -99,6 +106,11 @@ struct FormDefinition {
   RecordHandling handling = {};
   std::vector<std::vector<std::string>> inStep = {};  // parameters whose values go together by their place
   std::vector<std::vector<std::string>> oneOf = {};   // sets of parameters, of which one has to be given whole
+  // Some commands keep their records in two tables: a record for which one parameter is given stands in the second.
+  // `second` is the form of those records, the same but for its table and its columns.
+  std::shared_ptr<const FormDefinition> second = {};
+  std::string secondWith = {};
+  std::vector<std::string> elsewhere = {};  // parameters that only the records of the other table have
   bool ordered = false;  // values are set in the order of the parameters, whatever the order in which they are typed
   bool single = false;   // one record for the whole exchange: an add shows and changes the record that stands
   bool adds = false;
@@ -110,6 +122,9 @@ struct FormDefinition {
   std::size_t Place(std::string_view name) const;  // of a parameter in the order; after all for an unknown one
   const Folding* FoldingOf(std::string_view parameter) const;   // of a whole parameter, the first
   const Folding* FoldingWith(std::string_view subDigit) const;  // that a sub-digit parameter belongs to
+  // The form of each table, the first one's first; the form of the record that has these values.
+  std::vector<const FormDefinition*> OfEachTable() const;
+  const FormDefinition& OfRecordWith(const std::vector<Assignment>& values) const;
 };
 
 // The forms of all commands that are built, by command name.

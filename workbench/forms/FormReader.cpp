@@ -1,6 +1,8 @@
 #include "workbench/forms/FormReader.h"
 
 #include <algorithm>
+#include <iterator>
+#include <memory>
 
 #include "entry/Registry.h"
 #include "workbench/data/DataFile.h"
@@ -80,6 +82,31 @@ void ReadRecord(FormDefinition& form, Fields& fields, const DataItem& file) {
   }
 }
 
+Texts WithoutThoseOf(const Texts& columns, const Texts& others) {
+  Texts rest;
+  std::ranges::copy_if(columns, std::back_inserter(rest),
+                       [&](const std::string& column) { return std::ranges::find(others, column) == others.end(); });
+  return rest;
+}
+
+// The second table takes everything else from the form as it has been read.
+void ReadSecondTable(FormDefinition& form, const DataItem& item) {
+  auto second = std::make_shared<FormDefinition>(form);
+  item.Object([&](Fields& fields) {
+    second->table = fields.Get<std::string>("table");
+    form.secondWith = fields.Get<std::string>("with");
+    return 0;
+  });
+  const Table* table = ShippedSchema().Database("dynamic").Find(second->table);
+  if (table == nullptr) item.Fail("there is no table " + second->table);
+  second->columns = ColumnsOf(*table);
+  form.elsewhere = WithoutThoseOf(second->columns, form.columns);
+  second->elsewhere = WithoutThoseOf(form.columns, second->columns);
+  if (std::ranges::find(form.elsewhere, form.secondWith) == form.elsewhere.end())
+    item.Fail("only the records of " + second->table + " may have " + form.secondWith);
+  form.second = second;
+}
+
 void ReadActions(FormDefinition& form) {
   const Module* module = FindModule(form.command);
   if (module == nullptr) return;
@@ -114,6 +141,7 @@ FormDefinition ReadForm(const std::string& command, std::string_view json, const
       });
     }
     ReadActions(form);
+    if (const auto second = fields.Find("second")) ReadSecondTable(form, *second);
     return form;
   });
 }

@@ -26,11 +26,14 @@ bool StandIn(const Table* table, const std::vector<std::string>& columns) {
   return true;
 }
 
-// Goes through all forms with the name of the form, and of the parameter, in front of what fails.
+// Goes through all forms, those of second tables too, with the name of the form, and of the parameter, in front of what
+// fails.
 void ForEachForm(const std::function<void(const FormDefinition&)>& test) {
   for (const FormDefinition* form : Forms()) {
-    SCOPED_TRACE(form->command);
-    test(*form);
+    for (const FormDefinition* each : form->OfEachTable()) {
+      SCOPED_TRACE(form->command + " in " + each->table);
+      test(*each);
+    }
   }
 }
 

@@ -93,6 +93,30 @@ TEST(FormReader, TheRecordIsTheTableOfTheCommandUnlessTheFormSaysAnother) {
       << "further columns are not given";
 }
 
+TEST(FormReader, ASecondTableHasAFormOfItsOwnWithTheSameParameters) {
+  const std::string second = R"(, "table": "AUCOI_Central", "second": {"table": "AUCOI_Regional", "with": "DIR"})";
+  const FormDefinition form = Read("AUCOI", Names({"AUTH", "DIR", "CHECK"}), second);
+  ASSERT_THAT(form.OfEachTable(), ElementsAre(&form, form.second.get()));
+  EXPECT_EQ(form.second->table, "AUCOI_Regional");
+  EXPECT_THAT(form.second->columns, ElementsAre("CMDID", "NUMTYP", "AUTH", "DIR", "CAT", "CSP", "CUST"));
+  EXPECT_EQ(form.second->parameters.size(), 3);
+  EXPECT_TRUE(form.second->adds);
+  EXPECT_THAT(form.elsewhere, ElementsAre("DIR"));
+  EXPECT_THAT(form.second->elsewhere, ElementsAre("CHECK"));
+  EXPECT_THAT(form.second->OfEachTable(), ElementsAre(form.second.get()));
+  EXPECT_EQ(&form.OfRecordWith({{"AUTH", "1"}, {"DIR", ""}}), &form);
+  EXPECT_EQ(&form.OfRecordWith({{"AUTH", "1"}, {"DIR", "200"}}), form.second.get());
+}
+
+TEST(FormReader, ASecondTableIsThereAndItsParameterIsItsOwn) {
+  const auto refused = [](const std::string& second) {
+    return Refused("AUCOI", Names({"AUTH"}), R"(, "table": "AUCOI_Central", "second": )" + second);
+  };
+  EXPECT_THAT(refused(R"({"table": "AUCOI_Local", "with": "DIR"})"), HasSubstr("there is no table AUCOI_Local"));
+  EXPECT_THAT(refused(R"({"table": "AUCOI_Regional", "with": "AUTH"})"),
+              HasSubstr("only the records of AUCOI_Regional may have AUTH"));
+}
+
 TEST(FormReader, AFormOfACommandThatIsNotBuiltServesNothing) {
   const FormDefinition form = Read("NONE", Names({"NUM"}), R"(, "table": "NACDS")");
   EXPECT_FALSE(form.adds || form.edits || form.deletes || form.generates);
