@@ -52,7 +52,7 @@ bool IsLeftOut(const Reporter& fail, const char* name, const Value& value) {
   return fail(ParametersExcludeEachOther, "DIR", name);
 }
 
-// A record without any code gives way to the first one that has  Each such row deletes all records of the number.
+// A record without any code gives way to the next one of its number. Each such row deletes all records of the number.
 void DeleteRecordsWithoutCode(const Reporter& fail, const RowSet& records, const Value& DIR, bool& flag) {
   for (std::size_t row = 0; row < records.RowCount(); ++row) {
     if (!records[0][row].IsNull() || !records[1][row].IsNull() || !records[2][row].IsNull()) continue;

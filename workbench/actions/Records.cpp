@@ -31,9 +31,9 @@ RowSet RecordsWith(Exchange& exchange, const FormDefinition& definition, const s
 std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
                                                const std::vector<Assignment>& selection) {
   const std::vector<const FormDefinition*> tables = definition.OfEachTable();
-  for (const auto& [name, value] : selection) {
-    if (std::ranges::none_of(tables, [&](const FormDefinition* table) { return HasColumn(*table, name); }))
-      return Problem{.parameter = name, .value = value, .message = UnknownColumn(definition, name)};
+  for (const Assignment& each : selection) {
+    if (std::ranges::none_of(tables, [&](const FormDefinition* table) { return HasColumn(*table, each.name); }))
+      return Problem{.parameter = each.name, .value = each.value, .message = UnknownColumn(definition, each.name)};
   }
   std::vector<StoredRecord> found;
   for (const FormDefinition* table : tables) {

@@ -127,9 +127,9 @@ std::vector<Folding> FoldingsOf(const FormDefinition& form, const DataItem& file
     const Exception& exception = excepted[whole];
     if (exception.alternatives.empty()) foldings.push_back(Folded(whole, parameters[whole], exception, file));
     for (const Names& chosen : exception.alternatives) {
-      for (const std::string& name : chosen) {
-        if (!Holds(parameters[whole], name)) file.Fail(name + " is no digit of " + whole);
-      }
+      const auto stranger =
+          std::ranges::find_if_not(chosen, [&](const std::string& name) { return Holds(parameters[whole], name); });
+      if (stranger != chosen.end()) file.Fail(*stranger + " is no digit of " + whole);
       foldings.push_back(
           Folded(whole, Alternative(parameters[whole], exception.alternatives, chosen), exception, file));
     }
