@@ -11,6 +11,7 @@
 #include <sstream>
 
 #include "script/Conversions.h"
+#include "support/Road.h"
 #include "support/SourceFolder.h"
 #include "workbench/actions/Filling.h"
 #include "workbench/actions/Generation.h"
@@ -583,6 +584,83 @@ TEST_F(KeyExtensions, TheLinesOfCategoriesExtensionsAndAdditionalNumbersCanBeRea
   EXPECT_EQ(Lines("KSANI"), lines["KSANI"]);
   EXPECT_EQ(Lines("EXCCS"), lines["EXCCS"]);
   EXPECT_THAT(Lines("KSMDI"), SizeIs(lines["KSMDI"].size()));
+}
+
+// --- Directory records.
+
+const char* const directoryRecords =
+    "SELECT DIR, NUMTYP, CSP, CUST, LANG, LIM, LOCATION, LIC, TYPE FROM GEDII ORDER BY rowid";
+const char* const usedNumbers = "SELECT DIR, NUMTYP FROM UsedExtOpeGrp ORDER BY rowid";
+const char* const takenNumbers = "SELECT NUMSE FROM NANSI WHERE USED ORDER BY NUMSE";
+
+TEST(GEDIIRoad, EachNumberGetsARecordAndIsTaken) {
+  Road road;
+  ASSERT_EQ(road.Do("NANSI:NUMTYP=EX,NUMSE=100&&104;"), "done");
+  EXPECT_EQ(road.Values("GEDII", "DIR"), "100 101 102 103 104");
+  EXPECT_EQ(road.Do("GEDII:DIR=100&&101,CUST=1,LANG=2,LIM=1,LOCATION=HQ,LIC=1;"), "done");
+  EXPECT_EQ(road.Do("GEDII:DIR=next;"), "done");
+  EXPECT_EQ(road.Rows(directoryRecords), "100|EX|-|1|2|1|HQ|1|- 101|EX|-|1|2|1|HQ|1|- 102|EX|-|-|-|-|-|-|-");
+  EXPECT_EQ(road.Rows(takenNumbers), "100 101 102");
+  EXPECT_EQ(road.Rows(usedNumbers), "100|EX 101|EX 102|EX");
+  EXPECT_EQ(road.Values("GEDII", "DIR"), "103 104");
+  EXPECT_EQ(road.Do("GEDII:DIR=101;"), "DIR=101: this value is not possible here [103, 104]");
+  EXPECT_THAT(road.Lines(), ElementsAre("NANSI:NUMTYP=EX,NUMSE=100&&104;")) << "it has no lines of its own";
+}
+
+TEST(GEDIIRoad, TheLocationFollowsFromTheLIM) {
+  Road road;
+  ASSERT_EQ(road.Do("NANSI:NUMTYP=EX,NUMSE=100&&104;"), "done");
+  EXPECT_EQ(road.Values("GEDII", "LOCATION"), "HQ WORKS");
+  EXPECT_EQ(road.Values("GEDII", "LOCATION", {{"LIM", "2"}}), "WORKS");
+  EXPECT_EQ(road.Do("GEDII:DIR=100,LOCATION=HQ,LIM=2;"), "LOCATION=HQ: this value is not possible here [WORKS]");
+  EXPECT_EQ(road.Do("GEDII:DIR=100,LOCATION=WORKS,LIM=2;"), "done");
+  EXPECT_EQ(road.Do("edit GEDII DIR=100:LIM=1;"), "LIM=1: this value is not possible here [2]");
+  EXPECT_EQ(road.Do("edit GEDII DIR=100:LOCATION=;"), "done");
+  EXPECT_EQ(road.Rows(directoryRecords), "100|EX|-|-|-|2||-|-") << "what an edit clears is the empty text";
+  EXPECT_EQ(road.Do("edit GEDII DIR=100:LIM=1,LOCATION=HQ;"), "done");
+  EXPECT_EQ(road.Rows(directoryRecords), "100|EX|-|-|-|1|HQ|-|-");
+}
+
+TEST(GEDIIRoad, EveryReleaseHasServiceProfilesLanguagesAndLicences) {
+  for (const std::string& release : Releases()) {
+    Road road(release);
+    ASSERT_EQ(road.Do("GESPI:CSP=0,CDIV_D1=0,NPRES_D1=1,ROC_D2=1,SERV_D6=1,TRAF_D1=1;"), "done");
+    EXPECT_EQ(road.Values("GEDII", "CSP"), "0");
+    EXPECT_EQ(road.Values("GEDII", "CUST"), "1 2");
+    EXPECT_EQ(road.Values("GEDII", "LIM"), "1 2");
+    EXPECT_EQ(road.Values("GEDII", "LIM", {{"LOCATION", "WORKS"}}), "2");
+    EXPECT_EQ(road.Values("GEDII", "LANG"), release.starts_with("R6") ? "1 2 3" : "1 2 3 4 5 6");
+    EXPECT_EQ(road.Values("GEDII", "LIC"), "0 1 2");
+  }
+}
+
+TEST(GEDIIRoad, AnEditMovesTheNumber) {
+  Road road;
+  ASSERT_EQ(road.Do("NANSI:NUMTYP=EX,NUMSE=100&&104;"), "done");
+  ASSERT_EQ(road.Do("NANSI:NUMTYP=EX,NUMSE=200000;"), "done");
+  ASSERT_EQ(road.Do("GEDII:DIR=100,CUST=1;"), "done");
+  EXPECT_EQ(road.Do("edit GEDII DIR=100:DIR=104,CUST=2;"), "done");
+  EXPECT_EQ(road.Rows(directoryRecords), "104|EX|-|2|-|-|-|-|-");
+  EXPECT_EQ(road.Rows(takenNumbers), "104");
+  EXPECT_EQ(road.Rows(usedNumbers), "104|EX");
+  EXPECT_EQ(road.Do("edit GEDII DIR=104:CUST=1,DIR=200000;"),
+            "The value of DIR is not valid: it is too long, or not of the right kind. Give another value.");
+  EXPECT_EQ(road.Rows(directoryRecords), "104|EX|-|2|-|-|-|-|-");
+}
+
+TEST(GEDIIRoad, ADeleteFreesTheNumberAndLeavesTheCordlessSystem) {
+  Road road;
+  ASSERT_EQ(road.Do("NANSI:NUMTYP=EX,NUMSE=100&&104;"), "done");
+  ASSERT_EQ(road.Do("GEDII:DIR=100&&102;"), "done");
+  road.exchange().Dynamic().Run("INSERT INTO CXSYI (CMDID, SARI, SMSN) VALUES (90, '1234', '100'), (91, NULL, '101')");
+  EXPECT_EQ(road.Do("delete GEDII DIR=100;"), "done");
+  EXPECT_EQ(road.Rows("SELECT SARI, SMSN FROM CXSYI ORDER BY rowid"), "1234|- -|101");
+  EXPECT_EQ(road.Do("delete GEDII DIR=101;"), "done");
+  EXPECT_EQ(road.Rows("SELECT SARI, SMSN FROM CXSYI ORDER BY rowid"), "1234|-");
+  EXPECT_EQ(road.Rows("SELECT DIR FROM GEDII"), "102");
+  EXPECT_EQ(road.Rows(takenNumbers), "102");
+  EXPECT_EQ(road.Values("GEDII", "DIR"), "100 101 103 104");
+  EXPECT_EQ(road.Do("delete GEDII DIR=100;"), "there is no record of GEDII with DIR=100");
 }
 
 }  // namespace
