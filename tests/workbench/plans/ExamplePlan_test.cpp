@@ -33,6 +33,7 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   for (const char* name : {"extensions.plan", "routes.plan", "directory.plan"}) Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
+  EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {

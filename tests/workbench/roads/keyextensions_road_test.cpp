@@ -663,5 +663,88 @@ TEST(GEDIIRoad, ADeleteFreesTheNumberAndLeavesTheCordlessSystem) {
   EXPECT_EQ(road.Do("delete GEDII DIR=100;"), "there is no record of GEDII with DIR=100");
 }
 
+// --- Speed options.
+
+const char* const speedOptions = "SELECT DIR, NUMTYP, OPT, NDC FROM SPEXI ORDER BY rowid";
+
+// Three key extensions, of which the first has an additional number, and three general extensions, of which the last
+// has a list of its own.
+struct SPEXIRoad : testing::Test {
+  Road road;
+
+  void SetUp() override { Fill(road); }
+
+  static void Fill(Road& on) {
+    for (const std::string& line : {series, category1, std::string("KSEXI:DIR=100&&102,ITYPE=3,EQU=next,CAT=1;"),
+                                    std::string("KSANI:DIR=100,KEY=1,ADN=150,CAT=1;")})
+      ASSERT_EQ(on.Do(line), "done") << line;
+    SQLite(on, "INSERT INTO EXTEIDIR (CmdId, DIR) VALUES (90, '160'), (91, '161'), (92, '162')");
+    SQLite(on, "INSERT INTO PELPI (CmdId, DIR) VALUES (93, '162')");
+    SQLite(on, "INSERT INTO ITNUI (CmdId, DIR) VALUES (94, '170')");
+    SQLite(on, "INSERT INTO CXAKI (CmdId, DIR) VALUES (95, '180')");
+  }
+
+  static void SQLite(Road& on, const std::string& sql) { on.exchange().Dynamic().Run(sql); }
+};
+
+TEST_F(SPEXIRoad, TheFirstOptionDecidesWhichNumbersArePossible) {
+  for (const std::string& release : Releases()) {
+    Road of(release);
+    Fill(of);
+    EXPECT_EQ(of.Values("SPEXI", "OPT"), "A E L N D");
+    EXPECT_EQ(of.Values("SPEXI", "DIR"), "160 161 162 100 101 102 180 170 150");
+    EXPECT_EQ(of.Values("SPEXI", "DIR", {{"OPT", "L&A"}}), "160 161 162 100 101 102 180 170 150");
+    EXPECT_EQ(of.Values("SPEXI", "DIR", {{"OPT", "E&L"}}), "160 161 150 180");
+    EXPECT_EQ(of.Values("SPEXI", "DIR", {{"OPT", "A"}}), "160 161 162");
+  }
+}
+
+TEST_F(SPEXIRoad, ANumberHasOneRecordAtMost) {
+  EXPECT_EQ(road.Do("SPEXI:DIR=100&101,OPT=L;"), "done");
+  EXPECT_EQ(road.Do("SPEXI:DIR=160,OPT=A&L;"), "done");
+  EXPECT_EQ(road.Rows(speedOptions), "100|EX|L|- 101|EX|L|- 160|EX|A&L|-");
+  EXPECT_EQ(road.Do("SPEXI:DIR=160,OPT=A;"), "DIR=160: this value is not possible here [161, 162]");
+  EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=A;"), "DIR=100: this value is not possible here [161, 162]");
+  EXPECT_EQ(road.Do("delete SPEXI DIR=160;"), "done");
+  EXPECT_EQ(road.Values("SPEXI", "DIR", {{"OPT", "A"}}), "160 161 162");
+  EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM EXTEIDIR"), "3") << "the number stays in use";
+}
+
+TEST_F(SPEXIRoad, TheOptionsNAndDExcludeEachOtherAndNeedANumber) {
+  const std::string missing = "NDC=: this parameter has to be given (Number that the options N and D dial)";
+  EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=N;"), missing);
+  EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=L&D;"), missing);
+  EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=N&D,NDC=101;"), "OPT=N: this value does not go together with the others of OPT");
+  EXPECT_EQ(road.Rows(speedOptions), "");
+  EXPECT_EQ(road.Do("SPEXI:DIR=100,NDC=101,OPT=N&L;"), "done");
+  EXPECT_EQ(road.Rows(speedOptions), "100|EX|N&L|101");
+  EXPECT_EQ(road.Values("SPEXI", "OPT", {{"OPT", "N"}}), "A E L N");
+  EXPECT_EQ(road.Values("SPEXI", "OPT", {{"OPT", "L&D"}}), "A E L D");
+}
+
+TEST_F(SPEXIRoad, AnotherChoiceBringsTheExcludedOptionBack) {
+  Filling filling(road.session(), *FindForm("SPEXI"));
+  filling.Set({"OPT", "N"});
+  EXPECT_TRUE(filling.form().IsMandatory("NDC"));
+  EXPECT_EQ(road.Offered("OPT"), "A E L N");
+  filling.Set({"OPT", "N&L"});
+  EXPECT_TRUE(filling.form().IsMandatory("NDC"));
+  filling.Set({"OPT", "L"});
+  EXPECT_FALSE(filling.form().IsMandatory("NDC"));
+  EXPECT_EQ(road.Offered("OPT"), "A E L N D");
+  EXPECT_THAT(filling.problems(), IsEmpty());
+}
+
+TEST_F(SPEXIRoad, AnEditChangesTheOptions) {
+  ASSERT_EQ(road.Do("SPEXI:DIR=100,OPT=N,NDC=101;"), "done");
+  EXPECT_EQ(road.Do("edit SPEXI DIR=100:OPT=D;"), "OPT=D: this value is not possible here [A, E, L, N]");
+  EXPECT_EQ(road.Do("edit SPEXI DIR=100:NDC=;"),
+            "NDC=: this parameter has to be given (Number that the options N and D dial)");
+  EXPECT_EQ(road.Do("edit SPEXI DIR=100:OPT=L,NDC=;"), "done");
+  EXPECT_EQ(road.Rows(speedOptions), "100|EX|L|-");
+  EXPECT_EQ(road.Do("edit SPEXI DIR=100:OPT=L&D,NDC=102,DIR=101;"), "done");
+  EXPECT_EQ(road.Rows(speedOptions), "101|EX|L&D|102");
+}
+
 }  // namespace
 }  // namespace cordboard::workbench
