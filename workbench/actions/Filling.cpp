@@ -90,7 +90,20 @@ void Filling::Set(const Assignment& assignment) {
   } else {
     return;
   }
-  if (parameter.check) RunCheck(assignment);
+  if (!parameter.check) return;
+  RunCheck(assignment);
+  if (parameter.multiple) CheckTogether(assignment);
+}
+
+// A check may find that values of one parameter exclude each other: it takes them out of the list.
+void Filling::CheckTogether(const Assignment& assignment) {
+  if (IsRefused() || !HoldsSeveral(assignment.value)) return;
+  for (const std::string& element : Elements(assignment.value)) {
+    if (session_.host().IsTakenOut(assignment.name, element))
+      return Refuse({.parameter = assignment.name,
+                     .value = element,
+                     .message = "this value does not go together with the others of " + assignment.name});
+  }
 }
 
 bool Filling::IsPossible(const ParameterDefinition& parameter, const Assignment& assignment) {

@@ -44,6 +44,7 @@ class Filling {
   bool IsPossible(const ParameterDefinition& parameter, const Assignment& assignment);
   void CheckAgainst(const ValueList& list, const Assignment& assignment, const std::vector<std::string>& elements);
   void RunCheck(const Assignment& assignment);
+  void CheckTogether(const Assignment& assignment);
 
   Session& session_;
   std::vector<Assignment> given_;

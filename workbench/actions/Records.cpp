@@ -68,7 +68,8 @@ void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32
     if (definition.Find(column) == nullptr && definition.FoldingOf(column) == nullptr) continue;
     const Value stored =
         exchange.Dynamic().Single("SELECT [" + column + "] FROM [" + definition.table + "] WHERE [CmdId] = ?", {CmdId});
-    if (stored.IsNull()) {
+    // Some commands write the empty text for nothing: on the form neither was given.
+    if (stored.IsBlank()) {
       form.Reset(column);
     } else {
       form.Set(column, Joined(stored));

@@ -168,11 +168,21 @@ std::vector<ValidValue> ValueList::First(std::size_t count, const Accept& accept
 }
 
 // The last step that speaks of the value decides.
-bool ValueList::Contains(const std::string& value) const {
-  if (value.empty()) return false;
+const ValueList::Step* ValueList::LastWith(const std::string& value) const {
+  if (value.empty()) return nullptr;
   const auto step =
       std::find_if(steps_.rbegin(), steps_.rend(), [&value](const Step& each) { return each.values.hold(value); });
-  return step != steps_.rend() && step->adds;
+  return step == steps_.rend() ? nullptr : &*step;
+}
+
+bool ValueList::Contains(const std::string& value) const {
+  const Step* step = LastWith(value);
+  return step != nullptr && step->adds;
+}
+
+bool ValueList::TakesAway(const std::string& value) const {
+  const Step* step = LastWith(value);
+  return step != nullptr && !step->adds;
 }
 
 }  // namespace cordboard::workbench

@@ -42,6 +42,8 @@ class ValueList {
   using Accept = std::function<bool(const std::string& value)>;
   std::vector<ValidValue> First(std::size_t count, const Accept& accept = {}) const;
   bool Contains(const std::string& value) const;
+  // Whether the list takes the value away from what it goes on with.
+  bool TakesAway(const std::string& value) const;
 
  private:
   // Takes one value after the other, until it answers false.
@@ -61,6 +63,8 @@ class ValueList {
     Values values;
   };
 
+  // The last step that holds the value; nothing where none does.
+  const Step* LastWith(const std::string& value) const;
   static Values Rows(ListStatement statement);
   static Values One(const std::string& value);
   static Values Numbers(long long from, long long to);

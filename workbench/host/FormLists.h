@@ -41,6 +41,10 @@ class FormLists {
   // Adds the values that are not blank.
   void Push(const std::string& parameter, const List& values);
 
+  // Whether a check has taken the value out of the list.
+  bool IsTakenOut(const std::string& parameter, const std::string& value) {
+    return changes_[parameter].TakesAway(value);
+  }
   void ForgetChanges(const std::string& parameter) { changes_.erase(parameter); }
 
  private:

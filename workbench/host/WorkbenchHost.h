@@ -28,6 +28,10 @@ class WorkbenchHost : public Host {
   // The list of a parameter as it is built anew for the form as it now is. Nothing where the library builds none or
   // fails to.
   const ValueList* FreshList(const std::string& parameter) { return lists().Fresh(parameter); }
+  // Whether a check has taken the value out of the list of a parameter.
+  bool IsTakenOut(const std::string& parameter, const std::string& value) {
+    return lists().IsTakenOut(parameter, value);
+  }
   // The parameter that a static check runs for.
   void Checking(const std::string& parameter) { lists().Checking(parameter); }
 

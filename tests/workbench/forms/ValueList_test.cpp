@@ -115,6 +115,17 @@ TEST_F(ValueListTest, AValueThatIsTakenAwayCanComeBack) {
   EXPECT_TRUE(list_.Contains("2"));
 }
 
+TEST_F(ValueListTest, TellsWhatItTakesAwayFromAnother) {
+  ValueList changes;
+  EXPECT_FALSE(changes.TakesAway("2"));
+  changes.Remove("2");
+  EXPECT_TRUE(changes.TakesAway("2"));
+  EXPECT_FALSE(changes.TakesAway("3"));
+  EXPECT_FALSE(changes.TakesAway(""));
+  changes.Push("2");
+  EXPECT_FALSE(changes.TakesAway("2"));
+}
+
 TEST_F(ValueListTest, RangesAreOfWholeNumbersAsTheyAreWritten) {
   for (const char* value : {"-1", "0", "1", "01", "1x", "2"}) list_.Push(value);
   list_.RemoveRange(-1, 1);

@@ -1,4 +1,4 @@
-// The example plan on the example plant: it has to be applied as a whole, on every release.
+// The example plan on the example plant: it has to be applied as a whole, on every release, and so have those after it.
 
 #include <gmock/gmock.h>
 
@@ -14,11 +14,13 @@ namespace {
 struct ExamplePlan : testing::TestWithParam<std::string> {
   Road road{GetParam()};
 
-  void SetUp() override {
-    std::istringstream plan{std::string(Resource("plans/example.plan"))};
-    const PlanResult result = ApplyPlan(road.session(), {{"example.plan", plan}}, {});
+  void SetUp() override { Apply("example.plan"); }
+
+  void Apply(const std::string& name) {
+    std::istringstream plan{std::string(Resource("plans/" + name))};
+    const PlanResult result = ApplyPlan(road.session(), {{name, plan}}, {});
     for (const LineReport& report : result.reports)
-      ADD_FAILURE() << "line " << report.line << ": " << report.problems.front().message;
+      ADD_FAILURE() << name << ":" << report.line << ": " << report.problems.front().message;
     ASSERT_TRUE(result.kept);
   }
 };
@@ -26,6 +28,12 @@ struct ExamplePlan : testing::TestWithParam<std::string> {
 TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
   EXPECT_EQ(road.Rows("SELECT EXGID FROM SYIDI"), "7700");
   EXPECT_EQ(road.Rows("SELECT CDIV, SERV, TRAF FROM GESPI WHERE CSP = '1'"), "10210000|104001100000|310");
+}
+
+TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
+  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan"}) Apply(name);
+  EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
+  EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {

@@ -11,6 +11,7 @@
 #include <sstream>
 
 #include "script/Conversions.h"
+#include "support/Road.h"
 #include "support/SourceFolder.h"
 #include "workbench/actions/Filling.h"
 #include "workbench/actions/Generation.h"
@@ -514,6 +515,166 @@ TEST_F(KeyExtensions, TheLinesOfCategoriesExtensionsAndAdditionalNumbersCanBeRea
   EXPECT_EQ(Lines("KSANI"), lines["KSANI"]);
   EXPECT_EQ(Lines("EXCCS"), lines["EXCCS"]);
   EXPECT_THAT(Lines("KSMDI"), SizeIs(lines["KSMDI"].size()));
+}
+
+// --- Directory records.
+
+const char* const directoryRecords =
+    "SELECT DIR, NUMTYP, CSP, CUST, LANG, LIM, LOCATION, LIC, TYPE FROM GEDII ORDER BY rowid";
+const char* const usedNumbers = "SELECT DIR, NUMTYP FROM UsedExtOpeGrp ORDER BY rowid";
+const char* const takenNumbers = "SELECT NUMSE FROM NANSI WHERE USED ORDER BY NUMSE";
+
+TEST(GEDIIRoad, EachNumberGetsARecordAndIsTaken) {
+  Road road;
+  ASSERT_EQ(road.Do("NANSI:NUMTYP=EX,NUMSE=100&&104;"), "done");
+  EXPECT_EQ(road.Values("GEDII", "DIR"), "100 101 102 103 104");
+  EXPECT_EQ(road.Do("GEDII:DIR=100&&101,CUST=1,LANG=2,LIM=1,LOCATION=HQ,LIC=1;"), "done");
+  EXPECT_EQ(road.Do("GEDII:DIR=next;"), "done");
+  EXPECT_EQ(road.Rows(directoryRecords), "100|EX|-|1|2|1|HQ|1|- 101|EX|-|1|2|1|HQ|1|- 102|EX|-|-|-|-|-|-|-");
+  EXPECT_EQ(road.Rows(takenNumbers), "100 101 102");
+  EXPECT_EQ(road.Rows(usedNumbers), "100|EX 101|EX 102|EX");
+  EXPECT_EQ(road.Values("GEDII", "DIR"), "103 104");
+  EXPECT_EQ(road.Do("GEDII:DIR=101;"), "DIR=101: this value is not possible here [103, 104]");
+  EXPECT_THAT(road.Lines(), ElementsAre("NANSI:NUMTYP=EX,NUMSE=100&&104;")) << "it has no lines of its own";
+}
+
+TEST(GEDIIRoad, TheLocationFollowsFromTheLIM) {
+  Road road;
+  ASSERT_EQ(road.Do("NANSI:NUMTYP=EX,NUMSE=100&&104;"), "done");
+  EXPECT_EQ(road.Values("GEDII", "LOCATION"), "HQ WORKS");
+  EXPECT_EQ(road.Values("GEDII", "LOCATION", {{"LIM", "2"}}), "WORKS");
+  EXPECT_EQ(road.Do("GEDII:DIR=100,LOCATION=HQ,LIM=2;"), "LOCATION=HQ: this value is not possible here [WORKS]");
+  EXPECT_EQ(road.Do("GEDII:DIR=100,LOCATION=WORKS,LIM=2;"), "done");
+  EXPECT_EQ(road.Do("edit GEDII DIR=100:LIM=1;"), "LIM=1: this value is not possible here [2]");
+  EXPECT_EQ(road.Do("edit GEDII DIR=100:LOCATION=;"), "done");
+  EXPECT_EQ(road.Rows(directoryRecords), "100|EX|-|-|-|2||-|-") << "what an edit clears is the empty text";
+  EXPECT_EQ(road.Do("edit GEDII DIR=100:LIM=1,LOCATION=HQ;"), "done");
+  EXPECT_EQ(road.Rows(directoryRecords), "100|EX|-|-|-|1|HQ|-|-");
+}
+
+TEST(GEDIIRoad, EveryReleaseHasServiceProfilesLanguagesAndLicences) {
+  for (const std::string& release : Releases()) {
+    Road road(release);
+    ASSERT_EQ(road.Do("GESPI:CSP=0,CDIV_D1=0,NPRES_D1=1,ROC_D2=1,SERV_D6=1,TRAF_D1=1;"), "done");
+    EXPECT_EQ(road.Values("GEDII", "CSP"), "0");
+    EXPECT_EQ(road.Values("GEDII", "CUST"), "1 2");
+    EXPECT_EQ(road.Values("GEDII", "LIM"), "1 2");
+    EXPECT_EQ(road.Values("GEDII", "LIM", {{"LOCATION", "WORKS"}}), "2");
+    EXPECT_EQ(road.Values("GEDII", "LANG"), release.starts_with("R6") ? "1 2 3" : "1 2 3 4 5 6");
+    EXPECT_EQ(road.Values("GEDII", "LIC"), "0 1 2");
+  }
+}
+
+TEST(GEDIIRoad, AnEditMovesTheNumber) {
+  Road road;
+  ASSERT_EQ(road.Do("NANSI:NUMTYP=EX,NUMSE=100&&104;"), "done");
+  ASSERT_EQ(road.Do("NANSI:NUMTYP=EX,NUMSE=200000;"), "done");
+  ASSERT_EQ(road.Do("GEDII:DIR=100,CUST=1;"), "done");
+  EXPECT_EQ(road.Do("edit GEDII DIR=100:DIR=104,CUST=2;"), "done");
+  EXPECT_EQ(road.Rows(directoryRecords), "104|EX|-|2|-|-|-|-|-");
+  EXPECT_EQ(road.Rows(takenNumbers), "104");
+  EXPECT_EQ(road.Rows(usedNumbers), "104|EX");
+  EXPECT_EQ(road.Do("edit GEDII DIR=104:CUST=1,DIR=200000;"),
+            "The value of DIR is not valid: it is too long, or not of the right kind. Give another value.");
+  EXPECT_EQ(road.Rows(directoryRecords), "104|EX|-|2|-|-|-|-|-");
+}
+
+TEST(GEDIIRoad, ADeleteFreesTheNumberAndLeavesTheCordlessSystem) {
+  Road road;
+  ASSERT_EQ(road.Do("NANSI:NUMTYP=EX,NUMSE=100&&104;"), "done");
+  ASSERT_EQ(road.Do("GEDII:DIR=100&&102;"), "done");
+  road.exchange().Dynamic().Run("INSERT INTO CXSYI (CMDID, SARI, SMSN) VALUES (90, '1234', '100'), (91, NULL, '101')");
+  EXPECT_EQ(road.Do("delete GEDII DIR=100;"), "done");
+  EXPECT_EQ(road.Rows("SELECT SARI, SMSN FROM CXSYI ORDER BY rowid"), "1234|- -|101");
+  EXPECT_EQ(road.Do("delete GEDII DIR=101;"), "done");
+  EXPECT_EQ(road.Rows("SELECT SARI, SMSN FROM CXSYI ORDER BY rowid"), "1234|-");
+  EXPECT_EQ(road.Rows("SELECT DIR FROM GEDII"), "102");
+  EXPECT_EQ(road.Rows(takenNumbers), "102");
+  EXPECT_EQ(road.Values("GEDII", "DIR"), "100 101 103 104");
+  EXPECT_EQ(road.Do("delete GEDII DIR=100;"), "there is no record of GEDII with DIR=100");
+}
+
+// --- Speed options.
+
+const char* const speedOptions = "SELECT DIR, NUMTYP, OPT, NDC FROM SPEXI ORDER BY rowid";
+
+// Three key extensions, of which the first has an additional number, and three general extensions, of which the last
+// has a list of its own.
+struct SPEXIRoad : testing::Test {
+  Road road;
+
+  void SetUp() override { Fill(road); }
+
+  static void Fill(Road& on) {
+    for (const std::string& line : {series, category1, std::string("KSEXI:DIR=100&&102,ITYPE=3,EQU=next,CAT=1;"),
+                                    std::string("KSANI:DIR=100,KEY=1,ADN=150,CAT=1;")})
+      ASSERT_EQ(on.Do(line), "done") << line;
+    SQLite(on, "INSERT INTO EXTEIDIR (CmdId, DIR) VALUES (90, '160'), (91, '161'), (92, '162')");
+    SQLite(on, "INSERT INTO PELPI (CmdId, DIR) VALUES (93, '162')");
+    SQLite(on, "INSERT INTO ITNUI (CmdId, DIR) VALUES (94, '170')");
+    SQLite(on, "INSERT INTO CXAKI (CmdId, DIR) VALUES (95, '180')");
+  }
+
+  static void SQLite(Road& on, const std::string& sql) { on.exchange().Dynamic().Run(sql); }
+};
+
+TEST_F(SPEXIRoad, TheFirstOptionDecidesWhichNumbersArePossible) {
+  for (const std::string& release : Releases()) {
+    Road of(release);
+    Fill(of);
+    EXPECT_EQ(of.Values("SPEXI", "OPT"), "A E L N D");
+    EXPECT_EQ(of.Values("SPEXI", "DIR"), "160 161 162 100 101 102 180 170 150");
+    EXPECT_EQ(of.Values("SPEXI", "DIR", {{"OPT", "L&A"}}), "160 161 162 100 101 102 180 170 150");
+    EXPECT_EQ(of.Values("SPEXI", "DIR", {{"OPT", "E&L"}}), "160 161 150 180");
+    EXPECT_EQ(of.Values("SPEXI", "DIR", {{"OPT", "A"}}), "160 161 162");
+  }
+}
+
+TEST_F(SPEXIRoad, ANumberHasOneRecordAtMost) {
+  EXPECT_EQ(road.Do("SPEXI:DIR=100&101,OPT=L;"), "done");
+  EXPECT_EQ(road.Do("SPEXI:DIR=160,OPT=A&L;"), "done");
+  EXPECT_EQ(road.Rows(speedOptions), "100|EX|L|- 101|EX|L|- 160|EX|A&L|-");
+  EXPECT_EQ(road.Do("SPEXI:DIR=160,OPT=A;"), "DIR=160: this value is not possible here [161, 162]");
+  EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=A;"), "DIR=100: this value is not possible here [161, 162]");
+  EXPECT_EQ(road.Do("delete SPEXI DIR=160;"), "done");
+  EXPECT_EQ(road.Values("SPEXI", "DIR", {{"OPT", "A"}}), "160 161 162");
+  EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM EXTEIDIR"), "3") << "the number stays in use";
+}
+
+TEST_F(SPEXIRoad, TheOptionsNAndDExcludeEachOtherAndNeedANumber) {
+  const std::string missing = "NDC=: this parameter has to be given (Number that the options N and D dial)";
+  EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=N;"), missing);
+  EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=L&D;"), missing);
+  EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=N&D,NDC=101;"), "OPT=N: this value does not go together with the others of OPT");
+  EXPECT_EQ(road.Rows(speedOptions), "");
+  EXPECT_EQ(road.Do("SPEXI:DIR=100,NDC=101,OPT=N&L;"), "done");
+  EXPECT_EQ(road.Rows(speedOptions), "100|EX|N&L|101");
+  EXPECT_EQ(road.Values("SPEXI", "OPT", {{"OPT", "N"}}), "A E L N");
+  EXPECT_EQ(road.Values("SPEXI", "OPT", {{"OPT", "L&D"}}), "A E L D");
+}
+
+TEST_F(SPEXIRoad, AnotherChoiceBringsTheExcludedOptionBack) {
+  Filling filling(road.session(), *FindForm("SPEXI"));
+  filling.Set({"OPT", "N"});
+  EXPECT_TRUE(filling.form().IsMandatory("NDC"));
+  EXPECT_EQ(road.Offered("OPT"), "A E L N");
+  filling.Set({"OPT", "N&L"});
+  EXPECT_TRUE(filling.form().IsMandatory("NDC"));
+  filling.Set({"OPT", "L"});
+  EXPECT_FALSE(filling.form().IsMandatory("NDC"));
+  EXPECT_EQ(road.Offered("OPT"), "A E L N D");
+  EXPECT_THAT(filling.problems(), IsEmpty());
+}
+
+TEST_F(SPEXIRoad, AnEditChangesTheOptions) {
+  ASSERT_EQ(road.Do("SPEXI:DIR=100,OPT=N,NDC=101;"), "done");
+  EXPECT_EQ(road.Do("edit SPEXI DIR=100:OPT=D;"), "OPT=D: this value is not possible here [A, E, L, N]");
+  EXPECT_EQ(road.Do("edit SPEXI DIR=100:NDC=;"),
+            "NDC=: this parameter has to be given (Number that the options N and D dial)");
+  EXPECT_EQ(road.Do("edit SPEXI DIR=100:OPT=L,NDC=;"), "done");
+  EXPECT_EQ(road.Rows(speedOptions), "100|EX|L|-");
+  EXPECT_EQ(road.Do("edit SPEXI DIR=100:OPT=L&D,NDC=102,DIR=101;"), "done");
+  EXPECT_EQ(road.Rows(speedOptions), "101|EX|L&D|102");
 }
 
 }  // namespace
