@@ -3,10 +3,19 @@
 #include <algorithm>
 
 #include "script/Conversions.h"
+#include "workbench/database/Schema.h"
 #include "workbench/forms/Unknown.h"
 #include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
+
+namespace {
+
+std::string Rows(const FormDefinition& definition) {
+  return ShippedSchema().Database("dynamic").RowsOf(definition.table);
+}
+
+}  // namespace
 
 std::variant<std::int32_t, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
                                                const std::vector<Assignment>& selection) {
@@ -20,7 +29,7 @@ std::variant<std::int32_t, Problem> FindRecord(Exchange& exchange, const FormDef
   const std::string condition =
       Separated(selection, " AND ", [](const Assignment& each) { return "[" + each.name + "] = ?"; });
   const RowSet rows = exchange.Dynamic().Run(
-      "SELECT [CmdId] FROM [" + definition.table + "]" + (selection.empty() ? "" : " WHERE " + condition) + " LIMIT 2",
+      "SELECT [CmdId] FROM " + Rows(definition) + (selection.empty() ? "" : " WHERE " + condition) + " LIMIT 2",
       values);
   if (rows.RowCount() == 1) return ToInt32(rows[0][0]);
   const std::string described =
@@ -32,7 +41,7 @@ std::variant<std::int32_t, Problem> FindRecord(Exchange& exchange, const FormDef
 
 bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::string& column, const std::string& value) {
   return !exchange.Dynamic()
-              .Run("SELECT 1 FROM [" + definition.table + "] WHERE [" + column + "] = ? LIMIT 1", {value})
+              .Run("SELECT 1 FROM " + Rows(definition) + " WHERE [" + column + "] = ? LIMIT 1", {value})
               .IsEmpty();
 }
 
@@ -48,7 +57,7 @@ void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32
     // A whole comes even where the form shows its digits alone: an edit of one digit keeps the others.
     if (definition.Find(column) == nullptr && definition.FoldingOf(column) == nullptr) continue;
     const Value stored =
-        exchange.Dynamic().Single("SELECT [" + column + "] FROM [" + definition.table + "] WHERE [CmdId] = ?", {CmdId});
+        exchange.Dynamic().Single("SELECT [" + column + "] FROM " + Rows(definition) + " WHERE [CmdId] = ?", {CmdId});
     // Some commands write the empty text for nothing: on the form neither was given.
     if (stored.IsBlank()) {
       form.Reset(column);
