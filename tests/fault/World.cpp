@@ -140,7 +140,7 @@ Value World::CellFor(const Table& table, const Column& column, std::size_t row, 
 
 std::vector<const Table*> World::TablesOf(const std::string& command) {
   const DatabaseSchema& database = Tables().Database("dynamic");
-  if (const Table* table = database.Find(command)) return {table};
+  if (const Table* table = database.Find(command); table != nullptr && !database.IsView(command)) return {table};
   std::vector<const Table*> tables;
   for (const Table& table : database.tables) {
     if (StartsWith(table.name, command)) tables.push_back(&table);

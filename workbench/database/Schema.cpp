@@ -71,6 +71,27 @@ Table ReadTable(Fields& fields) {
   return table;
 }
 
+// The view has the columns of its tables, in the order in which they first stand there.
+View ReadView(Fields& fields, const DatabaseSchema& database) {
+  View view{.table = {.name = ReadName(fields.At("name")), .columns = {}, .unique = {}, .indexes = {}, .note = {}},
+            .of = {}};
+  for (const DataItem& item : fields.At("of").List()) {
+    const Table* table = database.Find(item.Text());
+    if (table == nullptr) item.Fail("there is no table " + item.Text() + " before it");
+    view.of.push_back(table->name);
+    for (const Column& column : table->columns) {
+      if (!column.further && view.table.Find(column.name) == nullptr) view.table.columns.push_back(column);
+    }
+  }
+  view.table.note = fields.Get<std::string>("note", "");
+  return view;
+}
+
+const View* FindView(const std::vector<View>& views, std::string_view name) {
+  const auto found = std::ranges::find_if(views, [&](const View& view) { return SameName(view.table.name, name); });
+  return found == views.end() ? nullptr : &*found;
+}
+
 std::string_view DeclaredType(Column::Type type) {
   switch (type) {
     case Column::Type::Whole: return "INTEGER";
@@ -96,7 +117,11 @@ std::string CreateIndex(const char* kind, const Table& table, const std::vector<
 
 const Column* Table::Find(std::string_view column) const { return FindNamed(columns, column); }
 
-const Table* DatabaseSchema::Find(std::string_view table) const { return FindNamed(tables, table); }
+const Table* DatabaseSchema::Find(std::string_view table) const {
+  if (const Table* found = FindNamed(tables, table)) return found;
+  const View* view = FindView(views, table);
+  return view == nullptr ? nullptr : &view->table;
+}
 
 const DatabaseSchema& Schema::Database(std::string_view name) const {
   if (const DatabaseSchema* database = FindNamed(databases, name)) return *database;
@@ -106,11 +131,14 @@ const DatabaseSchema& Schema::Database(std::string_view name) const {
 Schema ReadSchema(std::string_view json) {
   Schema schema;
   for (const auto& [name, tables] : ReadData(json, "schema.json").Entries()) {
-    DatabaseSchema& database = schema.databases.emplace_back(DatabaseSchema{.name = name, .tables = {}});
+    DatabaseSchema& database = schema.databases.emplace_back(DatabaseSchema{.name = name, .tables = {}, .views = {}});
     for (const DataItem& item : tables.List()) {
-      Table table = item.Object(ReadTable);
-      if (database.Find(table.name)) item.Fail("the table " + table.name + " stands there twice");
-      database.tables.push_back(std::move(table));
+      item.Object([&](Fields& fields) {
+        const bool isView = fields.Find("of").has_value();
+        View view = isView ? ReadView(fields, database) : View{.table = ReadTable(fields), .of = {}};
+        if (database.Find(view.table.name)) item.Fail("the table " + view.table.name + " stands there twice");
+        isView ? database.views.push_back(std::move(view)) : database.tables.push_back(std::move(view.table));
+      });
     }
   }
   return schema;
@@ -119,6 +147,21 @@ Schema ReadSchema(std::string_view json) {
 const Schema& ShippedSchema() {
   static const Schema schema = ReadSchema(Resource("schema.json"));
   return schema;
+}
+
+bool DatabaseSchema::IsView(std::string_view table) const { return FindView(views, table) != nullptr; }
+
+std::string DatabaseSchema::RowsOf(std::string_view table) const {
+  const View* view = FindView(views, table);
+  if (view == nullptr) return "[" + std::string(table) + "]";
+  const auto rows = [&](const std::string& each) {
+    const auto shown = [own = Find(each)](const Column& column) {
+      const Column* found = own->Find(column.name);
+      return (found == nullptr || found->further ? "NULL AS [" : "[") + column.name + "]";
+    };
+    return "SELECT " + Separated(view->table.columns, ", ", shown) + " FROM [" + each + "]";
+  };
+  return "(" + Separated(view->of, " UNION ALL ", rows) + ")";
 }
 
 std::vector<std::string> CreateStatements(const DatabaseSchema& database) {

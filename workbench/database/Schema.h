@@ -6,6 +6,8 @@
 //    "types": {"CmdId": "whole", "USED": "truth"},                       every other column is text
 //    "unique": [],                              for tables alone that the host fills: no rule adds a row there
 //    "indexes": [["NUMSE"], ["NUMTYP", "USED", "NUMSE"]], "note": "..."}
+// and after them views, each of which shows the rows of several tables as one:
+//   {"name": "NIINI", "of": ["NIINI_DIR", "NIINI_GRP"]}                  with the columns of all, "further" ones apart
 // Names of tables and columns are the same in any capitals.
 #pragma once
 
@@ -34,11 +36,22 @@ struct Table {
   const Column* Find(std::string_view column) const;  // null where there is none
 };
 
+// It stands in statements of the workbench alone, never in a database.
+struct View {
+  Table table;                  // its name and columns
+  std::vector<std::string> of;  // the tables
+};
+
 struct DatabaseSchema {
   std::string name;
   std::vector<Table> tables;
+  std::vector<View> views;
 
-  const Table* Find(std::string_view table) const;  // null where there is none
+  const Table* Find(std::string_view table) const;  // a table or a view; null where there is none
+  bool IsView(std::string_view table) const;
+  // What stands in a FROM for the rows of a table or a view. Those of a view come in the order of its tables, with
+  // nulls in the columns that a table does not have or has for statements alone.
+  std::string RowsOf(std::string_view table) const;
 };
 
 struct Schema {
@@ -52,8 +65,9 @@ Schema ReadSchema(std::string_view json);
 // The one that the program carries.
 const Schema& ShippedSchema();
 
-// The statements that create the database's tables and indexes, in SQLite's own language and always in the same order.
-// The declared types are TEXT, INTEGER and BOOLEAN. No column is a key, so that rows stand in the order of insertion.
+// The statements that create the database's tables and indexes, in SQLite's own language and always in the same
+// order. The declared types are TEXT, INTEGER and BOOLEAN. No column is a key, so that rows stand in the order of
+// insertion.
 std::vector<std::string> CreateStatements(const DatabaseSchema& database);
 
 }  // namespace cordboard::workbench

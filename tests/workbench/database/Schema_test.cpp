@@ -88,6 +88,26 @@ TEST(Schema, CreatesTablesAndIndexes) {
                           "CREATE TABLE [t] ([End] TEXT)", "CREATE UNIQUE INDEX [t by End] ON [t] ([End])"));
 }
 
+// --- Views.
+
+TEST(Schema, AViewShowsTheRowsOfItsTablesWithTheColumnsOfAll) {
+  const Schema schema = ReadSchema(R"({"dynamic": [
+      {"name": "a", "columns": ["CmdId", "DIR"]},
+      {"name": "b", "columns": ["CmdId", "GRP"], "further": ["DIR", "AUX"]},
+      {"name": "v", "of": ["a", "b"]}]})");
+  const DatabaseSchema& database = schema.Database("dynamic");
+  EXPECT_TRUE(database.IsView("V"));
+  EXPECT_FALSE(database.IsView("a"));
+  ASSERT_NE(database.Find("v"), nullptr);
+  EXPECT_EQ(database.Find("v")->columns.size(), 3u);
+  EXPECT_EQ(database.RowsOf("a"), "[a]");
+  EXPECT_EQ(database.RowsOf("v"),
+            "(SELECT [CmdId], [DIR], NULL AS [GRP] FROM [a] UNION ALL "
+            "SELECT [CmdId], NULL AS [DIR], [GRP] FROM [b])");
+  EXPECT_THAT(CreateStatements(database), testing::SizeIs(2)) << "no database holds it";
+  EXPECT_EQ(RefusedTable(R"("of": ["a"])"), "schema.json: dynamic[0] (t).of[0]: there is no table a before it");
+}
+
 // --- The schema that is shipped.
 
 TEST(Schema, ShipsThreeDatabases) {

@@ -16,6 +16,7 @@
 #include "workbench/actions/Filling.h"
 #include "workbench/actions/Generation.h"
 #include "workbench/data/Resources.h"
+#include "workbench/database/Schema.h"
 #include "workbench/exchange/Plant.h"
 #include "workbench/plans/Plan.h"
 #include "workbench/plans/PlanLine.h"
@@ -675,6 +676,110 @@ TEST_F(SPEXIRoad, AnEditChangesTheOptions) {
   EXPECT_EQ(road.Rows(speedOptions), "100|EX|L|-");
   EXPECT_EQ(road.Do("edit SPEXI DIR=100:OPT=L&D,NDC=102,DIR=101;"), "done");
   EXPECT_EQ(road.Rows(speedOptions), "101|EX|L&D|102");
+}
+
+// --- Names.
+
+const std::string names = "SELECT DIR, GRP, OPE, DNUM, NUMTYP, NAME1, NAME2, PRES, NAMDB, AUX FROM " +
+                          ShippedSchema().Database("dynamic").RowsOf("NIINI");
+
+struct NIINIRoad : testing::Test {
+  Road road;
+
+  void SetUp() override { Fill(road); }
+
+  // Numbers of each kind: two key extensions, an additional number, a directory record, an abbreviated number, a group
+  // and an operator.
+  static void Fill(Road& on) {
+    for (const std::string& line : {series, category1, std::string("KSEXI:DIR=100&101,ITYPE=3,EQU=next,CAT=1;"),
+                                    std::string("KSANI:DIR=100,KEY=1,ADN=150,CAT=1;"), std::string("GEDII:DIR=160;")})
+      ASSERT_EQ(on.Do(line), "done") << line;
+    for (const char* sql :
+         {"INSERT INTO ADCOI (CmdId, ABB) VALUES (90, '70')", "INSERT INTO GHGRI (CmdId, GRP) VALUES (91, '500')",
+          "INSERT INTO OPERI (CmdId, DIR) VALUES (92, '900')"})
+      on.exchange().Dynamic().Run(sql);
+  }
+};
+
+TEST_F(NIINIRoad, TheReleaseAndTheNameDatabaseDecideWhichNumbersArePossible) {
+  for (const std::string& release : Releases()) {
+    Road of(release);
+    Fill(of);
+    const std::string records = release.starts_with("R6") ? "" : " 160";
+    EXPECT_EQ(of.Values("NIINI", "DIR"), "100 101 150" + records);
+    EXPECT_EQ(of.Values("NIINI", "DIR", {{"NAMDB", "YES"}}), "100 101 150 70" + records);
+    EXPECT_EQ(of.Values("NIINI", "GRP"), "500");
+    EXPECT_EQ(of.Values("NIINI", "OPE"), "900");
+    EXPECT_EQ(of.Values("NIINI", "DNUM"), "no list");
+    EXPECT_EQ(of.Values("NIINI", "NAMDB"), "YES NO");
+    EXPECT_EQ(of.Values("NIINI", "PRES"), "00 10 01 11");
+    EXPECT_EQ(of.Values("NIINI", "PRES_D2"), "0 1");
+  }
+}
+
+TEST_F(NIINIRoad, ANameOfEachKindStandsInATableOfItsOwn) {
+  for (const char* line : {"NIINI:DIR=100,NAME1=Smith;", "NIINI:DIR=70,NAMDB=YES,NAME1=Taxi,NAME2=Town;",
+                           "NIINI:GRP=500,NAME1=Sales,PRES_D1=1,AUX=5,NAMDB=NO,NAME2=Shop;",
+                           "NIINI:OPE=900,NAME1=Desk;", "NIINI:DNUM=4711,NAME1=Porter;"})
+    EXPECT_EQ(road.Do(line), "done") << line;
+  EXPECT_EQ(road.Rows(names),
+            "100|-|-|-|EX|Smith|-|-|-|- 70|-|-|-|AC|Taxi|Town|-|YES|- -|500|-|-|EX|Sales|Shop|10|NO|5 "
+            "-|-|900|-|OI|Desk|-|-|-|- -|-|-|4711|DN|Porter|-|-|-|-");
+  EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM NIINI_DIR"), "2");
+  EXPECT_EQ(road.Rows("SELECT DIR, AUX FROM NIINI_DNUM"), "-|-");
+}
+
+TEST_F(NIINIRoad, ANameNeedsANumberAndTheNameDatabaseASecondName) {
+  EXPECT_EQ(road.Do("NIINI:NAME1=Smith;"), "DIR=: give DIR, or GRP, or OPE, or DNUM");
+  EXPECT_EQ(road.Do("NIINI:DIR=70,NAME1=Taxi;"), "DIR=70: this value is not possible here [100, 101, 150, 160]");
+  EXPECT_EQ(road.Do("NIINI:DIR=100,NAME1=Smith,NAMDB=YES;"),
+            "NAME2=: this parameter has to be given (Second name; the name database needs it)");
+  EXPECT_EQ(road.Do("NIINI:DIR=100,NAME1=Smith,AUX=5;"),
+            "NAMDB=: this parameter has to be given (Whether the name stands in the name database)");
+  EXPECT_EQ(road.Rows(names), "");
+}
+
+TEST_F(NIINIRoad, ASecondNameForANumberGoesOverTheFirst) {
+  for (const char* line : {"NIINI:DIR=100,NAME1=Smith,NAME2=John,PRES=11;", "NIINI:DIR=100,NAME1=Smythe;",
+                           "NIINI:DNUM=4711,NAME1=Porter;", "NIINI:DNUM=4711,PRES=01;"})
+    EXPECT_EQ(road.Do(line), "done") << line;
+  EXPECT_EQ(road.Rows(names), "100|-|-|-|EX|Smythe|John|11|-|- -|-|-|4711|DN|Porter|-|01|-|-");
+}
+
+TEST_F(NIINIRoad, ANameIsChangedByItsNumber) {
+  for (const char* line : {"NIINI:DIR=100,NAME1=Smith,NAME2=John;", "NIINI:GRP=500,NAME1=Sales;",
+                           "NIINI:OPE=900,NAME1=Desk;", "NIINI:DNUM=4711,NAME1=Porter,PRES=11;"})
+    ASSERT_EQ(road.Do(line), "done") << line;
+  EXPECT_EQ(road.Do("edit NIINI DIR=100:NAME2=,PRES_D2=1;"), "done");
+  EXPECT_EQ(road.Do("edit NIINI GRP=500:NAME1=Shop;"), "done");
+  EXPECT_EQ(road.Do("edit NIINI OPE=900:NAME1=Switchboard;"), "done");
+  EXPECT_EQ(road.Do("edit NIINI DNUM=4711:PRES_D1=0;"), "done");
+  EXPECT_EQ(road.Rows(names),
+            "100|-|-|-|EX|Smith|-|01|-|- -|500|-|-|EX|Shop|-|-|-|- -|-|900|-|OI|Switchboard|-|-|-|- "
+            "-|-|-|4711|DN|Porter|-|01|-|-");
+  EXPECT_EQ(road.Do("edit NIINI GRP=500:DIR=101;"),
+            "DIR=101: the DIR of a record cannot be changed; add another record");
+  EXPECT_EQ(road.Do("edit NIINI DIR=101:NAME1=Jones;"), "there is no record of NIINI with DIR=101");
+}
+
+TEST_F(NIINIRoad, ANameThatLeavesTheNameDatabaseKeepsItsNumber) {
+  ASSERT_EQ(road.Do("NIINI:DIR=70,NAMDB=YES,NAME1=Taxi,NAME2=Town;"), "done");
+  EXPECT_EQ(road.Do("edit NIINI DIR=70:NAMDB=;"), "DIR=: give DIR, or GRP, or OPE, or DNUM");
+  ASSERT_EQ(road.Do("NIINI:DIR=100,NAMDB=YES,NAME1=Smith,NAME2=John;"), "done");
+  EXPECT_EQ(road.Do("edit NIINI DIR=100:NAMDB=;"), "done");
+  EXPECT_EQ(road.Rows(names), "70|-|-|-|AC|Taxi|Town|-|YES|- 100|-|-|-|EX|Smith|John|-|-|-");
+}
+
+TEST_F(NIINIRoad, ANameOfEachKindIsDeleted) {
+  for (const char* line : {"NIINI:DIR=100,NAME1=Smith;", "NIINI:GRP=500,NAME1=Sales;", "NIINI:OPE=900,NAME1=Desk;",
+                           "NIINI:DNUM=4711,NAME1=Porter;"})
+    ASSERT_EQ(road.Do(line), "done") << line;
+  EXPECT_EQ(road.Do("delete NIINI GRP=500;"), "done");
+  EXPECT_EQ(road.Do("delete NIINI DNUM=4711;"), "done");
+  EXPECT_EQ(road.Rows(names), "100|-|-|-|EX|Smith|-|-|-|- -|-|900|-|OI|Desk|-|-|-|-");
+  EXPECT_EQ(road.Do("delete NIINI OPE=900;"), "done");
+  EXPECT_EQ(road.Do("delete NIINI DIR=100;"), "done");
+  EXPECT_EQ(road.Rows(names), "");
 }
 
 }  // namespace
