@@ -22,8 +22,8 @@ std::string Rows(const FormDefinition& definition) {
 // The identifiers of the first two records of one table that have these values. The names are columns of the table, so
 // that they can stand in a statement.
 RowSet RecordsWith(Exchange& exchange, const FormDefinition& definition, const std::vector<Assignment>& selection) {
-  std::vector<Value> values;
-  for (const Assignment& each : selection) values.emplace_back(each.value);
+  std::vector<Value> values(selection.size());
+  std::ranges::transform(selection, values.begin(), &Assignment::value);
   const std::string condition =
       Separated(selection, " AND ", [](const Assignment& each) { return "[" + each.name + "] = ?"; });
   return exchange.Dynamic().Run(
