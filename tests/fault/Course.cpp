@@ -5,24 +5,9 @@
 #include <set>
 #include <sstream>
 
-#include "script/MessageBox.h"
-
 namespace cordboard {
 
 namespace {
-
-// Puts the box out of sight, and notes whether there was one.
-class BoxWatch {
- public:
-  explicit BoxWatch(bool& shown)
-      : before_(SetMessageBox([&shown](const std::string&, const std::string&, int) { shown = true; })) {}
-  ~BoxWatch() { SetMessageBox(before_); }
-  BoxWatch(const BoxWatch&) = delete;
-  BoxWatch& operator=(const BoxWatch&) = delete;
-
- private:
-  MessageBoxHook before_;
-};
 
 List ParamListOf(const Scenario& scenario, const Deed& deed) {
   if (deed.function == "SetInfo") return scenario.columns;
@@ -124,7 +109,6 @@ Course Go(World& world, const std::string& before, const Scenario& scenario, con
   workbench::Transaction undone(world.exchange());
   std::shared_ptr<TracingHost> trace;
   {
-    const BoxWatch watch(course.box);
     workbench::Session session(world.exchange(), [&](std::shared_ptr<Host> workbench) {
       return trace = std::make_shared<TracingHost>(std::make_shared<FailingHost>(workbench, wrongCall, fault));
     });
@@ -142,6 +126,9 @@ Course Go(World& world, const std::string& before, const Scenario& scenario, con
     }
     course.openAfter = world.exchange().OpenTransactions();
     course.calls = trace->calls();
+    // A session shows a box among its messages, where it is the one without a code.
+    course.box =
+        std::ranges::any_of(session.host().TakeMessages(), [](const auto& shown) { return shown.code.empty(); });
     if (!course.Succeeded() && world.Changes() != changes) course.difference = Difference(before, world.Dump());
   }
   return course;
