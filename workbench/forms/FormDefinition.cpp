@@ -5,6 +5,7 @@
 #include <map>
 
 #include "workbench/data/Resources.h"
+#include "workbench/database/Schema.h"
 #include "workbench/forms/FormReader.h"
 
 namespace cordboard::workbench {
@@ -46,6 +47,10 @@ std::span<const ParameterFlag> ParameterFlags() { return flags; }
 bool ParameterDefinition::IsIn(std::string_view release) const {
   return releases.empty() || std::ranges::find(releases, release) != releases.end();
 }
+
+const DatabaseSchema& FormDefinition::Database() const { return ShippedSchema().Database(database); }
+
+std::string FormDefinition::Rows() const { return Database().RowsOf(table); }
 
 const ParameterDefinition* FormDefinition::Find(std::string_view name) const {
   const auto found = std::ranges::find(parameters, name, &ParameterDefinition::name);

@@ -11,6 +11,8 @@
 
 namespace cordboard::workbench {
 
+struct DatabaseSchema;
+
 // The table that marks in its column USED which values are taken.
 struct Pool {
   std::string table;
@@ -100,6 +102,7 @@ struct FormDefinition {
   std::string title;
   std::string help;                  // one sentence
   std::string table;                 // the table of its records
+  std::string database = "dynamic";  // in which the table stands: "site" for templates
   std::vector<std::string> columns;  // the columns that "SetInfo" is given, "CMDID" first
   std::vector<ParameterDefinition> parameters = {};
   std::vector<Folding> foldings = {};
@@ -118,6 +121,8 @@ struct FormDefinition {
   bool deletes = false;
   bool generates = false;
 
+  const DatabaseSchema& Database() const;
+  std::string Rows() const;  // what stands in a FROM for the rows of its records
   const ParameterDefinition* Find(std::string_view name) const;
   std::size_t Place(std::string_view name) const;  // of a parameter in the order; after all for an unknown one
   const Folding* FoldingOf(std::string_view parameter) const;   // of a whole parameter, the first

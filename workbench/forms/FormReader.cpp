@@ -68,17 +68,17 @@ Texts ColumnsOf(const Table& table) {
   return columns;
 }
 
-// A table of the site database has a name of its own, or stays empty in the exchange and has fewer columns there.
 void ReadRecord(FormDefinition& form, Fields& fields, const DataItem& file) {
   form.table = fields.Get("table", form.command);
-  const Table* dynamic = ShippedSchema().Database("dynamic").Find(form.table);
-  const Table* site = ShippedSchema().Database("site").Find(form.table);
-  if (dynamic == nullptr && site == nullptr) file.Fail("there is no table " + form.table);
-  form.columns = fields.Get("columns", ColumnsOf(dynamic != nullptr ? *dynamic : *site));
+  if (const auto database = fields.Find("database")) {
+    form.database = database->Text();
+    if (form.database != "dynamic" && form.database != "site") database->Fail("records stand in \"dynamic\" or \"site\"");
+  }
+  const Table* table = form.Database().Find(form.table);
+  if (table == nullptr) file.Fail("there is no table " + form.table);
+  form.columns = fields.Get("columns", ColumnsOf(*table));
   for (const std::string& column : form.columns) {
-    const bool stands =
-        (dynamic != nullptr && dynamic->Find(column) != nullptr) || (site != nullptr && site->Find(column) != nullptr);
-    if (!stands) file.Fail("the table " + form.table + " has no column " + column);
+    if (table->Find(column) == nullptr) file.Fail("the table " + form.table + " has no column " + column);
   }
 }
 
@@ -97,7 +97,7 @@ void ReadSecondTable(FormDefinition& form, const DataItem& item) {
     form.secondWith = fields.Get<std::string>("with");
     return 0;
   });
-  const Table* table = ShippedSchema().Database("dynamic").Find(second->table);
+  const Table* table = form.Database().Find(second->table);
   if (table == nullptr) item.Fail("there is no table " + second->table);
   second->columns = ColumnsOf(*table);
   form.elsewhere = WithoutThoseOf(second->columns, form.columns);

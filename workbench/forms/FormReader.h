@@ -10,7 +10,8 @@
 //
 // What is known elsewhere follows from there, and the form says only where it is otherwise:
 //   what the command serves   from the table of its module: actions, lists and checks
-//   "table" and "columns"     the table or view with the command's name, and its columns (data/schema.json)
+//   "table" and "columns"     the table or view with the command's name, and its columns (data/schema.json); it stands
+//                             in the "database" of the configuration, "dynamic", or of the templates, "site"
 //   which values are fixed    where the command builds no list and data/values has one
 //   "folding"                 from the names of the parameters (workbench/forms/Foldings.h)
 #pragma once

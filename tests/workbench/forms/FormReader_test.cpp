@@ -83,6 +83,14 @@ TEST(FormReader, AValueIsFixedWhereTheCommandBuildsNoListAndThereAreFixedValues)
   EXPECT_FALSE(form.Find("MAX")->fixed) << "the command builds its list";
 }
 
+TEST(FormReader, ATemplateStandsInADatabaseOfItsOwn) {
+  const FormDefinition form = Read("KSEXITEMPLATE", "", R"(, "database": "site")");
+  EXPECT_EQ(form.Rows(), "[site.KSEXITEMPLATE]");
+  EXPECT_EQ(form.columns.at(2), "TEMPLATENAME");
+  EXPECT_EQ(Refused("NACDS", "", R"(, "database": "static")"),
+            "forms/NACDS.json: database: records stand in \"dynamic\" or \"site\"");
+}
+
 TEST(FormReader, TheRecordIsTheTableOfTheCommandUnlessTheFormSaysAnother) {
   EXPECT_EQ(Read("NACDS", "").table, "NACDS");
   EXPECT_THAT(Read("NACDS", "").columns, ElementsAre("CMDID", "NUM", "CDCAT")) << "the identifier in capitals";
