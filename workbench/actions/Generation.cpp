@@ -34,9 +34,9 @@ Generated Generate(Session& session, const std::string& database) {
     session.host().OpenForm(*definition);
     const RunResult result = session.Run("GenerateCmd", 0, {std::to_string(++number)});
     for (Problem& problem : TakeMessages(session)) generated.problems.emplace_back(command, std::move(problem));
-    const RowSet rows = exchange.Dynamic().Run("SELECT [Line] FROM " + definition->Database().Stored("BuiltCmd") +
-                                                   " WHERE [OrderNo] = ? ORDER BY rowid",
-                                               {number});
+    const RowSet rows = exchange.Dynamic().Run(
+        "SELECT [Line] FROM " + definition->Database().Stored("BuiltCmd") + " WHERE [OrderNo] = ? ORDER BY rowid",
+        {number});
     if (result.failure) {
       const std::string message =
           "lines are missing: the generation ended " + After(rows.RowCount()) + " (" + *result.failure + ")";

@@ -91,6 +91,12 @@ struct RecordHandling {
   std::vector<std::string> writeAfterEdit = {};  // columns that an edit leaves as they were
 };
 
+// The command whose records are templates for those of another, and the parameter that has a template's name.
+struct TemplatesOf {
+  std::string command;
+  std::string name;
+};
+
 // What an add is given, or what selects a record, in the order typed.
 struct Assignment {
   std::string name;
@@ -107,6 +113,7 @@ struct FormDefinition {
   std::vector<ParameterDefinition> parameters = {};
   std::vector<Folding> foldings = {};
   RecordHandling handling = {};
+  TemplatesOf templates = {};                         // no command: records are not made from templates
   std::vector<std::vector<std::string>> inStep = {};  // parameters whose values go together by their place
   std::vector<std::vector<std::string>> oneOf = {};   // sets of parameters, of which one has to be given whole
   // Some commands keep their records in two tables: a record for which one parameter is given stands in the second.

@@ -72,7 +72,8 @@ void ReadRecord(FormDefinition& form, Fields& fields, const DataItem& file) {
   form.table = fields.Get("table", form.command);
   if (const auto database = fields.Find("database")) {
     form.database = database->Text();
-    if (form.database != "dynamic" && form.database != "site") database->Fail("records stand in \"dynamic\" or \"site\"");
+    if (form.database != "dynamic" && form.database != "site")
+      database->Fail("records stand in \"dynamic\" or \"site\"");
   }
   const Table* table = form.Database().Find(form.table);
   if (table == nullptr) file.Fail("there is no table " + form.table);
@@ -138,6 +139,11 @@ FormDefinition ReadForm(const std::string& command, std::string_view json, const
       form.handling = after->Object([](Fields& of) {
         return RecordHandling{.removeRowAfterDelete = of.Get("removeRowAfterDelete", false),
                               .writeAfterEdit = of.Get("writeAfterEdit", Texts())};
+      });
+    }
+    if (const auto templates = fields.Find("templates")) {
+      form.templates = templates->Object([](Fields& of) {
+        return TemplatesOf{.command = of.Get<std::string>("command"), .name = of.Get<std::string>("name")};
       });
     }
     ReadActions(form);
