@@ -8,7 +8,7 @@ namespace cordboard {
 Value NextTemplateID(const std::string& table) {
   RowSet rows;
   const bool read = scRunQuery(Sql("SELECT MAX(CMDID) FROM ", table), rows, "site");
-  if (!read || rows.IsEmpty() || rows[0][0].IsNull()) return "1";
+  if (!read || rows[0][0].IsNull()) return "1";
   return Text(ToNumber(rows[0][0]) + 1);
 }
 
