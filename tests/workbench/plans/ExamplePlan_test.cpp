@@ -31,12 +31,15 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 }
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
-  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "templates.plan"}) Apply(name);
+  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "terminals.plan", "templates.plan"})
+    Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM KSEXI WHERE CUST = '2' AND CALALT = '1' AND LANG = '2'"), "11");
   EXPECT_EQ(road.Rows("SELECT DIR, NAME1, PRES FROM NIINI_DIR WHERE DIR IN ('214', '216') ORDER BY DIR"),
             "214|Gatehouse, works|11 216|Director|10");
+  EXPECT_EQ(road.Rows("SELECT EQU, COUNT(*) FROM ITNUI GROUP BY EQU ORDER BY EQU"),
+            "001-0-11-00|2 001-0-11-01|1 002-0-12-00|1 002-0-12-02|1 002-0-12-04|1");
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {
