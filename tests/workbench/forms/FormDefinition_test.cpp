@@ -66,6 +66,7 @@ TEST(FormDefinition, AFormTellsWhatTheModuleServes) {
 const std::set<std::pair<std::string, std::string>> onNoForm = {
     {"KSANI", "CATTYP"},            // additional numbers keep no role of a category
     {"KSEXITEMPLATE", "LOCATION"},  // templates have no position
+    {"ITNUITEMPLATE", "LOCATION"},
 };
 
 TEST(FormDefinition, AFormHasEveryParameterThatItsModuleServes) {

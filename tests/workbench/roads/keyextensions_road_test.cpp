@@ -899,5 +899,28 @@ TEST_F(ITNUIRoad, WithTheTelephoneItsTerminalsGoAndTheirNumbersStayInUse) {
   EXPECT_EQ(IsUsed("150", "001-0-11-00"), "True|False");
 }
 
+// --- ITNUITEMPLATE.
+
+TEST_F(ITNUIRoad, ATemplateOccupiesNothingAndTerminalsAreMadeFromIt) {
+  const std::string used =
+      "SELECT (SELECT COUNT(*) FROM NANSI WHERE USED), (SELECT COUNT(*) FROM Equipment WHERE USED)";
+  const std::string before = road.Rows(used);
+  for (const char* line : {"ITNUITEMPLATE:TEMPLATENAME=Fax,CAT=1,ADC_D7=1,CUST=1;",
+                           "ITNUITEMPLATE:TEMPLATENAME=Data,ACCTYP=1,CAT=1;", "ITNUITEMPLATE:TEMPLATENAME=Idle;",
+                           "edit ITNUITEMPLATE TEMPLATENAME=Fax:CUST=2;", "delete ITNUITEMPLATE TEMPLATENAME=Idle;"})
+    EXPECT_EQ(road.Do(line), "done") << line;
+  EXPECT_EQ(road.Rows(used), before);
+  EXPECT_EQ(road.Do("edit ITNUITEMPLATE TEMPLATENAME=Data:ACCTYP=2;"),
+            "ACCTYP=2: the ACCTYP of a record cannot be changed; add another record");
+
+  EXPECT_EQ(road.Do("ITNUI from Fax:DIR=150,EQU=001-0-11-00;"), "done");
+  EXPECT_EQ(road.Do("ITNUI from Data:DIR=151,EQU=001-0-11-00;"),
+            "ACCTYP cannot be used at this equipment position. Leave ACCTYP empty, or choose another position.");
+  EXPECT_EQ(road.Do("ITNUI from Data:DIR=151,EQU=001-0-11-00,ACCTYP=;"), "done");
+  EXPECT_EQ(road.Do("ITNUI from Data:DIR=152,EQU=002-0-12-00;"), "done");
+  EXPECT_EQ(road.Rows(terminals), "150|001-0-11-00|-|1 151|001-0-11-00|-|1 152|002-0-12-00|1|1");
+  EXPECT_EQ(road.Rows("SELECT ADC, CUST FROM ITNUI WHERE DIR = '150'"), "00000010|2");
+}
+
 }  // namespace
 }  // namespace cordboard::workbench
