@@ -39,7 +39,7 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   EXPECT_EQ(road.Rows("SELECT DIR, NAME1, PRES FROM NIINI_DIR WHERE DIR IN ('214', '216') ORDER BY DIR"),
             "214|Gatehouse, works|11 216|Director|10");
   EXPECT_EQ(road.Rows("SELECT EQU, COUNT(*) FROM ITNUI GROUP BY EQU ORDER BY EQU"),
-            "001-0-11-00|2 001-0-11-01|1 002-0-12-00|1 002-0-12-02|1 002-0-12-04|1");
+            "001-0-11-00|2 001-0-11-01|1 001-0-11-02|1 001-0-11-03|1 002-0-12-00|1 002-0-12-02|1 002-0-12-04|1");
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {
