@@ -31,11 +31,14 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 }
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
-  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan"}) Apply(name);
+  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "members.plan"}) Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
   EXPECT_EQ(road.Rows("SELECT DIR, NAME1, PRES FROM NIINI_DIR WHERE DIR IN ('214', '216') ORDER BY DIR"),
             "214|Gatehouse, works|11 216|Director|10");
+  EXPECT_EQ(road.Rows("SELECT GRP, COUNT(*) FROM CHGMI GROUP BY GRP"), "1|6 2|4");
+  EXPECT_EQ(road.Rows("SELECT GRP, LIM FROM CS_GPGRI ORDER BY GRP"), "10|1 11|2");
+  EXPECT_EQ(road.Rows("SELECT LIST, CHO, TIME FROM PELPI WHERE DIR = '217'"), "2|1|30");
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {
