@@ -17,6 +17,9 @@ bool DescribedListRefused(const Action& action);
 // "GetValidValForParam" with the parameter's name.
 bool CollectList(const Action& action, const std::string& sql);
 
+// Offers the whole numbers from the one to the other, in one push of a list.
+bool PushWholeNumbers(int from, int to);
+
 // The fixed values of the parameter, in the active definition or in the action's.
 bool GetValuesAndDescription(const Action& action);
 bool GetValuesAndDescriptionByDefinition(const Action& action);

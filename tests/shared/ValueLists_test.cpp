@@ -86,6 +86,14 @@ INSTANTIATE_TEST_SUITE_P(
                  "GetValidValForParam", "61020"}),
     [](const auto& test) { return std::string(test.param.name); });
 
+TEST(ValueLists, WholeNumbersAreOfferedAsOneList) {
+  ScriptedHost host;
+  EXPECT_TRUE(host.With([] { return PushWholeNumbers(0, 3) && PushWholeNumbers(7, 7); }));
+  EXPECT_EQ(host.Calls(), Lines({"scPushValidValues([0, 1, 2, 3])", "scPushValidValues([7])"}));
+  host.Refuse("scPushValidValues");
+  EXPECT_FALSE(host.With([] { return PushWholeNumbers(1, 2); }));
+}
+
 TEST(ValueLists, ReadNothingOfTheFormButTheLocationOfALIM) {
   ScriptedHost host;
   for (Worker provider :
