@@ -31,11 +31,14 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 }
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
-  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan"}) Apply(name);
+  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "groups.plan"}) Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
   EXPECT_EQ(road.Rows("SELECT DIR, NAME1, PRES FROM NIINI_DIR WHERE DIR IN ('214', '216') ORDER BY DIR"),
             "214|Gatehouse, works|11 216|Director|10");
+  EXPECT_EQ(road.Rows("SELECT DIR FROM UsedGroups"), "300 301 302 310 311 320 321");
+  EXPECT_EQ(road.Rows("SELECT GRP, AGRP FROM GPAGI"), "1|2 1|10 2|1");
+  EXPECT_EQ(road.Rows("SELECT GRP, NAME1 FROM NIINI_GRP"), "300|Order desk 310|Shop 320|Bell, works");
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {
