@@ -7,6 +7,8 @@
 #include "com/PlainBox.h"
 #include "com/Pointer.h"
 #include "com/Registration.h"
+#include "com/WideText.h"
+#include "script/CommandLine.h"
 #include "script/MessageBox.h"
 
 namespace com = cordboard::com;
@@ -17,8 +19,10 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
   if (clsid != __uuidof(::CScript)) return CLASS_E_CLASSNOTAVAILABLE;
   HRESULT answer = S_OK;
   const HRESULT guarded = com::Guarded([&] {
-    // The library's own way is a line on standard error.
-    static const cordboard::MessageBoxHook before = cordboard::SetMessageBox(com::ShowPlainBox);
+    // The library's own ways are a line on standard error, and a list that this system does not have.
+    static const cordboard::MessageBoxHook box = cordboard::SetMessageBox(com::ShowPlainBox);
+    static const cordboard::CommandLineHook line =
+        cordboard::SetCommandLine([] { return com::FromWide(GetCommandLineW()); });
     answer = com::Pointer<IClassFactory>(new com::ClassFactory)->QueryInterface(iid, object);
   });
   return FAILED(guarded) ? guarded : answer;

@@ -25,10 +25,10 @@ bool CollectList(const Action& action, const std::string& sql) {
   return scCollectSingleValues(sql) || ListRefused(action);
 }
 
-bool PushWholeNumbers(const Action& action, int from, int to) {
+bool PushWholeNumbers(int from, int to) {
   List numbers(std::vector<Value>{});
   for (int number = from; number <= to; ++number) numbers.Append(number);
-  return scPushValidValues(numbers) || ListRefused(action);
+  return scPushValidValues(numbers);
 }
 
 bool GetValuesAndDescription(const Action& action) {

@@ -19,7 +19,7 @@ bool ListDIR(const Action& action) {
   return collected || ListRefused(action);
 }
 
-bool ListGRP(const Action& action) { return PushWholeNumbers(action, 0, 254); }
+bool ListGRP(const Action& action) { return PushWholeNumbers(0, 254) || ListRefused(action); }
 
 bool Add(const Action& action) {
   const Reporter fail("Add: " + action.CmdName);

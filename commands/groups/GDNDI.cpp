@@ -18,7 +18,7 @@ bool ListDIR(const Action& action) {
   return collected || ListRefused(action);
 }
 
-bool ListGRP(const Action& action) { return PushWholeNumbers(action, 1, 99); }
+bool ListGRP(const Action& action) { return PushWholeNumbers(1, 99) || ListRefused(action); }
 
 // There is no transaction: when a number fails, the group and the members before it stay.
 bool Add(const Action& action) {

@@ -14,11 +14,7 @@ bool ListCSP(const Action& action) {
   const Reporter fail("GetValidValueFor: " + action.Parameter());
   RowSet profile0;
   if (!scRunQuery(Sql(" SELECT CSP FROM GESPI ", NL, " WHERE CSP = '0' "), profile0)) return fail(StatementFailed);
-  List profiles{0};
-  if (!profile0.IsEmpty()) {
-    for (int CSP = 1; CSP <= 256; ++CSP) profiles.Append(CSP);
-  }
-  return (scPushValidValues(profiles) && scSubtractSingleValues(" SELECT CSP FROM GESPI")) ||
+  return (PushWholeNumbers(0, profile0.IsEmpty() ? 0 : 256) && scSubtractSingleValues(" SELECT CSP FROM GESPI")) ||
          fail(ListNotBuilt, action.Parameter());
 }
 

@@ -86,6 +86,14 @@ INSTANTIATE_TEST_SUITE_P(
                  "GetValidValForParam", "61020"}),
     [](const auto& test) { return std::string(test.param.name); });
 
+TEST(ValueLists, WholeNumbersAreOfferedAsOneList) {
+  ScriptedHost host;
+  EXPECT_TRUE(host.With([] { return PushWholeNumbers(0, 3) && PushWholeNumbers(7, 7); }));
+  EXPECT_EQ(host.Calls(), Lines({"scPushValidValues([0, 1, 2, 3])", "scPushValidValues([7])"}));
+  host.Refuse("scPushValidValues");
+  EXPECT_FALSE(host.With([] { return PushWholeNumbers(1, 2); }));
+}
+
 TEST(ValueLists, ReadNothingOfTheFormButTheLocationOfALIM) {
   ScriptedHost host;
   for (Worker provider :
@@ -97,21 +105,6 @@ TEST(ValueLists, ReadNothingOfTheFormButTheLocationOfALIM) {
 }
 
 // --- Whole numbers.
-
-TEST(ValueLists, WholeNumbersArePushedAsOneList) {
-  ScriptedHost host;
-  EXPECT_TRUE(host.With([] { return PushWholeNumbers(ListOf("GRP"), 8, 11); }));
-  EXPECT_TRUE(host.With([] { return PushWholeNumbers(ListOf("GRP"), 1, 1); }));
-  EXPECT_EQ(host.Calls(), Lines({"scPushValidValues([8, 9, 10, 11])", "scPushValidValues([1])"}));
-}
-
-TEST(ValueLists, WholeNumbersThatCannotBePushedAreReported) {
-  ScriptedHost host;
-  host.Refuse("scPushValidValues");
-  EXPECT_FALSE(host.With([] { return PushWholeNumbers(ListOf("GRP"), 1, 2); }));
-  EXPECT_EQ(host.Calls(),
-            Lines({"scPushValidValues([1, 2])", "scErrorMessage(0, 2, 2, \"GetValidValForParam\", 61020, \"GRP\")"}));
-}
 
 // --- LIM.
 

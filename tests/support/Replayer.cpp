@@ -7,6 +7,7 @@
 
 #include "entry/CScript.h"
 #include "script/CallHost.h"
+#include "script/CommandLine.h"
 #include "script/MessageBox.h"
 #include "script/RunTimeFailure.h"
 #include "script/TracingHost.h"
@@ -133,18 +134,23 @@ class Replayer : public CallHost {
   std::string difference_;
 };
 
-// Brings the message boxes of a run to its host.
-class BoxWatch {
+// The process as a run knows it: message boxes come to the host, and the command line is always the same.
+class ProcessOfRun {
  public:
-  explicit BoxWatch(Replayer& host)
-      : before_(SetMessageBox(
-            [&host](const std::string& text, const std::string& title, int style) { host.Box(text, title, style); })) {}
-  ~BoxWatch() { SetMessageBox(before_); }
-  BoxWatch(const BoxWatch&) = delete;
-  BoxWatch& operator=(const BoxWatch&) = delete;
+  explicit ProcessOfRun(Replayer& host)
+      : boxes_(SetMessageBox(
+            [&host](const std::string& text, const std::string& title, int style) { host.Box(text, title, style); })),
+        commandLine_(SetCommandLine([] { return std::string("host example"); })) {}
+  ~ProcessOfRun() {
+    SetMessageBox(boxes_);
+    SetCommandLine(commandLine_);
+  }
+  ProcessOfRun(const ProcessOfRun&) = delete;
+  ProcessOfRun& operator=(const ProcessOfRun&) = delete;
 
  private:
-  MessageBoxHook before_;
+  MessageBoxHook boxes_;
+  CommandLineHook commandLine_;
 };
 
 std::string Outcome(CScript& script, const Action& action) {
@@ -161,7 +167,7 @@ std::string Replay(const TranscriptRun& run) {
   const auto host = std::make_shared<Replayer>(run);
   CScript script;
   script.AddObject(host);
-  const BoxWatch watch(*host);
+  const ProcessOfRun process(*host);
   try {
     host->End(Outcome(script, run.action));
   } catch (const Left&) {

@@ -122,7 +122,19 @@ std::string IsKeptByChecks(const Filling& filling, const Assignment& assignment)
                          : "a check has changed this value to " + present + "; give that, or leave it out";
 }
 
-constexpr ValueRule rulesOfSetValue[] = {IsTakenAsTyped, IsKeptByChecks};
+// Of alternatives one makes the whole, and a digit of another must not be lost in silence.
+std::string IsInItsWhole(const Filling& filling, const Assignment& assignment) {
+  const Folding* folding = filling.definition().FoldingWith(assignment.name);
+  if (assignment.value.empty() || folding == nullptr) return "";
+  const auto hasIt = [&](const DigitPlace& place) {
+    return std::ranges::find(place.parameters, assignment.name) != place.parameters.end();
+  };
+  if (std::ranges::any_of(filling.form().FoldingInForce(folding->parameter)->places, hasIt)) return "";
+  return "this parameter does not go together with the other digits of " + folding->parameter +
+         "; clear or leave out the one or the others";
+}
+
+constexpr ValueRule rulesOfSetValue[] = {IsTakenAsTyped, IsKeptByChecks, IsInItsWhole};
 
 void GivenValuesStand(Filling& filling) {
   for (const Assignment& assignment : filling.given()) {

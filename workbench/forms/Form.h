@@ -37,9 +37,10 @@ class Form {
 
   int ActiveDefinition(const std::string& name) const;
   void SetActiveDefinition(const std::string& name, int definition) { definitions_[name] = definition; }
+  // The folding that makes the whole of its digits; nothing for a parameter that is no whole.
+  const Folding* FoldingInForce(const std::string& whole) const;
 
  private:
-  const Folding* FoldingInForce(const std::string& whole) const;
   const Folding* FoldingOfText(const std::string& whole, const Value& text) const;
   std::string Folded(const Folding& folding) const;
   void ClearParts(const std::string& whole);

@@ -31,8 +31,8 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 }
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
-  for (const char* name :
-       {"extensions.plan", "routes.plan", "directory.plan", "terminals.plan", "templates.plan", "members.plan"})
+  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "terminals.plan", "templates.plan",
+                           "groups.plan", "members.plan"})
     Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
@@ -42,8 +42,11 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   EXPECT_EQ(road.Rows("SELECT EQU, COUNT(*) FROM ITNUI GROUP BY EQU ORDER BY EQU"),
             "001-0-11-00|2 001-0-11-01|1 001-0-11-02|1 001-0-11-03|1 002-0-12-00|1 002-0-12-02|1 002-0-12-04|1");
   EXPECT_EQ(road.Rows("SELECT GRP, COUNT(*) FROM CHGMI GROUP BY GRP"), "1|6 2|4");
-  EXPECT_EQ(road.Rows("SELECT GRP, LIM FROM CS_GPGRI ORDER BY GRP"), "10|1 11|2");
+  EXPECT_EQ(road.Rows("SELECT GRP, LIM FROM CS_GPGRI ORDER BY GRP"), "1|1 10|2 11|2 2|1");
   EXPECT_EQ(road.Rows("SELECT LIST, CHO, TIME FROM PELPI WHERE DIR = '217'"), "2|1|30");
+  EXPECT_EQ(road.Rows("SELECT DIR FROM UsedGroups"), "300 301 302 310 311 320 321");
+  EXPECT_EQ(road.Rows("SELECT GRP, AGRP FROM GPAGI"), "1|2 1|10 2|1");
+  EXPECT_EQ(road.Rows("SELECT GRP, NAME1 FROM NIINI_GRP"), "300|Order desk 310|Shop 320|Bell, works");
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {
