@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "script/HostOperations.h"
+
 namespace cordboard {
 
 namespace {
@@ -21,6 +23,7 @@ Worker Module::ListOf(const std::string& parameter) const { return Find(ValidVal
 Worker Module::CheckOf(const std::string& parameter) const { return Find(StatCheck, parameter); }
 
 bool Module::Run(const Action& action) const {
+  if (isTemplate) SetTemplate(true);
   Worker worker = nullptr;
   if (action.FunctionName == "SetInfo") worker = SetInfo;
   if (action.FunctionName == "EditInfo") worker = EditInfo;

@@ -35,14 +35,15 @@ struct Module {
   Worker GenerateCmd = nullptr;
   std::vector<ParameterWorker> ValidValues = {};
   std::vector<ParameterWorker> StatCheck = {};
-  bool unserved = false;  // the answer for an action or a parameter that is not served
+  bool unserved = false;    // the answer for an action or a parameter that is not served
+  bool isTemplate = false;  // a template command: the host is told so first, whatever the action is
 
   // The worker that builds the list of a parameter, and the one that checks it; null where none does.
   Worker ListOf(const std::string& parameter) const;
   Worker CheckOf(const std::string& parameter) const;
 
-  // Runs the worker for the action and gives its answer. Nothing happens for what is not served. All names are compared
-  // exactly.
+  // Runs the worker for the action and gives its answer. Nothing more happens for what is not served. All names are
+  // compared exactly.
   bool Run(const Action& action) const;
 };
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "support/Outcome.h"
+#include "support/ScriptedHost.h"
 
 namespace cordboard {
 namespace {
@@ -92,6 +93,25 @@ TEST_F(ModuleRouting, AnswersTrueForWhatIsNotServedWhereTheTableSaysSo) {
   EXPECT_EQ(called, "");
   EXPECT_FALSE(Run(module, "DeleteInfo"));
   EXPECT_EQ(called, "D:KSEXI ");
+}
+
+TEST_F(ModuleRouting, TellsTheHostThatATemplateIsWorkedOnBeforeAnythingElse) {
+  const Module module{.DeleteInfo = WorkerNamed<'D'>, .StatCheck = {{"DIR", WorkerNamed<'c'>}}, .isTemplate = true};
+  EXPECT_EQ(Outcome([&] { return Run(module, "DeleteInfo"); }), "NoHost");
+  EXPECT_EQ(called, "");
+  for (const char* function :
+       {"DeleteInfo", "SetInfo", "deleteinfo", "GenerateCmd", "GetValidValForParam", "StatCheck"}) {
+    ScriptedHost scripted;
+    scripted.With([&] { return Outcome([&] { return Run(module, function, List()); }); });
+    EXPECT_EQ(scripted.Calls(), Lines({"SetTemplate(True)"})) << function;
+  }
+  EXPECT_EQ(called, "D:KSEXI ");
+}
+
+TEST_F(ModuleRouting, TellsNoTemplateOfAPlainCommand) {
+  ScriptedHost scripted;
+  scripted.With([&] { return Run(everything, "SetInfo"); });
+  EXPECT_EQ(scripted.Calls(), "");
 }
 
 TEST_F(ModuleRouting, TellsWhichParametersHaveAListAndWhichACheck) {

@@ -34,8 +34,11 @@ def may_call(caller, callee):
     if room(caller) == "workbench" and room(callee) == "workbench":
         return WORKBENCH.index(inner_room(callee)) <= WORKBENCH.index(inner_room(caller))
     if room(caller) == "commands" and room(callee) == "commands":
-        allowed = COMMAND_THAT_INCLUDES_ANOTHER.get(Path(caller).stem)
-        return Path(callee).stem.startswith(Path(caller).stem + "_") or allowed == callee.replace(".cpp", ".h")
+        command, other = Path(caller).stem, Path(callee).stem
+        # A template command may use the private parts of the command that it is a template of.
+        original = command[:-len("TEMPLATE")] if command.upper().endswith("TEMPLATE") else command
+        return other.startswith((command + "_", original + "_")) or \
+            COMMAND_THAT_INCLUDES_ANOTHER.get(command) == callee.replace(".cpp", ".h")
     return True
 
 

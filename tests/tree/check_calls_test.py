@@ -35,6 +35,14 @@ class CheckCalls(unittest.TestCase):
         self.assertEqual(found(("commands/keyextensions/EXCCS.cpp", "EXCCS", "KSANI"), ksani), [])
         self.assertEqual(len(found(("commands/keyextensions/KSEXI.cpp", "KSEXI", "KSANI"), ksani)), 1)
 
+    def test_a_template_uses_the_private_parts_of_its_command_alone(self):
+        for template in ("ITNUITEMPLATE", "ITNUITemplate"):
+            caller = (f"commands/keyextensions/{template}.cpp", template, "Called")
+            part = ("commands/keyextensions/ITNUI_Edit.cpp", "Called", "")
+            self.assertEqual(found(caller, part), [])
+            for other in ("ITNUI", "KSEXI_Edit"):
+                self.assertEqual(len(found(caller, (f"commands/keyextensions/{other}.cpp", "Called", ""))), 1)
+
     def test_a_name_may_hold_blanks(self):
         self.assertEqual(split("cordboard::Left(std::basic_string_view<char>, long) T 0 1f"),
                          ("cordboard::Left(std::basic_string_view<char>, long)", "T"))
