@@ -2,26 +2,45 @@
 // the place behind them. A main number stands in EXTEIDIR and holds its position; further numbers on its line stand in
 // EXTEIAUX.
 
+#include "commands/extensions/EXTEI_Checks.h"
 #include "commands/extensions/EXTEI_Edit.h"
+#include "commands/extensions/EXTEI_ICAT.h"
+#include "commands/extensions/EXTEI_Lists.h"
 #include "commands/extensions/EXTEI_SharedBoard.h"
 #include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/Module.h"
 #include "script/Report.h"
+#include "shared/ClassStrings.h"
 #include "shared/Record.h"
 #include "shared/Usage.h"
+#include "shared/ValueLists.h"
 
 namespace cordboard {
 
 namespace {
+
+// --- Checks.
+
+// LOCATION is reset in every case, and that alone is the answer.
+bool CheckEQU(const Action& action) {
+  CheckICATOfEQU(action);
+  return scResetParam("LOCATION");
+}
+
+bool CheckTYPE(const Action& action) {
+  const Value EQU = scGetParamValue("EQU");
+  const Value TYPE = scGetParamValue("TYPE");
+  return TYPE.IsEmpty() || (SuitICATToTYPE(action, TYPE, EQU) && SuitADCAndEQUToTYPE(TYPE, EQU));
+}
+
+// --- Add.
 
 const List mainColumns = {"CmdId", "DIR",       "EQU",      "NUMTYP", "CAT",        "TRAF",     "ROC",      "CDIV",
                           "SERV",  "TYPE",      "CUST",     "ADC",    "ICAT",       "LOCATION", "BUILDING", "ROOM",
                           "JACK",  "FIRSTNAME", "LASTNAME", "TITLE",  "DEPARTMENT", "TRM"};
 const List furtherColumns = {"CmdId", "AUX",  "EQU",  "NUMTYP", "CAT",         "TRAF",   "ROC",
                              "CDIV",  "SERV", "CUST", "ADC",    "DESCRIPTION", "DIR_AUX"};
-
-// --- Add.
 
 // Takes over the one value of a statement. One that fails is reported and leaves the value as it is; one without a row
 // fails the call.
@@ -131,6 +150,26 @@ extern const Module EXTEI{
     .SetInfo = Add,
     .EditInfo = Edit,
     .DeleteInfo = Delete,
+    .ValidValues = {{ClassStringDigits, GetValuesAndDescription},
+                    {PlainParameters, GetValuesAndDescription},
+                    {CDIVTail, ListCDIVTail},
+                    {"AUX", ListAUX},
+                    {"CAT", GetValuesFor_CAT},
+                    {"CUST", GetValuesFor_CUST},
+                    {"DIR", GetValuesFor_EX},
+                    {"DIR_AUX", ListDIR_AUX},
+                    {"EQU", ListEQU},
+                    {ICATDigits, ListICAT},
+                    {"LOCATION", StatCheck_EQU_LOCATION}},
+    .StatCheck = {{"AUX", CheckAUX},
+                  {"CDIV_D6", ResetCDIVTail},
+                  {"DIR_AUX", CheckDIR_AUX},
+                  {"TYPE", CheckTYPE},
+                  {"ICAT_D1_SUB1", CheckICAT_D1_SUB1},
+                  {"ICAT_D3_SUB1", CheckICAT_D3_SUB1},
+                  {"ICAT_D3_SUB2", CheckICAT_D3_SUB2},
+                  {"ICAT_D3_SUB3", CheckICAT_D3_SUB3},
+                  {"EQU", CheckEQU}},
 };
 
 }  // namespace cordboard
