@@ -82,8 +82,8 @@ bool AddMainNumbers(const Action& action, const Reporter& fail, const List& numb
   bool marked = true;
   for (std::size_t k = 0; k < numbers.size(); ++k) {
     const Value CmdId = scBuildCmdID();
-    const Value DIR = numbers[k];
-    const Value EQU = positions[k];
+    const Value& DIR = numbers[k];
+    const Value& EQU = positions[k];
     const List record = Record(mainColumns, {{"CmdId", CmdId}, {"DIR", DIR}, {"EQU", EQU}, {"NUMTYP", "EX"}});
     if (!marked) return false;
     const Value ICAT = ValueOf("ICAT", mainColumns, record);
