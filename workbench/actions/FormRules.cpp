@@ -33,9 +33,21 @@ std::string IsOfTheRelease(const Filling& filling, const Assignment& assignment)
 
 // Where records stand in two tables, those of one have parameters that those of the other do not.
 std::string IsOfTheTable(const Filling& filling, const Assignment& assignment) {
-  const auto& elsewhere = filling.definition().elsewhere;
-  if (assignment.value.empty() || std::ranges::find(elsewhere, assignment.name) == elsewhere.end()) return "";
+  if (assignment.value.empty() || !filling.definition().IsElsewhere(assignment.name)) return "";
   return "a record of the table " + filling.definition().table + " does not have this parameter; leave it out";
+}
+
+std::string IsOfTheDefinition(const Filling& filling, const Assignment& assignment) {
+  if (assignment.value.empty() || filling.form().IsInDefinition(assignment.name)) return "";
+  return filling.definition().FoldingWith(assignment.name)->parameter +
+         " does not have this digit here: its digits follow from the values before it; leave it out";
+}
+
+// A digit is given as a whole or by its parts.
+std::string IsNotGivenByParts(const Filling& filling, const Assignment& assignment) {
+  const DigitPlace* place = filling.form().PlaceOf(assignment.name);
+  if (place == nullptr || place->digit == assignment.name || !filling.IsGiven(place->digit)) return "";
+  return "this is a part of " + place->digit + ", which is given as well; give one of the two";
 }
 
 std::string HasPlainCharacters(const Filling&, const Assignment& assignment) {
@@ -45,7 +57,8 @@ std::string HasPlainCharacters(const Filling&, const Assignment& assignment) {
   return control ? "a value must not hold control characters" : "";
 }
 
-constexpr ValueRule rulesOfValue[] = {IsOfTheForm, IsOfTheRelease, IsOfTheTable, HasPlainCharacters};
+constexpr ValueRule rulesOfValue[] = {IsOfTheForm,       IsOfTheRelease,    IsOfTheTable,
+                                      IsOfTheDefinition, IsNotGivenByParts, HasPlainCharacters};
 
 // --- An edit, before its values are set.
 
@@ -54,6 +67,7 @@ constexpr ValueRule rulesOfValue[] = {IsOfTheForm, IsOfTheRelease, IsOfTheTable,
 void SharedDigitsAreGivenTogether(Filling& filling) {
   const auto given = [&filling](const std::string& name) { return filling.IsGiven(name); };
   for (const Folding& folding : filling.definition().foldings) {
+    if (!filling.form().IsActive(folding)) continue;
     for (const DigitPlace& place : folding.places) {
       const std::string digits = Middle(Joined(filling.form().Get(folding.parameter)), place.first, place.width);
       if (digits.find_first_not_of(folding.fill) == digits.npos || std::ranges::none_of(place.parameters, given))
@@ -117,8 +131,23 @@ void InStepAreAsMany(Filling& filling) {
                     .message = one + " and " + other + " go in pairs, and there are " + std::to_string(number(one)) +
                                " and " + std::to_string(number(other)) + " of them; give as many of each"});
   };
+  const auto isElsewhere = [&](const std::string& name) { return filling.definition().IsElsewhere(name); };
   for (const std::vector<std::string>& together : filling.definition().inStep) {
+    if (std::ranges::any_of(together, isElsewhere)) continue;
     for (const std::string& other : together) compare(together.front(), other);
+  }
+}
+
+// Parts that add up to a digit give one that its list has.
+void SumsArePossible(Filling& filling) {
+  for (const Assignment& assignment : filling.given()) {
+    const DigitPlace* place = filling.form().PlaceOf(assignment.name);
+    if (place == nullptr || place->digit.empty() || place->digit == assignment.name) continue;
+    const std::string digit = Joined(filling.form().Get(place->digit));
+    const ValueList* list = digit.empty() ? nullptr : filling.ListOf(place->digit);
+    if (list == nullptr || list->Contains(digit)) continue;
+    filling.Refuse(assignment, "its parts make " + place->digit + " " + digit + ", which is not possible here");
+    return;
   }
 }
 
@@ -153,7 +182,8 @@ void GivenValuesStand(Filling& filling) {
   }
 }
 
-constexpr FormRule rulesOfWholeForm[] = {MandatoryIsGiven, OneSetIsGiven, InStepAreAsMany, GivenValuesStand};
+constexpr FormRule rulesOfWholeForm[] = {MandatoryIsGiven, OneSetIsGiven, InStepAreAsMany, SumsArePossible,
+                                         GivenValuesStand};
 
 }  // namespace
 

@@ -25,6 +25,7 @@ constexpr ParameterFlag flags[] = {
     {"addOnly", &ParameterDefinition::addOnly, Source::Form, "when a record is added"},
     {"reuse", &ParameterDefinition::reuse, Source::Form, ""},
     {"text", &ParameterDefinition::text, Source::Form, ""},
+    {"firstToRules", &ParameterDefinition::firstToRules, Source::Form, ""},
 };
 
 const std::map<std::string, FormDefinition, std::less<>>& AllForms() {
@@ -47,6 +48,14 @@ bool ParameterDefinition::IsIn(std::string_view release) const {
   return releases.empty() || std::ranges::find(releases, release) != releases.end();
 }
 
+bool DigitPlace::Has(std::string_view name) const {
+  return name == digit || std::ranges::find(parameters, name) != parameters.end();
+}
+
+bool Folding::Has(std::string_view subDigit) const {
+  return std::ranges::any_of(places, [&](const DigitPlace& place) { return place.Has(subDigit); });
+}
+
 const ParameterDefinition* FormDefinition::Find(std::string_view name) const {
   const auto found = std::ranges::find(parameters, name, &ParameterDefinition::name);
   return found == parameters.end() ? nullptr : &*found;
@@ -56,6 +65,11 @@ std::size_t FormDefinition::Place(std::string_view name) const {
   return static_cast<std::size_t>(std::ranges::find(parameters, name, &ParameterDefinition::name) - parameters.begin());
 }
 
+bool FormDefinition::IsElsewhere(std::string_view name) const {
+  const Folding* folding = FoldingWith(name);
+  return std::ranges::find(elsewhere, folding == nullptr ? name : folding->parameter) != elsewhere.end();
+}
+
 const Folding* FormDefinition::FoldingOf(std::string_view parameter) const {
   const auto found = std::ranges::find(foldings, parameter, &Folding::parameter);
   return found == foldings.end() ? nullptr : &*found;
@@ -63,9 +77,7 @@ const Folding* FormDefinition::FoldingOf(std::string_view parameter) const {
 
 const Folding* FormDefinition::FoldingWith(std::string_view subDigit) const {
   for (const Folding& folding : foldings) {
-    for (const DigitPlace& place : folding.places) {
-      if (std::ranges::find(place.parameters, subDigit) != place.parameters.end()) return &folding;
-    }
+    if (folding.Has(subDigit)) return &folding;
   }
   return nullptr;
 }

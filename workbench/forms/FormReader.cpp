@@ -104,6 +104,8 @@ void ReadSecondTable(FormDefinition& form, const DataItem& item) {
   second->elsewhere = WithoutThoseOf(form.columns, second->columns);
   if (std::ranges::find(form.elsewhere, form.secondWith) == form.elsewhere.end())
     item.Fail("only the records of " + second->table + " may have " + form.secondWith);
+  second->handling.writeAfterEdit = WithoutThoseOf(form.handling.writeAfterEdit, second->elsewhere);
+  form.handling.writeAfterEdit = WithoutThoseOf(form.handling.writeAfterEdit, form.elsewhere);
   form.second = second;
 }
 

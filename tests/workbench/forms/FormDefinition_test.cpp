@@ -64,7 +64,11 @@ TEST(FormDefinition, AFormTellsWhatTheModuleServes) {
 
 // What a module serves, and no form has.
 const std::set<std::pair<std::string, std::string>> onNoForm = {
-    {"KSANI", "CATTYP"},  // additional numbers keep no role of a category
+    {"KSANI", "CATTYP"},  // numbers keep no role of a category
+    {"EXTEI", "CATTYP"},      {"EXTEITEMPLATE", "CATTYP"},
+    {"EXTEITEMPLATE", "DIR"},  // a template has no number and no position
+    {"EXTEITEMPLATE", "AUX"}, {"EXTEITEMPLATE", "DIR_AUX"},
+    {"EXTEITEMPLATE", "EQU"},
 };
 
 TEST(FormDefinition, AFormHasEveryParameterThatItsModuleServes) {
@@ -133,7 +137,8 @@ TEST(FormDefinition, AFoldingGoesIntoAColumnFromParametersOfTheForm) {
     for (const Folding& folding : form.foldings) {
       SCOPED_TRACE(folding.parameter);
       std::set<std::string> parts;
-      EXPECT_NE(std::ranges::find(form.columns, folding.parameter), form.columns.end());
+      const bool stored = std::ranges::find(form.columns, folding.parameter) != form.columns.end();
+      EXPECT_NE(stored, form.IsElsewhere(folding.parameter));
       ASSERT_NE(form.FoldingOf(folding.parameter), nullptr);
       EXPECT_EQ(form.FoldingOf(folding.parameter)->parameter, folding.parameter);
       for (const DigitPlace& place : folding.places) {
@@ -143,6 +148,7 @@ TEST(FormDefinition, AFoldingGoesIntoAColumnFromParametersOfTheForm) {
           EXPECT_TRUE(parts.insert(name).second) << name;
           EXPECT_EQ(form.FoldingWith(name)->parameter, folding.parameter) << name;
         }
+        EXPECT_TRUE(place.digit.empty() || form.Find(place.digit) != nullptr) << place.digit;
       }
     }
   });
