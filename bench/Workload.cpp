@@ -50,9 +50,8 @@ void Expect(bool holds, const char* what) {
 
 Workload::Workload(int series, std::unique_ptr<Exchange> exchange)
     : series_(series), plan_(Plan(series)), exchange_(std::move(exchange)), session_(*exchange_) {
-  // The fixed values and the store of templates are made when they are first asked for: that is no part of the work.
+  // The fixed values are made when they are first asked for: that is no part of the work.
   exchange_->Database("static");
-  exchange_->Database("site");
 }
 
 Workload::Workload(int series) : Workload(series, Exchange::CreateInMemory(release, workbench::ReadPlant("example"))) {}

@@ -110,6 +110,7 @@ class CommandLine {
     auto [sub, options] = Add("generate", "Print the exchange's command lines", Generate);
     sub->add_option("FILE", options.file, "the exchange file")->required();
     auto* output = sub->add_option("-o,--output", options.output, "write the lines to this file");
+    sub->add_flag("--templates", options.templates, "the lines of the templates, which no exchange takes");
     sub->add_flag("--json", options.json, "print as JSON")->excludes(output);
   }
 

@@ -58,6 +58,7 @@ int Show(const ShowOptions& options);
 struct GenerateOptions {
   std::string file;
   std::string output;  // empty: standard output
+  bool templates = false;
   bool json = false;
 };
 int Generate(const GenerateOptions& options);

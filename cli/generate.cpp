@@ -26,7 +26,7 @@ int Generate(const GenerateOptions& options) {
   if (std::filesystem::equivalent(options.file, options.output, ignored))
     throw Exit{Usage, "the lines cannot be written over the exchange itself"};
   workbench::Session session(*exchange);
-  const workbench::Generated generated = workbench::Generate(session);
+  const workbench::Generated generated = workbench::Generate(session, options.templates ? "site" : "dynamic");
   for (const auto& [command, problem] : generated.problems) Error(Written(command, problem));
   if (options.json) {
     nlohmann::json data = nlohmann::json::array();

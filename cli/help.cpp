@@ -74,6 +74,14 @@ std::vector<std::string> Actions(const FormDefinition& form) {
   return actions;
 }
 
+// How a record is made from a template, in Markdown; nothing where there are none.
+std::string FromTemplates(const FormDefinition& form) {
+  const auto& [command, name] = form.templates;
+  if (command.empty()) return "";
+  return "From a template of " + Quoted(command) + ", by its " + Quoted(name) + ": " +
+         Quoted(form.command + " from NAME:...;");
+}
+
 std::string Plain(std::string markdown) {
   std::erase(markdown, '`');
   return markdown;
@@ -86,6 +94,7 @@ void HelpAsText(const FormDefinition& form) {
     rows.push_back({parameter.name, parameter.title, Plain(Traits(form, parameter))});
   PrintTable({"PARAMETER", "", ""}, rows);
   std::cout << "\nActions: " << Joined(Actions(form), " ") << '\n';
+  if (!form.templates.command.empty()) std::cout << Plain(FromTemplates(form)) << '\n';
   std::cout << "list: see cordboard values FILE " << form.command << " PARAMETER\n";
 }
 
@@ -102,6 +111,7 @@ void HelpAsJson(const FormDefinition& form) {
              {"title", form.title},
              {"help", form.help},
              {"parameters", parameters},
+             {"templates", form.templates.command},
              {"actions",
               {{"add", form.adds}, {"edit", form.edits}, {"delete", form.deletes}, {"generate", form.generates}}}});
 }
@@ -135,6 +145,7 @@ void HelpAsPage(const FormDefinition& form) {
   }
   if (listed != nullptr)
     std::cout << "\nWhat is possible now: `cordboard values FILE " << form.command << ' ' << listed->name << "`.\n";
+  if (!form.templates.command.empty()) std::cout << '\n' << FromTemplates(form) << ".\n";
   for (const FormDefinition* table : form.OfEachTable()) {
     std::vector<std::string> columns;
     for (const std::string& column : table->columns) columns.push_back(Quoted(column));

@@ -13,17 +13,13 @@ namespace cordboard::cli {
 
 namespace {
 
-const workbench::DatabaseSchema& Schema() { return workbench::ShippedSchema().Database("dynamic"); }
-
-std::string RowsOf(const workbench::FormDefinition& form) { return Schema().RowsOf(form.table); }
-
 void ShowTables(workbench::Exchange& exchange, bool json) {
   nlohmann::json data = nlohmann::json::array();
   std::vector<std::vector<std::string>> rows;
   for (const workbench::FormDefinition* form : workbench::Forms()) {
     double records = 0;
     for (const workbench::FormDefinition* table : form->OfEachTable())
-      records += exchange.Dynamic().Single("SELECT COUNT(*) FROM " + RowsOf(*table)).number();
+      records += exchange.Dynamic().Single("SELECT COUNT(*) FROM " + table->Rows()).number();
     const Value count = records;
     data.push_back({{"command", form->command}, {"title", form->title}, {"records", ToJson(count)}});
     rows.push_back({form->command, Joined(count), form->title});
@@ -35,10 +31,10 @@ void ShowTables(workbench::Exchange& exchange, bool json) {
 
 void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition& form, nlohmann::json* json) {
   // Nothing but a table has a rowid: the rows of a view stand in the order of its tables.
-  const std::string order = Schema().IsView(form.table) ? "" : " ORDER BY rowid";
-  const RowSet records = exchange.Dynamic().Run("SELECT * FROM " + RowsOf(form) + order);
+  const std::string order = form.Database().IsView(form.table) ? "" : " ORDER BY rowid";
+  const RowSet records = exchange.Dynamic().Run("SELECT * FROM " + form.Rows() + order);
   std::vector<std::string> names;
-  for (const workbench::Column& column : Schema().Find(form.table)->columns) names.push_back(column.name);
+  for (const workbench::Column& column : form.Database().Find(form.table)->columns) names.push_back(column.name);
   std::vector<std::vector<std::string>> rows;
   for (std::size_t row = 0; row < records.RowCount(); ++row) {
     nlohmann::json record;

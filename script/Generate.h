@@ -14,9 +14,10 @@
 
 namespace cordboard {
 
-// Appends one line under the action's order number.
-inline bool InsertLine(const Reporter& fail, const Action& action, const std::string& line) {
-  return scRunQuery(Sql("INSERT INTO BuiltCmd VALUES (", action.OrderNumber(), ",'", line, "')")) ||
+// Appends one line under the action's order number, to the lines of the exchange or of another database.
+inline bool InsertLine(const Reporter& fail, const Action& action, const std::string& line,
+                       const Selector& database = std::nullopt) {
+  return scRunQueryOn(database, Sql("INSERT INTO BuiltCmd VALUES (", action.OrderNumber(), ",'", line, "')")) ||
          fail(GenerationFailed);
 }
 
@@ -45,10 +46,11 @@ class LineRow {
 // Inserts a line for each row: `line` makes it from a LineRow, or gives nothing for a row without one. A line that is
 // not inserted is reported, and the next one follows. Gives the answer of the last insert, `flag` where there was none.
 template <typename MakeLine>
-bool InsertLines(const Reporter& fail, const Action& action, const RowSet& rows, bool flag, MakeLine line) {
+bool InsertLines(const Reporter& fail, const Action& action, const RowSet& rows, bool flag, MakeLine line,
+                 const Selector& database = std::nullopt) {
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
     const std::optional<std::string> made = line(LineRow(rows, row));
-    if (made) flag = InsertLine(fail, action, *made);
+    if (made) flag = InsertLine(fail, action, *made, database);
   }
   return flag;
 }

@@ -56,11 +56,10 @@ bool scGetNumberOfValidValues(const std::string& name, const Value& definition, 
 }
 
 bool scRunQuery(const std::string& sql) { return CurrentHost()->scRunQuery(sql, nullptr, std::nullopt); }
-bool scRunQuery(const std::string& sql, RowSet& rows) { return CurrentHost()->scRunQuery(sql, &rows, std::nullopt); }
-bool scRunQuery(const std::string& sql, RowSet& rows, const std::string& database) {
+bool scRunQuery(const std::string& sql, RowSet& rows, const Selector& database) {
   return CurrentHost()->scRunQuery(sql, &rows, database);
 }
-bool scRunQueryOn(const std::string& database, const std::string& sql) {
+bool scRunQueryOn(const Selector& database, const std::string& sql) {
   return CurrentHost()->scRunQuery(sql, nullptr, database);
 }
 bool scSQLInsert(const std::string& table, const List& columns, const List& values) {

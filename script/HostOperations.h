@@ -35,11 +35,10 @@ bool scRemoveFromValidRangeValues(const std::string& name, const Value& from, co
 bool scGetValidValues(const std::string& name, List& values);
 bool scGetNumberOfValidValues(const std::string& name, const Value& definition, Value& count);
 
-// The four forms of a statement: an action, a query, a query on another database, an action on another database.
+// The forms of a statement: an action, a query, and an action on another database.
 bool scRunQuery(const std::string& sql);
-bool scRunQuery(const std::string& sql, RowSet& rows);
-bool scRunQuery(const std::string& sql, RowSet& rows, const std::string& database);
-bool scRunQueryOn(const std::string& database, const std::string& sql);
+bool scRunQuery(const std::string& sql, RowSet& rows, const Selector& database = std::nullopt);
+bool scRunQueryOn(const Selector& database, const std::string& sql);
 bool scSQLInsert(const std::string& table, const List& columns, const List& values);
 bool scSQLUpdate(const std::string& table, const List& columns, const List& values, const List& keys,
                  const List& keyValues);

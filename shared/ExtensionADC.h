@@ -2,8 +2,13 @@
 #pragma once
 
 #include "script/Action.h"
+#include "script/Module.h"
 
 namespace cordboard {
+
+// The digits between, each with a plain list of values.
+inline const ParameterNames MiddleOfADC{"ADC_D2", "ADC_D3", "ADC_D4", "ADC_D5", "ADC_D6",
+                                        "ADC_D7", "ADC_D8", "ADC_D9", "ADC_D10"};
 
 // The first digit: the value 2 is forbidden to an extension with a high value in the last two digits of SERV.
 bool ListADC_D1(const Action& action);

@@ -1,6 +1,8 @@
 // A record as an add makes it: one value for each column.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <initializer_list>
 #include <string_view>
 #include <utility>
@@ -9,21 +11,21 @@
 
 namespace cordboard {
 
-// A column that does not come from the form: it has a value of its own, or the element of a list at an index, which is
-// read when the column's turn comes, so that a list that is too short fails the call there.
+// A column that does not come from the form: it has a value of its own, or one that is made when the column's turn
+// comes. So is the element of a list at an index: a list that is too short fails the call there.
 class GivenValue {
  public:
-  GivenValue(std::string_view name, Value value) : column(name), value_(std::move(value)) {}
-  GivenValue(std::string_view name, const List& list, std::size_t index) : column(name), list_(&list), index_(index) {}
+  GivenValue(std::string_view name, Value value) : column(name), make_([value = std::move(value)] { return value; }) {}
+  GivenValue(std::string_view name, std::function<Value()> make) : column(name), make_(std::move(make)) {}
+  GivenValue(std::string_view name, const List& list, std::size_t index)
+      : column(name), make_([&list, index] { return list[index]; }) {}
 
-  Value Get() const { return list_ == nullptr ? value_ : (*list_)[index_]; }
+  Value Get() const { return make_(); }
 
   const std::string_view column;
 
  private:
-  Value value_;
-  const List* list_ = nullptr;
-  std::size_t index_ = 0;
+  std::function<Value()> make_;
 };
 
 // One value for each column, in their order: a column that is given has its value there, "CMDID" takes a new

@@ -11,8 +11,9 @@ std::string Quoted(const Value& value) { return Sql("'", value, "'"); }
 std::string QuotedOrNull(const Value& value) { return value.IsEmpty() ? "Null" : Quoted(value); }
 
 bool Update(const std::string& table, std::int32_t CmdId, const std::string& column, const std::string& content,
-            const char* lineBreak) {
-  return scRunQuery(Sql("UPDATE ", table, " SET ", column, " = ", content, lineBreak, " WHERE CmdId = ", CmdId));
+            const char* lineBreak, const Selector& database = std::nullopt) {
+  return scRunQueryOn(database,
+                      Sql("UPDATE ", table, " SET ", column, " = ", content, lineBreak, " WHERE CmdId = ", CmdId));
 }
 
 }  // namespace
@@ -25,8 +26,9 @@ bool UpdateColumnOrNull(const std::string& table, std::int32_t CmdId, const std:
   return Update(table, CmdId, column, QuotedOrNull(value), NL);
 }
 
-bool UpdateColumnInLine(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value) {
-  return Update(table, CmdId, column, Quoted(value), "");
+bool UpdateColumnInLine(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value,
+                        const Selector& database) {
+  return Update(table, CmdId, column, Quoted(value), "", database);
 }
 
 bool UpdateColumnOrNullInLine(const std::string& table, std::int32_t CmdId, const std::string& column,

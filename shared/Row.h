@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "script/Host.h"
 #include "script/List.h"
 #include "script/Value.h"
 
@@ -15,8 +16,9 @@ bool UpdateColumn(const std::string& table, std::int32_t CmdId, const std::strin
 // The same, but an empty value is written as Null. Only the empty state counts: a null is written as the empty text.
 bool UpdateColumnOrNull(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value);
 
-// The same two statements in one line.
-bool UpdateColumnInLine(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value);
+// The same two statements in one line, the first also on another database.
+bool UpdateColumnInLine(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value,
+                        const Selector& database = std::nullopt);
 bool UpdateColumnOrNullInLine(const std::string& table, std::int32_t CmdId, const std::string& column,
                               const Value& value);
 

@@ -5,12 +5,12 @@
 #include "commands/extensions/EXTEI_Edit.h"
 #include "commands/extensions/EXTEI_ICAT.h"
 #include "commands/extensions/EXTEI_Lists.h"
-#include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/Module.h"
 #include "script/Report.h"
 #include "shared/ClassStrings.h"
 #include "shared/Record.h"
+#include "shared/TemplateID.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {
@@ -33,18 +33,11 @@ const List columns = {"CmdId", "TEMPLATENAME", "NUMTYP",    "CAT",      "TRAF", 
                       "SERV",  "TYPE",         "CUST",      "ADC",      "ICAT",  "LOCATION",   "BUILDING",
                       "ROOM",  "JACK",         "FIRSTNAME", "LASTNAME", "TITLE", "DEPARTMENT", "TRM"};
 
-// The identifier after the greatest of the table; that of the first is 1, and also where the table cannot be read.
-std::string NextCmdId() {
-  RowSet rows;
-  if (!scRunQuery("SELECT MAX(CMDID) FROM EXTEIDIRTEMPLATE", rows, "site") || rows[0][0].IsNull()) return "1";
-  return Text(ToNumber(rows[0][0]) + 1);
-}
-
 // The form's NUMTYP is read as all other columns are, and does not count.
 bool Add(const Action& action) {
   const Reporter fail("Add: " + action.CmdName);
   return InTransaction(fail, [&] {
-    List record = Record(columns, {{"CmdId", NextCmdId()}});
+    List record = Record(columns, {{"CmdId", NextTemplateID("EXTEIDIRTEMPLATE")}});
     record[2] = "EX";
     return scSQLInsert("EXTEIDIRTEMPLATE", columns, record) || fail(InsertFailed, "EXTEIDIRTEMPLATE");
   });

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "commands/keyextensions/KSEXI_Edit.h"
 #include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/Generate.h"
@@ -13,10 +14,8 @@
 #include "shared/ClassStrings.h"
 #include "shared/Equipment.h"
 #include "shared/ExtensionADC.h"
-#include "shared/KeySpace.h"
 #include "shared/Record.h"
 #include "shared/Release.h"
-#include "shared/Row.h"
 #include "shared/Usage.h"
 #include "shared/ValueLists.h"
 
@@ -97,74 +96,7 @@ bool Add(const Action& action) {
 
 // --- Edit.
 
-// What the record has in the column: blank also where there is no record.
-bool ReadOld(const Action& action, const Reporter& fail, const std::string& column, Value& old) {
-  RowSet rows;
-  if (!scRunQuery(Sql(" SELECT ", column, " FROM ", action.CmdName, " WHERE CmdId = ", action.CmdId), rows))
-    return fail(StatementFailed);
-  if (!rows.IsEmpty()) old = rows[0][0];
-  return true;
-}
-
-// The use of the number moves; the column DIR is left to the host.
-bool EditDIR(const Action& action, const Reporter& fail, const Value& DIR) {
-  Value old;
-  if (!ReadOld(action, fail, "DIR", old)) return false;
-  if (old.IsBlank()) return fail(ColumnHasNoValue, "DIR");
-  return UpdateExtOpeGrp(old, DIR) || fail(ColumnNotWritten, "DIR");
-}
-
-// A record without a position is reported, and that is no failure.
-bool EditEQU(const Action& action, const Reporter& fail, const Value& EQU) {
-  Value old;
-  if (!ReadOld(action, fail, "EQU", old)) return false;
-  if (!old.IsBlank()) return UpdateEQU(action.CmdName, action.CmdId, old, EQU);
-  fail(ColumnHasNoValue, "EQU");
-  return true;
-}
-
-// Deletes what is on keys that the new instrument does not have; the numbers of the deleted records stay in use. An
-// instrument without any keys, or with keys that cannot be read, makes a list that is no statement, and so cannot be
-// chosen.
-bool EditITYPE(const Action& action, const Reporter& fail, const Value& ITYPE) {
-  const Value DIR = scGetParamValue("DIR");
-  RowSet rows;
-  scRunQuery(Sql("SELECT Value FROM ParamValueDesc WHERE Command = 'KSANI' AND  Param = 'KEY' AND DefinitionNo = ",
-                 KeyDefinition(ITYPE)),
-             rows, "static");
-  std::string keys;
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) keys += Text(row == 0 ? "('" : ",'", Trim(rows[0][row]), "'");
-  if (!rows.IsEmpty()) keys += ")";
-
-  bool flag = true;
-  for (const char* table : {"KSFKC", "KSANI", "KSMDI"})
-    flag = flag && scRunQuery(Sql("DELETE * FROM ", table, " WHERE DIR ='", DIR, "' AND Key NOT IN ", keys));
-  flag = flag && UpdateColumnInLine("KSEXI", action.CmdId, "ITYPE", ITYPE);
-  return flag || fail(ColumnNotWritten, "ITYPE");
-}
-
-bool EditParameter(const Action& action, const Reporter& fail, const std::string& name, const Value& value) {
-  if (name == "DIR") return EditDIR(action, fail, value);
-  if (name == "EQU") return EditEQU(action, fail, value);
-  if (name == "ITYPE") return EditITYPE(action, fail, value);
-  return UpdateColumnInLine("KSEXI", action.CmdId, name, value) || fail(ColumnNotWritten, name);
-}
-
-// Only a number that is too long ends the edit. After any other failure it goes on, so that the last parameter
-// decides.
-bool Edit(const Action& action) {
-  const Reporter fail("Edit: " + action.CmdName);
-  return InTransaction(fail, [&] {
-    bool flag = true;
-    for (const Value& parameter : action.ParamList) {
-      const std::string name = ToText(parameter);
-      const Value value = scGetParamValue(name);
-      if (name == "DIR" && Length(Joined(value)) > 5) return fail(ValueNotValidHere, "DIR");
-      flag = EditParameter(action, fail, name, value);
-    }
-    return flag;
-  });
-}
+bool Edit(const Action& action) { return EditKeyExtension(action, {.table = "KSEXI"}); }
 
 // --- Delete.
 
@@ -225,8 +157,7 @@ extern const Module KSEXI{
                     {{"SERV_D1", "SERV_D7D8_SUB1", "SERV_D7D8_SUB2"}, GetValuesAndDescription},
                     {CDIVTail, ListCDIVTail},
                     {"ADC_D1", ListADC_D1},
-                    {{"ADC_D2", "ADC_D3", "ADC_D4", "ADC_D5", "ADC_D6", "ADC_D7", "ADC_D8", "ADC_D9", "ADC_D10"},
-                     GetValuesAndDescription},
+                    {MiddleOfADC, GetValuesAndDescription},
                     {"ADC_D11", ListADC_D11},
                     {{"ACCTYP", "CALALT", "ITYPE", "LANG"}, GetValuesAndDescription},
                     {"CAT", GetValuesFor_CAT},

@@ -446,7 +446,7 @@ class Data(ProgramTest):
         self.assertRegex(text, r"(?m)^NUMTYP +Number type +has to be given, list, check$")
         self.assertIn("Actions: add delete generate\n", text)
         data = self.json("help", "NANSI")
-        self.assertEqual(sorted(data), ["actions", "command", "help", "parameters", "title"])
+        self.assertEqual(sorted(data), ["actions", "command", "help", "parameters", "templates", "title"])
         self.assertEqual(data["actions"], {"add": True, "edit": False, "delete": True, "generate": True})
         parameter = data["parameters"][0]
         self.assertEqual((parameter["name"], parameter["title"], parameter["releases"]), ("NUMTYP", "Number type", []))
@@ -456,6 +456,8 @@ class Data(ProgramTest):
         text = self.ends(DONE, "help", "KSEXI").stdout
         self.assertRegex(text, "(?m)^SERV_D7D8_SUB1 .* list, digits 7 to 8 of SERV, added to SERV_D7D8_SUB2$")
         self.assertRegex(text, "(?m)^ADC_D11 .* list, digit 11 of ADC, only in R7 and R8$")
+        self.assertIn("From a template of KSEXITEMPLATE, by its TEMPLATENAME: KSEXI from NAME:...;\n", text)
+        self.assertEqual(self.json("help", "KSEXI")["templates"], "KSEXITEMPLATE")
         self.assertRegex(self.ends(DONE, "help", "KSMDI").stdout, "(?m)^DIRK_D6D7D8 .*, a part of DIRK$")
 
     def test_help_prints_the_page_of_a_command(self):

@@ -6,6 +6,7 @@
 #include "workbench/data/Resources.h"
 #include "workbench/exchange/NumberSeries.h"
 #include "workbench/exchange/Plant.h"
+#include "workbench/forms/FormDefinition.h"
 #include "workbench/text/Names.h"
 
 namespace cordboard {
@@ -39,17 +40,17 @@ bool StartsWith(const std::string& name, const std::string& beginning) {
 // The generated lines are the library's output; no row of them stands before.
 bool IsOutput(const Table& table) { return workbench::SameName(table.name, "BuiltCmd"); }
 
-RowSet Rows(Connection& database, const Table& table) {
-  return database.Run("SELECT * FROM [" + table.name + "] ORDER BY rowid");
+RowSet Rows(Connection& database, const std::string& stored) {
+  return database.Run("SELECT * FROM " + stored + " ORDER BY rowid");
 }
 
 // Puts all rows of a database into one text, in one statement: a test does so thousands of times.
 std::string DumpStatement(const DatabaseSchema& database) {
   std::string rows;
   for (const Table& table : database.tables) {
-    rows += (rows.empty() ? "SELECT '" : " UNION ALL SELECT '") + table.name + ":'";
+    rows += (rows.empty() ? "SELECT '" : " UNION ALL SELECT '") + database.prefix + table.name + ":'";
     for (const Column& column : table.columns) rows += " || ' ' || quote([" + column.name + "])";
-    rows += " AS line FROM [" + table.name + "]";
+    rows += " AS line FROM " + database.Stored(table.name);
   }
   return "SELECT group_concat(line, x'0A') FROM (" + rows + ")";
 }
@@ -81,17 +82,18 @@ World::World(const std::string& release) {
 
   fixed.Execute("PRAGMA query_only = 0");
   for (const char* selector : {"static", "dynamic", "site"}) {
-    for (const Table& table : Tables().Database(selector).tables)
-      FillTable(*exchange_->Database(selector), table, random);
+    const DatabaseSchema& database = Tables().Database(selector);
+    for (const Table& table : database.tables)
+      FillTable(*exchange_->Database(selector), database.Stored(table.name), table, random);
   }
   fixed.Execute("PRAGMA query_only = 1");
 }
 
 // A table that the plant or the release has filled keeps its rows; what is null there gets values in most rows.
-void World::FillTable(Connection& database, const Table& table, Random& random) {
+void World::FillTable(Connection& database, const std::string& stored, const Table& table, Random& random) {
   if (IsOutput(table)) return;
-  const RowSet given = Rows(database, table);
-  database.Run("DELETE FROM [" + table.name + "]");
+  const RowSet given = Rows(database, stored);
+  database.Run("DELETE FROM " + stored);
   const std::size_t count = given.IsEmpty() ? rowsPerTable : given.RowCount();
   for (std::size_t row = 0; row < count; ++row) {
     std::vector<Value> values;
@@ -101,9 +103,9 @@ void World::FillTable(Connection& database, const Table& table, Random& random) 
       values.push_back(stands.IsNull() ? CellFor(table, table.columns[i], row, random) : stands);
       places += places.empty() ? "?" : ", ?";
     }
-    database.Run("INSERT INTO [" + table.name + "] VALUES (" + places + ")", values);
+    database.Run("INSERT INTO " + stored + " VALUES (" + places + ")", values);
   }
-  Learn(table, Rows(database, table));
+  Learn(table, Rows(database, stored));
 }
 
 // The first table that has a column of the name tells its values, in the order of the rows, so that columns of one
@@ -139,7 +141,7 @@ Value World::CellFor(const Table& table, const Column& column, std::size_t row, 
 }
 
 std::vector<const Table*> World::TablesOf(const std::string& command) {
-  const DatabaseSchema& database = Tables().Database("dynamic");
+  const DatabaseSchema& database = workbench::FindForm(command)->Database();
   if (const Table* table = database.Find(command); table != nullptr && !database.IsView(command)) return {table};
   std::vector<const Table*> tables;
   for (const Table& table : database.tables) {
@@ -171,18 +173,12 @@ Value World::ValueFor(const std::string& command, const std::string& parameter, 
   }
 }
 
-std::pair<Value, Value> World::Changes() {
-  const auto count = [this](const char* selector) {
-    return exchange_->Database(selector)->Single("SELECT total_changes()");
-  };
-  return {count("dynamic"), count("site")};
-}
+Value World::Changes() { return exchange_->Dynamic().Single("SELECT total_changes()"); }
 
 std::string World::Dump() {
   static const std::string dynamic = DumpStatement(Tables().Database("dynamic"));
   static const std::string site = DumpStatement(Tables().Database("site"));
-  return Joined(exchange_->Dynamic().Single(dynamic)) + "\nTemplates\n" +
-         Joined(exchange_->Database("site")->Single(site));
+  return Joined(exchange_->Dynamic().Single(dynamic)) + "\n" + Joined(exchange_->Dynamic().Single(site));
 }
 
 }  // namespace cordboard

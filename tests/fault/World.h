@@ -28,12 +28,13 @@ class World {
   Value ValueFor(const std::string& command, const std::string& parameter, std::size_t row, Random& random);
 
   // A number that grows with every change of a row, also with one that is rolled back.
-  std::pair<Value, Value> Changes();
+  Value Changes();
   // The content of all tables, a row a line.
   std::string Dump();
 
  private:
-  void FillTable(workbench::Connection& database, const workbench::Table& table, Random& random);
+  void FillTable(workbench::Connection& database, const std::string& stored, const workbench::Table& table,
+                 Random& random);
   Value CellFor(const workbench::Table& table, const workbench::Column& column, std::size_t row, Random& random);
   void Learn(const workbench::Table& table, const RowSet& rows);
   // The values that are known for a column, or for a parameter, of a command.

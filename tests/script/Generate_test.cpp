@@ -24,6 +24,12 @@ TEST(InsertLine, PutsTheLineUnderTheOrderNumberCutToAWholeOne) {
   EXPECT_EQ(host.Calls(), Lines({Insert("X:1;")}));
 }
 
+TEST(InsertLine, GoesToTheDatabaseThatIsNamed) {
+  ScriptedHost host;
+  EXPECT_TRUE(host.With([] { return InsertLine(Reporter("Generating: NANSI"), action, "X:1;", "site"); }));
+  EXPECT_EQ(host.Calls(), Lines({"scRunQuery(\"INSERT INTO BuiltCmd VALUES (12,'X:1;')\", Null, \"site\")"}));
+}
+
 TEST(InsertLine, IsReportedWhereItFails) {
   ScriptedHost host;
   host.Refuse("scRunQuery");
@@ -57,6 +63,14 @@ TEST(LineRow, FailsForARowOrAColumnThatIsMissing) {
   EXPECT_THROW(LineRow(rows, 1).Texts<2>(), RunTimeFailure);
   EXPECT_THROW(LineRow(rows, 0).Texts<3>(), RunTimeFailure);
   EXPECT_THROW(LineRow(RowSet(), 0).Texts<1>(), RunTimeFailure);
+}
+
+TEST(InsertLines, GoToTheDatabaseThatIsNamed) {
+  ScriptedHost host;
+  const RowSet rows({{"100"}});
+  EXPECT_TRUE(
+      host.With([&] { return InsertLines(Reporter("Generating: NANSI"), action, rows, true, LineOf, "site"); }));
+  EXPECT_EQ(host.Calls(), Lines({"scRunQuery(\"INSERT INTO BuiltCmd VALUES (12,'X:100;')\", Null, \"site\")"}));
 }
 
 TEST(GenerateLines, InsertsALineForEachRow) {

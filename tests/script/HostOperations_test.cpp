@@ -62,6 +62,7 @@ const std::vector<FreeCall> freeCalls = {
     {[] { scRunQuery("SELECT", rows, "static"); },
      "scRunQuery(\"SELECT\", out, \"static\") = True, [[\"100\", \"101\"], [\"EX\", Null]]"},
     {[] { scRunQueryOn("site", "DELETE"); }, "scRunQuery(\"DELETE\", Null, \"site\") = True"},
+    {[] { scRunQueryOn(std::nullopt, "DELETE"); }, "scRunQuery(\"DELETE\") = True"},
     {[] { scSQLInsert("T", {"A"}, {1}); }, "scSQLInsert(\"T\", [\"A\"], [1]) = True"},
     {[] { scSQLUpdate("T", {"A"}, {1}, {"B"}, {2}); }, "scSQLUpdate(\"T\", [\"A\"], [1], [\"B\"], [2]) = True"},
     {[] { scSQLSelect("T", {"A"}, {"B"}, {2}); }, "scSQLSelect(\"T\", [\"A\"], [\"B\"], [2]) = rows [[\"selected\"]]"},

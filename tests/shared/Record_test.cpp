@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "script/HostOperations.h"
 #include "support/CallLines.h"
 #include "support/ScriptedHost.h"
 
@@ -31,6 +32,15 @@ TEST(Record, ReadsTheElementOfAListWhenTheColumnsTurnComes) {
     host.With([&] { return Record({"CMDID", "DIR"}, {{"DIR", numbers, 2}}); });
   });
   EXPECT_EQ(host.Calls(), Lines({Call("scBuildCmdID"), Call("scBuildCmdID")}));
+}
+
+TEST(Record, MakesAValueWhenTheColumnsTurnComesAndOnlyThen) {
+  ScriptedHost host;
+  host.Param("LIM", "7");
+  const GivenValue LIM("LIM", [] { return scGetParamValue("LIM"); });
+  EXPECT_EQ(host.With([&] { return Record({"CMDID", "LIM"}, {LIM}); }), (List{1001, "7"}));
+  EXPECT_EQ(host.With([&] { return Record({"CMDID"}, {LIM}); }), List{1002});
+  EXPECT_EQ(host.Calls(), Lines({Call("scBuildCmdID"), Read("LIM"), Call("scBuildCmdID")}));
 }
 
 TEST(Record, ComparesNamesExactly) {

@@ -10,6 +10,10 @@ namespace {
 
 using Update = bool (*)(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value);
 
+bool UpdateInLine(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value) {
+  return UpdateColumnInLine(table, CmdId, column, value);
+}
+
 struct Case {
   Update update;
   Value value;
@@ -25,8 +29,8 @@ TEST(Column, IsWrittenByAStatementOfItsOwn) {
            Case{UpdateColumnOrNull, Value(), "UPDATE KSEXI SET CUST = Null{NL} WHERE CmdId = 7"},
            Case{UpdateColumnOrNull, "", "UPDATE KSEXI SET CUST = ''{NL} WHERE CmdId = 7"},
            Case{UpdateColumnOrNull, Value::Null(), "UPDATE KSEXI SET CUST = ''{NL} WHERE CmdId = 7"},
-           Case{UpdateColumnInLine, 3, "UPDATE KSEXI SET CUST = '3' WHERE CmdId = 7"},
-           Case{UpdateColumnInLine, Value(), "UPDATE KSEXI SET CUST = '' WHERE CmdId = 7"},
+           Case{UpdateInLine, 3, "UPDATE KSEXI SET CUST = '3' WHERE CmdId = 7"},
+           Case{UpdateInLine, Value(), "UPDATE KSEXI SET CUST = '' WHERE CmdId = 7"},
            Case{UpdateColumnOrNullInLine, Value(), "UPDATE KSEXI SET CUST = Null WHERE CmdId = 7"},
            Case{UpdateColumnOrNullInLine, "3", "UPDATE KSEXI SET CUST = '3' WHERE CmdId = 7"},
        }) {
@@ -36,8 +40,15 @@ TEST(Column, IsWrittenByAStatementOfItsOwn) {
   }
 }
 
+TEST(Column, IsWrittenInTheDatabaseThatIsNamed) {
+  ScriptedHost host;
+  EXPECT_TRUE(host.With([] { return UpdateColumnInLine("KSEXITemplate", 7, "CUST", "3", "site"); }));
+  EXPECT_EQ(host.Calls(),
+            Lines({"scRunQuery(\"UPDATE KSEXITemplate SET CUST = '3' WHERE CmdId = 7\", Null, \"site\")"}));
+}
+
 TEST(Column, GivesTheStatementsAnswerAndReportsNothing) {
-  for (const Update update : {UpdateColumn, UpdateColumnOrNull, UpdateColumnInLine, UpdateColumnOrNullInLine}) {
+  for (const Update update : {UpdateColumn, UpdateColumnOrNull, UpdateInLine, UpdateColumnOrNullInLine}) {
     ScriptedHost host;
     host.Refuse("scRunQuery");
     EXPECT_FALSE(host.With([&] { return update("KSEXI", 7, "CUST", "3"); }));

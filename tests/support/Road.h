@@ -68,8 +68,9 @@ class Road {
     return text;
   }
 
-  std::vector<std::string> Lines() {
-    const Generated generated = Generate(session_);
+  // The lines of the exchange, or with "site" those of its templates.
+  std::vector<std::string> Lines(const std::string& database = "dynamic") {
+    const Generated generated = Generate(session_, database);
     for (const auto& [command, problem] : generated.problems) ADD_FAILURE() << command << ": " << problem.message;
     std::vector<std::string> lines;
     for (const GeneratedLine& line : generated.lines) lines.push_back(line.text);

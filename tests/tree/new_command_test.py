@@ -82,7 +82,7 @@ class NewCommand(unittest.TestCase):
 
     def test_the_form_of_a_template_has_the_columns_of_the_site_database(self):
         self.make("KSEXITEMPLATE")
-        self.assertIn("TEMPLATENAME", self.json("data/forms/KSEXITEMPLATE.json")["columns"])
+        self.assertEqual(self.json("data/forms/KSEXITEMPLATE.json")["database"], "site")
         self.assertIn("extern const Module KSEXITEMPLATE{", self.text("commands/keyextensions/KSEXITemplate.cpp"))
         self.assertEqual(list(check_module_files(Tree(self.root))), [])
 

@@ -8,6 +8,8 @@
 #include "workbench/actions/FormRules.h"
 #include "workbench/actions/NextValues.h"
 #include "workbench/actions/Records.h"
+#include "workbench/actions/ShownValues.h"
+#include "workbench/actions/Templates.h"
 #include "workbench/text/Elements.h"
 #include "workbench/text/Separated.h"
 
@@ -44,12 +46,20 @@ std::vector<Problem> TakeMessages(Session& session, const Assignment& about) {
   return problems;
 }
 
-Filling FillForm(Session& session, const FormDefinition& definition, std::vector<Assignment> given) {
+Filling FillForm(Session& session, const FormDefinition& definition, std::vector<Assignment> given,
+                 const std::string& from) {
   const FormDefinition& ofRecord = definition.OfRecordWith(given);
   Filling filling(session, ofRecord, std::move(given));
   if (const auto record = StandingRecord(session.exchange(), definition))
     LoadRecord(session.exchange(), definition, *record, session.form());
-  filling.SetGiven();
+  if (from.empty()) {
+    filling.SetGiven();
+  } else {
+    PutTemplate(filling, from);
+    const ShownValues shown(filling.form());
+    filling.SetGiven();
+    shown.ChangedByChecks(filling);
+  }
   return filling;
 }
 

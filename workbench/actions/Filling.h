@@ -53,8 +53,9 @@ class Filling {
 };
 
 // The form of a record to be added, with these values. Where one record stands for the whole exchange, the form shows
-// it: what is given is checked together with the rest of it.
-Filling FillForm(Session& session, const FormDefinition& definition, std::vector<Assignment> given);
+// it: what is given is checked together with the rest of it. Given a template's name, it shows the template.
+Filling FillForm(Session& session, const FormDefinition& definition, std::vector<Assignment> given,
+                 const std::string& from = "");
 
 // The messages that the library has reported, as problems of a value or of the action as a whole.
 std::vector<Problem> TakeMessages(Session& session, const Assignment& about = {});

@@ -62,27 +62,6 @@ constexpr ValueRule rulesOfValue[] = {IsOfTheForm,       IsOfTheRelease,    IsOf
 
 // --- An edit, before its values are set.
 
-// Parameters that add up to the same digits cannot be told apart in a stored whole: where one of them is given anew,
-// the others have to be given too, or their part would be lost in silence.
-void SharedDigitsAreGivenTogether(Filling& filling) {
-  const auto given = [&filling](const std::string& name) { return filling.IsGiven(name); };
-  for (const Folding& folding : filling.definition().foldings) {
-    if (!filling.form().IsActive(folding)) continue;
-    for (const DigitPlace& place : folding.places) {
-      const std::string digits = Middle(Joined(filling.form().Get(folding.parameter)), place.first, place.width);
-      if (digits.find_first_not_of(folding.fill) == digits.npos || std::ranges::none_of(place.parameters, given))
-        continue;
-      for (const std::string& name : place.parameters) {
-        if (!given(name))
-          filling.Refuse(
-              {.parameter = name,
-               .message = "this parameter has to be given as well: it and the one that is changed add up to " + digits +
-                          " in " + folding.parameter});
-      }
-    }
-  }
-}
-
 void AddOnlyIsLeftAlone(Filling& filling) {
   for (const Assignment& assignment : filling.given()) {
     const ParameterDefinition* parameter = filling.definition().Find(assignment.name);
@@ -186,6 +165,27 @@ constexpr FormRule rulesOfWholeForm[] = {MandatoryIsGiven, OneSetIsGiven, InStep
                                          GivenValuesStand};
 
 }  // namespace
+
+// Parameters that add up to the same digits cannot be told apart in a stored whole: where one of them is given anew,
+// the others have to be given too, or their part would be lost in silence.
+void SharedDigitsAreGivenTogether(Filling& filling) {
+  const auto given = [&filling](const std::string& name) { return filling.IsGiven(name); };
+  for (const Folding& folding : filling.definition().foldings) {
+    if (!filling.form().IsActive(folding)) continue;
+    for (const DigitPlace& place : folding.places) {
+      const std::string digits = Middle(Joined(filling.form().Get(folding.parameter)), place.first, place.width);
+      if (digits.find_first_not_of(folding.fill) == digits.npos || std::ranges::none_of(place.parameters, given))
+        continue;
+      for (const std::string& name : place.parameters) {
+        if (!given(name))
+          filling.Refuse(
+              {.parameter = name,
+               .message = "this parameter has to be given as well: it and the one that is changed add up to " + digits +
+                          " in " + folding.parameter});
+      }
+    }
+  }
+}
 
 std::string WrongValue(const Filling& filling, const Assignment& assignment) {
   for (const ValueRule rule : rulesOfValue) {

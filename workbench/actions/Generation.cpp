@@ -3,6 +3,7 @@
 #include "script/Conversions.h"
 #include "workbench/actions/Filling.h"
 #include "workbench/data/DataFile.h"
+#include "workbench/database/Schema.h"
 
 namespace cordboard::workbench {
 
@@ -21,7 +22,7 @@ const std::vector<std::string>& GenerationOrder() {
   return order;
 }
 
-Generated Generate(Session& session) {
+Generated Generate(Session& session, const std::string& database) {
   Generated generated;
   Exchange& exchange = session.exchange();
   // The lines go by way of a table of the exchange; they are taken from there and the table is left empty.
@@ -29,12 +30,13 @@ Generated Generate(Session& session) {
   int number = 0;
   for (const std::string& command : GenerationOrder()) {
     const FormDefinition* definition = FindForm(command);
-    if (definition == nullptr || !definition->generates) continue;
+    if (definition == nullptr || !definition->generates || definition->database != database) continue;
     session.host().OpenForm(*definition);
     const RunResult result = session.Run("GenerateCmd", 0, {std::to_string(++number)});
     for (Problem& problem : TakeMessages(session)) generated.problems.emplace_back(command, std::move(problem));
-    const RowSet rows =
-        exchange.Dynamic().Run("SELECT [Line] FROM [BuiltCmd] WHERE [OrderNo] = ? ORDER BY rowid", {number});
+    const RowSet rows = exchange.Dynamic().Run(
+        "SELECT [Line] FROM " + definition->Database().Stored("BuiltCmd") + " WHERE [OrderNo] = ? ORDER BY rowid",
+        {number});
     if (result.failure) {
       const std::string message =
           "lines are missing: the generation ended " + After(rows.RowCount()) + " (" + *result.failure + ")";

@@ -24,7 +24,8 @@ struct Generated {
 // (data/generation-order.json).
 const std::vector<std::string>& GenerationOrder();
 
-// All command lines. The exchange is left as it is.
-Generated Generate(Session& session);
+// All command lines of the exchange, or, for the database "site", those of its templates, which no exchange takes. The
+// exchange is left as it is.
+Generated Generate(Session& session, const std::string& database = "dynamic");
 
 }  // namespace cordboard::workbench

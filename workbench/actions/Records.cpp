@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "script/Conversions.h"
-#include "workbench/database/Schema.h"
 #include "workbench/forms/Unknown.h"
 #include "workbench/text/Separated.h"
 
@@ -15,10 +14,6 @@ bool HasColumn(const FormDefinition& definition, const std::string& name) {
   return std::ranges::find(definition.columns, name) != definition.columns.end();
 }
 
-std::string Rows(const FormDefinition& definition) {
-  return ShippedSchema().Database("dynamic").RowsOf(definition.table);
-}
-
 // The identifiers of the first two records of one table that have these values. The names are columns of the table, so
 // that they can stand in a statement.
 RowSet RecordsWith(Exchange& exchange, const FormDefinition& definition, const std::vector<Assignment>& selection) {
@@ -27,7 +22,7 @@ RowSet RecordsWith(Exchange& exchange, const FormDefinition& definition, const s
   const std::string condition =
       Separated(selection, " AND ", [](const Assignment& each) { return "[" + each.name + "] = ?"; });
   return exchange.Dynamic().Run(
-      "SELECT [CmdId] FROM " + Rows(definition) + (selection.empty() ? "" : " WHERE " + condition) + " LIMIT 2",
+      "SELECT [CmdId] FROM " + definition.Rows() + (selection.empty() ? "" : " WHERE " + condition) + " LIMIT 2",
       values);
 }
 
@@ -56,7 +51,7 @@ std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDef
 
 bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::string& column, const std::string& value) {
   return !exchange.Dynamic()
-              .Run("SELECT 1 FROM " + Rows(definition) + " WHERE [" + column + "] = ? LIMIT 1", {value})
+              .Run("SELECT 1 FROM " + definition.Rows() + " WHERE [" + column + "] = ? LIMIT 1", {value})
               .IsEmpty();
 }
 
@@ -72,7 +67,7 @@ void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32
     // A whole comes even where the form shows its digits alone: an edit of one digit keeps the others.
     if (definition.Find(column) == nullptr && definition.FoldingOf(column) == nullptr) continue;
     const Value stored =
-        exchange.Dynamic().Single("SELECT [" + column + "] FROM " + Rows(definition) + " WHERE [CmdId] = ?", {CmdId});
+        exchange.Dynamic().Single("SELECT [" + column + "] FROM " + definition.Rows() + " WHERE [CmdId] = ?", {CmdId});
     // Some commands write the empty text for nothing: on the form neither was given.
     if (stored.IsBlank()) {
       form.Reset(column);
@@ -86,13 +81,13 @@ void WriteKeysAfterEdit(Exchange& exchange, const FormDefinition& definition, st
                         const std::vector<std::string>& changed, const Form& form) {
   for (const std::string& column : definition.handling.writeAfterEdit) {
     if (std::ranges::find(changed, column) == changed.end()) continue;
-    exchange.Dynamic().Run("UPDATE [" + definition.table + "] SET [" + column + "] = ? WHERE [CmdId] = ?",
+    exchange.Dynamic().Run("UPDATE " + definition.Rows() + " SET [" + column + "] = ? WHERE [CmdId] = ?",
                            {form.Get(column), CmdId});
   }
 }
 
 void RemoveRow(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId) {
-  exchange.Dynamic().Run("DELETE FROM [" + definition.table + "] WHERE [CmdId] = ?", {CmdId});
+  exchange.Dynamic().Run("DELETE FROM " + definition.Rows() + " WHERE [CmdId] = ?", {CmdId});
 }
 
 }  // namespace cordboard::workbench

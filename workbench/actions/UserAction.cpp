@@ -1,12 +1,12 @@
 #include "workbench/actions/UserAction.h"
 
 #include <algorithm>
-#include <map>
 
 #include "script/Conversions.h"
 #include "workbench/actions/Filling.h"
 #include "workbench/actions/FormRules.h"
 #include "workbench/actions/Records.h"
+#include "workbench/actions/ShownValues.h"
 #include "workbench/forms/Unknown.h"
 
 namespace cordboard::workbench {
@@ -31,42 +31,8 @@ Outcome Act(Filling& filling, const std::string& function, std::int32_t CmdId, c
 
 List Names(const std::vector<std::string>& names) { return List(std::vector<Value>(names.begin(), names.end())); }
 
-// The names of the columns that are given, each once: sub-digit parameters stand for the column that they fold into.
-std::vector<std::string> GivenColumns(const FormDefinition& definition, const std::vector<Assignment>& values) {
-  std::vector<std::string> given;
-  for (const Assignment& assignment : values) {
-    const Folding* folding = definition.FoldingWith(assignment.name);
-    const std::string& name = folding == nullptr ? assignment.name : folding->parameter;
-    const bool stored = std::ranges::find(definition.columns, name) != definition.columns.end();
-    if (stored && std::ranges::find(given, name) == given.end()) given.push_back(name);
-  }
-  return given;
-}
-
-using ColumnValues = std::map<std::string, std::string>;
-
-ColumnValues Columns(const Form& form) {
-  ColumnValues values;
-  for (const std::string& column : form.definition().columns) values[column] = Joined(form.Get(column));
-  return values;
-}
-
-// Adds the columns that a check has changed since the record was shown, and says so.
-void AddWhatChecksChanged(Filling& filling, const ColumnValues& shown, std::vector<std::string>& changed) {
-  for (const std::string& column : filling.definition().columns) {
-    const std::string& before = shown.at(column);
-    const std::string now = Joined(filling.form().Get(column));
-    if (now == before || std::ranges::find(changed, column) != changed.end()) continue;
-    changed.push_back(column);
-    filling.Warn({.parameter = column,
-                  .value = before,
-                  .message = now.empty() ? "a check has cleared this value, since it does not go with the others"
-                                         : "a check has changed this value to " + now});
-  }
-}
-
 Outcome Add(Session& session, const FormDefinition& definition, const UserAction& action) {
-  Filling filling = FillForm(session, definition, action.values);
+  Filling filling = FillForm(session, definition, action.values, action.from);
   CheckWholeForm(filling);
   if (filling.IsRefused()) return Refused(filling.problems());
   Outcome outcome = Act(filling, "SetInfo", 0, Names(filling.definition().columns));
@@ -99,15 +65,15 @@ Outcome Edit(Session& session, const StoredRecord& record, const UserAction& act
   const std::int32_t CmdId = record.CmdId;
   Filling filling(session, definition, action.values);
   ShowRecord(session, definition, CmdId);
-  const ColumnValues shown = Columns(filling.form());
+  const ShownValues shown(filling.form());
   CheckEdit(filling);
   filling.SetGiven();
   CheckWholeForm(filling);
-  std::vector<std::string> changed = GivenColumns(definition, filling.given());
+  std::vector<std::string> changed = GivenColumns(filling);
   if (!filling.IsRefused() && changed.empty())
     filling.Refuse({.message = "nothing is changed: give the new values after the colon"});
   if (filling.IsRefused()) return Refused(filling.problems());
-  AddWhatChecksChanged(filling, shown, changed);
+  for (const std::string& column : shown.ChangedByChecks(filling)) changed.push_back(column);
   Outcome outcome = Act(filling, "EditInfo", CmdId, Names(changed));
   if (outcome.done) WriteKeysAfterEdit(session.exchange(), definition, CmdId, changed, session.form());
   return outcome;

@@ -15,6 +15,7 @@ struct UserAction {
   std::string command;
   std::vector<Assignment> selection;  // which record, for an edit and a delete
   std::vector<Assignment> values;     // for an add and an edit, in the order typed
+  std::string from = {};              // for an add: the name of a template, if any
 };
 
 // One thing that stands in the way of an action, or that the user should know of.

@@ -101,16 +101,17 @@ std::string_view DeclaredType(Column::Type type) {
   return "TEXT";
 }
 
-std::string CreateTable(const Table& table) {
+std::string CreateTable(const DatabaseSchema& database, const Table& table) {
   const auto declared = [](const Column& column) {
     return "[" + column.name + "] " + std::string(DeclaredType(column.type));
   };
-  return "CREATE TABLE [" + table.name + "] (" + Separated(table.columns, ", ", declared) + ")";
+  return "CREATE TABLE " + database.Stored(table.name) + " (" + Separated(table.columns, ", ", declared) + ")";
 }
 
-std::string CreateIndex(const char* kind, const Table& table, const std::vector<std::string>& columns) {
-  const std::string name = table.name + " by " + Separated(columns, " ");
-  return kind + (" [" + name + "] ON [" + table.name + "] ([" + Separated(columns, "], [") + "])");
+std::string CreateIndex(const char* kind, const DatabaseSchema& database, const Table& table,
+                        const std::vector<std::string>& columns) {
+  const std::string name = database.Stored(table.name + " by " + Separated(columns, " "));
+  return kind + (" " + name + " ON " + database.Stored(table.name) + " ([" + Separated(columns, "], [") + "])");
 }
 
 }  // namespace
@@ -131,7 +132,8 @@ const DatabaseSchema& Schema::Database(std::string_view name) const {
 Schema ReadSchema(std::string_view json) {
   Schema schema;
   for (const auto& [name, tables] : ReadData(json, "schema.json").Entries()) {
-    DatabaseSchema& database = schema.databases.emplace_back(DatabaseSchema{.name = name, .tables = {}, .views = {}});
+    DatabaseSchema& database = schema.databases.emplace_back(
+        DatabaseSchema{.name = name, .prefix = name == "site" ? "site." : "", .tables = {}, .views = {}});
     for (const DataItem& item : tables.List()) {
       item.Object([&](Fields& fields) {
         const bool isView = fields.Find("of").has_value();
@@ -153,13 +155,13 @@ bool DatabaseSchema::IsView(std::string_view table) const { return FindView(view
 
 std::string DatabaseSchema::RowsOf(std::string_view table) const {
   const View* view = FindView(views, table);
-  if (view == nullptr) return "[" + std::string(table) + "]";
+  if (view == nullptr) return Stored(table);
   const auto rows = [&](const std::string& each) {
     const auto shown = [own = Find(each)](const Column& column) {
       const Column* found = own->Find(column.name);
       return (found == nullptr || found->further ? "NULL AS [" : "[") + column.name + "]";
     };
-    return "SELECT " + Separated(view->table.columns, ", ", shown) + " FROM [" + each + "]";
+    return "SELECT " + Separated(view->table.columns, ", ", shown) + " FROM " + Stored(each);
   };
   return "(" + Separated(view->of, " UNION ALL ", rows) + ")";
 }
@@ -167,9 +169,10 @@ std::string DatabaseSchema::RowsOf(std::string_view table) const {
 std::vector<std::string> CreateStatements(const DatabaseSchema& database) {
   std::vector<std::string> statements;
   for (const Table& table : database.tables) {
-    statements.push_back(CreateTable(table));
-    for (const auto& index : table.unique) statements.push_back(CreateIndex("CREATE UNIQUE INDEX", table, index));
-    for (const auto& index : table.indexes) statements.push_back(CreateIndex("CREATE INDEX", table, index));
+    statements.push_back(CreateTable(database, table));
+    for (const auto& index : table.unique)
+      statements.push_back(CreateIndex("CREATE UNIQUE INDEX", database, table, index));
+    for (const auto& index : table.indexes) statements.push_back(CreateIndex("CREATE INDEX", database, table, index));
   }
   return statements;
 }

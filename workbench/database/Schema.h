@@ -8,7 +8,8 @@
 //    "indexes": [["NUMSE"], ["NUMTYP", "USED", "NUMSE"]], "note": "..."}
 // and after them views, each of which shows the rows of several tables as one:
 //   {"name": "NIINI", "of": ["NIINI_DIR", "NIINI_GRP"]}                  with the columns of all, "further" ones apart
-// Names of tables and columns are the same in any capitals.
+// The tables of "site", the templates, are stored in the exchange's file beside those of "dynamic", under names that
+// begin with "site.". Names of tables and columns are the same in any capitals.
 #pragma once
 
 #include <string>
@@ -44,11 +45,14 @@ struct View {
 
 struct DatabaseSchema {
   std::string name;
+  std::string prefix;  // of the names under which its tables are stored
   std::vector<Table> tables;
   std::vector<View> views;
 
   const Table* Find(std::string_view table) const;  // a table or a view; null where there is none
   bool IsView(std::string_view table) const;
+  // The stored name of a table, in brackets.
+  std::string Stored(std::string_view table) const { return "[" + prefix + std::string(table) + "]"; }
   // What stands in a FROM for the rows of a table or a view. Those of a view come in the order of its tables, with
   // nulls in the columns that a table does not have or has for statements alone.
   std::string RowsOf(std::string_view table) const;

@@ -34,7 +34,7 @@ class FromClause {
       if (joins_.size() > deepestNesting) mapping_.Refuse("brackets are nested too deeply");
       joins_.push_back(0);
     }
-    std::string_view name = mapping_.PutName("the name of a table");
+    std::string_view name = mapping_.PutTable();
     if (mapping_.Accept(Symbol::As)) {
       mapping_.Put("AS");
       name = mapping_.PutName("another name for the table");

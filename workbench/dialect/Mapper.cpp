@@ -23,7 +23,7 @@ void Insert(Mapping& mapping) {
   mapping.tokens.Advance();
   mapping.Expect(Symbol::Into, "INTO after INSERT");
   mapping.Put("INSERT INTO");
-  mapping.PutName("the name of a table");
+  mapping.PutTable();
   if (mapping.Accept(Symbol::Open)) {
     mapping.Put("(");
     do {
@@ -52,7 +52,7 @@ void Assignment(Mapping& mapping, std::string_view table) {
 void Update(Mapping& mapping) {
   mapping.tokens.Advance();
   mapping.Put("UPDATE");
-  const std::string_view table = mapping.PutName("the name of a table");
+  const std::string_view table = mapping.PutTable();
   mapping.Expect(Symbol::Set, "SET");
   mapping.Put("SET");
   do {
@@ -66,15 +66,15 @@ void Delete(Mapping& mapping) {
   mapping.Accept(Symbol::Star);
   mapping.Expect(Symbol::From, "FROM");
   mapping.Put("DELETE FROM");
-  mapping.PutName("the name of a table");
+  mapping.PutTable();
   MapWhere(mapping);
 }
 
 }  // namespace
 
-MappedStatement Map(std::string_view statement) {
+MappedStatement Map(std::string_view statement, std::string_view tablePrefix) {
   if (statement.size() > longestStatement) throw DialectError("the statement is too long", statement, 0);
-  Mapping mapping(statement);
+  Mapping mapping(statement, tablePrefix);
   mapping.result.sql.reserve(statement.size() + statement.size() / 2);
   mapping.result.kind = mapping.At(Symbol::Select) ? MappedStatement::Kind::Read : MappedStatement::Kind::Write;
   switch (mapping.tokens.current().symbol) {

@@ -26,6 +26,7 @@ inline constexpr int deepestNesting = 100;                // brackets within bra
 // Maps one statement; fails with a DialectError for what the dialect does not take. What it gives may still fail in
 // SQLite, for an unknown name above all. The result may call the functions VAL(value) and dialect_like(pattern, value),
 // which the database has to supply: NumericValue of script/Conversions.h and LikeMatches of Like.h, null for a null.
-MappedStatement Map(std::string_view statement);
+// Tables may stand in the database under longer names than the statement's: `tablePrefix` goes before each.
+MappedStatement Map(std::string_view statement, std::string_view tablePrefix = "");
 
 }  // namespace cordboard::workbench

@@ -25,14 +25,29 @@ void Mapping::Put(std::string_view text) {
   sql += text;
 }
 
-std::string_view Mapping::PutName(std::string_view what) {
+std::string_view Mapping::TakeName(std::string_view what) {
   if (!At(Symbol::Name)) Refuse("expected " + std::string(what));
   const std::string_view name = tokens.current().text;
   if (IsRowPlace(name)) Refuse("there is no such column");
+  tokens.Advance();
+  return name;
+}
+
+std::string_view Mapping::PutName(std::string_view what) {
+  const std::string_view name = TakeName(what);
   Put("[");
   Join(name);
   Join("]");
-  tokens.Advance();
+  return name;
+}
+
+std::string_view Mapping::PutTable() {
+  const std::string_view name = TakeName("the name of a table");
+  Put("[");
+  Join(tablePrefix);
+  Join(name);
+  Join("]");
+  if (!tablePrefix.empty() && !At(Symbol::As)) Join(" AS [" + std::string(name) + "]");
   return name;
 }
 

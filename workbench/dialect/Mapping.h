@@ -17,9 +17,10 @@ struct Query {
 };
 
 struct Mapping {
-  explicit Mapping(std::string_view statement) : tokens(statement) {}
+  Mapping(std::string_view statement, std::string_view prefix) : tokens(statement), tablePrefix(prefix) {}
 
   Tokenizer tokens;
+  std::string_view tablePrefix;
   MappedStatement result;
   Query* query = nullptr;  // the innermost SELECT, if there is one
   int depth = 0;
@@ -42,6 +43,11 @@ struct Mapping {
   // Puts the name that stands here, in the square brackets that keep SQLite from taking it for anything else, and goes
   // past it. `what` is for the message where no name stands here.
   std::string_view PutName(std::string_view what);
+  // The same for a table, with the prefix: it stays known by the name that stands here.
+  std::string_view PutTable();
+
+ private:
+  std::string_view TakeName(std::string_view what);
 };
 
 // Nesting, for as long as it lives; refuses what is nested too deeply.

@@ -17,16 +17,19 @@ namespace {
 
 // What marks a file as an exchange ("CBBX"), and the version of its schema.
 constexpr int applicationId = 0x43424258;
-constexpr int schemaVersion = 1;
+constexpr int schemaVersion = 2;
 
 void MakeTables(Connection& database, const char* selector) {
   for (const std::string& statement : CreateStatements(ShippedSchema().Database(selector))) database.Execute(statement);
 }
 
-// Generated lines are nobody's data: while an exchange is open they stand in a table of the connection, in front of the
-// one in the file, so that an exchange can be generated that is not to be written.
+// Generated lines are nobody's data: while an exchange is open they stand in tables of the connection, in front of
+// those in the file, so that an exchange can be generated that is not to be written.
 void KeepLinesApart(Connection& database) {
-  database.Execute("CREATE TEMP TABLE [BuiltCmd] AS SELECT * FROM [main].[BuiltCmd] LIMIT 0");
+  for (const char* selector : {"dynamic", "site"}) {
+    const std::string table = ShippedSchema().Database(selector).Stored("BuiltCmd");
+    database.Execute("CREATE TEMP TABLE " + table + " AS SELECT * FROM [main]." + table + " LIMIT 0");
+  }
 }
 
 void RemoveFiles(const std::filesystem::path& file) {
@@ -70,6 +73,7 @@ void Exchange::Fill(const std::string& release, const Plant& plant) {
   release_ = release;
   Transaction transaction(*this);
   MakeTables(dynamic_, "dynamic");
+  MakeTables(dynamic_, "site");
   dynamic_.Execute("CREATE TABLE [Cordboard] ([Name] TEXT PRIMARY KEY, [Value]) WITHOUT ROWID");
   dynamic_.Run("INSERT INTO [Cordboard] VALUES ('Release', ?), ('CmdId', 0)", {release});
   IndexSeries(dynamic_);
@@ -102,9 +106,8 @@ std::unique_ptr<Exchange> Exchange::Open(const std::filesystem::path& file) {
 }
 
 Connection* Exchange::Database(const std::string& selector) {
-  if (selector == "dynamic") return &dynamic_;
-  if (selector == "static") return &Static();
-  return selector == "site" ? &Site() : nullptr;
+  if (selector == "dynamic" || selector == "site") return &dynamic_;
+  return selector == "static" ? &Static() : nullptr;
 }
 
 Connection& Exchange::Static() {
@@ -117,39 +120,9 @@ Connection& Exchange::Static() {
   return *static_;
 }
 
-Connection& Exchange::Site() {
-  if (!site_) {
-    if (siteFile_) {
-      const bool made = !std::filesystem::exists(*siteFile_);
-      site_.emplace(*siteFile_, Connection::Mode::Create);
-      if (made) MakeTables(*site_, "site");
-    } else {
-      site_.emplace();
-      MakeTables(*site_, "site");
-    }
-    for (int i = 0; i < dynamic_.OpenTransactions(); ++i) site_->Start();
-  }
-  return *site_;
-}
-
 Value Exchange::NewCmdIds(std::size_t count) {
   return dynamic_.Single(
       "UPDATE [Cordboard] SET [Value] = [Value] + ?1 WHERE [Name] = 'CmdId' RETURNING [Value] - ?1 + 1", {count});
-}
-
-void Exchange::Start() {
-  dynamic_.Start();
-  if (site_) site_->Start();
-}
-
-void Exchange::Commit() {
-  dynamic_.Commit();
-  if (site_) site_->Commit();
-}
-
-void Exchange::RollBack() {
-  dynamic_.RollBack();
-  if (site_) site_->RollBack();
 }
 
 void Transaction::Commit() {

@@ -35,7 +35,8 @@ class Exchange {
   const std::string& release() const { return release_; }
   bool IsReadOnly() const { return dynamic_.IsReadOnly(); }
 
-  // The database of a selector: "dynamic", "static" or "site". Nothing for any other.
+  // The database in which the tables of a selector stand: "dynamic" and "site" share the exchange's file, "static" has
+  // one of its own. Nothing for any other.
   Connection* Database(const std::string& selector);
   Connection& Dynamic() { return dynamic_; }
 
@@ -43,26 +44,20 @@ class Exchange {
   Value NewCmdId() { return NewCmdIds(1); }
   Value NewCmdIds(std::size_t count);
 
-  // Transactions nest, over the configuration and the templates together.
-  void Start();
-  void Commit();
-  void RollBack();
+  // Transactions nest.
+  void Start() { dynamic_.Start(); }
+  void Commit() { dynamic_.Commit(); }
+  void RollBack() { dynamic_.RollBack(); }
   int OpenTransactions() const { return dynamic_.OpenTransactions(); }
-
-  // The templates' file, for the first use of the selector "site": an exchange keeps them in memory until it is named.
-  void UseSite(const std::filesystem::path& file) { siteFile_ = file; }
 
  private:
   explicit Exchange(Connection dynamic) : dynamic_(std::move(dynamic)) {}
   void Fill(const std::string& release, const Plant& plant);
   Connection& Static();
-  Connection& Site();
 
   Connection dynamic_;
   std::string release_;
   std::optional<Connection> static_;
-  std::optional<Connection> site_;
-  std::optional<std::filesystem::path> siteFile_;
 };
 
 // A transaction of the workbench's own: rolled back where it ends without Commit.

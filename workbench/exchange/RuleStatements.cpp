@@ -1,6 +1,7 @@
 #include "workbench/exchange/RuleStatements.h"
 
 #include "script/Conversions.h"
+#include "workbench/database/Schema.h"
 #include "workbench/dialect/Mapper.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/text/Separated.h"
@@ -28,9 +29,16 @@ Connection& Database(Exchange& exchange, const std::string& selector) {
   return *database;
 }
 
+// What the stored names of the selector's tables begin with.
+const std::string& Prefix(const std::string& selector) { return ShippedSchema().Database(selector).prefix; }
+
 std::string Bracketed(const std::string& name) {
   if (name.find(']') != name.npos) throw DatabaseError("no name holds a bracket");
   return "[" + name + "]";
+}
+
+std::string BracketedTable(const std::string& selector, const std::string& table) {
+  return Bracketed(Prefix(selector) + table);
 }
 
 // "[A] = ? AND [B] = ?", and the values to it.
@@ -64,16 +72,17 @@ std::string SelectorName(const Selector& selector, const char* otherwise) {
 std::optional<RowSet> RunRule(Exchange& exchange, const std::string& sql, const std::string& selector,
                               DebugLines& debug) {
   return Try(sql, debug, [&] {
-    const MappedStatement mapped = Map(sql);
-    return Database(exchange, selector).RunRule(mapped.sql, mapped.parameters);
+    Connection& database = Database(exchange, selector);
+    const MappedStatement mapped = Map(sql, Prefix(selector));
+    return database.RunRule(mapped.sql, mapped.parameters);
   });
 }
 
 std::optional<ListStatement> PrepareList(Exchange& exchange, const std::string& sql, const std::string& selector,
                                          DebugLines& debug) {
   return Try(sql, debug, [&] {
-    MappedStatement mapped = Map(sql);
     Connection& database = Database(exchange, selector);
+    MappedStatement mapped = Map(sql, Prefix(selector));
     if (database.PrepareRule(mapped.sql) == 0) throw DatabaseError("the statement gives no values");
     return ListStatement{&database, std::move(mapped.sql), std::move(mapped.parameters)};
   });
@@ -93,7 +102,8 @@ bool InsertRow(Exchange& exchange, const std::string& selector, const std::strin
                if (columns.size() != values.size()) throw DatabaseError("columns and values differ in number");
                const std::string places = Separated(values, ", ", [](const Value&) { return "?"; });
                return Database(exchange, selector)
-                   .RunRule("INSERT INTO " + Bracketed(table) + " (" + Names(columns) + ") VALUES (" + places + ")",
+                   .RunRule("INSERT INTO " + BracketedTable(selector, table) + " (" + Names(columns) + ") VALUES (" +
+                                places + ")",
                             {values.begin(), values.end()});
              })
       .has_value();
@@ -107,7 +117,7 @@ bool UpdateRows(Exchange& exchange, const std::string& selector, const std::stri
                const std::string set = Assigned(columns, values, ", ", parameters);
                const std::string where = Where(keys, keyValues, parameters);
                return Database(exchange, selector)
-                   .RunRule("UPDATE " + Bracketed(table) + " SET " + set + where, parameters);
+                   .RunRule("UPDATE " + BracketedTable(selector, table) + " SET " + set + where, parameters);
              })
       .has_value();
 }
@@ -119,7 +129,8 @@ RowSet SelectRows(Exchange& exchange, const std::string& selector, const std::st
                std::vector<Value> parameters;
                const std::string where = Where(keys, keyValues, parameters);
                return Database(exchange, selector)
-                   .RunRule("SELECT " + Names(columns) + " FROM " + Bracketed(table) + where + " ORDER BY rowid",
+                   .RunRule("SELECT " + Names(columns) + " FROM " + BracketedTable(selector, table) + where +
+                                " ORDER BY rowid",
                             parameters);
              })
       .value_or(RowSet());

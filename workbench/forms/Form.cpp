@@ -116,7 +116,10 @@ Value Form::Get(const std::string& name) const {
     if (!digits.empty()) return digits;
   }
   const ParameterDefinition* parameter = definition_.Find(name);
-  return value.IsEmpty() && parameter != nullptr && parameter->text ? Value("") : value;
+  if (!value.IsEmpty()) return value;
+  if (parameter != nullptr) return parameter->text ? Value("") : value;
+  const auto assumed = std::ranges::find(definition_.assumed, name, &Assignment::name);
+  return assumed == definition_.assumed.end() ? value : Value(assumed->value);
 }
 
 Value Form::Previous(const std::string& name) const { return Found(previous_, name); }

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "workbench/data/Resources.h"
+#include "workbench/database/Schema.h"
 #include "workbench/forms/FormReader.h"
 
 namespace cordboard::workbench {
@@ -55,6 +56,10 @@ bool DigitPlace::Has(std::string_view name) const {
 bool Folding::Has(std::string_view subDigit) const {
   return std::ranges::any_of(places, [&](const DigitPlace& place) { return place.Has(subDigit); });
 }
+
+const DatabaseSchema& FormDefinition::Database() const { return ShippedSchema().Database(database); }
+
+std::string FormDefinition::Rows() const { return Database().RowsOf(table); }
 
 const ParameterDefinition* FormDefinition::Find(std::string_view name) const {
   const auto found = std::ranges::find(parameters, name, &ParameterDefinition::name);

@@ -11,6 +11,8 @@
 
 namespace cordboard::workbench {
 
+struct DatabaseSchema;
+
 // The table that marks in its column USED which values are taken.
 struct Pool {
   std::string table;
@@ -98,6 +100,12 @@ struct RecordHandling {
   std::vector<std::string> writeAfterEdit = {};  // columns that an edit leaves as they were
 };
 
+// The command whose records are templates for those of another, and the parameter that has a template's name.
+struct TemplatesOf {
+  std::string command;
+  std::string name;
+};
+
 // What an add is given, or what selects a record, in the order typed.
 struct Assignment {
   std::string name;
@@ -109,10 +117,12 @@ struct FormDefinition {
   std::string title;
   std::string help;                  // one sentence
   std::string table;                 // the table of its records
+  std::string database = "dynamic";  // in which the table stands: "site" for templates
   std::vector<std::string> columns;  // the columns that "SetInfo" is given, "CMDID" first
   std::vector<ParameterDefinition> parameters = {};
   std::vector<Folding> foldings = {};
   RecordHandling handling = {};
+  TemplatesOf templates = {};                         // no command: records are not made from templates
   std::vector<std::vector<std::string>> inStep = {};  // parameters whose values go together by their place
   std::vector<std::vector<std::string>> oneOf = {};   // sets of parameters, of which one has to be given whole
   // Some commands keep their records in two tables: a record for which one parameter is given stands in the second.
@@ -120,6 +130,7 @@ struct FormDefinition {
   std::shared_ptr<const FormDefinition> second = {};
   std::string secondWith = {};
   std::vector<std::string> elsewhere = {};  // parameters that only the records of the other table have
+  std::vector<Assignment> assumed = {};     // what rules read though the form does not show it
   bool ordered = false;  // values are set in the order of the parameters, whatever the order in which they are typed
   bool single = false;   // one record for the whole exchange: an add shows and changes the record that stands
   bool adds = false;
@@ -127,6 +138,8 @@ struct FormDefinition {
   bool deletes = false;
   bool generates = false;
 
+  const DatabaseSchema& Database() const;
+  std::string Rows() const;  // what stands in a FROM for the rows of its records
   const ParameterDefinition* Find(std::string_view name) const;
   std::size_t Place(std::string_view name) const;  // of a parameter in the order; after all for an unknown one
   bool IsElsewhere(std::string_view name) const;   // whether it, or the whole that it is a digit of, is in `elsewhere`

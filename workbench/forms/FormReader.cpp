@@ -68,17 +68,18 @@ Texts ColumnsOf(const Table& table) {
   return columns;
 }
 
-// A table of the site database has a name of its own, or stays empty in the exchange and has fewer columns there.
 void ReadRecord(FormDefinition& form, Fields& fields, const DataItem& file) {
   form.table = fields.Get("table", form.command);
-  const Table* dynamic = ShippedSchema().Database("dynamic").Find(form.table);
-  const Table* site = ShippedSchema().Database("site").Find(form.table);
-  if (dynamic == nullptr && site == nullptr) file.Fail("there is no table " + form.table);
-  form.columns = fields.Get("columns", ColumnsOf(dynamic != nullptr ? *dynamic : *site));
+  if (const auto database = fields.Find("database")) {
+    form.database = database->Text();
+    if (form.database != "dynamic" && form.database != "site")
+      database->Fail("records stand in \"dynamic\" or \"site\"");
+  }
+  const Table* table = form.Database().Find(form.table);
+  if (table == nullptr) file.Fail("there is no table " + form.table);
+  form.columns = fields.Get("columns", ColumnsOf(*table));
   for (const std::string& column : form.columns) {
-    const bool stands =
-        (dynamic != nullptr && dynamic->Find(column) != nullptr) || (site != nullptr && site->Find(column) != nullptr);
-    if (!stands) file.Fail("the table " + form.table + " has no column " + column);
+    if (table->Find(column) == nullptr) file.Fail("the table " + form.table + " has no column " + column);
   }
 }
 
@@ -97,7 +98,7 @@ void ReadSecondTable(FormDefinition& form, const DataItem& item) {
     form.secondWith = fields.Get<std::string>("with");
     return 0;
   });
-  const Table* table = ShippedSchema().Database("dynamic").Find(second->table);
+  const Table* table = form.Database().Find(second->table);
   if (table == nullptr) item.Fail("there is no table " + second->table);
   second->columns = ColumnsOf(*table);
   form.elsewhere = WithoutThoseOf(second->columns, form.columns);
@@ -141,6 +142,14 @@ FormDefinition ReadForm(const std::string& command, std::string_view json, const
         return RecordHandling{.removeRowAfterDelete = of.Get("removeRowAfterDelete", false),
                               .writeAfterEdit = of.Get("writeAfterEdit", Texts())};
       });
+    }
+    if (const auto templates = fields.Find("templates")) {
+      form.templates = templates->Object([](Fields& of) {
+        return TemplatesOf{.command = of.Get<std::string>("command"), .name = of.Get<std::string>("name")};
+      });
+    }
+    if (const auto assumed = fields.Find("assumed")) {
+      for (const auto& [name, value] : assumed->Entries()) form.assumed.push_back({name, value.Text()});
     }
     ReadActions(form);
     if (const auto second = fields.Find("second")) ReadSecondTable(form, *second);

@@ -5,12 +5,15 @@
 //
 // A parameter has the flags of ParameterFlags() that the form says, "releases", "pool" {"table", "column"} and
 // "narrowed" {"by", "without"}. A form has besides "ordered", "single", "inStep", "oneOf", "folding", "after"
-// {"removeRowAfterDelete", "writeAfterEdit"} and, where records stand in two tables, "second" {"table", "with"}: the
-// other table, and the parameter that its records have.
+// {"removeRowAfterDelete", "writeAfterEdit"}, where records are made from templates "templates" {"command", "name"}:
+// the command of the templates and the parameter that names one, "assumed" {name: value}: what rules read though the
+// form does not show it, and, where records stand in two tables, "second" {"table", "with"}: the other table, and the
+// parameter that its records have.
 //
 // What is known elsewhere follows from there, and the form says only where it is otherwise:
 //   what the command serves   from the table of its module: actions, lists and checks
-//   "table" and "columns"     the table or view with the command's name, and its columns (data/schema.json)
+//   "table" and "columns"     the table or view with the command's name, and its columns (data/schema.json); it stands
+//                             in the "database" of the configuration, "dynamic", or of the templates, "site"
 //   which values are fixed    where the command builds no list and data/values has one
 //   "folding"                 from the names of the parameters (workbench/forms/Foldings.h)
 #pragma once

@@ -44,6 +44,16 @@ class Reader {
     return value;
   }
 
+  // A word of the notation: it ends at a blank or a double quote.
+  bool Word(std::string_view wanted) {
+    const bool ends =
+        rest_.size() > wanted.size() && std::string_view(" \t\"").find(rest_[wanted.size()]) != rest_.npos;
+    if (!rest_.starts_with(wanted) || !ends) return false;
+    rest_.remove_prefix(wanted.size());
+    SkipBlanks();
+    return true;
+  }
+
   std::string_view rest() const { return rest_; }
 
  private:
@@ -112,6 +122,10 @@ std::optional<UserAction> ParsePlanLine(std::string_view line) {
     action.selection = Assignments(reader, ":;");
   }
   if (action.command.empty()) throw PlanLineError("a command is missing at the beginning");
+  if (action.kind == UserAction::Kind::Add && reader.Word("from")) {
+    action.from = reader.Content(":;");
+    if (action.from.empty()) throw PlanLineError("after from the name of a template is missing");
+  }
   if (action.kind != UserAction::Kind::Delete) {
     if (!reader.Take(':')) throw PlanLineError("after " + action.command + " a colon is missing");
     action.values = Assignments(reader, ";");

@@ -1,6 +1,7 @@
 // One line of a plan, in the exchange's own notation:
 //
 //   NANSI:NUMTYP=EX,NUMSE=100&&199;      adds
+//   KSEXI from Office:DIR=100,ITYPE=3;   adds from a template: its values, and over them what the line gives
 //   edit KSEXI DIR=100:CUST=3;           changes the record that the parameters before the colon select
 //   delete KSEXI DIR=100;                removes it
 //

@@ -88,6 +88,14 @@ TEST(Schema, CreatesTablesAndIndexes) {
                           "CREATE TABLE [t] ([End] TEXT)", "CREATE UNIQUE INDEX [t by End] ON [t] ([End])"));
 }
 
+TEST(Schema, StoresTheTablesOfTemplatesUnderNamesOfTheirOwn) {
+  const Schema schema = ReadSchema(R"({"site": [{"name": "t", "columns": ["End"], "indexes": [["End"]]}]})");
+  const DatabaseSchema& site = schema.Database("site");
+  EXPECT_EQ(site.RowsOf("t"), "[site.t]");
+  EXPECT_THAT(CreateStatements(site),
+              ElementsAre("CREATE TABLE [site.t] ([End] TEXT)", "CREATE INDEX [site.t by End] ON [site.t] ([End])"));
+}
+
 // --- Views.
 
 TEST(Schema, AViewShowsTheRowsOfItsTablesWithTheColumnsOfAll) {

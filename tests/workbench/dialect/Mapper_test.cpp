@@ -42,6 +42,17 @@ TEST(Mapper, PutsEveryNameInSquareBrackets) {
             "SELECT [Equipment].[EQU] FROM [Equipment] ORDER BY [Equipment].rowid");
 }
 
+// A table stays known by its own name, so that columns and orders find it.
+TEST(Mapper, PutsThePrefixBeforeTheNamesOfTables) {
+  const auto stored = [](const string& statement) { return Map(statement, "site.").sql; };
+  EXPECT_EQ(stored("SELECT a.x, c FROM a INNER JOIN b AS d ON a.x = d.x WHERE c IN (SELECT c FROM e)"),
+            "SELECT [a].[x], [c] FROM [site.a] AS [a] JOIN [site.b] AS [d] ON ([a].[x] = [d].[x]) WHERE [c] IN "
+            "(SELECT [c] FROM [site.e] AS [e]) ORDER BY [a].rowid, [d].rowid");
+  EXPECT_EQ(stored("INSERT INTO a VALUES ('x')"), "INSERT INTO [site.a] AS [a] VALUES (?)");
+  EXPECT_EQ(stored("UPDATE a SET a.x = '1'"), "UPDATE [site.a] AS [a] SET [x] = ?");
+  EXPECT_EQ(stored("DELETE * FROM a WHERE a.x = '1'"), "DELETE FROM [site.a] AS [a] WHERE [a].[x] = ?");
+}
+
 TEST(Mapper, TurnsLiteralsIntoParameters) {
   EXPECT_EQ(Sql("DELETE * FROM t WHERE a = 'x' AND b = 7 AND c = True"),
             "DELETE FROM [t] WHERE [a] = ? AND [b] = ? AND [c] = ?");

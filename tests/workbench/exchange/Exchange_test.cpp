@@ -113,7 +113,7 @@ TEST(Exchange, AnythingElseIsNotOpenedAndNotTouched) {
 
 TEST(Exchange, OneOfAnotherVersionIsNotOpened) {
   const TemporaryFolder folder;
-  Exchange::Create(folder / "office.cbx", "R7", Example())->Dynamic().Execute("PRAGMA user_version = 2");
+  Exchange::Create(folder / "office.cbx", "R7", Example())->Dynamic().Execute("PRAGMA user_version = 1");
   EXPECT_THAT(CannotOpen(folder / "office.cbx"), EndsWith("was made by another version of cordboard"));
 }
 
@@ -131,7 +131,8 @@ TEST(Exchange, ADamagedOneIsNotOpened) {
 TEST(Exchange, HasThreeDatabases) {
   const auto exchange = ExampleExchange();
   EXPECT_EQ(exchange->Database("dynamic"), &exchange->Dynamic());
-  EXPECT_EQ(Rows(*exchange, "SELECT COUNT(*) FROM KSEXITEMPLATE", "site"), "[[0]]");
+  EXPECT_EQ(exchange->Database("site"), &exchange->Dynamic());
+  EXPECT_EQ(Rows(*exchange, "SELECT COUNT(*) FROM [site.KSEXITemplate]", "site"), "[[0]]");
   EXPECT_NE(Rows(*exchange, "SELECT COUNT(*) FROM ParamValueDesc", "static"), "[[0]]");
   EXPECT_EQ(exchange->Database("static"), exchange->Database("static"));
   EXPECT_EQ(exchange->Database("other"), nullptr);
@@ -145,15 +146,16 @@ TEST(Exchange, TheFixedValuesAreNotWritten) {
             "attempt to write a readonly database");
 }
 
-TEST(Exchange, TemplatesAreKeptInTheFileThatIsNamedForThem) {
+// The templates stand in the file of the exchange, apart from tables of the same names in its configuration.
+TEST(Exchange, TemplatesAreKeptInTheFileOfTheExchange) {
   const TemporaryFolder folder;
-  const std::string count = "SELECT COUNT(*) FROM KSEXITEMPLATE";
-  for (const char* expected : {"[[0]]", "[[1]]"}) {
-    const auto exchange = ExampleExchange();
-    exchange->UseSite(folder / "templates.cbs");
-    EXPECT_EQ(Rows(*exchange, count, "site"), expected);
-    exchange->Database("site")->Run("INSERT INTO KSEXITEMPLATE (CmdId) VALUES (1)");
+  {
+    const auto exchange = Exchange::Create(folder / "office.cbx", "R7", Example());
+    exchange->Dynamic().Run("INSERT INTO [site.KSEXITemplate] (CmdId) VALUES (1)");
   }
+  const auto exchange = Exchange::Open(folder / "office.cbx");
+  EXPECT_EQ(Count(*exchange, "site.KSEXITemplate"), 1);
+  EXPECT_EQ(Count(*exchange, "KSEXITemplate"), 0);
 }
 
 TEST(Exchange, GivesEveryIdentifierOnce) {
@@ -170,32 +172,33 @@ TEST(Exchange, GeneratedLinesStandInNoFile) {
   Exchange::Create(folder / "office.cbx", "R7", Example());
   {
     const auto exchange = Exchange::Open(folder / "office.cbx");
-    exchange->Dynamic().RunRule("INSERT INTO BuiltCmd VALUES (1, 'NANSI:;')", {});
-    EXPECT_EQ(Count(*exchange, "BuiltCmd"), 1);
+    for (const char* table : {"BuiltCmd", "site.BuiltCmd"}) {
+      exchange->Dynamic().RunRule("INSERT INTO [" + std::string(table) + "] VALUES (1, 'NANSI:;')", {});
+      EXPECT_EQ(Count(*exchange, table), 1);
+    }
   }
-  EXPECT_EQ(Count(*Exchange::Open(folder / "office.cbx"), "BuiltCmd"), 0);
+  for (const char* table : {"BuiltCmd", "site.BuiltCmd"})
+    EXPECT_EQ(Count(*Exchange::Open(folder / "office.cbx"), table), 0);
 }
 
 // --- Transactions.
 
 TEST(Exchange, ATransactionCoversConfigurationAndTemplates) {
   const auto exchange = ExampleExchange();
+  const auto counts = [&] { return std::pair(Count(*exchange, "NANSI"), Count(*exchange, "site.KSEXITemplate")); };
   const auto fill = [&] {
-    exchange->Dynamic().Run("INSERT INTO NANSI (NUMSE) VALUES ('1')");
-    exchange->Database("site")->Run("INSERT INTO KSEXITEMPLATE (CmdId) VALUES (1)");
-  };
-  const auto counts = [&] {
-    return Rows(*exchange, "SELECT COUNT(*) FROM NANSI") +
-           Rows(*exchange, "SELECT COUNT(*) FROM KSEXITEMPLATE", "site");
+    exchange->Dynamic().Run("INSERT INTO [NANSI] (NUMSE) VALUES ('1')");
+    exchange->Dynamic().Run("INSERT INTO [site.KSEXITemplate] (CmdId) VALUES (1)");
+    EXPECT_EQ(counts(), std::pair(1, 1));
   };
   exchange->Start();
   exchange->Start();
-  fill();  // the templates are opened here, inside of both
+  fill();
   exchange->RollBack();
-  EXPECT_EQ(counts(), "[[0]][[0]]");
+  EXPECT_EQ(counts(), std::pair(0, 0));
   fill();
   exchange->Commit();
-  EXPECT_EQ(counts(), "[[1]][[1]]");
+  EXPECT_EQ(counts(), std::pair(1, 1));
 }
 
 TEST(Exchange, ATransactionThatIsNotCommittedIsRolledBackAtItsEnd) {

@@ -60,6 +60,21 @@ TEST_F(RuleStatementsTest, TheSelectorNamesTheDatabase) {
   EXPECT_THAT(Run("SELECT COUNT(*) FROM NANSI", "other"), HasSubstr("there is no database 'other'"));
 }
 
+TEST_F(RuleStatementsTest, ATemplateStandsApartFromTheTableOfItsNameInTheConfiguration) {
+  EXPECT_TRUE(InsertRow(*exchange_, "site", "KSEXITEMPLATE", {"CMDID", "TEMPLATENAME"}, {7, "Office"}, debug_));
+  EXPECT_TRUE(UpdateRows(*exchange_, "site", "KSEXITEMPLATE", {"CAT"}, {"1"}, {"CMDID"}, {7}, debug_));
+  EXPECT_EQ(TraceText(SelectRows(*exchange_, "site", "KSEXITEMPLATE", {"CAT"}, {"CMDID"}, {7}, debug_)), R"([["1"]])");
+  EXPECT_EQ(Run("SELECT MAX(CMDID) FROM KSEXITEMPLATE", "site"), "[[7]]");
+  EXPECT_EQ(Run("UPDATE KSEXITemplate SET CAT = '2' WHERE CmdId = 7", "site"), "Empty");
+  EXPECT_EQ(Run("SELECT TEMPLATENAME,CAT FROM KSEXITemplate", "site"), R"([["Office"], ["2"]])");
+  EXPECT_EQ(Run("SELECT CMDID FROM KSEXITEMPLATE"), "Empty");
+  const auto list = PrepareList(*exchange_, "SELECT TEMPLATENAME FROM KSEXITEMPLATE", "site", debug_);
+  ASSERT_TRUE(list);
+  EXPECT_EQ(TraceText(list->database->RunRule(list->sql, list->parameters)), R"([["Office"]])");
+  EXPECT_EQ(Run("Delete * FROM KSEXITEMPLATE  WHERE CmdID = 7", "site"), "Empty");
+  EXPECT_EQ(Run("SELECT COUNT(*) FROM KSEXITEMPLATE", "site"), "[[0]]");
+}
+
 TEST_F(RuleStatementsTest, AnEmptySelectorAndNoneAtAllNameTheDefault) {
   EXPECT_EQ(SelectorName(std::nullopt, "static"), "static");
   EXPECT_EQ(SelectorName(Value(), "dynamic"), "dynamic");

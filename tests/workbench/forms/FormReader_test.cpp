@@ -83,6 +83,14 @@ TEST(FormReader, AValueIsFixedWhereTheCommandBuildsNoListAndThereAreFixedValues)
   EXPECT_FALSE(form.Find("MAX")->fixed) << "the command builds its list";
 }
 
+TEST(FormReader, ATemplateStandsInADatabaseOfItsOwn) {
+  const FormDefinition form = Read("KSEXITEMPLATE", "", R"(, "database": "site")");
+  EXPECT_EQ(form.Rows(), "[site.KSEXITEMPLATE]");
+  EXPECT_EQ(form.columns.at(2), "TEMPLATENAME");
+  EXPECT_EQ(Refused("NACDS", "", R"(, "database": "static")"),
+            "forms/NACDS.json: database: records stand in \"dynamic\" or \"site\"");
+}
+
 TEST(FormReader, TheRecordIsTheTableOfTheCommandUnlessTheFormSaysAnother) {
   EXPECT_EQ(Read("NACDS", "").table, "NACDS");
   EXPECT_THAT(Read("NACDS", "").columns, ElementsAre("CMDID", "NUM", "CDCAT")) << "the identifier in capitals";
@@ -128,6 +136,13 @@ TEST(FormReader, ASecondTableIsThereAndItsParameterIsItsOwn) {
   EXPECT_THAT(refused(R"({"table": "AUCOI_Local", "with": "DIR"})"), HasSubstr("there is no table AUCOI_Local"));
   EXPECT_THAT(refused(R"({"table": "AUCOI_Regional", "with": "AUTH"})"),
               HasSubstr("only the records of AUCOI_Regional may have AUTH"));
+}
+
+TEST(FormReader, AFormMayAssumeAValueThatItDoesNotShow) {
+  const FormDefinition form = Read("NONE", Names({"NUM"}), R"(, "table": "NACDS", "assumed": {"DIR": "True"})");
+  ASSERT_EQ(form.assumed.size(), 1);
+  EXPECT_EQ(form.assumed[0].name, "DIR");
+  EXPECT_EQ(form.assumed[0].value, "True");
 }
 
 TEST(FormReader, AFormOfACommandThatIsNotBuiltServesNothing) {

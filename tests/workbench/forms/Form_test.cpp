@@ -40,6 +40,13 @@ TEST_F(FormTest, AValueThatWasNotGivenIsEmpty) {
   EXPECT_EQ(Get("unknown"), "Empty");
 }
 
+TEST_F(FormTest, RulesReadWhatTheFormAssumes) {
+  FormDefinition assuming = definition_;
+  assuming.assumed = {{"DIR", "7"}, {"KIND", "main"}};
+  EXPECT_EQ(TraceText(Form(assuming).Get("KIND")), "\"main\"");
+  EXPECT_EQ(TraceText(Form(assuming).Get("DIR")), "Empty") << "the form shows it";
+}
+
 TEST_F(FormTest, AValueIsKeptAsItWasGiven) {
   form_.Set("DIR", "100");
   EXPECT_EQ(Get("DIR"), "\"100\"");

@@ -31,9 +31,11 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 }
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
-  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "general.plan"}) Apply(name);
+  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "templates.plan", "general.plan"})
+    Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
+  EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM KSEXI WHERE CUST = '2' AND CALALT = '1' AND LANG = '2'"), "11");
   EXPECT_EQ(road.Rows("SELECT DIR, NAME1, PRES FROM NIINI_DIR WHERE DIR IN ('214', '216') ORDER BY DIR"),
             "214|Gatehouse, works|11 216|Director|10");
   EXPECT_EQ(road.Rows("SELECT TYPE, COUNT(*), COUNT(DISTINCT SUBSTR(EQU, 1, 8)) FROM EXTEIDIR GROUP BY TYPE"),

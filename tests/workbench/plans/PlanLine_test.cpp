@@ -19,6 +19,7 @@ std::string Parsed(std::string_view line) {
   if (!action) return "nothing";
   const char* const kinds[] = {"add", "edit", "delete"};
   std::string text = std::string(kinds[static_cast<int>(action->kind)]) + " " + action->command;
+  if (!action->from.empty()) text += " from <" + action->from + ">";
   if (!action->selection.empty()) text += " " + Written(action->selection);
   if (!action->values.empty()) text += " | " + Written(action->values);
   return text;
@@ -47,6 +48,19 @@ TEST(PlanLine, AnEditSelectsARecordBeforeTheColonAndChangesItBehind) {
 TEST(PlanLine, ADeleteSelectsARecord) {
   EXPECT_EQ(Parsed("delete KSEXI DIR=100;"), "delete KSEXI DIR=<100>");
   EXPECT_EQ(Parsed("delete SYDAS;"), "delete SYDAS");
+}
+
+TEST(PlanLine, AnAddMayBeFromATemplate) {
+  EXPECT_EQ(Parsed("KSEXI from Office:DIR=100;"), "add KSEXI from <Office> | DIR=<100>");
+  EXPECT_EQ(Parsed("KSEXI\tfrom  Front office :;"), "add KSEXI from <Front office>");
+  EXPECT_EQ(Parsed("KSEXI from\"Mill: gate 2\":DIR=100;"), "add KSEXI from <Mill: gate 2> | DIR=<100>");
+  EXPECT_EQ(Parsed("from:A=1;"), "add from | A=<1>");
+  EXPECT_EQ(Refused("KSEXI from :DIR=100;"), "after from the name of a template is missing");
+  EXPECT_EQ(Refused("KSEXI from \"\":DIR=100;"), "after from the name of a template is missing");
+  EXPECT_EQ(Refused("KSEXI from Office;"), "after KSEXI a colon is missing");
+  EXPECT_EQ(Refused("KSEXI from:DIR=100;"), "after KSEXI a colon is missing");
+  EXPECT_EQ(Refused("KSEXI fromage:DIR=100;"), "after KSEXI a colon is missing");
+  EXPECT_EQ(Refused("edit KSEXI from Office:CAT=1;"), "after from an equals sign is missing");
 }
 
 TEST(PlanLine, EditAndDeleteAreWordsOfTheirOwn) {

@@ -257,5 +257,37 @@ TEST_F(EXTEIFurtherRoad, ADeletedMainNumberFreesItsFurtherNumbersAndLeavesTheirR
   EXPECT_EQ(Used(), "401 on 001-0-13-01");
 }
 
+// --- Templates.
+
+const char* const templates = "SELECT CmdId, TEMPLATENAME, NUMTYP, CAT, TYPE, ICAT, TITLE FROM [site.EXTEIDIRTEMPLATE]";
+
+class EXTEITEMPLATERoad : public EXTEIRoad {
+ protected:
+  void SetUp() override {
+    EXTEIRoad::SetUp();
+    ASSERT_EQ(Do("EXTEITEMPLATE:TEMPLATENAME=Line,TYPE=EL7,ICAT_D1_SUB1=1,ICAT_D4=3,CAT=1,ADC_D1=1,CUST=1;"), "done");
+  }
+};
+
+TEST_F(EXTEITEMPLATERoad, ATemplateIsChangedAndDeletedButItsTypeAndICATStay) {
+  EXPECT_EQ(Do("edit EXTEITEMPLATE TEMPLATENAME=Line:TITLE=Clerk;"), "done");
+  EXPECT_EQ(Rows(templates), "1|Line|EX|1|EL7|1003|Clerk");
+  EXPECT_EQ(Do("edit EXTEITEMPLATE TEMPLATENAME=Line:ICAT_D4=1;"),
+            "ICAT_D4=1: the ICAT_D4 of a record cannot be changed; add another record");
+  EXPECT_EQ(Do("delete EXTEITEMPLATE TEMPLATENAME=Line;"), "done");
+  EXPECT_EQ(Rows(templates), "");
+}
+
+TEST_F(EXTEITEMPLATERoad, ExtensionsAreMadeFromATemplate) {
+  EXPECT_EQ(Do("EXTEI from Line:DIR=400&401,EQU=next,CUST=2;"), "done");
+  EXPECT_EQ(Rows(mainNumbers), "400|001-0-15-01|EL7|1|1003 401|001-0-15-02|EL7|1|1003");
+  EXPECT_EQ(Do("EXTEI from Line:AUX=410,DIR_AUX=400;"),
+            "done\nTYPE=EL7: the template Line has this value, and EXTEI does not take it here; it is left out\n"
+            "ICAT=1003: the template Line has this value, and EXTEI does not take it here; it is left out\n"
+            "EQU=: a check has changed this value to 001-0-15-01");
+  EXPECT_EQ(Rows(furtherNumbers), "410|001-0-15-01|400|1");
+  EXPECT_EQ(Used(), "400 401 410 on 001-0-15-01 001-0-15-02");
+}
+
 }  // namespace
 }  // namespace cordboard::workbench

@@ -52,7 +52,7 @@ std::string FileText(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TestDatabase::TestDatabase(const std::string& name) {
+TestDatabase::TestDatabase(const std::string& name) : prefix_(ShippedSchema().Database(name).prefix) {
   sqlite3* database = nullptr;
   sqlite3_open(":memory:", &database);
   database_.reset(database);
@@ -76,7 +76,7 @@ std::string TestDatabase::Plan(const std::string& statement) {
 }
 
 std::vector<std::string> TestDatabase::Execute(const std::string& prefix, const std::string& statement) {
-  const MappedStatement mapped = Map(statement);
+  const MappedStatement mapped = Map(statement, prefix_);
   const std::string sql = prefix + mapped.sql;
   sqlite3_stmt* prepared = nullptr;
   const char* rest = nullptr;

@@ -34,6 +34,7 @@ class TestDatabase {
   std::vector<std::string> Execute(const std::string& prefix, const std::string& statement);
 
   std::unique_ptr<sqlite3, Close> database_;
+  std::string prefix_;  // of the names under which its tables are stored
 };
 
 }  // namespace cordboard::workbench

@@ -1,0 +1,41 @@
+#include "workbench/actions/ShownValues.h"
+
+#include <algorithm>
+
+#include "script/Conversions.h"
+
+namespace cordboard::workbench {
+
+std::vector<std::string> GivenColumns(const Filling& filling) {
+  const FormDefinition& definition = filling.definition();
+  std::vector<std::string> given;
+  for (const Assignment& assignment : filling.given()) {
+    const Folding* folding = definition.FoldingWith(assignment.name);
+    const std::string& name = folding == nullptr ? assignment.name : folding->parameter;
+    const bool stored = std::ranges::find(definition.columns, name) != definition.columns.end();
+    if (stored && std::ranges::find(given, name) == given.end()) given.push_back(name);
+  }
+  return given;
+}
+
+ShownValues::ShownValues(const Form& form) {
+  for (const std::string& column : form.definition().columns) columns_[column] = Joined(form.Get(column));
+}
+
+std::vector<std::string> ShownValues::ChangedByChecks(Filling& filling) const {
+  const std::vector<std::string> given = GivenColumns(filling);
+  std::vector<std::string> changed;
+  for (const std::string& column : filling.definition().columns) {
+    const std::string& before = columns_.at(column);
+    const std::string now = Joined(filling.form().Get(column));
+    if (now == before || std::ranges::find(given, column) != given.end()) continue;
+    changed.push_back(column);
+    filling.Warn({.parameter = column,
+                  .value = before,
+                  .message = now.empty() ? "a check has cleared this value, since it does not go with the others"
+                                         : "a check has changed this value to " + now});
+  }
+  return changed;
+}
+
+}  // namespace cordboard::workbench

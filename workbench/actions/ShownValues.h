@@ -1,0 +1,26 @@
+// What a form shows before the user's values are set: a stored record, or a template.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "workbench/actions/Filling.h"
+
+namespace cordboard::workbench {
+
+class ShownValues {
+ public:
+  explicit ShownValues(const Form& form);
+
+  // The columns that a check has changed since, though the user did not give them. Each is told as a warning.
+  std::vector<std::string> ChangedByChecks(Filling& filling) const;
+
+ private:
+  std::map<std::string, std::string> columns_;
+};
+
+// The names of the columns that are given, each once: sub-digit parameters stand for the column that they fold into.
+std::vector<std::string> GivenColumns(const Filling& filling);
+
+}  // namespace cordboard::workbench

@@ -1,0 +1,60 @@
+#include "workbench/actions/Templates.h"
+
+#include <algorithm>
+
+#include "script/Conversions.h"
+#include "workbench/actions/FormRules.h"
+#include "workbench/actions/Records.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+// The stored values of the template, in the order of its form.
+std::vector<Assignment> ValuesOf(Exchange& exchange, const FormDefinition& ofTemplate, std::int32_t CmdId) {
+  Form shown(ofTemplate);
+  LoadRecord(exchange, ofTemplate, CmdId, shown);
+  std::vector<Assignment> values;
+  for (const ParameterDefinition& parameter : ofTemplate.parameters) {
+    const bool stored = std::ranges::find(ofTemplate.columns, parameter.name) != ofTemplate.columns.end();
+    const Value value = stored ? shown.Get(parameter.name) : Value();
+    if (!value.IsBlank()) values.push_back({parameter.name, Joined(value)});
+  }
+  return values;
+}
+
+void Put(Filling& filling, const std::string& name, const Assignment& value) {
+  const FormDefinition& definition = filling.definition();
+  const ParameterDefinition* parameter = definition.Find(value.name);
+  if (parameter == nullptr || !parameter->IsIn(filling.session().exchange().release()) ||
+      definition.IsElsewhere(value.name)) {
+    filling.Warn({.parameter = value.name,
+                  .value = value.value,
+                  .message = "the template " + name + " has this value, and " + definition.command +
+                             " does not take it here; it is left out"});
+    return;
+  }
+  const std::size_t before = filling.problems().size();
+  filling.Set(value);
+  if (filling.problems().size() > before)
+    filling.Refuse(value, "this value is the template's (" + name + "); give another one, or change the template");
+}
+
+}  // namespace
+
+void PutTemplate(Filling& filling, const std::string& name) {
+  const FormDefinition& definition = filling.definition();
+  const FormDefinition* ofTemplate = FindForm(definition.templates.command);
+  if (ofTemplate == nullptr)
+    return filling.Refuse({.message = "records of " + definition.command + " are not made from templates"});
+  Exchange& exchange = filling.session().exchange();
+  const std::string& key = definition.templates.name;
+  const auto found = FindRecord(exchange, *ofTemplate, {{key, name}});
+  if (const auto* problem = std::get_if<Problem>(&found)) return filling.Refuse(*problem);
+  for (const Assignment& value : ValuesOf(exchange, *ofTemplate, std::get<StoredRecord>(found).CmdId)) {
+    if (value.name != key && !filling.IsGiven(value.name)) Put(filling, name, value);
+  }
+  SharedDigitsAreGivenTogether(filling);
+}
+
+}  // namespace cordboard::workbench
