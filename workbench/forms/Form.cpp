@@ -110,7 +110,7 @@ Value Form::Get(const std::string& name) const {
     const std::string digits = folding->separator.empty() ? Folded(*folding) : Composed(*folding);
     if (!digits.empty()) return digits;
   }
-  const Value value = Found(values_, name);
+  Value value = Found(values_, name);
   if (const DigitPlace* place = PlaceOf(name); value.IsEmpty() && place != nullptr && place->digit == name) {
     const std::string digits = Digits(*place);
     if (!digits.empty()) return digits;
