@@ -103,6 +103,7 @@ class CommandLine {
     auto [sub, options] = Add("show", "Show what an exchange holds: its tables, or the records of a command", Show);
     sub->add_option("FILE", options.file, "the exchange file")->required();
     sub->add_option("COMMAND", options.command, "the command whose records to show");
+    sub->add_option("NAME=VALUE", options.selection, "only the records that have these values, such as GRP=300");
     sub->add_flag("--json", options.json, "print as JSON");
   }
 

@@ -2,6 +2,7 @@
 
 #include "cli/Subcommands.h"
 #include "workbench/forms/Unknown.h"
+#include "workbench/plans/PlanLine.h"
 
 namespace cordboard::cli {
 
@@ -19,6 +20,18 @@ std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file) {
 const workbench::FormDefinition& FormOf(const std::string& command) {
   if (const workbench::FormDefinition* form = workbench::FindForm(command)) return *form;
   throw Exit{NotFound, workbench::UnknownCommand(command)};
+}
+
+std::vector<workbench::Assignment> AssignmentsOf(const std::vector<std::string>& texts) {
+  std::vector<workbench::Assignment> assignments;
+  for (const std::string& text : texts) {
+    try {
+      assignments.push_back(workbench::ParseAssignment(text));
+    } catch (const workbench::PlanLineError& error) {
+      throw Exit{Usage, error.what()};
+    }
+  }
+  return assignments;
 }
 
 }  // namespace cordboard::cli

@@ -1,8 +1,9 @@
-// The files that the command line names.
+// The files, commands and values that the command line names.
 #pragma once
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "workbench/exchange/Exchange.h"
 #include "workbench/forms/FormDefinition.h"
@@ -18,5 +19,8 @@ std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file);
 
 // The form of a command; an unknown one ends the subcommand with NotFound and the nearest name.
 const workbench::FormDefinition& FormOf(const std::string& command);
+
+// What is given as NAME=VALUE; anything else ends the subcommand with Usage.
+std::vector<workbench::Assignment> AssignmentsOf(const std::vector<std::string>& texts);
 
 }  // namespace cordboard::cli

@@ -51,6 +51,7 @@ int Values(const ValuesOptions& options);
 struct ShowOptions {
   std::string file;
   std::string command;  // empty: the tables
+  std::vector<std::string> selection;
   bool json = false;
 };
 int Show(const ShowOptions& options);

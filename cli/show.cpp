@@ -7,6 +7,7 @@
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "script/Conversions.h"
+#include "workbench/actions/Records.h"
 #include "workbench/database/Schema.h"
 
 namespace cordboard::cli {
@@ -29,10 +30,11 @@ void ShowTables(workbench::Exchange& exchange, bool json) {
   PrintTable({"COMMAND", "RECORDS", ""}, rows);
 }
 
-void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition& form, nlohmann::json* json) {
+void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition& form,
+                 const std::vector<workbench::Assignment>& selection, nlohmann::json* json) {
   // Nothing but a table has a rowid: the rows of a view stand in the order of its tables.
   const std::string order = form.Database().IsView(form.table) ? "" : " ORDER BY rowid";
-  const RowSet records = exchange.Dynamic().Run("SELECT * FROM " + form.Rows() + order);
+  const RowSet records = SelectRecords(exchange, form, "*", selection, order);
   std::vector<std::string> names;
   for (const workbench::Column& column : form.Database().Find(form.table)->columns) names.push_back(column.name);
   std::vector<std::vector<std::string>> rows;
@@ -56,9 +58,12 @@ int Show(const ShowOptions& options) {
   if (options.command.empty()) {
     ShowTables(*exchange, options.json);
   } else {
+    const auto selection = AssignmentsOf(options.selection);
+    const auto tables = TablesWith(FormOf(options.command), selection);
+    if (const auto* problem = std::get_if<workbench::Problem>(&tables)) throw Exit{NotFound, problem->message};
     nlohmann::json data = nlohmann::json::array();
-    for (const workbench::FormDefinition* table : FormOf(options.command).OfEachTable())
-      ShowRecords(*exchange, *table, options.json ? &data : nullptr);
+    for (const workbench::FormDefinition* table : std::get<0>(tables))
+      ShowRecords(*exchange, *table, selection, options.json ? &data : nullptr);
     if (options.json) PrintJson(data);
   }
   return Done;

@@ -8,7 +8,6 @@
 #include "cli/Subcommands.h"
 #include "workbench/actions/Filling.h"
 #include "workbench/forms/Unknown.h"
-#include "workbench/plans/PlanLine.h"
 
 namespace cordboard::cli {
 
@@ -27,14 +26,7 @@ int Values(const ValuesOptions& options) {
   const auto exchange = OpenExchange(options.file);
   const workbench::FormDefinition& form = FormOf(options.command);
   CheckParameter(form, options.parameter, exchange->release());
-  std::vector<workbench::Assignment> given;
-  for (const std::string& text : options.given) {
-    try {
-      given.push_back(workbench::ParseAssignment(text));
-    } catch (const workbench::PlanLineError& error) {
-      throw Exit{Usage, error.what()};
-    }
-  }
+  const std::vector<workbench::Assignment> given = AssignmentsOf(options.given);
 
   workbench::Session session(*exchange);
   workbench::Filling filling = FillForm(session, form, given);

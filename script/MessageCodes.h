@@ -74,8 +74,8 @@ enum Message : int {
   SystemMembersBeyondLimit = 61030,         // the system would go beyond its limit: count, number to add, limit
   GroupMembersNotCounted = 61031,           // the members of the group could not be counted: group
   GroupIsFull = 61032,                      // the group is full: group, limit
-  CallBackMembersNotRead = 61033,           // a list of members was not read: nothing
-  MembersNotRead = 61034,                   // a list of members was not read: nothing
+  MembersRefusedByGroup = 61033,            // the limit of the group refuses the members: nothing
+  MembersRefusedBySystem = 61034,           // the limit of the system refuses the members: nothing
   AddOfMembersStopped = 61035,              // the add of members stopped: nothing
   CodeInUse = 61036,                        // the code is in use: value
   NoNumberForName = 61037,                  // no number was given for the name: nothing

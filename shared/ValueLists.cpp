@@ -25,6 +25,12 @@ bool CollectList(const Action& action, const std::string& sql) {
   return scCollectSingleValues(sql) || ListRefused(action);
 }
 
+bool PushWholeNumbers(const Action& action, int from, int to) {
+  List numbers(std::vector<Value>{});
+  for (int number = from; number <= to; ++number) numbers.Append(number);
+  return scPushValidValues(numbers) || ListRefused(action);
+}
+
 bool GetValuesAndDescription(const Action& action) {
   return scSQLSelectValuesAndDesc() || Reporter("GetValuesAndDescription")(DescribedListNotBuilt, action.Parameter());
 }

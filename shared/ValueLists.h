@@ -17,6 +17,9 @@ bool DescribedListRefused(const Action& action);
 // "GetValidValForParam" with the parameter's name.
 bool CollectList(const Action& action, const std::string& sql);
 
+// Adds the whole numbers of a range to the list of the action's parameter, reported in the same way.
+bool PushWholeNumbers(const Action& action, int from, int to);
+
 // The fixed values of the parameter, in the active definition or in the action's.
 bool GetValuesAndDescription(const Action& action);
 bool GetValuesAndDescriptionByDefinition(const Action& action);

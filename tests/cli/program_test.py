@@ -107,7 +107,7 @@ class New(ProgramTest):
         made = self.folder / "new.cbx"
         ran = self.ends(DONE, "new", made, "--release", "R6/1", "--plant", "example")
         self.assertEqual(ran.stdout, "")
-        self.assertEqual(ran.stderr, f"made: {made}: release R6/1, plant example, 11 boards with 224 positions\n")
+        self.assertEqual(ran.stderr, f"made: {made}: release R6/1, plant example, 12 boards with 232 positions\n")
         self.assertEqual(self.json("show", made)["release"], "R6/1")
 
     def test_leaves_an_existing_file_alone(self):
@@ -388,6 +388,34 @@ class Data(ProgramTest):
         self.assertEqual(list(records[0]), ["CmdId", "NUMSE", "NUMTYP", "USED"])
         self.assertEqual([records[0][name] for name in ("NUMSE", "NUMTYP", "USED")], ["100", "EX", False])
         self.assertIsInstance(records[0]["CmdId"], int)
+
+    def test_show_selects_records_by_their_values(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=b"""\
+            EXCCS:CAT=1,TRAF=11,SERV_D6=1,CDIV_D1=1,ROC_D2=1;
+            KSEXI:DIR=100&&104,ITYPE=3,EQU=next,CAT=1;
+            CHGMI:GRP=7,DIR=100&&102;
+            CHGMI:GRP=8,DIR=103;
+            """)
+        lines = [line.split() for line in self.ends(DONE, "show", self.exchange, "CHGMI", "GRP=7").stdout.splitlines()]
+        self.assertEqual(lines[0], ["CMDID", "NUMTYP", "GRP", "DIR"])
+        self.assertEqual([line[3] for line in lines[1:]], ["100", "101", "102"])
+        records = self.json("show", self.exchange, "CHGMI", "NUMTYP=EX", "DIR=103")
+        self.assertEqual([record["GRP"] for record in records], ["8"])
+        self.assertEqual(self.json("show", self.exchange, "CHGMI", "GRP=9"), [])
+        self.fails(NOT_FOUND, "a record of CHGMI has no GRPP. Did you mean GRP?", "show", self.exchange, "CHGMI",
+                   "GRPP=7")
+        self.fails(USAGE, "GRP", "show", self.exchange, "CHGMI", "GRP")
+
+    def test_show_selects_among_the_tables_that_have_the_parameter(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=b"""\
+            EXCCS:CAT=1,TRAF=11,SERV_D6=1,CDIV_D1=1,ROC_D2=1;
+            KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;
+            AUCOI:AUTH=1111,CHECK=1,CAT=1;
+            AUCOI:AUTH=2222,DIR=100,CAT=1;
+            """)
+        self.assertEqual([record["AUTH"] for record in self.json("show", self.exchange, "AUCOI", "CAT=1")],
+                         ["1111", "2222"])
+        self.assertEqual([record["AUTH"] for record in self.json("show", self.exchange, "AUCOI", "DIR=100")], ["2222"])
 
     def test_values_lists_what_may_be_given_now(self):
         lines = self.ends(DONE, "values", self.exchange, "NANSI", "NUMTYP").stdout.splitlines()

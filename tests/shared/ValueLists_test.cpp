@@ -96,6 +96,23 @@ TEST(ValueLists, ReadNothingOfTheFormButTheLocationOfALIM) {
   EXPECT_EQ(host.Calls(), host.Effects());
 }
 
+// --- Whole numbers.
+
+TEST(ValueLists, WholeNumbersArePushedAsOneList) {
+  ScriptedHost host;
+  EXPECT_TRUE(host.With([] { return PushWholeNumbers(ListOf("GRP"), 8, 11); }));
+  EXPECT_TRUE(host.With([] { return PushWholeNumbers(ListOf("GRP"), 1, 1); }));
+  EXPECT_EQ(host.Calls(), Lines({"scPushValidValues([8, 9, 10, 11])", "scPushValidValues([1])"}));
+}
+
+TEST(ValueLists, WholeNumbersThatCannotBePushedAreReported) {
+  ScriptedHost host;
+  host.Refuse("scPushValidValues");
+  EXPECT_FALSE(host.With([] { return PushWholeNumbers(ListOf("GRP"), 1, 2); }));
+  EXPECT_EQ(host.Calls(),
+            Lines({"scPushValidValues([1, 2])", "scErrorMessage(0, 2, 2, \"GetValidValForParam\", 61020, \"GRP\")"}));
+}
+
 // --- LIM.
 
 std::string LIMsOf(const std::string& location) {

@@ -143,7 +143,7 @@ void Filling::CheckAgainst(const ValueList& list, const Assignment& assignment,
   if (const std::string twice = GivenTwice(elements); !twice.empty())
     Refuse({.parameter = name, .value = twice, .message = "this value is given twice"});
   for (const std::string& element : elements) {
-    if (list.Contains(element)) continue;
+    if (list.Contains(element) || definition().Find(name)->open) continue;
     if (definition().Find(name)->reuse && IsHeld(session_.exchange(), definition(), name, element)) continue;
     return Refuse({.parameter = name,
                    .value = element,

@@ -1,6 +1,7 @@
 #include "workbench/actions/Records.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "script/Conversions.h"
 #include "workbench/forms/Unknown.h"
@@ -14,31 +15,40 @@ bool HasColumn(const FormDefinition& definition, const std::string& name) {
   return std::ranges::find(definition.columns, name) != definition.columns.end();
 }
 
-// The identifiers of the first two records of one table that have these values. The names are columns of the table, so
-// that they can stand in a statement.
-RowSet RecordsWith(Exchange& exchange, const FormDefinition& definition, const std::vector<Assignment>& selection) {
-  std::vector<Value> values(selection.size());
-  std::ranges::transform(selection, values.begin(), &Assignment::value);
-  const std::string condition =
-      Separated(selection, " AND ", [](const Assignment& each) { return "[" + each.name + "] = ?"; });
-  return exchange.Dynamic().Run(
-      "SELECT [CmdId] FROM " + definition.Rows() + (selection.empty() ? "" : " WHERE " + condition) + " LIMIT 2",
-      values);
-}
-
 }  // namespace
 
-std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
-                                               const std::vector<Assignment>& selection) {
+std::variant<std::vector<const FormDefinition*>, Problem> TablesWith(const FormDefinition& definition,
+                                                                     const std::vector<Assignment>& selection) {
   const std::vector<const FormDefinition*> tables = definition.OfEachTable();
   for (const Assignment& each : selection) {
     if (std::ranges::none_of(tables, [&](const FormDefinition* table) { return HasColumn(*table, each.name); }))
       return Problem{.parameter = each.name, .value = each.value, .message = UnknownColumn(definition, each.name)};
   }
+  std::vector<const FormDefinition*> with;
+  std::ranges::copy_if(tables, std::back_inserter(with), [&](const FormDefinition* table) {
+    return std::ranges::all_of(selection, [&](const Assignment& each) { return HasColumn(*table, each.name); });
+  });
+  return with;
+}
+
+// The names are columns of the table, so that they can stand in a statement.
+RowSet SelectRecords(Exchange& exchange, const FormDefinition& table, const std::string& what,
+                     const std::vector<Assignment>& selection, const std::string& end) {
+  std::vector<Value> values(selection.size());
+  std::ranges::transform(selection, values.begin(), &Assignment::value);
+  const std::string condition =
+      Separated(selection, " AND ", [](const Assignment& each) { return "[" + each.name + "] = ?"; });
+  return exchange.Dynamic().Run(
+      "SELECT " + what + " FROM " + table.Rows() + (selection.empty() ? "" : " WHERE " + condition) + end, values);
+}
+
+std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
+                                               const std::vector<Assignment>& selection) {
+  const auto tables = TablesWith(definition, selection);
+  if (const auto* problem = std::get_if<Problem>(&tables)) return *problem;
   std::vector<StoredRecord> found;
-  for (const FormDefinition* table : tables) {
-    if (!std::ranges::all_of(selection, [&](const Assignment& each) { return HasColumn(*table, each.name); })) continue;
-    const RowSet rows = RecordsWith(exchange, *table, selection);
+  for (const FormDefinition* table : std::get<0>(tables)) {
+    const RowSet rows = SelectRecords(exchange, *table, "[CmdId]", selection, " LIMIT 2");
     for (std::size_t row = 0; row < rows.RowCount(); ++row) found.push_back({table, ToInt32(rows[0][row])});
   }
   if (found.size() == 1) return found.front();

@@ -18,6 +18,14 @@ struct StoredRecord {
   std::int32_t CmdId;
 };
 
+// The tables of the form that have all parameters of the selection, or which parameter none of them has.
+std::variant<std::vector<const FormDefinition*>, Problem> TablesWith(const FormDefinition& definition,
+                                                                     const std::vector<Assignment>& selection);
+
+// What a SELECT gives of the records of one table that have these values; `end` stands behind the condition.
+RowSet SelectRecords(Exchange& exchange, const FormDefinition& table, const std::string& what,
+                     const std::vector<Assignment>& selection, const std::string& end);
+
 // The one record that has these values, in whichever table of the form, or why there is not one.
 std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
                                                const std::vector<Assignment>& selection);

@@ -21,6 +21,7 @@ constexpr ParameterFlag flags[] = {
     {"oneInEdit", &ParameterDefinition::oneInEdit, Source::Form, "one value in an edit"},
     {"list", &ParameterDefinition::list, Source::Library, "list"},
     {"fixed", &ParameterDefinition::fixed, Source::Library, "list"},
+    {"open", &ParameterDefinition::open, Source::Form, "other values as well"},
     {"check", &ParameterDefinition::check, Source::Library, "check"},
     {"next", &ParameterDefinition::next, Source::Form, "next"},
     {"addOnly", &ParameterDefinition::addOnly, Source::Form, "when a record is added"},

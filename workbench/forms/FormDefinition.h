@@ -37,6 +37,7 @@ struct ParameterDefinition {
   bool check = false;     // the command has a static check for it
   bool text = false;      // reads as the empty text, not as empty, where no value was given
   bool reuse = false;     // a value that a record has is possible as well, though the list has it no more
+  bool open = false;      // any other value is possible as well: the list is what there is already
   // Several values make a record each, so that an edit, which changes one record, takes one value.
   bool oneInEdit = false;
   bool firstToRules = false;  // a rule that reads it is given the first of several values

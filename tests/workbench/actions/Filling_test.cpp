@@ -50,6 +50,12 @@ TEST_F(FillingTest, EveryValueThatIsRefusedIsToldAndTheOthersAreSet) {
   EXPECT_EQ(Get("NOTE"), "\"x\"");
 }
 
+TEST_F(FillingTest, AnOpenParameterTakesValuesBesideItsList) {
+  sytds_.parameters[0].open = true;
+  EXPECT_THAT(FillForm(session_, sytds_, {{"CDNAL", "99"}}).problems(), IsEmpty());
+  EXPECT_EQ(Get("CDNAL"), "\"99\"");
+}
+
 TEST_F(FillingTest, ValuesCanBeSetOneByOneAndAnew) {
   Filling filling(session_, sytds_);
   filling.Set({"CDNAL", "5"});

@@ -63,14 +63,16 @@ TEST(FormDefinition, AFormTellsWhatTheModuleServes) {
 }
 
 // What a module serves, and no form has.
-const std::set<std::pair<std::string, std::string>>
-    onNoForm =
-        {
-            {"KSANI", "CATTYP"},  // numbers keep no role of a category
-            {"EXTEI", "CATTYP"},           {"EXTEITEMPLATE", "CATTYP"},
-            {"KSEXITEMPLATE", "LOCATION"},  // templates have no position, and those of EXTEI no number
-            {"EXTEITEMPLATE", "DIR"},      {"EXTEITEMPLATE", "AUX"},
-            {"EXTEITEMPLATE", "DIR_AUX"},  {"EXTEITEMPLATE", "EQU"},
+const std::set<std::pair<std::string, std::string>> onNoForm = {
+    {"KSANI", "CATTYP"},            // numbers keep no role of a category
+    {"EXTEI", "CATTYP"},            // nor do these
+    {"EXTEITEMPLATE", "CATTYP"},    // and their templates
+    {"KSEXITEMPLATE", "LOCATION"},  // templates have no position
+    {"ITNUITEMPLATE", "LOCATION"},  // as above
+    {"EXTEITEMPLATE", "EQU"},       // as above
+    {"EXTEITEMPLATE", "DIR"},       // and no number
+    {"EXTEITEMPLATE", "AUX"},       // as above
+    {"EXTEITEMPLATE", "DIR_AUX"},   // as above
 };
 
 TEST(FormDefinition, AFormHasEveryParameterThatItsModuleServes) {

@@ -31,13 +31,19 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 }
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
-  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "templates.plan", "general.plan"})
+  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "terminals.plan", "templates.plan",
+                           "members.plan", "general.plan"})
     Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM KSEXI WHERE CUST = '2' AND CALALT = '1' AND LANG = '2'"), "11");
   EXPECT_EQ(road.Rows("SELECT DIR, NAME1, PRES FROM NIINI_DIR WHERE DIR IN ('214', '216') ORDER BY DIR"),
             "214|Gatehouse, works|11 216|Director|10");
+  EXPECT_EQ(road.Rows("SELECT EQU, COUNT(*) FROM ITNUI GROUP BY EQU ORDER BY EQU"),
+            "001-0-11-00|2 001-0-11-01|1 001-0-11-02|1 001-0-11-03|1 002-0-12-00|1 002-0-12-02|1 002-0-12-04|1");
+  EXPECT_EQ(road.Rows("SELECT GRP, COUNT(*) FROM CHGMI GROUP BY GRP"), "1|6 2|4");
+  EXPECT_EQ(road.Rows("SELECT GRP, LIM FROM CS_GPGRI ORDER BY GRP"), "10|1 11|2");
+  EXPECT_EQ(road.Rows("SELECT LIST, CHO, TIME FROM PELPI WHERE DIR = '217'"), "2|1|30");
   EXPECT_EQ(road.Rows("SELECT TYPE, COUNT(*), COUNT(DISTINCT SUBSTR(EQU, 1, 8)) FROM EXTEIDIR GROUP BY TYPE"),
             "EL6|28|3 EL7|12|2 EL8|2|1");
   EXPECT_EQ(road.Rows("SELECT AUX, DIR_AUX, EQU FROM EXTEIAUX ORDER BY AUX"),

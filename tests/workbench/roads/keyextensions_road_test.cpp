@@ -55,7 +55,7 @@ TEST_F(KeyExtensions, EveryDigitAndCodeHasValuesInEveryRelease) {
   for (const std::string& release : Releases()) {
     Open(release);
     Prepare({"KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;"});
-    for (const char* command : {"EXCCS", "KSEXI", "KSFKC", "KSMDI", "KSANI"}) {
+    for (const char* command : {"EXCCS", "KSEXI", "KSFKC", "KSMDI", "KSANI", "ITNUI"}) {
       for (const ParameterDefinition& parameter : FindForm(command)->parameters) {
         if (!parameter.list || !parameter.IsIn(release)) continue;
         // The tail of CDIV has no list without digit 6, and nothing but the extension itself could be its MDN.
@@ -780,6 +780,146 @@ TEST_F(NIINIRoad, ANameOfEachKindIsDeleted) {
   EXPECT_EQ(road.Do("delete NIINI OPE=900;"), "done");
   EXPECT_EQ(road.Do("delete NIINI DIR=100;"), "done");
   EXPECT_EQ(road.Rows(names), "");
+}
+
+// --- ITNUI.
+
+const char* const terminals = "SELECT DIR, EQU, ACCTYP, CAT FROM ITNUI ORDER BY DIR";
+
+// Two telephones on a board of type 77, of which the first may have terminals beside it, and a board of type 70.
+struct ITNUIRoad : testing::Test {
+  Road road;
+
+  void SetUp() override {
+    for (const std::string& line :
+         {series, category1, std::string("KSEXI:DIR=100,ITYPE=12,ACCTYP=1,EQU=001-0-11-00,CAT=1;"),
+          std::string("KSEXI:DIR=101,ITYPE=12,EQU=001-0-11-01,CAT=1;")})
+      ASSERT_EQ(road.Do(line), "done") << line;
+  }
+
+  void Add(int count, int from, const std::string& EQU) {
+    for (int DIR = from; DIR < from + count; ++DIR)
+      ASSERT_EQ(road.Do("ITNUI:DIR=" + std::to_string(DIR) + ",EQU=" + EQU + ",CAT=1;"), "done") << DIR;
+  }
+  std::string IsUsed(const std::string& DIR, const std::string& EQU) {
+    return road.Rows("SELECT NANSI.USED, Equipment.USED FROM NANSI, Equipment WHERE NUMSE = '" + DIR + "' AND EQU = '" +
+                     EQU + "'");
+  }
+};
+
+TEST_F(ITNUIRoad, TerminalsStandBesideATelephoneThatMayHaveThemOrOnABoardOfTheirOwn) {
+  EXPECT_EQ(road.Values("ITNUI", "EQU"), "001-0-11-00 002-0-12-00 002-0-12-02 002-0-12-04 002-0-12-06");
+  for (const char* line :
+       {"ITNUI:DIR=150,EQU=001-0-11-00,CAT=1;", "ITNUI:DIR=151,EQU=001-0-11-00,CAT=1,ADC_D7=2,CUST=2;",
+        "ITNUI:DIR=152,EQU=002-0-12-02,ACCTYP=2,TRAF=11,SERV_D2=1,SERV_D7D8=11,CDIV_D6=0,ROC_D1=1,ROC_D5D6=07;"})
+    EXPECT_EQ(road.Do(line), "done") << line;
+  EXPECT_EQ(road.Rows(terminals), "150|001-0-11-00|-|1 151|001-0-11-00|-|1 152|002-0-12-02|2|-");
+  EXPECT_EQ(road.Rows("SELECT NUMTYP, TRAF, SERV, CDIV, ROC, ADC, CUST FROM ITNUI ORDER BY DIR"),
+            "EX|-|-|-|-|-|- EX|-|-|-|-|00000020|2 EX|11|010000110|000000000|100007|-|-");
+  EXPECT_EQ(IsUsed("152", "002-0-12-02"), "True|True");
+  EXPECT_EQ(road.Do("ITNUI:DIR=150,EQU=002-0-12-00,CAT=1;").substr(0, 42),
+            "DIR=150: this value is not possible here [");
+  EXPECT_EQ(road.Do("ITNUI:DIR=153,EQU=001-0-11-01,CAT=1;"),
+            "EQU=001-0-11-01: this value is not possible here "
+            "[001-0-11-00, 002-0-12-00, 002-0-12-02, 002-0-12-04, 002-0-12-06]");
+  EXPECT_THAT(road.Lines(), Each(Not(StartsWith("ITNUI"))));
+}
+
+TEST_F(ITNUIRoad, ATerminalNeedsACategoryOrAllClassStrings) {
+  EXPECT_EQ(road.Do("ITNUI:DIR=150,EQU=002-0-12-00,TRAF=1,SERV_D2=1;"), "CAT=: give CAT, or TRAF, SERV, CDIV and ROC");
+  EXPECT_EQ(road.Rows(terminals), "");
+}
+
+TEST_F(ITNUIRoad, ATerminalBesideATelephoneHasNoAccessTypeOfItsOwn) {
+  const std::string refused =
+      "ACCTYP cannot be used at this equipment position. Leave ACCTYP empty, or choose another position.";
+  EXPECT_EQ(road.Do("ITNUI:DIR=150,EQU=001-0-11-00,ACCTYP=1,CAT=1;"), refused);
+  EXPECT_EQ(IsUsed("150", "002-0-12-00"), "False|False");
+  EXPECT_EQ(road.Do("ITNUI:DIR=150,EQU=002-0-12-00,ACCTYP=1,CAT=1;"), "done");
+  EXPECT_EQ(road.Do("edit ITNUI DIR=150:CUST=1,EQU=001-0-11-00;"), refused);
+  EXPECT_EQ(road.Rows("SELECT EQU, CUST FROM ITNUI"), "002-0-12-00|-");
+  EXPECT_EQ(road.Do("edit ITNUI DIR=150:EQU=001-0-11-00,ACCTYP=;"), "done");
+  EXPECT_EQ(road.Rows(terminals), "150|001-0-11-00||1");
+  EXPECT_EQ(road.Do("edit ITNUI DIR=150:ACCTYP=2;"), refused);
+}
+
+TEST_F(ITNUIRoad, APositionTakesUpTo32Terminals) {
+  Add(31, 110, "001-0-11-00");
+  Add(31, 150, "002-0-12-00");
+  EXPECT_EQ(road.Values("ITNUI", "EQU"), "001-0-11-00 002-0-12-00 002-0-12-02 002-0-12-04 002-0-12-06");
+  Add(1, 141, "001-0-11-00");
+  EXPECT_EQ(road.Values("ITNUI", "EQU"), "002-0-12-00 002-0-12-02 002-0-12-04 002-0-12-06");
+  Add(1, 181, "002-0-12-00");
+  EXPECT_EQ(road.Values("ITNUI", "EQU"), "002-0-12-02 002-0-12-04 002-0-12-06");
+  EXPECT_EQ(road.Do("ITNUI:DIR=190,EQU=002-0-12-00,CAT=1;"),
+            "EQU=002-0-12-00: this value is not possible here [002-0-12-02, 002-0-12-04, 002-0-12-06]");
+  EXPECT_EQ(road.Do("edit ITNUI DIR=150:EQU=002-0-12-00,CUST=1;"), "done");
+}
+
+// The statement for the positions of a location names a table that it does not join.
+TEST_F(ITNUIRoad, TheLocationDoesNotNarrowThePositionsAndIsComparedWithTheOneChosen) {
+  FillForm(road.session(), *FindForm("ITNUI"), {{"LOCATION", "WORKS"}});
+  EXPECT_EQ(road.Offered("EQU"), "no list");
+  const std::vector<ReportedMessage> messages = road.session().host().TakeMessages();
+  ASSERT_THAT(messages, SizeIs(1));
+  EXPECT_EQ(messages.front().text,
+            "The values of EQU could not be read. Check it and the values that it depends on, then try again.");
+
+  EXPECT_EQ(road.Values("ITNUI", "LOCATION"), "HQ WORKS");
+  EXPECT_EQ(road.Values("ITNUI", "LOCATION", {{"EQU", "002-0-12-00"}}), "WORKS");
+  EXPECT_EQ(road.Do("ITNUI:LOCATION=HQ,DIR=150,EQU=002-0-12-00,CAT=1;"),
+            "LOCATION=HQ: this value is not possible here [WORKS]");
+  EXPECT_EQ(road.Do("ITNUI:LOCATION=WORKS,DIR=150,EQU=002-0-12-00,CAT=1;"), "done");
+}
+
+TEST_F(ITNUIRoad, AnEditMovesTheNumberAndThePosition) {
+  Add(2, 150, "002-0-12-00");
+  EXPECT_EQ(road.Do("edit ITNUI DIR=150:DIR=160,EQU=002-0-12-04,CUST=2;"), "done");
+  EXPECT_EQ(road.Rows(terminals), "151|002-0-12-00|-|1 160|002-0-12-04|-|1");
+  EXPECT_EQ(road.Rows("SELECT CUST FROM ITNUI WHERE DIR = '160'"), "2");
+  // The position counts as free although the other terminal still stands on it.
+  EXPECT_EQ(IsUsed("150", "002-0-12-00"), "False|False");
+  EXPECT_EQ(IsUsed("160", "002-0-12-04"), "True|True");
+  EXPECT_EQ(road.Rows("SELECT DIR FROM UsedExtOpeGrp ORDER BY DIR"), "100 101 151 160");
+}
+
+TEST_F(ITNUIRoad, ADeletedTerminalFreesItsNumberAndThePositionOfAll) {
+  Add(2, 150, "001-0-11-00");
+  EXPECT_EQ(road.Do("delete ITNUI DIR=150;"), "done");
+  EXPECT_EQ(road.Rows(terminals), "151|001-0-11-00|-|1");
+  EXPECT_EQ(IsUsed("150", "001-0-11-00"), "False|False");
+  EXPECT_EQ(road.Do("delete ITNUI DIR=150;"), "there is no record of ITNUI with DIR=150");
+}
+
+TEST_F(ITNUIRoad, WithTheTelephoneItsTerminalsGoAndTheirNumbersStayInUse) {
+  Add(2, 150, "001-0-11-00");
+  Add(1, 160, "002-0-12-00");
+  EXPECT_EQ(road.Do("delete KSEXI DIR=100;"), "done");
+  EXPECT_EQ(road.Rows(terminals), "160|002-0-12-00|-|1");
+  EXPECT_EQ(IsUsed("150", "001-0-11-00"), "True|False");
+}
+
+// --- ITNUITEMPLATE.
+
+TEST_F(ITNUIRoad, ATemplateOccupiesNothingAndTerminalsAreMadeFromIt) {
+  const std::string used =
+      "SELECT (SELECT COUNT(*) FROM NANSI WHERE USED), (SELECT COUNT(*) FROM Equipment WHERE USED)";
+  const std::string before = road.Rows(used);
+  for (const char* line : {"ITNUITEMPLATE:TEMPLATENAME=Fax,CAT=1,ADC_D7=1,CUST=1;",
+                           "ITNUITEMPLATE:TEMPLATENAME=Data,ACCTYP=1,CAT=1;", "ITNUITEMPLATE:TEMPLATENAME=Idle;",
+                           "edit ITNUITEMPLATE TEMPLATENAME=Fax:CUST=2;", "delete ITNUITEMPLATE TEMPLATENAME=Idle;"})
+    EXPECT_EQ(road.Do(line), "done") << line;
+  EXPECT_EQ(road.Rows(used), before);
+  EXPECT_EQ(road.Do("edit ITNUITEMPLATE TEMPLATENAME=Data:ACCTYP=2;"),
+            "ACCTYP=2: the ACCTYP of a record cannot be changed; add another record");
+
+  EXPECT_EQ(road.Do("ITNUI from Fax:DIR=150,EQU=001-0-11-00;"), "done");
+  EXPECT_EQ(road.Do("ITNUI from Data:DIR=151,EQU=001-0-11-00;"),
+            "ACCTYP cannot be used at this equipment position. Leave ACCTYP empty, or choose another position.");
+  EXPECT_EQ(road.Do("ITNUI from Data:DIR=151,EQU=001-0-11-00,ACCTYP=;"), "done");
+  EXPECT_EQ(road.Do("ITNUI from Data:DIR=152,EQU=002-0-12-00;"), "done");
+  EXPECT_EQ(road.Rows(terminals), "150|001-0-11-00|-|1 151|001-0-11-00|-|1 152|002-0-12-00|1|1");
+  EXPECT_EQ(road.Rows("SELECT ADC, CUST FROM ITNUI WHERE DIR = '150'"), "00000010|2");
 }
 
 }  // namespace

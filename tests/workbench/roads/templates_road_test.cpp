@@ -2,7 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <sstream>
+
 #include "support/Road.h"
+#include "workbench/data/Resources.h"
+#include "workbench/plans/Plan.h"
+#include "workbench/support/RoadTest.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -12,6 +18,11 @@ using testing::IsEmpty;
 
 const char* const categories[] = {"EXCCS:CAT=1,TRAF=11,SERV_D6=1,CDIV_D1=1,ROC_D2=1;",
                                   "EXCCS:CAT=2,TRAF=22,SERV_D6=2,CDIV_D1=1,ROC_D2=1;"};
+
+void Apply(Road& road, const std::string& name) {
+  std::istringstream plan{std::string(Resource("plans/" + name))};
+  EXPECT_TRUE(ApplyPlan(road.session(), {{name, plan}}, {}).kept) << name;
+}
 
 // --- KSEXITEMPLATE.
 
@@ -66,6 +77,26 @@ TEST(KSEXITEMPLATEOfR6, ATemplateKeepsTheExchangeFromNothing) {
   EXPECT_THAT(templates.lines, IsEmpty());
   ASSERT_EQ(templates.problems.size(), 1u);
   EXPECT_EQ(templates.problems[0].first, "KSEXITEMPLATE");
+}
+
+// --- The example exchange.
+
+// What the example's templates add to the lines of the exchange, and their own lines after a blank one. R6 has none of
+// these.
+TEST(TemplatesOfTheExample, GiveTheirLines) {
+  for (const char* release : {"R6", "R8"}) {
+    Road road(release);
+    for (const char* plan : {"example.plan", "extensions.plan", "terminals.plan"}) Apply(road, plan);
+    const std::vector<std::string> before = road.Lines();
+    Apply(road, "templates.plan");
+    std::string lines;
+    for (const std::string& line : road.Lines()) {
+      if (std::ranges::find(before, line) == before.end()) lines += line + "\n";
+    }
+    lines += "\n";
+    for (const GeneratedLine& line : Generate(road.session(), "site").lines) lines += line.text + "\n";
+    EXPECT_EQ(lines, Golden(std::string("templates-") + release + ".txt")) << release;
+  }
 }
 
 }  // namespace

@@ -1,0 +1,56 @@
+#include "shared/Members.h"
+
+#include "script/Conversions.h"
+
+namespace cordboard {
+
+bool InsertMembers(const Action& action, const Reporter& fail, const List& numbers, const MemberRules& rules) {
+  for (const Value& DIR : numbers) {
+    List row(std::vector<Value>{});
+    for (const Value& column : action.ParamList) {
+      const std::string name = ToText(column);
+      if (name == "CMDID") {
+        row.Append(scBuildCmdID());
+      } else if (name == "NUMTYP") {
+        row.Append(rules.NUMTYP(fail, DIR));
+      } else if (name == "DIR") {
+        row.Append(DIR);
+      } else {
+        row.Append(scGetParamValue(name));
+        if (name == "GRP" && !rules.GRP(row[row.size() - 1])) return false;
+      }
+    }
+    if (!scSQLInsert(action.CmdName, action.ParamList, row)) return fail(InsertFailed, action.CmdName);
+  }
+  return true;
+}
+
+Value ExtensionType(const Reporter&, const Value&) { return "EX"; }
+
+Value OperatorOrExtensionType(const Reporter& fail, const Value& DIR) {
+  RowSet rows;
+  if (!scRunQuery(Sql("SELECT DIR, NUMTYP FROM OPERI", NL, "WHERE DIR = '", DIR, "'"), rows)) {
+    fail(StatementFailed);
+    return Value();
+  }
+  return rows.IsEmpty() ? "EX" : rows[1][0];
+}
+
+bool FindGroup(const Reporter& fail, const std::string& heads, const Value& GRP, bool& found) {
+  RowSet rows;
+  if (!scRunQuery(Sql(" SELECT GRP FROM ", heads, NL, " WHERE GRP = '", GRP, "'"), rows)) return fail(StatementFailed);
+  found = !rows.IsEmpty();
+  return true;
+}
+
+bool InsertGroup(const Reporter& fail, const std::string& heads, const List& columns, const List& values) {
+  return scSQLInsert(heads, columns, values) || fail(InsertFailed, heads);
+}
+
+bool FindOrInsertGroup(const Reporter& fail, const std::string& heads, const Value& GRP) {
+  bool found = false;
+  if (!FindGroup(fail, heads, GRP, found)) return false;
+  return found || InsertGroup(fail, heads, {"CMDID", "GRP"}, {scBuildCmdID(), GRP});
+}
+
+}  // namespace cordboard
