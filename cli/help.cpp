@@ -34,11 +34,12 @@ std::string DigitsOf(const FormDefinition& form, const std::string& name) {
   if (folding == nullptr) return "";
   if (!folding->separator.empty()) return "a part of " + Quoted(folding->parameter);
   for (const DigitPlace& place : folding->places) {
-    if (std::ranges::find(place.parameters, name) == place.parameters.end()) continue;
+    if (!place.Has(name)) continue;
     const std::string first = std::to_string(place.first);
     std::string text = place.width == 1 ? "digit " + first
                                         : "digits " + first + " to " + std::to_string(place.first + place.width - 1);
     text += " of " + Quoted(folding->parameter);
+    if (name == place.digit) return text + ", or by its parts";
     const char* joint = ", added to ";
     for (const std::string& other : place.parameters) {
       if (other == name) continue;

@@ -71,7 +71,7 @@ class Faults : public testing::TestWithParam<std::string> {
       metSilences_.insert(&silence);
       return true;
     }
-    // What is not served is answered at once, but that a template tells its host so first.
+    // What is not served is answered at once; a template command says first that it is one.
     return course.calls.size() == course.Count("SetTemplate");
   }
 

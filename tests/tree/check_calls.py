@@ -14,6 +14,7 @@ from check_tree import ARROWS, COMMAND_THAT_INCLUDES_ANOTHER, WORKBENCH
 
 
 ROOT = Path(__file__).resolve().parents[2]
+COMMANDS = re.findall(r"^(?:COMMAND|PLANNED)\(\w+, (\w+)\)$", (ROOT / "entry/Commands.def").read_text(), re.MULTILINE)
 
 
 def room(path):
@@ -22,6 +23,12 @@ def room(path):
 
 def inner_room(path):
     return path.split("/")[1] if room(path) == "workbench" else None
+
+
+def command_of(path):
+    """The command that a file under commands/ belongs to: its name, or what its name begins with before "_"."""
+    stem = Path(path).stem.upper()
+    return max((name for name in COMMANDS if stem == name or stem.startswith(name + "_")), key=len, default=stem)
 
 
 def may_call(caller, callee):
@@ -34,11 +41,11 @@ def may_call(caller, callee):
     if room(caller) == "workbench" and room(callee) == "workbench":
         return WORKBENCH.index(inner_room(callee)) <= WORKBENCH.index(inner_room(caller))
     if room(caller) == "commands" and room(callee) == "commands":
-        command, other = Path(caller).stem, Path(callee).stem
+        command, other = command_of(caller), command_of(callee)
         # A template command may use the private parts of the command that it is a template of.
-        original = command[:-len("TEMPLATE")] if command.upper().endswith("TEMPLATE") else command
-        return other.startswith((command + "_", original + "_")) or \
-            COMMAND_THAT_INCLUDES_ANOTHER.get(command) == callee.replace(".cpp", ".h")
+        own = other in (command, command.removesuffix("TEMPLATE"))
+        return own and Path(callee).stem.startswith(other + "_") or \
+            COMMAND_THAT_INCLUDES_ANOTHER.get(Path(caller).stem) == callee.replace(".cpp", ".h")
     return True
 
 

@@ -43,6 +43,19 @@ class CheckCalls(unittest.TestCase):
             for other in ("ITNUI", "KSEXI_Edit"):
                 self.assertEqual(len(found(caller, (f"commands/keyextensions/{other}.cpp", "Called", ""))), 1)
 
+    def test_private_parts_use_each_other_but_neither_their_command_nor_the_parts_of_another(self):
+        caller = ("commands/groups/CBGMI_Edit.cpp", "", "Called")
+        self.assertEqual(found(caller, ("commands/groups/CBGMI_Lists.cpp", "Called", "")), [])
+        for other in ("CBGMI", "CHGMI_Lists"):
+            self.assertEqual(len(found(caller, (f"commands/groups/{other}.cpp", "Called", ""))), 1)
+
+    def test_a_command_with_a_name_of_two_words_is_no_private_part(self):
+        for caller, callee in (("CS_CHGRI", "CS_GDNDI"), ("CS_CHGRI", "CS_GDNDI_Lists"), ("ROCAI", "ROCAI_IMPORT"),
+                               ("ROCAI", "ROCAI_IMPORT_Edit"), ("ROCAI_Edit", "ROCAI_IMPORT")):
+            with self.subTest(caller=caller, callee=callee):
+                self.assertEqual(len(found((f"commands/groups/{caller}.cpp", "", "Called"),
+                                           (f"commands/groups/{callee}.cpp", "Called", ""))), 1)
+
     def test_a_name_may_hold_blanks(self):
         self.assertEqual(split("cordboard::Left(std::basic_string_view<char>, long) T 0 1f"),
                          ("cordboard::Left(std::basic_string_view<char>, long)", "T"))

@@ -33,9 +33,21 @@ std::string IsOfTheRelease(const Filling& filling, const Assignment& assignment)
 
 // Where records stand in two tables, those of one have parameters that those of the other do not.
 std::string IsOfTheTable(const Filling& filling, const Assignment& assignment) {
-  const auto& elsewhere = filling.definition().elsewhere;
-  if (assignment.value.empty() || std::ranges::find(elsewhere, assignment.name) == elsewhere.end()) return "";
+  if (assignment.value.empty() || !filling.definition().IsElsewhere(assignment.name)) return "";
   return "a record of the table " + filling.definition().table + " does not have this parameter; leave it out";
+}
+
+std::string IsOfTheDefinition(const Filling& filling, const Assignment& assignment) {
+  if (assignment.value.empty() || filling.form().IsInDefinition(assignment.name)) return "";
+  return filling.definition().FoldingWith(assignment.name)->parameter +
+         " does not have this digit here: its digits follow from the values before it; leave it out";
+}
+
+// A digit is given as a whole or by its parts.
+std::string IsNotGivenByParts(const Filling& filling, const Assignment& assignment) {
+  const DigitPlace* place = filling.form().PlaceOf(assignment.name);
+  if (place == nullptr || place->digit == assignment.name || !filling.IsGiven(place->digit)) return "";
+  return "this is a part of " + place->digit + ", which is given as well; give one of the two";
 }
 
 std::string HasPlainCharacters(const Filling&, const Assignment& assignment) {
@@ -45,7 +57,8 @@ std::string HasPlainCharacters(const Filling&, const Assignment& assignment) {
   return control ? "a value must not hold control characters" : "";
 }
 
-constexpr ValueRule rulesOfValue[] = {IsOfTheForm, IsOfTheRelease, IsOfTheTable, HasPlainCharacters};
+constexpr ValueRule rulesOfValue[] = {IsOfTheForm,       IsOfTheRelease,    IsOfTheTable,
+                                      IsOfTheDefinition, IsNotGivenByParts, HasPlainCharacters};
 
 // --- An edit, before its values are set.
 
@@ -97,8 +110,23 @@ void InStepAreAsMany(Filling& filling) {
                     .message = one + " and " + other + " go in pairs, and there are " + std::to_string(number(one)) +
                                " and " + std::to_string(number(other)) + " of them; give as many of each"});
   };
+  const auto isElsewhere = [&](const std::string& name) { return filling.definition().IsElsewhere(name); };
   for (const std::vector<std::string>& together : filling.definition().inStep) {
+    if (std::ranges::any_of(together, isElsewhere)) continue;
     for (const std::string& other : together) compare(together.front(), other);
+  }
+}
+
+// Parts that add up to a digit give one that its list has.
+void SumsArePossible(Filling& filling) {
+  for (const Assignment& assignment : filling.given()) {
+    const DigitPlace* place = filling.form().PlaceOf(assignment.name);
+    if (place == nullptr || place->digit.empty() || place->digit == assignment.name) continue;
+    const std::string digit = Joined(filling.form().Get(place->digit));
+    const ValueList* list = digit.empty() ? nullptr : filling.ListOf(place->digit);
+    if (list == nullptr || list->Contains(digit)) continue;
+    filling.Refuse(assignment, "its parts make " + place->digit + " " + digit + ", which is not possible here");
+    return;
   }
 }
 
@@ -126,10 +154,8 @@ std::string IsKeptByChecks(const Filling& filling, const Assignment& assignment)
 std::string IsInItsWhole(const Filling& filling, const Assignment& assignment) {
   const Folding* folding = filling.definition().FoldingWith(assignment.name);
   if (assignment.value.empty() || folding == nullptr) return "";
-  const auto hasIt = [&](const DigitPlace& place) {
-    return std::ranges::find(place.parameters, assignment.name) != place.parameters.end();
-  };
-  if (std::ranges::any_of(filling.form().FoldingInForce(folding->parameter)->places, hasIt)) return "";
+  const Folding* inForce = filling.form().FoldingInForce(folding->parameter);
+  if (inForce == nullptr || inForce->Has(assignment.name)) return "";
   return "this parameter does not go together with the other digits of " + folding->parameter +
          "; clear or leave out the one or the others";
 }
@@ -145,7 +171,8 @@ void GivenValuesStand(Filling& filling) {
   }
 }
 
-constexpr FormRule rulesOfWholeForm[] = {MandatoryIsGiven, OneSetIsGiven, InStepAreAsMany, GivenValuesStand};
+constexpr FormRule rulesOfWholeForm[] = {MandatoryIsGiven, OneSetIsGiven, InStepAreAsMany, SumsArePossible,
+                                         GivenValuesStand};
 
 }  // namespace
 
@@ -154,6 +181,7 @@ constexpr FormRule rulesOfWholeForm[] = {MandatoryIsGiven, OneSetIsGiven, InStep
 void SharedDigitsAreGivenTogether(Filling& filling) {
   const auto given = [&filling](const std::string& name) { return filling.IsGiven(name); };
   for (const Folding& folding : filling.definition().foldings) {
+    if (!filling.form().IsActive(folding)) continue;
     for (const DigitPlace& place : folding.places) {
       const std::string digits = Middle(Joined(filling.form().Get(folding.parameter)), place.first, place.width);
       if (digits.find_first_not_of(folding.fill) == digits.npos || std::ranges::none_of(place.parameters, given))

@@ -26,7 +26,8 @@ std::vector<Assignment> ValuesOf(Exchange& exchange, const FormDefinition& ofTem
 void Put(Filling& filling, const std::string& name, const Assignment& value) {
   const FormDefinition& definition = filling.definition();
   const ParameterDefinition* parameter = definition.Find(value.name);
-  if (parameter == nullptr || !parameter->IsIn(filling.session().exchange().release())) {
+  if (parameter == nullptr || !parameter->IsIn(filling.session().exchange().release()) ||
+      definition.IsElsewhere(value.name)) {
     filling.Warn({.parameter = value.name,
                   .value = value.value,
                   .message = "the template " + name + " has this value, and " + definition.command +

@@ -20,6 +20,7 @@ struct Exception {
   char fill = '0';
   std::string separator = {};
   std::vector<Names> alternatives = {};
+  bool byDefinition = false;  // whether each alternative holds in a definition
 };
 
 char ReadFill(Fields& fields) {
@@ -38,7 +39,8 @@ std::map<std::string, Exception> ReadExceptions(const std::optional<DataItem>& i
           .length = fields.Has("length") ? std::optional(fields.Get<int>("length")) : std::nullopt,
           .fill = ReadFill(fields),
           .separator = fields.Get<std::string>("separator", ""),
-          .alternatives = fields.Get("alternatives", std::vector<Names>())};
+          .alternatives = fields.Get(fields.Has("definitions") ? "definitions" : "alternatives", std::vector<Names>()),
+          .byDefinition = fields.Has("definitions")};
       for (const DataItem& whole : fields.At("wholes").List()) {
         if (!Holds(wholes, whole.Text())) whole.Fail("no parameter is a digit of " + whole.Text());
         if (!exceptions.emplace(whole.Text(), exception).second) whole.Fail(whole.Text() + " stands there twice");
@@ -59,7 +61,13 @@ std::vector<DigitPlace> PlacesOf(const Names& parameters, const DataItem& file) 
       file.Fail(place.parameters.front() + " and " + name + " overlap: say in \"folding\" what are alternatives");
   }
   std::vector<DigitPlace> ordered;
-  for (const auto& [first, place] : places) {
+  for (auto& [first, place] : places) {
+    const auto isDigit = [](const std::string& name) { return name.find("_SUB") == name.npos; };
+    const auto digit = std::ranges::find_if(place.parameters, isDigit);
+    if (place.parameters.size() > 1 && digit != place.parameters.end()) {
+      place.digit = *digit;
+      place.parameters.erase(digit);
+    }
     if (!ordered.empty() && ordered.back().first + ordered.back().width > first)
       file.Fail(ordered.back().parameters.front() + " and " + place.parameters.front() +
                 " overlap: say in \"folding\" what are alternatives");
@@ -126,12 +134,14 @@ std::vector<Folding> FoldingsOf(const FormDefinition& form, const DataItem& file
   for (const std::string& whole : wholes) {
     const Exception& exception = excepted[whole];
     if (exception.alternatives.empty()) foldings.push_back(Folded(whole, parameters[whole], exception, file));
+    int definition = 0;
     for (const Names& chosen : exception.alternatives) {
       const auto stranger =
           std::ranges::find_if_not(chosen, [&](const std::string& name) { return Holds(parameters[whole], name); });
       if (stranger != chosen.end()) file.Fail(*stranger + " is no digit of " + whole);
       foldings.push_back(
           Folded(whole, Alternative(parameters[whole], exception.alternatives, chosen), exception, file));
+      if (exception.byDefinition) foldings.back().definition = ++definition;
     }
   }
   return foldings;

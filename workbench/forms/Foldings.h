@@ -2,9 +2,12 @@
 // of SERV, and parameters of the same digits add up. What a name cannot tell stands in the form:
 //   "folding": [{"wholes": ["DIRK"], "separator": "-"},
 //               {"wholes": ["QUE"], "alternatives": [["QUE_D2D3", "QUE_D4D5"], ["QUE_D2D3D4", "QUE_D5D6D7"]]},
+//               {"wholes": ["ICAT"], "definitions": [["ICAT_D1", "ICAT_D2"], ["ICAT_D1_SUB1", "ICAT_D1_SUB2"]]},
 //               {"wholes": ["SERV"], "length": 12, "fill": "1"}]
 // A whole has as many digits as its parameters tell, unless it has a length, and its fill is "0". Parameters of
-// alternatives never have values together; those that stand in none belong to each.
+// alternatives never have values together; definitions are alternatives of which the first holds in definition 1 of the
+// whole, the second in definition 2. Parameters that stand in none belong to each. Beside parameters that add up,
+// ICAT_D3_SUB1 and ICAT_D3_SUB2, the name without a SUB is the whole digit.
 #pragma once
 
 #include <optional>

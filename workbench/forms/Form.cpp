@@ -21,42 +21,75 @@ Value Found(const std::map<std::string, Value>& values, const std::string& name)
   return found == values.end() ? Value() : found->second;
 }
 
+// The last digits of a sum. One digit holds up to 15, as a letter from 10 on.
+std::string SumText(long long sum, int width) {
+  if (width == 1 && sum >= 10 && sum <= 15) return std::string(1, static_cast<char>('A' + (sum - 10)));
+  return std::to_string(sum);
+}
+
 }  // namespace
+
+bool Form::IsActive(const Folding& folding) const {
+  return folding.definition == 0 || folding.definition == ActiveDefinition(folding.parameter);
+}
 
 // Of several foldings of a whole the one most of whose parameters are given; the first, while none is.
 const Folding* Form::FoldingInForce(const std::string& whole) const {
   const Folding* inForce = nullptr;
   long most = -1;
   for (const Folding& folding : definition_.foldings) {
-    if (folding.parameter != whole) continue;
+    if (folding.parameter != whole || !IsActive(folding)) continue;
+    const auto isGiven = [&](const std::string& name) { return !Found(values_, name).IsBlank(); };
     long given = 0;
     for (const DigitPlace& place : folding.places)
-      given +=
-          std::ranges::count_if(place.parameters, [&](const auto& name) { return !Found(values_, name).IsBlank(); });
+      given += std::ranges::count_if(place.parameters, isGiven) + (isGiven(place.digit) ? 1 : 0);
     if (given > most) inForce = &folding;
     most = std::max(most, given);
   }
   return inForce;
 }
 
+// The first of the foldings that hold with the sub-digit parameter in it.
+const Folding* Form::FoldingFor(const std::string& subDigit) const {
+  const auto has = [&](const Folding& folding) { return IsActive(folding) && folding.Has(subDigit); };
+  const auto found = std::ranges::find_if(definition_.foldings, has);
+  return found == definition_.foldings.end() ? nullptr : &*found;
+}
+
+const DigitPlace* Form::PlaceOf(const std::string& name) const {
+  const Folding* folding = FoldingFor(name);
+  if (folding == nullptr) return nullptr;
+  return &*std::ranges::find_if(folding->places, [&](const DigitPlace& place) { return place.Has(name); });
+}
+
+// What is given for a place: as many digits as it has, or nothing.
+std::string Form::Digits(const DigitPlace& place) const {
+  const auto width = static_cast<std::size_t>(place.width);
+  std::string text = Joined(Found(values_, place.digit));
+  if (text.empty()) {
+    long long sum = 0;
+    bool given = false;
+    for (const std::string& parameter : place.parameters) {
+      const Value part = Found(values_, parameter);
+      if (part.IsBlank()) continue;
+      given = true;
+      sum += static_cast<long long>(std::clamp(NumericValue(part), 0.0, greatestPart));
+    }
+    if (!given) return "";
+    text = SumText(sum, place.width);
+  }
+  if (text.size() < width) text.insert(0, width - text.size(), '0');
+  return text.substr(text.size() - width);
+}
+
 std::string Form::Folded(const Folding& folding) const {
   const Value whole = Found(values_, folding.parameter);
   std::string digits = whole.IsText() ? whole.text() : "";
   for (const DigitPlace& place : folding.places) {
-    long long sum = 0;
-    bool here = false;
-    for (const std::string& parameter : place.parameters) {
-      const Value part = Found(values_, parameter);
-      if (part.IsBlank()) continue;
-      here = true;
-      sum += static_cast<long long>(std::clamp(NumericValue(part), 0.0, greatestPart));
-    }
-    if (!here) continue;
+    const std::string text = Digits(place);
+    if (text.empty()) continue;
     digits.resize(std::max<std::size_t>(digits.size(), static_cast<std::size_t>(folding.length)), folding.fill);
-    std::string text = std::to_string(sum);
-    const auto width = static_cast<std::size_t>(place.width);
-    if (text.size() < width) text.insert(0, width - text.size(), '0');
-    digits.replace(static_cast<std::size_t>(place.first - 1), width, text, text.size() - width, width);
+    digits.replace(static_cast<std::size_t>(place.first - 1), text.size(), text);
   }
   return digits;
 }
@@ -77,9 +110,16 @@ Value Form::Get(const std::string& name) const {
     const std::string digits = folding->separator.empty() ? Folded(*folding) : Composed(*folding);
     if (!digits.empty()) return digits;
   }
-  const Value value = Found(values_, name);
+  Value value = Found(values_, name);
+  if (const DigitPlace* place = PlaceOf(name); value.IsEmpty() && place != nullptr && place->digit == name) {
+    const std::string digits = Digits(*place);
+    if (!digits.empty()) return digits;
+  }
   const ParameterDefinition* parameter = definition_.Find(name);
-  return value.IsEmpty() && parameter != nullptr && parameter->text ? Value("") : value;
+  if (!value.IsEmpty()) return value;
+  if (parameter != nullptr) return parameter->text ? Value("") : value;
+  const auto assumed = std::ranges::find(definition_.assumed, name, &Assignment::name);
+  return assumed == definition_.assumed.end() ? value : Value(assumed->value);
 }
 
 Value Form::Previous(const std::string& name) const { return Found(previous_, name); }
@@ -87,26 +127,30 @@ Value Form::Previous(const std::string& name) const { return Found(previous_, na
 // Of several foldings of a whole the one that has as many digits as the text; the first, where none has.
 const Folding* Form::FoldingOfText(const std::string& whole, const Value& text) const {
   const auto fits = [&](const Folding& folding) {
-    return folding.parameter == whole && text.IsText() &&
+    return folding.parameter == whole && IsActive(folding) && text.IsText() &&
            Length(text.text()) == static_cast<std::size_t>(folding.length);
   };
-  const auto found = std::ranges::find_if(definition_.foldings, fits);
-  return found == definition_.foldings.end() ? definition_.FoldingOf(whole) : &*found;
+  const auto isOne = [&](const Folding& folding) { return folding.parameter == whole && IsActive(folding); };
+  auto found = std::ranges::find_if(definition_.foldings, fits);
+  if (found == definition_.foldings.end()) found = std::ranges::find_if(definition_.foldings, isOne);
+  return found == definition_.foldings.end() ? nullptr : &*found;
 }
 
 void Form::Set(const std::string& name, const Value& value) {
   previous_[name] = Get(name);
   values_[name] = value;
   ClearParts(name);
+  ClearBeside(name);
   const Folding* folding = FoldingOfText(name, value);
   if (folding == nullptr) return;
   if (value.IsText() && !folding->separator.empty()) return SetParts(*folding, value.text());
   for (const DigitPlace& place : folding->places) {
     // Parameters that add up to one place cannot be told apart in the whole.
-    if (!value.IsText() || place.parameters.size() != 1) continue;
+    if (!value.IsText() || (place.digit.empty() && place.parameters.size() != 1)) continue;
     const std::string digits = Middle(value.text(), place.first, place.width);
     // The beginning of a place would be read as its end.
-    if (Length(digits) == static_cast<std::size_t>(place.width)) values_[place.parameters.front()] = digits;
+    if (Length(digits) == static_cast<std::size_t>(place.width))
+      values_[place.digit.empty() ? place.parameters.front() : place.digit] = digits;
   }
 }
 
@@ -124,7 +168,19 @@ void Form::Reset(const std::string& name) {
   previous_[name] = Get(name);
   values_.erase(name);
   ClearParts(name);
-  if (const Folding* folding = definition_.FoldingWith(name)) ClearDigits(*folding, name);
+  ClearBeside(name);
+  if (const Folding* folding = FoldingFor(name)) ClearDigits(*folding, name);
+}
+
+// A digit and its parts do not stand side by side.
+void Form::ClearBeside(const std::string& name) {
+  const DigitPlace* place = PlaceOf(name);
+  if (place == nullptr || place->digit.empty()) return;
+  if (name != place->digit) {
+    values_.erase(place->digit);
+  } else {
+    for (const std::string& part : place->parameters) values_.erase(part);
+  }
 }
 
 // Nothing for a parameter that is no whole.
@@ -132,6 +188,7 @@ void Form::ClearParts(const std::string& whole) {
   for (const Folding& folding : definition_.foldings) {
     if (folding.parameter != whole) continue;
     for (const DigitPlace& place : folding.places) {
+      values_.erase(place.digit);
       for (const std::string& parameter : place.parameters) values_.erase(parameter);
     }
   }
@@ -142,7 +199,7 @@ void Form::ClearDigits(const Folding& folding, const std::string& subDigit) {
   if (whole == values_.end() || !whole->second.IsText()) return;
   std::string digits = whole->second.text();
   for (const DigitPlace& place : folding.places) {
-    if (std::ranges::find(place.parameters, subDigit) == place.parameters.end()) continue;
+    if (!place.Has(subDigit)) continue;
     const auto first = static_cast<std::size_t>(place.first - 1);
     for (std::size_t i = first; i < std::min(first + static_cast<std::size_t>(place.width), digits.size()); ++i)
       digits[i] = folding.fill;
@@ -157,7 +214,7 @@ void Form::ClearDigits(const Folding& folding, const std::string& subDigit) {
 
 bool Form::IsMandatory(const std::string& name) const {
   const ParameterDefinition* parameter = definition_.Find(name);
-  return Flag(mandatory_, name, parameter != nullptr && parameter->mandatory);
+  return !definition_.IsElsewhere(name) && Flag(mandatory_, name, parameter != nullptr && parameter->mandatory);
 }
 
 bool Form::TakesRange(const std::string& name) const {
@@ -171,8 +228,20 @@ bool Form::TakesSeveral(const std::string& name) const {
 }
 
 int Form::ActiveDefinition(const std::string& name) const {
-  const auto found = definitions_.find(name);
-  return found == definitions_.end() ? 1 : found->second;
+  if (const auto found = definitions_.find(name); found != definitions_.end()) return found->second;
+  const Folding* folding = definition_.FoldingWith(name);
+  return folding == nullptr ? 1 : ActiveDefinition(folding->parameter);
+}
+
+void Form::SetActiveDefinition(const std::string& name, int definition) {
+  const bool isOther = definition != ActiveDefinition(name);
+  const Folding* folding = definition_.FoldingOf(name);
+  if (isOther && folding != nullptr && folding->definition != 0) Reset(name);
+  definitions_[name] = definition;
+}
+
+bool Form::IsInDefinition(const std::string& name) const {
+  return definition_.FoldingWith(name) == nullptr || FoldingFor(name) != nullptr;
 }
 
 }  // namespace cordboard::workbench

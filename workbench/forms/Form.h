@@ -35,15 +35,26 @@ class Form {
   void SetTakesRange(const std::string& name, bool takes) { range_[name] = takes; }
   void SetTakesSeveral(const std::string& name, bool takes) { several_[name] = takes; }
 
+  // A sub-digit parameter has the definition of its whole, unless it has one of its own. A whole whose digits are
+  // others in another definition is cleared by it.
   int ActiveDefinition(const std::string& name) const;
-  void SetActiveDefinition(const std::string& name, int definition) { definitions_[name] = definition; }
+  void SetActiveDefinition(const std::string& name, int definition);
+  // Whether the folding holds in the active definition of its whole.
+  bool IsActive(const Folding& folding) const;
+  // Whether the parameter is a digit of its whole in the active definition; yes for one that is no digit.
+  bool IsInDefinition(const std::string& name) const;
+  // The digits that a sub-digit parameter is, in the active definition; null for any other parameter.
+  const DigitPlace* PlaceOf(const std::string& name) const;
   // The folding that makes the whole of its digits; nothing for a parameter that is no whole.
   const Folding* FoldingInForce(const std::string& whole) const;
 
  private:
   const Folding* FoldingOfText(const std::string& whole, const Value& text) const;
+  const Folding* FoldingFor(const std::string& subDigit) const;
+  std::string Digits(const DigitPlace& place) const;
   std::string Folded(const Folding& folding) const;
   void ClearParts(const std::string& whole);
+  void ClearBeside(const std::string& name);
   void ClearDigits(const Folding& folding, const std::string& subDigit);
   std::string Composed(const Folding& folding) const;
   void SetParts(const Folding& folding, std::string whole);

@@ -27,6 +27,7 @@ constexpr ParameterFlag flags[] = {
     {"addOnly", &ParameterDefinition::addOnly, Source::Form, "when a record is added"},
     {"reuse", &ParameterDefinition::reuse, Source::Form, ""},
     {"text", &ParameterDefinition::text, Source::Form, ""},
+    {"firstToRules", &ParameterDefinition::firstToRules, Source::Form, ""},
 };
 
 const std::map<std::string, FormDefinition, std::less<>>& AllForms() {
@@ -49,6 +50,14 @@ bool ParameterDefinition::IsIn(std::string_view release) const {
   return releases.empty() || std::ranges::find(releases, release) != releases.end();
 }
 
+bool DigitPlace::Has(std::string_view name) const {
+  return name == digit || std::ranges::find(parameters, name) != parameters.end();
+}
+
+bool Folding::Has(std::string_view subDigit) const {
+  return std::ranges::any_of(places, [&](const DigitPlace& place) { return place.Has(subDigit); });
+}
+
 const DatabaseSchema& FormDefinition::Database() const { return ShippedSchema().Database(database); }
 
 std::string FormDefinition::Rows() const { return Database().RowsOf(table); }
@@ -62,6 +71,11 @@ std::size_t FormDefinition::Place(std::string_view name) const {
   return static_cast<std::size_t>(std::ranges::find(parameters, name, &ParameterDefinition::name) - parameters.begin());
 }
 
+bool FormDefinition::IsElsewhere(std::string_view name) const {
+  const Folding* folding = FoldingWith(name);
+  return std::ranges::find(elsewhere, folding == nullptr ? name : folding->parameter) != elsewhere.end();
+}
+
 const Folding* FormDefinition::FoldingOf(std::string_view parameter) const {
   const auto found = std::ranges::find(foldings, parameter, &Folding::parameter);
   return found == foldings.end() ? nullptr : &*found;
@@ -69,9 +83,7 @@ const Folding* FormDefinition::FoldingOf(std::string_view parameter) const {
 
 const Folding* FormDefinition::FoldingWith(std::string_view subDigit) const {
   for (const Folding& folding : foldings) {
-    for (const DigitPlace& place : folding.places) {
-      if (std::ranges::find(place.parameters, subDigit) != place.parameters.end()) return &folding;
-    }
+    if (folding.Has(subDigit)) return &folding;
   }
   return nullptr;
 }

@@ -40,8 +40,9 @@ struct ParameterDefinition {
   bool open = false;      // any other value is possible as well: the list is what there is already
   // Several values make a record each, so that an edit, which changes one record, takes one value.
   bool oneInEdit = false;
-  bool next = false;     // "next" and "next:20" stand for the first values of its list
-  bool addOnly = false;  // is given when a record is added; an edit cannot change it
+  bool firstToRules = false;  // a rule that reads it is given the first of several values
+  bool next = false;          // "next" and "next:20" stand for the first values of its list
+  bool addOnly = false;       // is given when a record is added; an edit cannot change it
 
   // Whether its value is taken apart at "&": elsewhere the sign is part of the value.
   bool TakesElements() const { return multiple || range; }
@@ -67,15 +68,20 @@ struct ParameterFlag {
 std::span<const ParameterFlag> ParameterFlags();
 
 // Some digits of a whole parameter, entered on the form as sub-digit parameters. Several that share the same digits add
-// up, each to as many digits as the place has.
+// up, each to as many digits as the place has; a sum of 10 to 15 in one digit is a letter from A. Where one parameter
+// is the place as a whole, the others are its parts: either it is given or they are.
 struct DigitPlace {
   int first = 1;  // position of the first digit, from 1
   int width = 1;
   std::vector<std::string> parameters;
+  std::string digit = {};  // the parameter that is the place as a whole, beside its parts
+
+  bool Has(std::string_view name) const;
 };
 
 // A whole parameter that the form folds from sub-digit parameters. Digits without a place, or not given, are the fill.
-// A whole may have several foldings, of which the one holds whose parameters are given.
+// A whole may have several foldings, of which the one holds whose parameters are given, or that is the one of the
+// whole's active definition.
 // With a separator the whole is no row of digits but its parts as they are typed, one parameter each, with the
 // separator between them ("200-A1").
 struct Folding {
@@ -84,6 +90,9 @@ struct Folding {
   char fill = '0';
   std::vector<DigitPlace> places = {};
   std::string separator = {};
+  int definition = 0;  // of the whole, in which alone the folding holds; 0: in any
+
+  bool Has(std::string_view subDigit) const;
 };
 
 // What the record handling does after an action, where the command's rules leave it to the host.
@@ -122,6 +131,7 @@ struct FormDefinition {
   std::shared_ptr<const FormDefinition> second = {};
   std::string secondWith = {};
   std::vector<std::string> elsewhere = {};  // parameters that only the records of the other table have
+  std::vector<Assignment> assumed = {};     // what rules read though the form does not show it
   bool ordered = false;  // values are set in the order of the parameters, whatever the order in which they are typed
   bool single = false;   // one record for the whole exchange: an add shows and changes the record that stands
   bool adds = false;
@@ -133,6 +143,7 @@ struct FormDefinition {
   std::string Rows() const;  // what stands in a FROM for the rows of its records
   const ParameterDefinition* Find(std::string_view name) const;
   std::size_t Place(std::string_view name) const;  // of a parameter in the order; after all for an unknown one
+  bool IsElsewhere(std::string_view name) const;   // whether it, or the whole that it is a digit of, is in `elsewhere`
   const Folding* FoldingOf(std::string_view parameter) const;   // of a whole parameter, the first
   const Folding* FoldingWith(std::string_view subDigit) const;  // that a sub-digit parameter belongs to
   // The form of each table, the first one's first; the form of the record that has these values.

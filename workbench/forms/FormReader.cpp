@@ -105,6 +105,8 @@ void ReadSecondTable(FormDefinition& form, const DataItem& item) {
   second->elsewhere = WithoutThoseOf(form.columns, second->columns);
   if (std::ranges::find(form.elsewhere, form.secondWith) == form.elsewhere.end())
     item.Fail("only the records of " + second->table + " may have " + form.secondWith);
+  second->handling.writeAfterEdit = WithoutThoseOf(form.handling.writeAfterEdit, second->elsewhere);
+  form.handling.writeAfterEdit = WithoutThoseOf(form.handling.writeAfterEdit, form.elsewhere);
   form.second = second;
 }
 
@@ -145,6 +147,9 @@ FormDefinition ReadForm(const std::string& command, std::string_view json, const
       form.templates = templates->Object([](Fields& of) {
         return TemplatesOf{.command = of.Get<std::string>("command"), .name = of.Get<std::string>("name")};
       });
+    }
+    if (const auto assumed = fields.Find("assumed")) {
+      for (const auto& [name, value] : assumed->Entries()) form.assumed.push_back({name, value.Text()});
     }
     ReadActions(form);
     if (const auto second = fields.Find("second")) ReadSecondTable(form, *second);

@@ -6,8 +6,9 @@
 // A parameter has the flags of ParameterFlags() that the form says, "releases", "pool" {"table", "column"} and
 // "narrowed" {"by", "without"}. A form has besides "ordered", "single", "inStep", "oneOf", "folding", "after"
 // {"removeRowAfterDelete", "writeAfterEdit"}, where records are made from templates "templates" {"command", "name"}:
-// the command of the templates and the parameter that names one, and, where records stand in two tables, "second"
-// {"table", "with"}: the other table, and the parameter that its records have.
+// the command of the templates and the parameter that names one, "assumed" {name: value}: what rules read though the
+// form does not show it, and, where records stand in two tables, "second" {"table", "with"}: the other table, and the
+// parameter that its records have.
 //
 // What is known elsewhere follows from there, and the form says only where it is otherwise:
 //   what the command serves   from the table of its module: actions, lists and checks

@@ -29,7 +29,12 @@ std::vector<std::string> WorkbenchHost::TakeDebugLines() { return std::exchange(
 
 // --- Parameters of the form.
 
-Value WorkbenchHost::scGetParamValue(const std::string& name) { return form().Get(name); }
+Value WorkbenchHost::scGetParamValue(const std::string& name) {
+  Value value = form().Get(name);
+  const ParameterDefinition* parameter = form().definition().Find(name);
+  if (!value.IsText() || parameter == nullptr || !parameter->firstToRules) return value;
+  return value.text().substr(0, value.text().find('&'));
+}
 
 bool WorkbenchHost::scSetParamValue(const std::string& name, const Value& value) {
   if (!Has(name)) return false;
@@ -66,7 +71,8 @@ Value WorkbenchHost::scIsValueEqual(const Value& value) {
 
 bool WorkbenchHost::scGetValueArray(const std::string& name, List& values) {
   const ParameterDefinition* parameter = form().definition().Find(name);
-  if (parameter == nullptr) return false;
+  // Some commands tell from this answer in which of their tables a record goes.
+  if (parameter == nullptr || form().definition().IsElsewhere(name)) return false;
   const Value typed = form().Get(name);
   // Without a value the list stays as it came, without bounds.
   if (typed.IsBlank()) return true;

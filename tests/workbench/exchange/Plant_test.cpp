@@ -16,7 +16,7 @@ const char* const small = R"({
   "name": "small",
   "locations": [{"location": "HQ", "description": "Head office"}, {"location": "WORKS"}],
   "lims": [{"lim": 1, "location": "HQ", "description": "Cellar"}, {"lim": 12, "location": "WORKS"}],
-  "boards": [{"lim": 1, "magazine": 0, "slot": 3, "type": "70"}, {"lim": 12, "magazine": 1, "slot": 10, "type": "27"}],
+  "boards": [{"lim": 1, "magazine": 0, "slot": 3, "type": "70"}, {"lim": 12, "magazine": 1, "slot": 10, "type": "48"}],
   "customers": [{"cust": "1", "description": "Ours"}, {"cust": "10"}],
   "trunkLines": [{"lim": 1, "tru": "001-0-20-00&&001-0-20-02"}, {"lim": 12, "tru": "012-0-20-00"}],
   "routes": ["1&&3", "10&12"],
@@ -61,7 +61,7 @@ TEST(Plant, FillsAnExchange) {
   EXPECT_EQ(Rows(*exchange, "SELECT LIM, Location, Description FROM LIMs"),
             R"([[1, 12], ["HQ", "WORKS"], ["Cellar", ""]])");
   EXPECT_EQ(Rows(*exchange, "SELECT LIM, Magazine, Slot, BoardID FROM Boards"),
-            R"([[1, 12], [0, 1], [3, 10], ["70", "27"]])");
+            R"([[1, 12], [0, 1], [3, 10], ["70", "48"]])");
   EXPECT_EQ(Rows(*exchange, "SELECT CUST, DESCRIPTION FROM CUSTOMERS"), R"([["1", "10"], ["Ours", ""]])");
   EXPECT_EQ(Rows(*exchange, "SELECT TRU, LIM, USED FROM TRKLINE WHERE LIM = 12"),
             R"([["012-0-20-00"], [12], [False]])");
@@ -134,7 +134,7 @@ TEST(Plant, AMistakeIsRefusedWithItsPlace) {
 }
 
 TEST(Plant, AnUnknownBoardTypeIsRefused) {
-  EXPECT_EQ(Refused(With("\"70\"", "\"71\"")), "office.json: boards[0].type: there is no board type '71'");
+  EXPECT_EQ(Refused(With("\"70\"", "\"99\"")), "office.json: boards[0].type: there is no board type '99'");
 }
 
 TEST(Plant, RangesThatCannotBeTakenApartAreRefused) {

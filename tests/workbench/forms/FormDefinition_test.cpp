@@ -64,9 +64,15 @@ TEST(FormDefinition, AFormTellsWhatTheModuleServes) {
 
 // What a module serves, and no form has.
 const std::set<std::pair<std::string, std::string>> onNoForm = {
-    {"KSANI", "CATTYP"},            // additional numbers keep no role of a category
+    {"KSANI", "CATTYP"},            // numbers keep no role of a category
+    {"EXTEI", "CATTYP"},            // nor do these
+    {"EXTEITEMPLATE", "CATTYP"},    // and their templates
     {"KSEXITEMPLATE", "LOCATION"},  // templates have no position
-    {"ITNUITEMPLATE", "LOCATION"},
+    {"ITNUITEMPLATE", "LOCATION"},  // as above
+    {"EXTEITEMPLATE", "EQU"},       // as above
+    {"EXTEITEMPLATE", "DIR"},       // and no number
+    {"EXTEITEMPLATE", "AUX"},       // as above
+    {"EXTEITEMPLATE", "DIR_AUX"},   // as above
 };
 
 TEST(FormDefinition, AFormHasEveryParameterThatItsModuleServes) {
@@ -133,7 +139,8 @@ TEST(FormDefinition, AFoldingGoesIntoAColumnFromParametersOfTheForm) {
     for (const Folding& folding : form.foldings) {
       SCOPED_TRACE(folding.parameter);
       std::set<std::string> parts;
-      EXPECT_NE(std::ranges::find(form.columns, folding.parameter), form.columns.end());
+      const bool stored = std::ranges::find(form.columns, folding.parameter) != form.columns.end();
+      EXPECT_NE(stored, form.IsElsewhere(folding.parameter));
       ASSERT_NE(form.FoldingOf(folding.parameter), nullptr);
       EXPECT_EQ(form.FoldingOf(folding.parameter)->parameter, folding.parameter);
       for (const DigitPlace& place : folding.places) {
@@ -143,6 +150,7 @@ TEST(FormDefinition, AFoldingGoesIntoAColumnFromParametersOfTheForm) {
           EXPECT_TRUE(parts.insert(name).second) << name;
           EXPECT_EQ(form.FoldingWith(name)->parameter, folding.parameter) << name;
         }
+        EXPECT_TRUE(place.digit.empty() || form.Find(place.digit) != nullptr) << place.digit;
       }
     }
   });

@@ -116,6 +116,19 @@ TEST(FormReader, ASecondTableHasAFormOfItsOwnWithTheSameParameters) {
   EXPECT_EQ(&form.OfRecordWith({{"AUTH", "1"}, {"DIR", "200"}}), form.second.get());
 }
 
+TEST(FormReader, WhatOnlyOneOfTwoTablesHasIsOfItsFormAlone) {
+  const FormDefinition form = Read("EXTEI", Names({"DIR", "AUX", "ICAT_D1", "CAT"}),
+                                   R"(, "table": "EXTEIDIR", "second": {"table": "EXTEIAUX", "with": "AUX"},
+                                      "after": {"writeAfterEdit": ["DIR", "CAT", "AUX"]})");
+  EXPECT_THAT(form.handling.writeAfterEdit, ElementsAre("DIR", "CAT"));
+  EXPECT_THAT(form.second->handling.writeAfterEdit, ElementsAre("CAT", "AUX"));
+  const auto elsewhere = [](const FormDefinition& table, const char* name) { return table.IsElsewhere(name); };
+  EXPECT_TRUE(elsewhere(form, "AUX"));
+  EXPECT_FALSE(elsewhere(form, "DIR") || elsewhere(form, "ICAT_D1") || elsewhere(form, "CAT"));
+  EXPECT_TRUE(elsewhere(*form.second, "DIR") && elsewhere(*form.second, "ICAT_D1")) << "a digit goes with its whole";
+  EXPECT_FALSE(elsewhere(*form.second, "AUX") || elsewhere(*form.second, "CAT") || elsewhere(*form.second, "NONE"));
+}
+
 TEST(FormReader, ASecondTableIsThereAndItsParameterIsItsOwn) {
   const auto refused = [](const std::string& second) {
     return Refused("AUCOI", Names({"AUTH"}), R"(, "table": "AUCOI_Central", "second": )" + second);
@@ -123,6 +136,13 @@ TEST(FormReader, ASecondTableIsThereAndItsParameterIsItsOwn) {
   EXPECT_THAT(refused(R"({"table": "AUCOI_Local", "with": "DIR"})"), HasSubstr("there is no table AUCOI_Local"));
   EXPECT_THAT(refused(R"({"table": "AUCOI_Regional", "with": "AUTH"})"),
               HasSubstr("only the records of AUCOI_Regional may have AUTH"));
+}
+
+TEST(FormReader, AFormMayAssumeAValueThatItDoesNotShow) {
+  const FormDefinition form = Read("NONE", Names({"NUM"}), R"(, "table": "NACDS", "assumed": {"DIR": "True"})");
+  ASSERT_EQ(form.assumed.size(), 1);
+  EXPECT_EQ(form.assumed[0].name, "DIR");
+  EXPECT_EQ(form.assumed[0].value, "True");
 }
 
 TEST(FormReader, AFormOfACommandThatIsNotBuiltServesNothing) {
@@ -139,8 +159,10 @@ std::string Written(const std::vector<Folding>& foldings) {
     text += folding.parameter + " " + std::to_string(folding.length) + folding.fill + folding.separator + ":";
     for (const DigitPlace& place : folding.places) {
       text += " " + std::to_string(place.first) + "+" + std::to_string(place.width);
+      if (!place.digit.empty()) text += "," + place.digit + "=";
       for (const std::string& name : place.parameters) text += "," + name;
     }
+    if (folding.definition != 0) text += " in " + std::to_string(folding.definition);
     text += "\n";
   }
   return text;
@@ -171,7 +193,8 @@ TEST(FormReader, FoldingsFollowFromTheNames) {
             "SERV 40: 1+1,SERV_D1 2+1,SERV_D2 3+2,SERV_D3D4_SUB1,SERV_D3D4_SUB2\nCDIV 90: 9+1,CDIV_D9\n");
   const FormDefinition form =
       Read("EXTEI", Names({"ICAT_D1", "ICAT_D1_SUB1", "ICAT_D1_SUB2"}), R"(, "table": "EXTEIDIR")");
-  EXPECT_EQ(Written(form.foldings), "ICAT 10: 1+1,ICAT_D1,ICAT_D1_SUB1,ICAT_D1_SUB2\n");
+  EXPECT_EQ(Written(form.foldings), "ICAT 10: 1+1,ICAT_D1=,ICAT_D1_SUB1,ICAT_D1_SUB2\n")
+      << "the digit as a whole, and its parts";
 }
 
 TEST(FormReader, AFormSaysOfAFoldingWhatNamesCannotTell) {
@@ -191,6 +214,15 @@ TEST(FormReader, ParametersThatOverlapAreAlternatives) {
             "forms/ACGRI.json: QUE_D2D3 and QUE_D2D3D4 overlap: say in \"folding\" what are alternatives");
   EXPECT_EQ(Refused("ACGRI", Names({"QUE_D2D3D4", "QUE_D4D5"})),
             "forms/ACGRI.json: QUE_D2D3D4 and QUE_D4D5 overlap: say in \"folding\" what are alternatives");
+}
+
+TEST(FormReader, AFoldingMayHoldInADefinition) {
+  const FormDefinition form = Read("EXTEI", Names({"ICAT_D1", "ICAT_D1_SUB1", "ICAT_D1_SUB2", "ICAT_D2", "ICAT_D4"}),
+                                   R"(, "table": "EXTEIDIR", "folding": [{"wholes": ["ICAT"], "length": 4,
+                                      "definitions": [["ICAT_D1", "ICAT_D2"], ["ICAT_D1_SUB1", "ICAT_D1_SUB2"]]}])");
+  EXPECT_EQ(
+      Written(form.foldings),
+      "ICAT 40: 1+1,ICAT_D1 2+1,ICAT_D2 4+1,ICAT_D4 in 1\nICAT 40: 1+1,ICAT_D1_SUB1,ICAT_D1_SUB2 4+1,ICAT_D4 in 2\n");
 }
 
 // --- Mistakes.

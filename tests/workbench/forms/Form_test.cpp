@@ -40,6 +40,13 @@ TEST_F(FormTest, AValueThatWasNotGivenIsEmpty) {
   EXPECT_EQ(Get("unknown"), "Empty");
 }
 
+TEST_F(FormTest, RulesReadWhatTheFormAssumes) {
+  FormDefinition assuming = definition_;
+  assuming.assumed = {{"DIR", "7"}, {"KIND", "main"}};
+  EXPECT_EQ(TraceText(Form(assuming).Get("KIND")), "\"main\"");
+  EXPECT_EQ(TraceText(Form(assuming).Get("DIR")), "Empty") << "the form shows it";
+}
+
 TEST_F(FormTest, AValueIsKeptAsItWasGiven) {
   form_.Set("DIR", "100");
   EXPECT_EQ(Get("DIR"), "\"100\"");
@@ -230,7 +237,105 @@ TEST_F(FormWithAlternatives, AWholeGoesToTheFoldingOfItsLength) {
   EXPECT_EQ(Get("QUE_D4D5"), "\"99\"");
 }
 
+// --- Digits that are given as a whole or by their parts, and that depend on the definition of their whole: digit 1 is
+// D1 in definition 1 and the sum of two in definition 2, digit 3 is D3 or its parts in definition 1.
+
+class FormWithDefinitions : public testing::Test {
+ protected:
+  static FormDefinition Definition() {
+    FormDefinition form;
+    for (const char* name : {"ICAT", "D1", "D1_SUB1", "D1_SUB2", "D3", "D3_SUB1", "D3_SUB2", "D3_SUB3"})
+      form.parameters.push_back({.name = name, .title = name});
+    form.foldings = {{.parameter = "ICAT",
+                      .length = 4,
+                      .places = {{1, 1, {"D1"}}, {3, 1, {"D3_SUB1", "D3_SUB2", "D3_SUB3"}, "D3"}},
+                      .definition = 1},
+                     {.parameter = "ICAT", .length = 4, .places = {{1, 1, {"D1_SUB1", "D1_SUB2"}}}, .definition = 2}};
+    return form;
+  }
+  std::string Get(const std::string& name) { return TraceText(form_.Get(name)); }
+
+  const FormDefinition definition_ = Definition();
+  Form form_{definition_};
+};
+
+TEST_F(FormWithDefinitions, ADigitIsTheSumOfItsParts) {
+  EXPECT_EQ(Get("D3"), "Empty");
+  form_.Set("D3_SUB1", "1");
+  form_.Set("D3_SUB2", "2");
+  EXPECT_EQ(Get("D3"), "\"3\"");
+  EXPECT_EQ(Get("ICAT"), "\"0030\"");
+}
+
+TEST_F(FormWithDefinitions, ASumFromTenIsALetter) {
+  form_.Set("D3_SUB3", "8");
+  for (const auto& [part, digit] :
+       {std::pair("1", "\"9\""), {"2", "\"A\""}, {"5", "\"D\""}, {"7", "\"F\""}, {"8", "\"6\""}}) {
+    form_.Set("D3_SUB1", part);
+    EXPECT_EQ(Get("D3"), digit);
+  }
+}
+
+TEST_F(FormWithDefinitions, ADigitTakesThePlaceOfItsPartsAndAPartThatOfTheDigit) {
+  form_.Set("D3_SUB1", "1");
+  form_.Set("D3_SUB3", "8");
+  form_.Set("D3", "C");
+  EXPECT_EQ(Get("D3_SUB3"), "Empty");
+  EXPECT_EQ(Get("ICAT"), "\"00C0\"");
+  form_.Set("D3_SUB1", "1");
+  EXPECT_EQ(Get("D3"), "\"1\"");
+  EXPECT_EQ(Get("ICAT"), "\"0010\"");
+}
+
+TEST_F(FormWithDefinitions, AWholeGivesItsDigitsAndNoParts) {
+  form_.Set("ICAT", "12C4");
+  EXPECT_EQ(Get("D1"), "\"1\"");
+  EXPECT_EQ(Get("D3"), "\"C\"");
+  EXPECT_EQ(Get("D3_SUB1"), "Empty");
+  form_.Reset("D3_SUB1");
+  EXPECT_EQ(Get("ICAT"), "\"1204\"") << "what is left of the digit cannot be told";
+  form_.Set("D3_SUB2", "2");
+  form_.Reset("D3");
+  EXPECT_EQ(Get("D3_SUB2"), "Empty");
+  form_.Reset("ICAT");
+  EXPECT_EQ(Get("D1"), "Empty");
+  EXPECT_EQ(Get("D3"), "Empty");
+}
+
+TEST_F(FormWithDefinitions, TheDigitsAreThoseOfTheActiveDefinition) {
+  EXPECT_TRUE(form_.IsInDefinition("D1"));
+  EXPECT_FALSE(form_.IsInDefinition("D1_SUB1"));
+  EXPECT_TRUE(form_.IsInDefinition("ICAT"));
+  form_.SetActiveDefinition("ICAT", 2);
+  EXPECT_EQ(form_.ActiveDefinition("D1_SUB1"), 2) << "a digit has the definition of its whole";
+  EXPECT_TRUE(form_.IsInDefinition("D1_SUB1"));
+  EXPECT_FALSE(form_.IsInDefinition("D3"));
+  form_.Set("D1", "9");
+  form_.Set("D3_SUB1", "9");
+  form_.Set("D1_SUB1", "1");
+  form_.Set("D1_SUB2", "2");
+  EXPECT_EQ(Get("ICAT"), "\"3000\"");
+}
+
+TEST_F(FormWithDefinitions, AnotherDefinitionClearsTheWhole) {
+  form_.Set("ICAT", "1234");
+  form_.SetActiveDefinition("ICAT", 1);
+  EXPECT_EQ(Get("ICAT"), "\"1234\"");
+  form_.SetActiveDefinition("ICAT", 2);
+  EXPECT_EQ(Get("ICAT"), "Empty");
+  EXPECT_EQ(Get("D1"), "Empty");
+  form_.SetActiveDefinition("ICAT", 3);
+  form_.Set("ICAT", "1234");
+  EXPECT_EQ(Get("ICAT"), "\"1234\"") << "as it was typed, where no digit is known";
+}
+
 // --- What the form asks of the user.
+
+TEST_F(FormTest, WhatOnlyTheOtherTableHasIsNotAskedFor) {
+  FormDefinition second = definition_;
+  second.elsewhere = {"NUM"};
+  EXPECT_FALSE(Form(second).IsMandatory("NUM"));
+}
 
 TEST_F(FormTest, AFormAsksWhatItsDefinitionSaysUntilACheckChangesIt) {
   EXPECT_TRUE(form_.IsMandatory("NUM"));

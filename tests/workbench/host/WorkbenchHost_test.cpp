@@ -150,6 +150,28 @@ TEST_F(WorkbenchHostTest, AValueIsComparedWithTheParameterThatIsChecked) {
   EXPECT_EQ(TraceText(host_.scIsValueEqual("CP")), "Null") << "a value that was not given equals and differs from none";
 }
 
+TEST_F(WorkbenchHostTest, ARuleMayBeGivenTheFirstOfSeveralValues) {
+  ParameterDefinition first = WithElements(Parameter("FIRST"));
+  first.firstToRules = true;
+  form_.parameters.push_back(first);
+  host_.form().Set("FIRST", "7&10&&12");
+  EXPECT_EQ(Get("FIRST"), "\"7\"");
+  EXPECT_EQ(Array("FIRST"), R"(["7", "10", "11", "12"])");
+  host_.form().Set("FIRST", "10&&12");
+  EXPECT_EQ(Get("FIRST"), "\"10\"");
+  host_.form().Set("FIRST", Value::Null());
+  EXPECT_EQ(Get("FIRST"), "Null");
+  host_.form().Set("MANY", "7&9");
+  EXPECT_EQ(Get("MANY"), "\"7&9\"");
+}
+
+TEST_F(WorkbenchHostTest, ValuesOfTheOtherTableAreNotDelivered) {
+  form_.elsewhere = {"MANY", "WHOLE"};
+  EXPECT_EQ(Array("MANY"), "False");
+  EXPECT_EQ(Array("D1"), "False");
+  EXPECT_EQ(Array("PLAIN"), "Empty");
+}
+
 TEST_F(WorkbenchHostTest, AnArrayHasOneElementForEachValue) {
   host_.form().Set("MANY", "098&&101&5");
   EXPECT_EQ(Array("MANY"), R"(["098", "099", "100", "101", "5"])");

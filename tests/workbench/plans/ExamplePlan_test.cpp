@@ -32,7 +32,7 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "terminals.plan", "templates.plan",
-                           "groups.plan", "members.plan"})
+                           "groups.plan", "members.plan", "general.plan"})
     Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
@@ -47,6 +47,12 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   EXPECT_EQ(road.Rows("SELECT DIR FROM UsedGroups"), "300 301 302 310 311 320 321");
   EXPECT_EQ(road.Rows("SELECT GRP, AGRP FROM GPAGI"), "1|2 1|10 2|1");
   EXPECT_EQ(road.Rows("SELECT GRP, NAME1 FROM NIINI_GRP"), "300|Order desk 310|Shop 320|Bell, works");
+  EXPECT_EQ(road.Rows("SELECT TYPE, COUNT(*), COUNT(DISTINCT SUBSTR(EQU, 1, 8)) FROM EXTEIDIR GROUP BY TYPE"),
+            "EL6|28|3 EL7|12|2 EL8|2|1");
+  EXPECT_EQ(road.Rows("SELECT AUX, DIR_AUX, EQU FROM EXTEIAUX ORDER BY AUX"),
+            "460|420|001-0-14-00 461|420|001-0-14-00 462|400|001-0-13-00");
+  EXPECT_EQ(road.Rows("SELECT EQU, ICAT FROM EXTEIDIR WHERE DIR IN ('407', '413', '429', '445', '455') ORDER BY DIR"),
+            "001-0-13-15|- 001-0-13-13|0010 001-0-14-09|2200 001-0-16-05|2113 002-0-11-31|0202");
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {

@@ -191,16 +191,16 @@ const char* const bells = "SELECT GRP, NUMTYP, EQU, CUST, LOCATION, SERV FROM CB
 const char* const positionsInUse = "SELECT EQU FROM Equipment WHERE USED = 1 ORDER BY EQU";
 
 TEST_F(CBELIRoad, AGroupTakesANumberAndAPositionForItsBell) {
-  EXPECT_THAT(road.Values("CBELI", "EQU"), StartsWith("001-0-17-00 001-0-17-01"));
-  EXPECT_THAT(road.Values("CBELI", "EQU"), testing::EndsWith("002-0-15-07"));
-  EXPECT_THAT(road.Values("CBELI", "EQU", {{"LOCATION", "WORKS"}}), StartsWith("002-0-15-00"));
+  EXPECT_THAT(road.Values("CBELI", "EQU"), StartsWith("001-0-13-00 001-0-13-01"));
+  EXPECT_THAT(road.Values("CBELI", "EQU"), testing::EndsWith("002-0-15-15"));
+  EXPECT_THAT(road.Values("CBELI", "EQU", {{"LOCATION", "WORKS"}}), StartsWith("002-0-13-00"));
   EXPECT_THAT(road.Values("CBELI", "GRP"), StartsWith("300 301"));
   EXPECT_EQ(road.Values("CBELI", "SERV"), "0 1 2");
   EXPECT_EQ(road.Do("CBELI:GRP=300,EQU=next,CUST=1,SERV=2;"), "done");
   EXPECT_EQ(road.Do("CBELI:GRP=next,LOCATION=WORKS,EQU=next;"), "done");
-  EXPECT_THAT(road.Do("CBELI:GRP=302,EQU=001-0-17-00;"), HasSubstr("this value is not possible here"));
-  EXPECT_EQ(road.Rows(bells), "300|EX|001-0-17-00|1|-|2 301|EX|002-0-15-00|-|WORKS|-");
-  EXPECT_EQ(road.Rows(positionsInUse), "001-0-17-00 002-0-15-00");
+  EXPECT_THAT(road.Do("CBELI:GRP=302,EQU=001-0-13-00;"), HasSubstr("this value is not possible here"));
+  EXPECT_EQ(road.Rows(bells), "300|EX|001-0-13-00|1|-|2 301|EX|002-0-13-00|-|WORKS|-");
+  EXPECT_EQ(road.Rows(positionsInUse), "001-0-13-00 002-0-13-00");
   EXPECT_EQ(road.Rows(numbersInUse), "300 301");
 }
 
