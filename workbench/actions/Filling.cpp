@@ -28,6 +28,10 @@ std::string Shown(const ValueList& list, bool mandatory) {
   return all.size() <= shownValues ? first : first + ", ... (" + std::to_string(all.size()) + " in all)";
 }
 
+std::string Shown(const std::optional<Numbers>& beside) {
+  return beside ? ", or a number from " + std::to_string(beside->from) + " to " + std::to_string(beside->to) : "";
+}
+
 // The first of the elements that was there before, or nothing.
 std::string GivenTwice(const std::vector<std::string>& elements) {
   std::unordered_set<std::string> seen;
@@ -140,15 +144,18 @@ const ValueList* Filling::ListOf(const std::string& parameter, const std::string
 void Filling::CheckAgainst(const ValueList& list, const Assignment& assignment,
                            const std::vector<std::string>& elements) {
   const std::string& name = assignment.name;
+  const ParameterDefinition& parameter = *definition().Find(name);
   if (const std::string twice = GivenTwice(elements); !twice.empty())
     Refuse({.parameter = name, .value = twice, .message = "this value is given twice"});
   for (const std::string& element : elements) {
-    if (list.Contains(element) || definition().Find(name)->open) continue;
-    if (definition().Find(name)->reuse && IsHeld(session_.exchange(), definition(), name, element)) continue;
+    if (list.Contains(element) || (parameter.beside && parameter.beside->Has(element))) continue;
+    if (parameter.reuse && IsHeld(session_.exchange(), definition(), name, element)) continue;
     return Refuse({.parameter = name,
                    .value = element,
-                   .message = "this value is not possible here",
-                   .allowed = Shown(list, form().IsMandatory(name))});
+                   .message = !parameter.TakesElements() && HoldsSeveral(element)
+                                  ? "several values are not possible here; give one value"
+                                  : "this value is not possible here",
+                   .allowed = Shown(list, form().IsMandatory(name)) + Shown(parameter.beside)});
   }
 }
 

@@ -5,6 +5,7 @@
 #include "script/Conversions.h"
 #include "script/Text.h"
 #include "workbench/actions/Filling.h"
+#include "workbench/actions/Records.h"
 #include "workbench/forms/Unknown.h"
 #include "workbench/text/Elements.h"
 #include "workbench/text/Separated.h"
@@ -57,8 +58,16 @@ std::string HasPlainCharacters(const Filling&, const Assignment& assignment) {
   return control ? "a value must not hold control characters" : "";
 }
 
-constexpr ValueRule rulesOfValue[] = {IsOfTheForm,       IsOfTheRelease,    IsOfTheTable,
-                                      IsOfTheDefinition, IsNotGivenByParts, HasPlainCharacters};
+std::string IsNotHeld(const Filling& filling, const Assignment& assignment) {
+  const auto& [name, value] = assignment;
+  const FormDefinition& definition = filling.definition();
+  if (value.empty() || !definition.Find(name)->unique) return "";
+  const bool held = IsHeld(filling.session().exchange(), definition, name, value);
+  return held ? "there is a record with this value already; give another one" : "";
+}
+
+constexpr ValueRule rulesOfValue[] = {IsOfTheForm,       IsOfTheRelease,     IsOfTheTable, IsOfTheDefinition,
+                                      IsNotGivenByParts, HasPlainCharacters, IsNotHeld};
 
 // --- An edit, before its values are set.
 
@@ -140,10 +149,12 @@ std::string IsTakenAsTyped(const Filling& filling, const Assignment& assignment)
   return "";
 }
 
-// A parameter of the form alone may come and go with the checks; one that is stored must not be lost in silence.
+// A parameter of the form alone may come and go with the checks; one that is stored, and a digit of one, must not be
+// lost in silence.
 std::string IsKeptByChecks(const Filling& filling, const Assignment& assignment) {
   const auto& columns = filling.definition().columns;
-  if (std::ranges::find(columns, assignment.name) == columns.end()) return "";
+  const bool isDigit = filling.definition().FoldingWith(assignment.name) != nullptr;
+  if (std::ranges::find(columns, assignment.name) == columns.end() && !isDigit) return "";
   const std::string present = Joined(filling.form().Get(assignment.name));
   if (present == assignment.value) return "";
   return present.empty() ? "a check of the values after it has cleared this value, since the two do not go together"

@@ -1,6 +1,7 @@
 #include "workbench/forms/FormDefinition.h"
 
 #include <algorithm>
+#include <charconv>
 #include <filesystem>
 #include <map>
 
@@ -21,7 +22,7 @@ constexpr ParameterFlag flags[] = {
     {"oneInEdit", &ParameterDefinition::oneInEdit, Source::Form, "one value in an edit"},
     {"list", &ParameterDefinition::list, Source::Library, "list"},
     {"fixed", &ParameterDefinition::fixed, Source::Library, "list"},
-    {"open", &ParameterDefinition::open, Source::Form, "other values as well"},
+    {"unique", &ParameterDefinition::unique, Source::Form, "one record each"},
     {"check", &ParameterDefinition::check, Source::Library, "check"},
     {"next", &ParameterDefinition::next, Source::Form, "next"},
     {"addOnly", &ParameterDefinition::addOnly, Source::Form, "when a record is added"},
@@ -45,6 +46,12 @@ const std::map<std::string, FormDefinition, std::less<>>& AllForms() {
 }  // namespace
 
 std::span<const ParameterFlag> ParameterFlags() { return flags; }
+
+bool Numbers::Has(std::string_view text) const {
+  long number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc() && end == text.data() + text.size() && number >= from && number <= to;
+}
 
 bool ParameterDefinition::IsIn(std::string_view release) const {
   return releases.empty() || std::ranges::find(releases, release) != releases.end();

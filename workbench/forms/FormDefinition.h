@@ -26,6 +26,14 @@ struct Narrowing {
   std::string without;
 };
 
+// Whole numbers from the one to the other.
+struct Numbers {
+  long from = 0;
+  long to = 0;
+
+  bool Has(std::string_view text) const;
+};
+
 struct ParameterDefinition {
   std::string name;
   std::string title;
@@ -37,9 +45,9 @@ struct ParameterDefinition {
   bool check = false;     // the command has a static check for it
   bool text = false;      // reads as the empty text, not as empty, where no value was given
   bool reuse = false;     // a value that a record has is possible as well, though the list has it no more
-  bool open = false;      // any other value is possible as well: the list is what there is already
   // Several values make a record each, so that an edit, which changes one record, takes one value.
   bool oneInEdit = false;
+  bool unique = false;        // no two records have the same value
   bool firstToRules = false;  // a rule that reads it is given the first of several values
   bool next = false;          // "next" and "next:20" stand for the first values of its list
   bool addOnly = false;       // is given when a record is added; an edit cannot change it
@@ -50,6 +58,7 @@ struct ParameterDefinition {
   std::vector<std::string> releases = {};  // that have the parameter; none named: all of them
   std::optional<Pool> pool = {};           // "next" passes over what is taken there
   std::optional<Narrowing> narrowing = {};
+  std::optional<Numbers> beside = {};  // are possible as well as what is listed
 
   bool IsIn(std::string_view release) const;
 };

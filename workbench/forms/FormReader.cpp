@@ -56,6 +56,9 @@ ParameterDefinition ReadParameter(const std::string& command, Fields& fields) {
       return Narrowing{of.Get<std::string>("by"), of.Get<std::string>("without")};
     });
   }
+  if (const auto beside = fields.Find("beside")) {
+    parameter.beside = beside->Object([](Fields& of) { return Numbers{of.Get<int>("from"), of.Get<int>("to")}; });
+  }
   return parameter;
 }
 

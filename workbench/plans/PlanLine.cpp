@@ -44,10 +44,10 @@ class Reader {
     return value;
   }
 
-  // A word of the notation: it ends at a blank or a double quote.
+  // A word of the notation: it ends at a blank or at one of the signs behind it.
   bool Word(std::string_view wanted) {
     const bool ends =
-        rest_.size() > wanted.size() && std::string_view(" \t\"").find(rest_[wanted.size()]) != rest_.npos;
+        rest_.size() > wanted.size() && std::string_view(" \t\":;").find(rest_[wanted.size()]) != rest_.npos;
     if (!rest_.starts_with(wanted) || !ends) return false;
     rest_.remove_prefix(wanted.size());
     SkipBlanks();
@@ -119,6 +119,7 @@ std::optional<UserAction> ParsePlanLine(std::string_view line) {
     action.kind = action.command == "edit" ? UserAction::Kind::Edit : UserAction::Kind::Delete;
     action.command = reader.Name();
     if (action.command.empty()) throw PlanLineError("after edit or delete a command is missing");
+    if (reader.Word("from")) throw PlanLineError("only an add is made from a template");
     action.selection = Assignments(reader, ":;");
   }
   if (action.command.empty()) throw PlanLineError("a command is missing at the beginning");
@@ -127,7 +128,8 @@ std::optional<UserAction> ParsePlanLine(std::string_view line) {
     if (action.from.empty()) throw PlanLineError("after from the name of a template is missing");
   }
   if (action.kind != UserAction::Kind::Delete) {
-    if (!reader.Take(':')) throw PlanLineError("after " + action.command + " a colon is missing");
+    const std::string before = action.from.empty() ? action.command : action.from;
+    if (!reader.Take(':')) throw PlanLineError("after " + before + " a colon is missing");
     action.values = Assignments(reader, ";");
   }
   End(reader);

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "workbench/actions/FormRules.h"
 #include "workbench/support/TestExchange.h"
 #include "workbench/support/TestForms.h"
 
@@ -50,10 +51,38 @@ TEST_F(FillingTest, EveryValueThatIsRefusedIsToldAndTheOthersAreSet) {
   EXPECT_EQ(Get("NOTE"), "\"x\"");
 }
 
-TEST_F(FillingTest, AnOpenParameterTakesValuesBesideItsList) {
-  sytds_.parameters[0].open = true;
+TEST_F(FillingTest, AParameterMayTakeNumbersBesideItsList) {
+  sytds_.parameters[0].beside = Numbers{.from = 90, .to = 99};
   EXPECT_THAT(FillForm(session_, sytds_, {{"CDNAL", "99"}}).problems(), IsEmpty());
   EXPECT_EQ(Get("CDNAL"), "\"99\"");
+  for (const char* other : {"100", "89", "99 ", "9x", "-95", "95&96"}) {
+    const Filling filling = FillForm(session_, sytds_, {{"CDNAL", other}});
+    ASSERT_EQ(filling.problems().size(), 1u) << other;
+    EXPECT_TRUE(filling.problems()[0].allowed.ends_with(", or a number from 90 to 99")) << other;
+  }
+}
+
+TEST_F(FillingTest, SeveralValuesOfAParameterThatTakesOneAreToldAsThat) {
+  EXPECT_THAT(Told(FillForm(session_, sytds_, {{"CDNAL", "5&7"}}).problems()),
+              ElementsAre("CDNAL=5&7: several values are not possible here; give one value"));
+}
+
+TEST_F(FillingTest, AUniqueValueThatARecordHasIsRefused) {
+  sytds_.parameters[0].unique = true;
+  exchange_->Dynamic().Run("INSERT INTO [SYTDS] (CDNAL) VALUES ('5')");
+  EXPECT_THAT(Told(FillForm(session_, sytds_, {{"CDNAL", "5"}}).problems()),
+              ElementsAre("CDNAL=5: there is a record with this value already; give another one"));
+  EXPECT_THAT(FillForm(session_, sytds_, {{"CDNAL", "7"}}).problems(), IsEmpty());
+}
+
+// A whole that is given after one of its digits would take its place.
+TEST_F(FillingTest, ADigitThatAnotherValueHasChangedIsRefused) {
+  FormDefinition groups = *FindForm("ACGRI");
+  for (ParameterDefinition& parameter : groups.parameters) parameter.mandatory = false;
+  groups.ordered = false;
+  Filling filling = FillForm(session_, groups, {{"SERV_D2", "1"}, {"SERV", "0000"}});
+  CheckWholeForm(filling);
+  EXPECT_THAT(Told(filling.problems()), testing::Contains(testing::StartsWith("SERV_D2=1: a check ")));
 }
 
 TEST_F(FillingTest, ValuesCanBeSetOneByOneAndAnew) {

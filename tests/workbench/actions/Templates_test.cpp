@@ -31,18 +31,29 @@ TEST_F(TemplatesTest, WhatTheLineGivesGoesOverTheTemplate) {
   EXPECT_EQ(Extensions(), "200|2|-|11200000000|2");
 }
 
-TEST_F(TemplatesTest, ATemplateThatIsNotThereIsTold) {
+TEST_F(TemplatesTest, ATemplateThatIsNotThereIsToldWithThoseThatAre) {
+  EXPECT_EQ(road_.Do("ITNUI from Fax:DIR=200,EQU=002-0-12-00;"),
+            "there is no record of ITNUITEMPLATE with TEMPLATENAME=Fax [no template yet]");
+  EXPECT_EQ(road_.Do("KSEXITEMPLATE:TEMPLATENAME=Shop,CAT=1;"), "done");
   EXPECT_EQ(road_.Do("KSEXI from office:DIR=200,ITYPE=3,EQU=next;"),
-            "there is no record of KSEXITEMPLATE with TEMPLATENAME=office");
+            "there is no record of KSEXITEMPLATE with TEMPLATENAME=office [Office, Shop]");
   EXPECT_EQ(road_.Do("NANSI from Office:NUMTYP=EX,NUMSE=7;"), "records of NANSI are not made from templates");
   EXPECT_EQ(Extensions(), "");
 }
 
-TEST_F(TemplatesTest, OfTwoTemplatesOfOneNameNeitherIsTaken) {
-  EXPECT_EQ(road_.Do("KSEXITEMPLATE:TEMPLATENAME=Office,CAT=2;"), "done");
-  EXPECT_EQ(
-      road_.Do("KSEXI from Office:DIR=200,ITYPE=3,EQU=next;"),
-      "there are several records of KSEXITEMPLATE with TEMPLATENAME=Office; select one by more of its parameters");
+TEST_F(TemplatesTest, NoTwoTemplatesHaveOneName) {
+  EXPECT_EQ(road_.Do("KSEXITEMPLATE:TEMPLATENAME=Office,CAT=2;"),
+            "TEMPLATENAME=Office: there is a record with this value already; give another one");
+  EXPECT_EQ(road_.Do("KSEXITEMPLATE:TEMPLATENAME=Shop,CAT=2;"), "done");
+  EXPECT_EQ(road_.Do("edit KSEXITEMPLATE TEMPLATENAME=Shop:TEMPLATENAME=Office;"),
+            "TEMPLATENAME=Office: there is a record with this value already; give another one");
+}
+
+// The instrument of a template comes before what hangs on it, whatever the order typed.
+TEST_F(TemplatesTest, ADigitThatACheckWouldClearIsNotLost) {
+  EXPECT_EQ(road_.Do("KSEXITEMPLATE:TEMPLATENAME=Q,ADC_D1=2,SERV_D7D8_SUB2=02,TRAF=00,CDIV_D6=0,ROC_D2=1;"),
+            "ADC_D1=2: this value is not possible here [0, 1]");
+  EXPECT_EQ(road_.Do("KSEXITEMPLATE:TEMPLATENAME=Q,ADC_D11=1,ACCTYP=1,CAT=1;"), "done");
 }
 
 // Its values are checked as if they were typed; one that the line gives anew does not count.

@@ -57,10 +57,11 @@ TEST(PlanLine, AnAddMayBeFromATemplate) {
   EXPECT_EQ(Parsed("from:A=1;"), "add from | A=<1>");
   EXPECT_EQ(Refused("KSEXI from :DIR=100;"), "after from the name of a template is missing");
   EXPECT_EQ(Refused("KSEXI from \"\":DIR=100;"), "after from the name of a template is missing");
-  EXPECT_EQ(Refused("KSEXI from Office;"), "after KSEXI a colon is missing");
-  EXPECT_EQ(Refused("KSEXI from:DIR=100;"), "after KSEXI a colon is missing");
+  EXPECT_EQ(Refused("KSEXI from Office;"), "after Office a colon is missing");
+  EXPECT_EQ(Refused("KSEXI from:DIR=100;"), "after from the name of a template is missing");
   EXPECT_EQ(Refused("KSEXI fromage:DIR=100;"), "after KSEXI a colon is missing");
-  EXPECT_EQ(Refused("edit KSEXI from Office:CAT=1;"), "after from an equals sign is missing");
+  EXPECT_EQ(Refused("edit KSEXI from Office:CAT=1;"), "only an add is made from a template");
+  EXPECT_EQ(Parsed("edit KSEXI from=1:CAT=1;"), "edit KSEXI from=<1> | CAT=<1>");
 }
 
 TEST(PlanLine, EditAndDeleteAreWordsOfTheirOwn) {

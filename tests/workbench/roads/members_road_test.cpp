@@ -84,7 +84,8 @@ TEST_F(ACGMIRoad, AGroupTakes250Members) {
   MakeGroup("ACGRI", "300");
   Fill("ACGMI", "300", 249);
   EXPECT_EQ(Do("ACGMI:GRP=300,DIR=111&112;"),
-            "Group 300 has 249 members, and 2 more would exceed its limit of 250. Add fewer members.");
+            "Group 300 has 249 members, and 2 more would exceed its limit of 250. Add fewer members, or the last ones "
+            "one by one.");
   EXPECT_EQ(Count("ACGMI"), "249");
   EXPECT_EQ(Do("ACGMI:GRP=300,DIR=111;"), "done");
   EXPECT_EQ(Do("ACGMI:GRP=300,DIR=112;"),
@@ -95,7 +96,8 @@ TEST_F(ACGMIRoad, ALineThatFitsMayBeRefusedAllTheSame) {
   MakeGroup("ACGRI", "300");
   Fill("ACGMI", "300", 248);
   EXPECT_EQ(Do("ACGMI:GRP=300,DIR=111&112;"),
-            "Group 300 has 249 members, and 2 more would exceed its limit of 250. Add fewer members.");
+            "Group 300 has 249 members, and 2 more would exceed its limit of 250. Add fewer members, or the last ones "
+            "one by one.");
   EXPECT_EQ(Count("ACGMI"), "248");
 }
 
@@ -104,11 +106,11 @@ TEST_F(ACGMIRoad, TheSystemTakes4000Members) {
   Fill("ACGMI", "301", 3999);
   EXPECT_EQ(Do("ACGMI:GRP=300,DIR=111&112;"),
             "The system has 3999 members, and 2 more would exceed its limit of 4000. Add fewer members.\n"
-            "The system does not take these members. Add fewer members, or remove others first.");
+            "The members were not added: the system does not take them.");
   EXPECT_EQ(Do("ACGMI:GRP=300,DIR=111;"), "done");
   EXPECT_EQ(Do("ACGMI:GRP=300,DIR=112;"),
             "The limit of 4000 members for the system is reached. Remove a member before you add another.\n"
-            "The system does not take these members. Add fewer members, or remove others first.");
+            "The members were not added: the system does not take them.");
 }
 
 // --- GHGMI.
@@ -143,7 +145,8 @@ TEST_F(GHGMIRoad, AGroupTakes75Members) {
   MakeGroup("GHGRI", "302");
   Fill("GHGMI", "302", 74);
   EXPECT_EQ(Do("GHGMI:GRP=302,DIR=104&110;"),
-            "Group 302 has 74 members, and 2 more would exceed its limit of 75. Add fewer members.");
+            "Group 302 has 74 members, and 2 more would exceed its limit of 75. Add fewer members, or the last ones "
+            "one by one.");
   EXPECT_EQ(Do("GHGMI:GRP=302,DIR=104;"), "done");
   EXPECT_EQ(Do("GHGMI:GRP=302,DIR=110;"),
             "Group 302 has its limit of 75 members. Remove a member before you add another.");
@@ -168,12 +171,13 @@ TEST_F(CBGMIRoad, MembersAreAddedAndDeleted) {
 TEST_F(CBGMIRoad, AGroupTakes30MembersAndALineOfThem) {
   MakeGroup("CBELI", "304");
   EXPECT_EQ(Do("CBGMI:GRP=304,DIR=150&&180;"),
-            "Group 304 has 0 members, and 31 more would exceed its limit of 30. Add fewer members.\n"
-            "The group does not take these members. Add fewer members, or choose another group.");
+            "Group 304 has 0 members, and 31 more would exceed its limit of 30. Add fewer members, or the last ones "
+            "one by one.\n"
+            "The members were not added: the group does not take them.");
   EXPECT_EQ(Do("CBGMI:GRP=304,DIR=150&&179;"), "done");
   EXPECT_EQ(Do("CBGMI:GRP=304,DIR=180;"),
             "Group 304 has its limit of 30 members. Remove a member before you add another.\n"
-            "The group does not take these members. Add fewer members, or choose another group.");
+            "The members were not added: the group does not take them.");
   EXPECT_EQ(Count("CBGMI"), "30");
 }
 
@@ -182,7 +186,7 @@ TEST_F(CBGMIRoad, TheSystemTakes1500Members) {
   Fill("CBGMI", "305", 1500);
   EXPECT_EQ(Do("CBGMI:GRP=304,DIR=100;"),
             "The limit of 1500 members for the system is reached. Remove a member before you add another.\n"
-            "The system does not take these members. Add fewer members, or remove others first.");
+            "The members were not added: the system does not take them.");
 }
 
 TEST(CBGMIOfR6, OffersTheExtensionsOfAdditionalNumbersAndNoDirectoryRecords) {
@@ -244,13 +248,15 @@ TEST_F(GPGMIRoad, ANewGroupTakesAnyNumberAtOnceAndThenNoMore) {
   EXPECT_EQ(Do("GPGMI:GRP=12,DIR=150&&198;"), "done");
   EXPECT_EQ(Count("GPGMI"), "49");
   EXPECT_EQ(Do("GPGMI:GRP=12,DIR=199;"),
-            "Group 12 has 49 members, and 1 more would exceed its limit of 48. Add fewer members.");
+            "Group 12 has 49 members, and 1 more would exceed its limit of 48. Add fewer members, or the last ones one "
+            "by one.");
 }
 
 TEST_F(GPGMIRoad, AGroupThatStandsTakes48Members) {
   ASSERT_EQ(Do("GPGMI:GRP=12,DIR=150&&196;"), "done");
   EXPECT_EQ(Do("GPGMI:GRP=12,DIR=197&198;"),
-            "Group 12 has 47 members, and 2 more would exceed its limit of 48. Add fewer members.");
+            "Group 12 has 47 members, and 2 more would exceed its limit of 48. Add fewer members, or the last ones one "
+            "by one.");
   EXPECT_EQ(Do("GPGMI:GRP=12,DIR=197;"), "done");
   EXPECT_EQ(Do("GPGMI:GRP=12,DIR=198;"),
             "Group 12 has its limit of 48 members. Remove a member before you add another.");
@@ -259,7 +265,8 @@ TEST_F(GPGMIRoad, AGroupThatStandsTakes48Members) {
 TEST_F(GPGMIRoad, AddsPartOfALineWhereTheGroupBecomesFull) {
   ASSERT_EQ(Do("GPGMI:GRP=12,DIR=150&&195;"), "done");
   EXPECT_EQ(Do("GPGMI:GRP=12,DIR=196&197;"),
-            "Group 12 has 47 members, and 2 more would exceed its limit of 48. Add fewer members.");
+            "Group 12 has 47 members, and 2 more would exceed its limit of 48. Add fewer members, or the last ones one "
+            "by one.");
   EXPECT_EQ(Rows("SELECT DIR FROM GPGMI WHERE DIR > '195'"), "196");
 }
 
