@@ -12,12 +12,15 @@ bool InsertMembers(const Action& action, const Reporter& fail, const List& numbe
       if (name == "CMDID") {
         row.Append(scBuildCmdID());
       } else if (name == "NUMTYP") {
-        row.Append(rules.NUMTYP(fail, DIR));
+        row.Append(rules.NUMTYP(DIR));
       } else if (name == "DIR") {
         row.Append(DIR);
+      } else if (name == "GRP") {
+        const Value GRP = scGetParamValue(name);
+        if (!rules.GRP(GRP)) return false;
+        row.Append(GRP);
       } else {
         row.Append(scGetParamValue(name));
-        if (name == "GRP" && !rules.GRP(row[row.size() - 1])) return false;
       }
     }
     if (!scSQLInsert(action.CmdName, action.ParamList, row)) return fail(InsertFailed, action.CmdName);
@@ -25,7 +28,7 @@ bool InsertMembers(const Action& action, const Reporter& fail, const List& numbe
   return true;
 }
 
-Value ExtensionType(const Reporter&, const Value&) { return "EX"; }
+Value ExtensionType(const Value&) { return "EX"; }
 
 Value OperatorOrExtensionType(const Reporter& fail, const Value& DIR) {
   RowSet rows;

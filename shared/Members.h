@@ -13,7 +13,7 @@ namespace cordboard {
 // The type of a number, and whether a group takes the row that is being made. Both are asked when the turn of their
 // column comes, NUMTYP and GRP, once for each number. A group that answers False ends the add, and has reported why.
 struct MemberRules {
-  Value (*NUMTYP)(const Reporter& fail, const Value& DIR);
+  std::function<Value(const Value& DIR)> NUMTYP;
   std::function<bool(const Value& GRP)> GRP;
 };
 
@@ -23,7 +23,7 @@ struct MemberRules {
 bool InsertMembers(const Action& action, const Reporter& fail, const List& numbers, const MemberRules& rules);
 
 // EX, whatever the number.
-Value ExtensionType(const Reporter& fail, const Value& DIR);
+Value ExtensionType(const Value& DIR);
 // That of an operator with the number, EX where there is none. Operators that cannot be read are reported, and leave
 // the type empty.
 Value OperatorOrExtensionType(const Reporter& fail, const Value& DIR);

@@ -47,6 +47,8 @@ bool IsValueInList(const Value& value, const List& list) {
 
 bool AlwaysTrue(const Action&) { return true; }
 
+bool ResetLOCATION(const Action&) { return scResetParam("LOCATION"); }
+
 bool Revalidate(const Reporter& fail, const std::string& parameter, const Value& kept) {
   return PutBackIfListed(fail, parameter, kept, parameter);
 }

@@ -17,6 +17,9 @@ bool IsValueInList(const Value& value, const List& list);
 // The check that finds nothing, whatever the parameter.
 bool AlwaysTrue(const Action& action);
 
+// The check of a parameter on which the location hangs. Its answer is that of the reset, which is not reported.
+bool ResetLOCATION(const Action& action);
+
 // Resets the parameter and puts `kept` back if it stands in the list as it now is. Each step that fails is reported
 // with the parameter's name: 61013 the reset, 61020 the list, 61016 the value.
 bool Revalidate(const Reporter& fail, const std::string& parameter, const Value& kept);

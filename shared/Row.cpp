@@ -18,6 +18,15 @@ bool Update(const std::string& table, std::int32_t CmdId, const std::string& col
 
 }  // namespace
 
+bool ReadOld(const Reporter& fail, const std::string& table, std::int32_t CmdId, const std::string& column, Value& old,
+             const Selector& database) {
+  RowSet rows;
+  if (!scRunQuery(Sql(" SELECT ", column, " FROM ", table, " WHERE CmdId = ", CmdId), rows, database))
+    return fail(StatementFailed);
+  if (!rows.IsEmpty()) old = rows[0][0];
+  return true;
+}
+
 bool UpdateColumn(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value) {
   return Update(table, CmdId, column, Quoted(value), NL);
 }

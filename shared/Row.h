@@ -1,5 +1,5 @@
-// The row of one record, by its identifier: a column is written with a statement of its own, the value quoted as it
-// stands. Each gives the statement's answer and reports nothing.
+// The row of one record, by its identifier: a column is read and written with a statement of its own, the value quoted
+// as it stands. What writes gives the statement's answer and reports nothing.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +7,14 @@
 
 #include "script/Host.h"
 #include "script/List.h"
+#include "script/Report.h"
 #include "script/Value.h"
 
 namespace cordboard {
+
+// What the record has in the column: `old` stays where there is no record. A statement that fails is reported.
+bool ReadOld(const Reporter& fail, const std::string& table, std::int32_t CmdId, const std::string& column, Value& old,
+             const Selector& database = std::nullopt);
 
 // With a line break in front of WHERE. An empty or null value is written as the empty text.
 bool UpdateColumn(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value);

@@ -12,6 +12,7 @@
 #include "script/Module.h"
 #include "script/Report.h"
 #include "shared/ClassStrings.h"
+#include "shared/Rechecks.h"
 #include "shared/Record.h"
 #include "shared/Usage.h"
 #include "shared/ValueLists.h"
@@ -25,7 +26,7 @@ namespace {
 // LOCATION is reset in every case, and that alone is the answer.
 bool CheckEQU(const Action& action) {
   CheckICATOfEQU(action);
-  return scResetParam("LOCATION");
+  return ResetLOCATION(action);
 }
 
 bool CheckTYPE(const Action& action) {
@@ -112,7 +113,7 @@ bool Edit(const Action& action) {
 // --- Delete.
 
 // Frees the further numbers of a main number, and its position with each. Their records stay. Numbers that cannot be
-// read are not reported, and end the delete.
+// read end the delete and are not reported; a position that cannot be marked ends it as well.
 bool FreeFurtherNumbers(const Reporter& fail, const Value& DIR, const Value& EQU) {
   RowSet rows;
   if (!scRunQuery(Sql("SELECT AUX FROM EXTEIAUX WHERE DIR_AUX = '", DIR, "'"), rows)) return false;
@@ -159,7 +160,7 @@ extern const Module EXTEI{
                     {"DIR", GetValuesFor_EX},
                     {"DIR_AUX", ListDIR_AUX},
                     {"EQU", ListEQU},
-                    {ICATDigits, ListICAT},
+                    {ICATDigits(), ListICAT},
                     {"LOCATION", StatCheck_EQU_LOCATION}},
     .StatCheck = {{"AUX", CheckAUX},
                   {"CDIV_D6", ResetCDIVTail},

@@ -34,11 +34,15 @@ const List columns = {"CmdId", "TEMPLATENAME", "NUMTYP",    "CAT",      "TRAF", 
                       "ROOM",  "JACK",         "FIRSTNAME", "LASTNAME", "TITLE", "DEPARTMENT", "TRM"};
 
 // The form's NUMTYP is read as all other columns are, and does not count.
+Value ReadNUMTYP() {
+  scGetParamValue("NUMTYP");
+  return "EX";
+}
+
 bool Add(const Action& action) {
   const Reporter fail("Add: " + action.CmdName);
   return InTransaction(fail, [&] {
-    List record = Record(columns, {{"CmdId", NextTemplateID("EXTEIDIRTEMPLATE")}});
-    record[2] = "EX";
+    const List record = Record(columns, {{"CmdId", NextTemplateID("EXTEIDIRTEMPLATE")}, {"NUMTYP", ReadNUMTYP}});
     return scSQLInsert("EXTEIDIRTEMPLATE", columns, record) || fail(InsertFailed, "EXTEIDIRTEMPLATE");
   });
 }
@@ -47,7 +51,8 @@ bool Edit(const Action& action) {
   return EditExtension(action, [](const std::string& sql) { return scRunQueryOn("site", sql); });
 }
 
-// A record that cannot be deleted is reported as one of an extension that was not found.
+// A record that cannot be deleted is reported with the columns that the delete of an extension reads, and the
+// templates' own table.
 bool Delete(const Action& action) {
   const Reporter fail("Delete: " + action.CmdName);
   return InTransaction(fail, [&] {
@@ -72,7 +77,7 @@ extern const Module EXTEITEMPLATE{
                     {"DIR", GetValuesFor_EX},
                     {"DIR_AUX", ListDIR_AUX},
                     {"EQU", ListEQU},
-                    {ICATDigits, ListICAT},
+                    {ICATDigits(), ListICAT},
                     {"LOCATION", GetValuesFor_LOCATION}},
     .StatCheck = {{"AUX", CheckAUX},
                   {"CDIV_D6", ResetCDIVTail},

@@ -33,6 +33,40 @@ bool ResetDigitsOfR7(const Action& action) {
   return action.oaRelease != "R7" || (scResetParam("ICAT_D3_SUB2") && scResetParam("ICAT_D3_SUB3"));
 }
 
+// The check reports under one name, for templates too.
+const Reporter failTYPE("StatCheck: EXTEI");
+
+// The definition of ICAT for a TYPE, and the boards on which a position stays: for EL6 fewer than its list of positions
+// has. There are always seven places for boards. Those left over are empty, and so equal to a board without a name.
+struct TypeRule {
+  const char* TYPE;
+  int definition;
+  std::array<Value, 7> boards;
+};
+
+const TypeRule types[] = {
+    {"EL6", 1, {"2", "44", "87", "71", "72", "43", "104"}},
+    {"EL7", 2, {"27", "52"}},
+    {"EL8", 3, {"77", "59"}},
+};
+const TypeRule otherType{};
+
+const TypeRule& RuleOf(const Value& TYPE) {
+  const auto* rule = std::ranges::find_if(types, [&](const TypeRule& known) { return Equals(TYPE, known.TYPE); });
+  return rule == std::end(types) ? otherType : *rule;
+}
+
+bool SuitADC_D1(const Value& TYPE) {
+  const auto remove = [](const char* value) { return scRemoveFromValidValues("ADC_D1", value); };
+  const Value kept = scGetParamValue("ADC_D1");
+  List list;
+  const bool listed = scResetParam("ADC_D1") &&
+                      (IsValueInList(TYPE, {"EL6", "EL8"}) ? remove("1") && remove("2") : remove("0")) &&
+                      scGetValidValues("ADC_D1", list);
+  const bool set = listed && (!IsValueInList(kept, list) || scSetParamValue("ADC_D1", kept));
+  return set || failTYPE(SetFailed, "ADC_D1");
+}
+
 }  // namespace
 
 bool CheckAUX(const Action& action) {
@@ -89,44 +123,6 @@ bool CheckICATOfEQU(const Action& action) {
 }
 
 // --- TYPE.
-
-namespace {
-
-// The check reports under one name, for templates too.
-const Reporter failTYPE("StatCheck: EXTEI");
-
-// The definition of ICAT for a TYPE, and the boards on which a position stays: for EL6 fewer than its list of positions
-// has. There are always seven places for boards. Those left over are empty, and so equal to a board without a name.
-struct TypeRule {
-  const char* TYPE;
-  int definition;
-  std::array<Value, 7> boards;
-};
-
-const TypeRule types[] = {
-    {"EL6", 1, {"2", "44", "87", "71", "72", "43", "104"}},
-    {"EL7", 2, {"27", "52"}},
-    {"EL8", 3, {"77", "59"}},
-};
-const TypeRule otherType{};
-
-const TypeRule& RuleOf(const Value& TYPE) {
-  const auto* rule = std::ranges::find_if(types, [&](const TypeRule& known) { return Equals(TYPE, known.TYPE); });
-  return rule == std::end(types) ? otherType : *rule;
-}
-
-bool SuitADC_D1(const Value& TYPE) {
-  const auto remove = [](const char* value) { return scRemoveFromValidValues("ADC_D1", value); };
-  const Value kept = scGetParamValue("ADC_D1");
-  List list;
-  const bool listed = scResetParam("ADC_D1") &&
-                      (IsValueInList(TYPE, {"EL6", "EL8"}) ? remove("1") && remove("2") : remove("0")) &&
-                      scGetValidValues("ADC_D1", list);
-  const bool set = listed && (!IsValueInList(kept, list) || scSetParamValue("ADC_D1", kept));
-  return set || failTYPE(SetFailed, "ADC_D1");
-}
-
-}  // namespace
 
 bool SuitICATToTYPE(const Action& action, const Value& TYPE, const Value& EQU) {
   const int definition = RuleOf(TYPE).definition;

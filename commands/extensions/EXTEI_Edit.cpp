@@ -12,7 +12,7 @@ namespace cordboard {
 namespace {
 
 // The row that is edited: of a main number, which has a DIR, or of a further number, which has an AUX.
-struct Row {
+struct EditedRow {
   std::string table;
   std::string key;
   std::string otherKey;
@@ -31,14 +31,14 @@ struct Row {
   RowSet Read(const std::string& column) const { return scSQLSelect(table, {column}, {"CmdId"}, {CmdId}); }
 };
 
-Row ChooseRow(const Action& action) {
+EditedRow ChooseRow(const Action& action) {
   if (ToTruth(scGetParamValue("DIR"))) return {TableOf(action, "EXTEIDIR"), "DIR", "AUX", action.CmdId};
   return {TableOf(action, "EXTEIAUX"), "AUX", "DIR", action.CmdId};
 }
 
-// The use of the number moves, whether that succeeds or not; the column is left to the host. A record that is gone is
-// reported with a severity of its own.
-void MoveNumber(const Row& row, const Reporter& fail, const Value& number) {
+// The use of the number moves, and nobody looks whether that succeeds; the column is left to the host. A record that is
+// gone is reported with a severity of its own.
+void MoveNumber(const EditedRow& row, const Reporter& fail, const Value& number) {
   const RowSet old = row.Read(row.key);
   if (old.IsEmpty()) {
     scErrorMessage(0, 2, 1, fail.context(), static_cast<int>(RecordNotFound));
@@ -47,9 +47,9 @@ void MoveNumber(const Row& row, const Reporter& fail, const Value& number) {
   }
 }
 
-// Only a main number holds its position. The new one is marked also where the old one could not be freed, and then
-// decides. A record that is gone is reported, and that is no failure.
-void EditEQU(const Row& row, const Reporter& fail, const Value& EQU, bool& flag) {
+// Only a main number holds its position. Where the old one cannot be freed the new one is not marked. A record that is
+// gone is reported, and that is no failure.
+void EditEQU(const EditedRow& row, const Reporter& fail, const Value& EQU, bool& flag) {
   const RowSet old = row.Read("EQU");
   if (old.IsEmpty()) {
     fail(RecordNotFound);
@@ -59,12 +59,13 @@ void EditEQU(const Row& row, const Reporter& fail, const Value& EQU, bool& flag)
   if (!flag || !row.IsMainNumber()) return;
   flag = scRunQuery(Sql("UPDATE EQUIPMENT SET USED = FALSE", NL, " WHERE EQU = '", old[0][0], "'")) ||
          fail(OldEquipmentNotFreed, old[0][0]);
+  if (!flag) return;
   flag = scRunQuery(Sql("UPDATE EQUIPMENT SET USED = TRUE", NL, " WHERE EQU = '", EQU, "'")) ||
          fail(EquipmentNotMarked, EQU);
 }
 
 // A further number keeps its main number where the new one is blank: that is reported, and no failure.
-void EditDIR_AUX(const Row& row, const Reporter& fail, const Value& DIR_AUX, bool& flag) {
+void EditDIR_AUX(const EditedRow& row, const Reporter& fail, const Value& DIR_AUX, bool& flag) {
   if (DIR_AUX.IsBlank()) {
     fail(ValueNeededForEdit, "DIR");
   } else {
@@ -72,7 +73,7 @@ void EditDIR_AUX(const Row& row, const Reporter& fail, const Value& DIR_AUX, boo
   }
 }
 
-bool EditICAT(const Action& action, const Row& row, const Reporter& fail, const Value& ICAT) {
+bool EditICAT(const Action& action, const EditedRow& row, const Reporter& fail, const Value& ICAT) {
   if (!ICAT.IsEmpty()) {
     const Value EQU = scGetParamValue("EQU");
     if (!CheckSharedBoardICAT(action, ToText(ICAT), ToText(EQU), action.CmdId)) return fail(SharedBoardRefused);
@@ -86,7 +87,7 @@ bool EditICAT(const Action& action, const Row& row, const Reporter& fail, const 
 // key of the other table is passed over.
 bool EditExtension(const Action& action, bool (*runPlainUpdate)(const std::string& sql)) {
   const Reporter fail("Edit: " + action.CmdName);
-  const Row row = ChooseRow(action);
+  const EditedRow row = ChooseRow(action);
   return InTransaction(fail, [&] {
     bool flag = true;
     for (const Value& parameter : action.ParamList) {

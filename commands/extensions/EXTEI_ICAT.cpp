@@ -1,7 +1,9 @@
 #include "commands/extensions/EXTEI_ICAT.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
+#include <tuple>
 
 #include "commands/extensions/EXTEI_Board.h"
 #include "script/Conversions.h"
@@ -69,7 +71,7 @@ constexpr Worker All = GetValuesAndDescriptionByDefinition;
 constexpr Worker None = nullptr;
 
 // clang-format off
-constexpr Digit digits[] = {
+constexpr auto digits = std::to_array<Digit>({
     //                 1                 2                 3
     {"ICAT_D1",      { All,              None,             None }},
     {"ICAT_D1_SUB1", { None,             All,              None }},
@@ -87,10 +89,14 @@ constexpr Digit digits[] = {
     {"ICAT_D4_SUB1", { All,              None,             All  }},
     {"ICAT_D4_SUB2", { All,              None,             All  }},
     {"ICAT_D4_SUB3", { All,              None,             All  }},
-};
+});
 // clang-format on
 
 }  // namespace
+
+ParameterNames ICATDigits() {
+  return std::apply([](const auto&... digit) { return ParameterNames{digit.name...}; }, digits);
+}
 
 bool ListICAT(const Action& action) {
   if (action.Definition < 1 || action.Definition > 3) return false;

@@ -1,4 +1,4 @@
-// The lists of a general extension and of its template that hang on other parameters. ICAT has a room of its own.
+// The lists of a general extension and of its template. Those of the digits of ICAT have a room of their own.
 #pragma once
 
 #include "script/Action.h"
@@ -6,7 +6,7 @@
 
 namespace cordboard {
 
-// The parameters with a plain list of values, beside the digits of the class strings.
+// The parameters with a plain list of values, beside the digits that all class strings show.
 inline const ParameterNames PlainParameters{"ADC_D1",  "ADC_D2",         "ADC_D3",         "ADC_D4", "ADC_D5",
                                             "ADC_D6",  "ADC_D7",         "ADC_D8",         "ADC_D9", "CATTYP",
                                             "SERV_D1", "SERV_D7D8_SUB1", "SERV_D7D8_SUB2", "TYPE"};

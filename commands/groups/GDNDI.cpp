@@ -25,8 +25,9 @@ bool Add(const Action& action) {
   const Reporter fail("Add: " + action.CmdName);
   List numbers;
   if (!scGetValueArray("DIR", numbers)) return fail(ListNotBuilt, "DIR");
+  const auto typeOf = [&](const Value& DIR) { return OperatorOrExtensionType(fail, DIR); };
   const auto stands = [&](const Value& GRP) { return FindOrInsertGroup(fail, "CS_GDNDI", GRP); };
-  return InsertMembers(action, fail, numbers, {.NUMTYP = OperatorOrExtensionType, .GRP = stands});
+  return InsertMembers(action, fail, numbers, {.NUMTYP = typeOf, .GRP = stands});
 }
 
 }  // namespace

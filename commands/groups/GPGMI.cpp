@@ -36,6 +36,7 @@ bool Add(const Action& action) {
   if (!scGetValueArray("DIR", numbers)) return fail(ListNotBuilt, "DIR");
   const int count = numbers.UpperBound() + 1;
   bool made = false;
+  const auto typeOf = [&](const Value& DIR) { return OperatorOrExtensionType(fail, DIR); };
   const auto takes = [&](const Value& GRP) {
     bool found = false;
     if (!FindGroup(fail, "CS_GPGRI", GRP, found)) return false;
@@ -43,7 +44,7 @@ bool Add(const Action& action) {
     made = true;
     return InsertGroup(fail, "CS_GPGRI", {"CMDID", "GRP", "LIM"}, {scBuildCmdID(), GRP, scGetParamValue("LIM")});
   };
-  return InsertMembers(action, fail, numbers, {.NUMTYP = OperatorOrExtensionType, .GRP = takes});
+  return InsertMembers(action, fail, numbers, {.NUMTYP = typeOf, .GRP = takes});
 }
 
 }  // namespace

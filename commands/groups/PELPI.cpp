@@ -1,4 +1,4 @@
-// PELPI: personal lists: up to five places CHO in each list LIST of a number DIR.
+// PELPI: personal lists: places CHO in the lists LIST of a number DIR. A list takes up to five rows, over all numbers.
 
 #include "script/Conversions.h"
 #include "script/Envelope.h"
@@ -6,6 +6,7 @@
 #include "script/Report.h"
 #include "shared/Count.h"
 #include "shared/GenericRecord.h"
+#include "shared/Record.h"
 #include "shared/Row.h"
 #include "shared/ValueLists.h"
 
@@ -29,8 +30,8 @@ bool ListDIR(const Action& action) {
 
 bool IsFull(const Value& count) { return Equals(count, mostRowsOfList) || Greater(count, mostRowsOfList); }
 
-// The first row has to go into list 1. With a DIR on the form a list that is full leaves the values: the rows of all
-// numbers count, not those of this one, and the count is not tested.
+// The first row has to go into list 1. With a DIR on the form a list that is full is taken off the values: the rows of
+// all numbers count, not those of this one, and the answer of the count is not tested.
 bool ListLIST(const Action& action) {
   const Reporter fail("GetValues : " + action.CmdName);
   Value count;
@@ -85,19 +86,21 @@ bool CheckBSYCHO(const Action&) {
 
 // --- Add and edit.
 
+const List columns = {"DIR", "NUMTYP", "LIST", "CHO", "ANSPOS", "TIME", "BSYCHO", "ONECAL", "ORGSEL", "SMSSEL"};
+
+Value LISTOrFirst() {
+  const Value LIST = scGetParamValue("LIST");
+  return LIST.IsEmpty() ? Value("1") : LIST;
+}
+
 // The values stand in the order of the table's columns, which the statement does not name. An empty one becomes a null;
 // a null becomes the empty text.
 bool Add(const Action& action) {
   const Reporter fail("Add: " + action.CmdName);
   return InTransaction(fail, [&] {
     std::string values = Sql(scBuildCmdID());
-    for (const char* column :
-         {"DIR", "NUMTYP", "LIST", "CHO", "ANSPOS", "TIME", "BSYCHO", "ONECAL", "ORGSEL", "SMSSEL"}) {
-      const std::string name = column;
-      Value value = name == "NUMTYP" ? "EX" : scGetParamValue(name);
-      if (name == "LIST" && value.IsEmpty()) value = "1";
+    for (const Value& value : Record(columns, {{"NUMTYP", "EX"}, {"LIST", LISTOrFirst}}))
       values += value.IsEmpty() ? " ,null" : Sql(",'", value, "'");
-    }
     return scRunQuery(Sql("INSERT INTO PELPI VALUES (", values, ")")) || fail(InsertFailed, action.CmdName);
   });
 }

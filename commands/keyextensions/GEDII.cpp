@@ -6,6 +6,7 @@
 #include "script/Module.h"
 #include "script/Report.h"
 #include "script/Text.h"
+#include "shared/Rechecks.h"
 #include "shared/Record.h"
 #include "shared/Row.h"
 #include "shared/Usage.h"
@@ -28,8 +29,6 @@ bool ListLOCATION(const Action&) {
   return scCollectValuesAndDesc(sql, "dynamic") ||
          Reporter("StatCheck_EQU_LOCATION")(DescribedListNotBuilt, "Location");
 }
-
-bool CheckLIM(const Action&) { return scResetParam("LOCATION"); }
 
 // One record for each number.
 bool Add(const Action& action) {
@@ -104,7 +103,7 @@ extern const Module GEDII{
                     {{"LANG", "LIC"}, GetValuesAndDescription},
                     {"LIM", GetValuesFor_LIM},
                     {"LOCATION", ListLOCATION}},
-    .StatCheck = {{"LIM", CheckLIM}},
+    .StatCheck = {{"LIM", ResetLOCATION}},
 };
 
 }  // namespace cordboard

@@ -7,6 +7,7 @@
 #include "script/Report.h"
 #include "shared/ClassStrings.h"
 #include "shared/Equipment.h"
+#include "shared/Rechecks.h"
 #include "shared/Usage.h"
 #include "shared/ValueLists.h"
 
@@ -43,13 +44,11 @@ bool ListEQU(const Action& action) {
   return collected || Reporter("GetValuesFor: " + action.Parameter())(ListNotBuilt, action.Parameter());
 }
 
-bool ResetLOCATION(const Action&) { return scResetParam("LOCATION"); }
-
 // --- Add and edit.
 
 bool Add(const Action& action) {
   return AddTerminal(action, [](const Reporter& fail, const std::string& column, Value& value) {
-    return ReadColumn(column, scBuildCmdID, value) &&
+    return TakeColumn(column, scBuildCmdID, value) &&
            (column != "ACCTYP" || TestBoard(fail, scGetParamValue("EQU"), value));
   });
 }

@@ -5,6 +5,7 @@
 #include "script/Module.h"
 #include "script/Report.h"
 #include "shared/ClassStrings.h"
+#include "shared/Rechecks.h"
 #include "shared/TemplateID.h"
 #include "shared/ValueLists.h"
 
@@ -12,14 +13,12 @@ namespace cordboard {
 
 namespace {
 
-bool CheckLOCATION(const Action&) { return true; }
-
 Value NewCMDID() { return NextTemplateID("ITNUITEMPLATE"); }
 
 // Takes a number and a position into use as a terminal does, but its access type stands on any board.
 bool Add(const Action& action) {
   return AddTerminal(action, [](const Reporter&, const std::string& column, Value& value) {
-    return ReadColumn(column, NewCMDID, value);
+    return TakeColumn(column, NewCMDID, value);
   });
 }
 
@@ -46,7 +45,7 @@ extern const Module ITNUITEMPLATE{
                     {"CAT", GetValuesFor_CAT},
                     {"CUST", GetValuesFor_CUST},
                     {"LOCATION", GetValuesFor_LOCATION}},
-    .StatCheck = {{"CDIV_D6", ResetCDIVTail}, {"LOCATION", CheckLOCATION}},
+    .StatCheck = {{"CDIV_D6", ResetCDIVTail}, {"LOCATION", AlwaysTrue}},
     .isTemplate = true,
 };
 

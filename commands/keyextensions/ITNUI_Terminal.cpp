@@ -15,19 +15,10 @@ bool IsCMDID(std::string name) {
   return name == "CMDID";
 }
 
-// What the record has in the column: blank also where there is no record.
-bool ReadOld(const Action& action, const Reporter& fail, const std::string& column, Value& old) {
-  RowSet rows;
-  if (!scRunQuery(Sql(" SELECT ", column, " FROM ", action.CmdName, " WHERE CmdId = ", action.CmdId), rows))
-    return fail(StatementFailed);
-  if (!rows.IsEmpty()) old = rows[0][0];
-  return true;
-}
-
 // The use of the number moves; the column DIR is left to the host.
 bool EditDIR(const Action& action, const Reporter& fail, const Value& DIR) {
   Value old;
-  if (!ReadOld(action, fail, "DIR", old)) return false;
+  if (!ReadOld(fail, action.CmdName, action.CmdId, "DIR", old)) return false;
   if (old.IsBlank()) return fail(ColumnHasNoValue, "DIR");
   return UpdateExtOpeGrp(old, DIR);
 }
@@ -40,20 +31,20 @@ bool TestBoard(const Reporter& fail, const Value& EQU, const Value& ACCTYP) {
   return !Equals(BoardID, "77") || ACCTYP.IsBlank() || fail(ValueNotInList, "ACCTYP");
 }
 
-bool ReadColumn(const std::string& column, Value (*newCmdId)(), Value& value) {
+bool TakeColumn(const std::string& column, Value (*newCmdId)(), Value& value) {
   value = IsCMDID(column) ? newCmdId() : column == "NUMTYP" ? Value("EX") : scGetParamValue(column);
   if (column == "DIR") return InsertExtension(value, "EX");
   if (column == "EQU") return SetEquipmentUsed(value, true);
   return true;
 }
 
-bool AddTerminal(const Action& action, ColumnReader read) {
+bool AddTerminal(const Action& action, ColumnTaker take) {
   const Reporter fail("Add: " + action.CmdName);
   return InTransaction(fail, [&] {
     List record(std::vector<Value>{});
     for (const Value& column : action.ParamList) {
       Value value;
-      if (!read(fail, ToText(column), value)) return false;
+      if (!take(fail, ToText(column), value)) return false;
       record.Append(value);
     }
     return scSQLInsert(action.CmdName, action.ParamList, record) || fail(InsertFailed, action.CmdName);
@@ -73,7 +64,8 @@ bool EditTerminal(const Action& action, const Selector& database) {
         if (!EditDIR(action, fail, value)) return false;
       } else if (name == "EQU") {
         Value old;
-        if (!TestBoard(fail, value, ACCTYP) || !ReadOld(action, fail, "EQU", old)) return false;
+        if (!TestBoard(fail, value, ACCTYP)) return false;
+        if (!ReadOld(fail, action.CmdName, action.CmdId, "EQU", old)) return false;
         if (old.IsBlank()) return true;
         if (!UpdateEQU(action.CmdName, action.CmdId, old, value)) return false;
       } else {

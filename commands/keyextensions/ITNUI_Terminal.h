@@ -24,11 +24,11 @@ bool TestBoard(const Reporter& fail, const Value& EQU, const Value& ACCTYP);
 // The value of a column for a new record. A number is taken into use and a position marked as its turn comes; False
 // where that is refused, and has been reported. The name of the identifier counts in any capitals, all others as they
 // stand.
-bool ReadColumn(const std::string& column, Value (*newCmdId)(), Value& value);
+bool TakeColumn(const std::string& column, Value (*newCmdId)(), Value& value);
 
-// Adds one record, with a value from `read` for each column in its turn. The first that is refused ends the add.
-using ColumnReader = bool (*)(const Reporter& fail, const std::string& column, Value& value);
-bool AddTerminal(const Action& action, ColumnReader read);
+// Adds one record, with a value from `take` for each column in its turn. The first that is refused ends the add.
+using ColumnTaker = bool (*)(const Reporter& fail, const std::string& column, Value& value);
+bool AddTerminal(const Action& action, ColumnTaker take);
 
 // Edits a record. Its columns are written in the database, but for the position; what they were is asked for in the
 // configuration.

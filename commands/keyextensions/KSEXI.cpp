@@ -14,6 +14,7 @@
 #include "shared/ClassStrings.h"
 #include "shared/Equipment.h"
 #include "shared/ExtensionADC.h"
+#include "shared/Rechecks.h"
 #include "shared/Record.h"
 #include "shared/Release.h"
 #include "shared/Usage.h"
@@ -72,8 +73,6 @@ bool CheckITYPE(const Action&) {
   const bool fits = Equals(BoardID, board) || Equals(BoardID, otherBoard);
   return !fits || scSetParamValue("EQU", EQU) || fail(SetFailed, "EQU");
 }
-
-bool ResetLOCATION(const Action&) { return scResetParam("LOCATION"); }
 
 // --- Add.
 

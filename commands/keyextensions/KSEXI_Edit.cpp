@@ -13,16 +13,6 @@ namespace cordboard {
 
 namespace {
 
-// What the record has in the column: blank also where there is no record.
-bool ReadOld(const Action& action, const Reporter& fail, const Selector& database, const std::string& column,
-             Value& old) {
-  RowSet rows;
-  if (!scRunQuery(Sql(" SELECT ", column, " FROM ", action.CmdName, " WHERE CmdId = ", action.CmdId), rows, database))
-    return fail(StatementFailed);
-  if (!rows.IsEmpty()) old = rows[0][0];
-  return true;
-}
-
 // Writes one column of the record.
 bool Write(const Action& action, const Reporter& fail, const EditedRecords& records, const std::string& column,
            const Value& value) {
@@ -33,7 +23,7 @@ bool Write(const Action& action, const Reporter& fail, const EditedRecords& reco
 // The use of the number moves; the column DIR is left to the host.
 bool EditDIR(const Action& action, const Reporter& fail, const Value& DIR) {
   Value old;
-  if (!ReadOld(action, fail, std::nullopt, "DIR", old)) return false;
+  if (!ReadOld(fail, action.CmdName, action.CmdId, "DIR", old)) return false;
   if (old.IsBlank()) return fail(ColumnHasNoValue, "DIR");
   return UpdateExtOpeGrp(old, DIR) || fail(ColumnNotWritten, "DIR");
 }
@@ -41,7 +31,7 @@ bool EditDIR(const Action& action, const Reporter& fail, const Value& DIR) {
 // A record without a position is reported, and that is no failure.
 bool EditEQU(const Action& action, const Reporter& fail, const EditedRecords& records, const Value& EQU) {
   Value old;
-  if (!ReadOld(action, fail, records.oldEQU, "EQU", old)) return false;
+  if (!ReadOld(fail, action.CmdName, action.CmdId, "EQU", old, records.oldEQU)) return false;
   if (!old.IsBlank()) return UpdateEQU(action.CmdName, action.CmdId, old, EQU);
   fail(ColumnHasNoValue, "EQU");
   return true;

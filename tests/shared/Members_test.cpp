@@ -15,7 +15,7 @@ Action AddOf(List columns) { return {.FunctionName = "SetInfo", .CmdName = "GDND
 std::string Reported(const std::string& codeAndArguments) { return MessageLine("Add: GDNDI", codeAndArguments); }
 
 // Rules that take the group 7 alone, and give each number a type of its own.
-const MemberRules rules = {.NUMTYP = [](const Reporter&, const Value& DIR) -> Value { return Text("T", DIR); },
+const MemberRules rules = {.NUMTYP = [](const Value& DIR) -> Value { return Text("T", DIR); },
                            .GRP = [](const Value& GRP) { return Equals(GRP, "7"); }};
 
 bool Insert(ScriptedHost& host, const List& columns, const List& numbers) {
@@ -74,7 +74,7 @@ Value OperatorOrExtension(ScriptedHost& host) {
 
 TEST(ExtensionType, IsThatOfAnyNumberAndAsksNothing) {
   ScriptedHost host;
-  EXPECT_EQ(host.With([] { return ExtensionType(fail, "900"); }), Value("EX"));
+  EXPECT_EQ(host.With([] { return ExtensionType("900"); }), Value("EX"));
   EXPECT_EQ(host.Calls(), "");
 }
 

@@ -284,11 +284,12 @@ TEST(StatCheck_BPOS, PutsBackABoardOfTheLocation) {
 }
 
 TEST(StatCheck_BPOS, DropsABoardOfAnotherLocation) {
+  const std::string calls = readBPOS + resetBPOS + boardCall;
   for (const Value& location : {Value("South"), Value::Null()}) {
     ScriptedHost host;
     SetBoard(host, {{location}});
     EXPECT_TRUE(host.With(CheckBPOS));
-    EXPECT_EQ(host.Calls(), readBPOS + resetBPOS + boardCall);
+    EXPECT_EQ(host.Calls(), calls);
   }
 }
 
@@ -423,12 +424,20 @@ TEST(IsValueInList, FailsForAListWithoutBounds) {
   ExpectFailure(Cause::SubscriptOutOfRange, [] { IsValueInList("1", List::Null()); });
 }
 
-// --- Checks that find nothing.
+// --- Checks without a value.
 
 TEST(AlwaysTrue, IsTrueAndCallsNothing) {
   ScriptedHost host;
   EXPECT_TRUE(host.With([] { return AlwaysTrue(Action()); }));
   EXPECT_EQ(host.Calls(), "");
+}
+
+TEST(ResetLOCATION, GivesTheAnswerOfTheResetAndReportsNothing) {
+  ScriptedHost host;
+  EXPECT_TRUE(host.With([] { return ResetLOCATION(Action()); }));
+  host.Refuse("scResetParam");
+  EXPECT_FALSE(host.With([] { return ResetLOCATION(Action()); }));
+  EXPECT_EQ(host.Calls(), Lines({"scResetParam(\"LOCATION\")", "scResetParam(\"LOCATION\")"}));
 }
 
 }  // namespace

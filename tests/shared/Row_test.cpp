@@ -56,6 +56,49 @@ TEST(Column, GivesTheStatementsAnswerAndReportsNothing) {
   }
 }
 
+// --- What is stored.
+
+const std::string selection = " SELECT EQU FROM KSEXI WHERE CmdId = 7";
+
+bool ReadOldEQU(Value& old) { return ReadOld(Reporter("Edit: KSEXI"), "KSEXI", 7, "EQU", old); }
+
+TEST(ReadOld, GivesWhatTheFirstRowHas) {
+  ScriptedHost host;
+  host.Rows(AsSent(selection), {{"E1", "E2"}});
+  Value old;
+  EXPECT_TRUE(host.With([&] { return ReadOldEQU(old); }));
+  EXPECT_EQ(old, Value("E1"));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(selection)}));
+}
+
+TEST(ReadOld, AsksTheDatabaseThatIsNamed) {
+  ScriptedHost host;
+  host.Rows(AsSent(selection), {{"E1"}});
+  Value old;
+  EXPECT_TRUE(host.With([&] { return ReadOld(Reporter("Edit: KSEXI"), "KSEXI", 7, "EQU", old, "site"); }));
+  EXPECT_EQ(host.Calls(), Lines({"scRunQuery(\"" + selection + "\", out, \"site\")"}));
+}
+
+TEST(ReadOld, LeavesTheValueWhereThereIsNoRecord) {
+  ScriptedHost host;
+  host.Rows(AsSent(selection), {});
+  Value old = "E9";
+  EXPECT_TRUE(host.With([&] { return ReadOldEQU(old); }));
+  EXPECT_EQ(old, Value("E9"));
+}
+
+TEST(ReadOld, ReportsAStatementThatFailsAndTakesNothingFromIt) {
+  ScriptedHost host;
+  host.Rows(AsSent(selection), {{"E1"}});
+  host.Refuse("scRunQuery");
+  Value old;
+  EXPECT_FALSE(host.With([&] { return ReadOldEQU(old); }));
+  EXPECT_EQ(old, Value());
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(selection), MessageLine("Edit: KSEXI", "62000")}));
+}
+
+// --- The row.
+
 TEST(Row, IsDeletedByItsIdentifier) {
   ScriptedHost host;
   EXPECT_TRUE(host.With([] { return DeleteRow("KSEXI", 7); }));
