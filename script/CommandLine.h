@@ -1,4 +1,4 @@
-// The command line of the host's process, which stands in the messages of one command.
+// The command line of the process that the library runs in, which stands in the messages of one command.
 #pragma once
 
 #include <functional>

@@ -27,16 +27,16 @@ bool AddGroupInLIM(const Action& action, const GroupKind& kind);
 // Moves a group to the place in `value`. It reports its failures.
 using MoveGroup = bool (*)(const Action& action, const Reporter& fail, const Value& value);
 
+// What the record has in the column, traced. The statement's answer is not tested: a record that is not there fails the
+// call.
+Value OldValue(const Action& action, const std::string& column);
+
 // Writes the changed parameters: GRP by moving the use of the number, where the column is left to the host, the
 // parameter `place` by `move`, any other as it stands. An edit goes on after a failure, so that the last parameter
 // decides.
 bool EditGroup(const Action& action, const std::string& place, MoveGroup move);
 // The same for groups that a LIM carries. A move allows 100 groups in a LIM, whatever an add allows.
 bool EditGroupInLIM(const Action& action);
-
-// What the record has in the column, traced. The statement's answer is not tested: a record that is not there fails the
-// call.
-Value OldValue(const Action& action, const std::string& column);
 
 // Frees the number of a group that a LIM carries. The record itself is left to the host.
 bool DeleteGroupInLIM(const Action& action);

@@ -19,8 +19,8 @@ const GroupKind kind{
     .trace = AddTrace::Record,
 };
 
-// QUE holds two lengths of the queue behind its first digit, in one of two widths. The upper one has to be above the
-// lower one.
+// QUE holds a lower and an upper length of the queue behind its first digit, in one of two widths. The upper one is
+// offered above the lower one.
 struct QueueLengths {
   const char* lower;
   const char* upper;
