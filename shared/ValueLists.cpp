@@ -51,12 +51,16 @@ bool GetValuesFor_LOCATION(const Action& action) {
                  Sql("SELECT Location, Description ", NL, " FROM Locations ", NL, " ORDER BY Location"));
 }
 
-bool GetValuesFor_LIM(const Action& action) {
+bool CollectLIMs() {
   const Value LOCATION = scGetParamValue("LOCATION");
-  return Collect(action, "GetValuesFor_LIM",
-                 LOCATION.IsEmpty() ? Sql("SELECT LIM, Description FROM LIMs ", NL, " ORDER BY LIM")
-                                    : Sql("SELECT LIM, Description FROM LIMs ", NL, " WHERE Location = '", LOCATION,
-                                          "'", NL, " ORDER BY LIM"));
+  return scCollectValuesAndDesc(LOCATION.IsEmpty() ? Sql("SELECT LIM, Description FROM LIMs ", NL, " ORDER BY LIM")
+                                                   : Sql("SELECT LIM, Description FROM LIMs ", NL,
+                                                         " WHERE Location = '", LOCATION, "'", NL, " ORDER BY LIM"),
+                                "dynamic");
+}
+
+bool GetValuesFor_LIM(const Action& action) {
+  return CollectLIMs() || Reporter("GetValuesFor_LIM")(DescribedListNotBuilt, action.Parameter());
 }
 
 // No blank stands before ORDER BY.

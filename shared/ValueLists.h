@@ -27,6 +27,8 @@ bool GetValuesAndDescriptionByDefinition(const Action& action);
 bool GetValuesFor_CUST(const Action& action);
 bool GetValuesFor_LOCATION(const Action& action);
 // All LIMs, or those of the LOCATION on the form; ordered as the column is, not by numeric value as CUST, CAT and ROU.
+// The first reports nothing.
+bool CollectLIMs();
 bool GetValuesFor_LIM(const Action& action);
 // The categories that are defined: those whose SERV is not null.
 bool GetValuesFor_CAT(const Action& action);

@@ -32,7 +32,7 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "terminals.plan", "templates.plan",
-                           "groups.plan", "members.plan", "general.plan"})
+                           "groups.plan", "members.plan", "general.plan", "operators.plan"})
     Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
@@ -53,6 +53,9 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
             "460|420|001-0-14-00 461|420|001-0-14-00 462|400|001-0-13-00");
   EXPECT_EQ(road.Rows("SELECT EQU, ICAT FROM EXTEIDIR WHERE DIR IN ('407', '413', '429', '445', '455') ORDER BY DIR"),
             "001-0-13-15|- 001-0-13-13|0010 001-0-14-09|2200 001-0-16-05|2113 002-0-11-31|0202");
+  EXPECT_EQ(road.Rows("SELECT ROU, SDM, LANG, STRING FROM OPRSC WHERE ROU IN ('1', '4')"),
+            "1|1|2|Public network 4|1|-|Sweden");
+  EXPECT_EQ(road.Rows("SELECT DIR, USED FROM CPDNI INNER JOIN NANSI ON NUMSE = DIR"), "95|True 96|True");
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {
