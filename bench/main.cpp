@@ -56,11 +56,12 @@ void All(const std::string& program) {
 void Run(int count, char** words) {
   const std::string program = std::filesystem::canonical("/proc/self/exe");
   const std::string what = count > 1 ? words[1] : "all";
+  std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
   if (what == "all") return All(program);
-  if (what == "growth") return MeasureGrowth(program);
+  if (what == "growth") return MeasureGrowth(program, count > 2 ? words[2] : "");
   if (what == "workload" && count == 4) return Do(std::stoi(words[2]), words[3]);
   if (what == "once" && count == 5) return DoOnce(words[2], std::stoul(words[3]), words[4]);
-  throw std::runtime_error("usage: cordboard-bench [all | growth]");
+  throw std::runtime_error("usage: cordboard-bench [all | growth [COMMAND]]");
 }
 
 }  // namespace

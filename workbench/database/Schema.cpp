@@ -57,7 +57,7 @@ std::vector<std::vector<std::string>> ReadIndexes(const DataItem& indexes, Table
 }
 
 Table ReadTable(Fields& fields) {
-  Table table{.name = ReadName(fields.At("name")), .columns = {}, .unique = {}, .indexes = {}, .note = {}};
+  Table table{.name = ReadName(fields.At("name"))};
   const DataItem columns = fields.At("columns");
   ReadColumns(columns, false, table);
   if (table.columns.empty()) columns.Fail("the table has no columns");
@@ -67,14 +67,16 @@ Table ReadTable(Fields& fields) {
   }
   if (const auto unique = fields.Find("unique")) table.unique = ReadIndexes(*unique, table);
   if (const auto indexes = fields.Find("indexes")) table.indexes = ReadIndexes(*indexes, table);
+  if (const auto patterns = fields.Find("patterns")) {
+    for (const DataItem& item : patterns->List()) table.patterns.push_back(ColumnOf(table, item.Text(), item).name);
+  }
   table.note = fields.Get<std::string>("note", "");
   return table;
 }
 
 // The view has the columns of its tables, in the order in which they first stand there.
 View ReadView(Fields& fields, const DatabaseSchema& database) {
-  View view{.table = {.name = ReadName(fields.At("name")), .columns = {}, .unique = {}, .indexes = {}, .note = {}},
-            .of = {}};
+  View view{.table = {.name = ReadName(fields.At("name"))}, .of = {}};
   for (const DataItem& item : fields.At("of").List()) {
     const Table* table = database.Find(item.Text());
     if (table == nullptr) item.Fail("there is no table " + item.Text() + " before it");
@@ -112,6 +114,12 @@ std::string CreateIndex(const char* kind, const DatabaseSchema& database, const 
                         const std::vector<std::string>& columns) {
   const std::string name = database.Stored(table.name + " by " + Separated(columns, " "));
   return kind + (" " + name + " ON " + database.Stored(table.name) + " ([" + Separated(columns, "], [") + "])");
+}
+
+// LIKE takes no notice of capitals, and uses only an index that takes none either.
+std::string CreatePatternIndex(const DatabaseSchema& database, const Table& table, const std::string& column) {
+  const std::string name = database.Stored(table.name + " by pattern of " + column);
+  return "CREATE INDEX " + (name + " ON " + database.Stored(table.name) + " ([" + column + "] COLLATE NOCASE)");
 }
 
 }  // namespace
@@ -173,6 +181,7 @@ std::vector<std::string> CreateStatements(const DatabaseSchema& database) {
     for (const auto& index : table.unique)
       statements.push_back(CreateIndex("CREATE UNIQUE INDEX", database, table, index));
     for (const auto& index : table.indexes) statements.push_back(CreateIndex("CREATE INDEX", database, table, index));
+    for (const auto& column : table.patterns) statements.push_back(CreatePatternIndex(database, table, column));
   }
   return statements;
 }

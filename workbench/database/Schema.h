@@ -5,7 +5,9 @@
 //    "further": [],                             columns after these, which only some statement or the host names
 //    "types": {"CmdId": "whole", "USED": "truth"},                       every other column is text
 //    "unique": [],                              for tables alone that the host fills: no rule adds a row there
-//    "indexes": [["NUMSE"], ["NUMTYP", "USED", "NUMSE"]], "note": "..."}
+//    "indexes": [["NUMSE"], ["NUMTYP", "USED", "NUMSE"]],
+//    "patterns": [],                            text columns that are found by how they begin, with LIKE
+//    "note": "..."}
 // and after them views, each of which shows the rows of several tables as one:
 //   {"name": "NIINI", "of": ["NIINI_DIR", "NIINI_GRP"]}                  with the columns of all, "further" ones apart
 // The tables of "site", the templates, are stored in the exchange's file beside those of "dynamic", under names that
@@ -29,10 +31,11 @@ struct Column {
 
 struct Table {
   std::string name;
-  std::vector<Column> columns;
-  std::vector<std::vector<std::string>> unique;   // what no two rows share, by the names of its columns
-  std::vector<std::vector<std::string>> indexes;  // by the names of their columns
-  std::string note;
+  std::vector<Column> columns = {};
+  std::vector<std::vector<std::string>> unique = {};   // what no two rows share, by the names of its columns
+  std::vector<std::vector<std::string>> indexes = {};  // by the names of their columns
+  std::vector<std::string> patterns = {};              // the columns that are found by how they begin
+  std::string note = {};
 
   const Column* Find(std::string_view column) const;  // null where there is none
 };

@@ -70,6 +70,7 @@ TEST(Schema, RefusesWhatIsNoSchemaAndNamesThePlace) {
             table + ".types.a: a type is \"whole\" or \"truth\", and every other column is text");
   EXPECT_EQ(RefusedTable(R"("columns": ["a"], "indexes": [["b"]])"), table + ".indexes[0][0]: there is no column b");
   EXPECT_EQ(RefusedTable(R"("columns": ["a"], "indexes": [[]])"), table + ".indexes[0]: an index has no columns");
+  EXPECT_EQ(RefusedTable(R"("columns": ["a"], "patterns": ["b"])"), table + ".patterns[0]: there is no column b");
   EXPECT_EQ(RefusedTable(R"("columns": ["a"], "index": [])"), table + ": unknown key \"index\". Did you mean indexes?");
   EXPECT_EQ(RefusedTable(R"("columns": [1])"), table + ".columns[0]: a text is wanted, not a number");
 }
@@ -80,12 +81,13 @@ TEST(Schema, CreatesTablesAndIndexes) {
   const Schema schema = ReadSchema(R"({"dynamic": [
       {"name": "NANSI", "columns": ["CmdId", "NUMSE"], "further": ["USED"],
        "types": {"CmdId": "whole", "USED": "truth"}, "indexes": [["NUMSE"], ["USED", "NUMSE"]]},
-      {"name": "t", "columns": ["End"], "unique": [["End"]]}]})");
+      {"name": "t", "columns": ["End"], "unique": [["End"]], "patterns": ["end"]}]})");
   EXPECT_THAT(CreateStatements(schema.Database("dynamic")),
               ElementsAre("CREATE TABLE [NANSI] ([CmdId] INTEGER, [NUMSE] TEXT, [USED] BOOLEAN)",
                           "CREATE INDEX [NANSI by NUMSE] ON [NANSI] ([NUMSE])",
                           "CREATE INDEX [NANSI by USED NUMSE] ON [NANSI] ([USED], [NUMSE])",
-                          "CREATE TABLE [t] ([End] TEXT)", "CREATE UNIQUE INDEX [t by End] ON [t] ([End])"));
+                          "CREATE TABLE [t] ([End] TEXT)", "CREATE UNIQUE INDEX [t by End] ON [t] ([End])",
+                          "CREATE INDEX [t by pattern of End] ON [t] ([End] COLLATE NOCASE)"));
 }
 
 TEST(Schema, StoresTheTablesOfTemplatesUnderNamesOfTheirOwn) {

@@ -249,6 +249,15 @@ TEST_F(Statements, ReadTheFreeNumbersOfATypeWithoutSorting) {
   EXPECT_EQ(plan.find("TEMP B-TREE"), plan.npos) << plan;
 }
 
+TEST_F(Statements, FindTheFirstRecordOfABoardByHowItsPositionsBegin) {
+  for (const char* values : {"(5, '001-0-11-00')", "(9, '001-0-10-00')", "(7, '001-0-10-01')"})
+    dynamic().Run(string("INSERT INTO EXTEIDIR (CmdId, EQU) VALUES ") + values);
+  const string statement = "SELECT MIN(CmdId) FROM EXTEIDIR WHERE EQU LIKE '001-0-10%'";
+  EXPECT_THAT(dynamic().Run(statement), ElementsAre("7"));
+  const string plan = dynamic().Plan(statement);
+  EXPECT_NE(plan.find("EQU>? AND EQU<?"), plan.npos) << plan;
+}
+
 // --- The order of rows.
 
 TEST_F(Statements, GiveRowsInTheOrderOfInsertion) {
