@@ -32,7 +32,7 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "terminals.plan", "templates.plan",
-                           "groups.plan", "members.plan", "general.plan"})
+                           "groups.plan", "members.plan", "general.plan", "desk.plan"})
     Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
@@ -53,6 +53,10 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
             "460|420|001-0-14-00 461|420|001-0-14-00 462|400|001-0-13-00");
   EXPECT_EQ(road.Rows("SELECT EQU, ICAT FROM EXTEIDIR WHERE DIR IN ('407', '413', '429', '445', '455') ORDER BY DIR"),
             "001-0-13-15|- 001-0-13-13|0010 001-0-14-09|2200 001-0-16-05|2113 002-0-11-31|0202");
+  EXPECT_EQ(road.Rows("SELECT DIR, EQU, TYPE, PCM, OPC FROM OPERI ORDER BY DIR"),
+            "900|001-0-11-24|3|-|1102 901|002-0-11-00|3|-|1102 903|001-0-11-26|5|2|0200");
+  EXPECT_EQ(road.Rows("SELECT DIR, ANSW, LANG FROM OPISS ORDER BY DIR"), "900|0|0 901|0|0 903|2|-");
+  EXPECT_EQ(road.Rows("SELECT OPE, NAME1 FROM NIINI_OPE"), "900|Switchboard 901|Gatehouse, works");
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {
