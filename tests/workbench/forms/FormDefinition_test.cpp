@@ -73,6 +73,7 @@ const std::set<std::pair<std::string, std::string>> onNoForm = {
     {"EXTEITEMPLATE", "DIR"},       // and no number
     {"EXTEITEMPLATE", "AUX"},       // as above
     {"EXTEITEMPLATE", "DIR_AUX"},   // as above
+    {"OPISS", "AUX"},               // operators have one number each
 };
 
 TEST(FormDefinition, AFormHasEveryParameterThatItsModuleServes) {
