@@ -23,6 +23,10 @@ inline constexpr const char* EquipmentAtLocations =
 inline constexpr const char* EquipmentOnBoards =
     "SELECT Equipment.EQU \r\n FROM Boards \r\n INNER JOIN Equipment \r\n ON (Boards.Slot = Equipment.Slot) \r\n AND "
     "(Boards.Magazine = Equipment.Magazine) AND (Boards.LIM = Equipment.LIM)\r\n ";
+// The same, without a line end in front of FROM.
+inline constexpr const char* EquipmentOnBoardsFromInLine =
+    "SELECT Equipment.EQU FROM Boards \r\n INNER JOIN Equipment \r\n ON (Boards.Slot = Equipment.Slot) \r\n AND "
+    "(Boards.Magazine = Equipment.Magazine) AND (Boards.LIM = Equipment.LIM)\r\n ";
 // Positions with their boards and LIMs: over several lines, and in one.
 inline constexpr const char* EquipmentInLIMs =
     "SELECT Equipment.EQU \r\n FROM (Boards INNER JOIN Equipment ON (Boards.Slot = Equipment.Slot)\r\n AND "

@@ -32,7 +32,7 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "terminals.plan", "templates.plan",
-                           "groups.plan", "members.plan", "general.plan", "operators.plan"})
+                           "groups.plan", "members.plan", "general.plan", "operators.plan", "desk.plan"})
     Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
@@ -56,6 +56,10 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   EXPECT_EQ(road.Rows("SELECT ROU, SDM, LANG, STRING FROM OPRSC WHERE ROU IN ('1', '4')"),
             "1|1|2|Public network 4|1|-|Sweden");
   EXPECT_EQ(road.Rows("SELECT DIR, USED FROM CPDNI INNER JOIN NANSI ON NUMSE = DIR"), "95|True 96|True");
+  EXPECT_EQ(road.Rows("SELECT DIR, EQU, TYPE, PCM, OPC FROM OPERI ORDER BY DIR"),
+            "900|001-0-11-24|3|-|1102 901|002-0-11-00|3|-|1102 903|001-0-11-26|5|2|0200");
+  EXPECT_EQ(road.Rows("SELECT DIR, ANSW, LANG FROM OPISS ORDER BY DIR"), "900|0|0 901|0|0 903|2|-");
+  EXPECT_EQ(road.Rows("SELECT OPE, NAME1 FROM NIINI_OPE"), "900|Switchboard 901|Gatehouse, works");
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {
