@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "script/Conversions.h"
+#include "script/Statement.h"
 #include "workbench/database/Schema.h"
 #include "workbench/exchange/FixedValues.h"
 #include "workbench/exchange/NumberSeries.h"
@@ -28,7 +29,7 @@ void MakeTables(Connection& database, const char* selector) {
 void KeepLinesApart(Connection& database) {
   for (const char* selector : {"dynamic", "site"}) {
     const std::string table = ShippedSchema().Database(selector).Stored("BuiltCmd");
-    database.Execute("CREATE TEMP TABLE " + table + " AS SELECT * FROM [main]." + table + " LIMIT 0");
+    database.Execute(Text("CREATE TEMP TABLE ", table, " AS SELECT * FROM [main].", table, " LIMIT 0"));
   }
 }
 

@@ -140,9 +140,9 @@ TEST_F(OPISSRoad, OperatorsAreGivenARecordChangedAndDeleted) {
   EXPECT_EQ(road.Values("OPISS", "LANG"), "0 1 2 3 4 5");
   EXPECT_EQ(road.Do("OPISS:DIR=900&902,ANSW=1,MODE=0,LANG=2;"), "done");
   EXPECT_EQ(road.Values("OPISS", "DIR"), "901");
-  EXPECT_EQ(road.Rows(services), "900|-|1|0|2 902|-|1|0|2");
+  EXPECT_EQ(road.Rows(services), "900||1|0|2 902||1|0|2");
   EXPECT_EQ(road.Do("edit OPISS DIR=902:DIR=901,LANG=;"), "done");
-  EXPECT_EQ(road.Rows(services), "900|-|1|0|2 901|-|1|0|-");
+  EXPECT_EQ(road.Rows(services), "900||1|0|2 901||1|0|-");
   EXPECT_EQ(road.Do("delete OPISS DIR=900;"), "done");
   EXPECT_EQ(road.Rows(services), "901||1|0|-");
   EXPECT_EQ(road.Lines().size(), 1U) << "of the series alone";
