@@ -50,8 +50,8 @@ bool ListPCM(const Action& action) { return HasPCM() && GetValuesAndDescription(
 
 bool CheckLOCATION(const Action& action) { return StatCheck_EQU(action.Parameter()); }
 
-// The position stays where the new type is connected to its board. PCM is mandatory for type 5, and has to be given
-// anew for every type.
+// The position stays where the list for the new type still has it. PCM is mandatory for type 5, and has to be given
+// anew for every type, unless what it has to be cannot be said to the form.
 bool CheckTYPE(const Action& action) {
   const Reporter fail("StatCheck: " + action.CmdName);
   if (!StatCheck_RecheckValue(action.CmdName, "EQU")) return false;
@@ -110,7 +110,7 @@ bool ReadColumn(const Action& action, const Reporter& fail, const char* column, 
 }
 
 // Of a new number only the use moves: the column DIR is left to the host. A record that is not there, or a use that
-// cannot be moved, does not end the edit, and a later parameter that is written makes up for it.
+// cannot be moved, does not end the edit, and a later parameter makes up for it, be it a position without a record.
 bool Edit(const Action& action) {
   const Reporter fail("Edit: " + action.CmdName);
   return InTransaction(fail, [&] {
