@@ -7,9 +7,14 @@
 #include "support/Road.h"
 #include "workbench/data/Resources.h"
 #include "workbench/plans/Plan.h"
+#include "workbench/support/RoadTest.h"
 
 namespace cordboard::workbench {
 namespace {
+
+const char* const plans[] = {"extensions.plan", "authorisation.plan", "routes.plan", "directory.plan",
+                             "terminals.plan",  "templates.plan",     "groups.plan", "members.plan",
+                             "general.plan",    "operators.plan",     "desk.plan"};
 
 struct ExamplePlan : testing::TestWithParam<std::string> {
   Road road{GetParam()};
@@ -31,9 +36,7 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 }
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
-  for (const char* name : {"extensions.plan", "routes.plan", "directory.plan", "terminals.plan", "templates.plan",
-                           "groups.plan", "members.plan", "general.plan", "operators.plan", "desk.plan"})
-    Apply(name);
+  for (const char* name : plans) Apply(name);
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM KSEXI WHERE CUST = '2' AND CALALT = '1' AND LANG = '2'"), "11");
@@ -62,6 +65,16 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   EXPECT_EQ(road.Rows("SELECT OPE, NAME1 FROM NIINI_OPE"), "900|Switchboard 901|Gatehouse, works");
 }
 
+// The whole exchange, in the earliest and in the latest release.
+struct WholeExample : ExamplePlan {};
+
+TEST_P(WholeExample, GivesTheLinesOfAllPlans) {
+  for (const char* name : plans) Apply(name);
+  std::string lines;
+  for (const std::string& line : road.Lines()) lines += line + "\n";
+  EXPECT_EQ(lines, Golden("example-" + GetParam() + ".txt"));
+}
+
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {
   EXPECT_THAT(road.Lines(),
               testing::IsSupersetOf({"NANSI:NUMTYP=EX,NUMSE=100&&199;", "NANSI:NUMTYP=AI,NUMSE=9;",
@@ -76,6 +89,8 @@ TEST_P(ExamplePlan, GivesLinesOfSeriesAndParametersThatBuildThemAgain) {
   for (const std::string& line : lines) EXPECT_EQ(again.Do(line), "done") << line;
   EXPECT_EQ(again.Lines(), lines);
 }
+
+INSTANTIATE_TEST_SUITE_P(OnTwoReleases, WholeExample, testing::Values("R6", "R8"));
 
 INSTANTIATE_TEST_SUITE_P(OnEveryRelease, ExamplePlan, testing::ValuesIn(Releases()),
                          [](const auto& parameter) { return parameter.param == "R6/1" ? "R6_1" : parameter.param; });
