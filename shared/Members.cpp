@@ -39,21 +39,21 @@ Value OperatorOrExtensionType(const Reporter& fail, const Value& DIR) {
   return rows.IsEmpty() ? "EX" : rows[1][0];
 }
 
-bool FindGroup(const Reporter& fail, const std::string& heads, const Value& GRP, bool& found) {
+bool FindHead(const Reporter& fail, const std::string& heads, const Value& GRP, bool& found) {
   RowSet rows;
   if (!scRunQuery(Sql(" SELECT GRP FROM ", heads, NL, " WHERE GRP = '", GRP, "'"), rows)) return fail(StatementFailed);
   found = !rows.IsEmpty();
   return true;
 }
 
-bool InsertGroup(const Reporter& fail, const std::string& heads, const List& columns, const List& values) {
+bool InsertHead(const Reporter& fail, const std::string& heads, const List& columns, const List& values) {
   return scSQLInsert(heads, columns, values) || fail(InsertFailed, heads);
 }
 
-bool FindOrInsertGroup(const Reporter& fail, const std::string& heads, const Value& GRP) {
+bool FindOrInsertHead(const Reporter& fail, const std::string& heads, const Value& GRP) {
   bool found = false;
-  if (!FindGroup(fail, heads, GRP, found)) return false;
-  return found || InsertGroup(fail, heads, {"CMDID", "GRP"}, {scBuildCmdID(), GRP});
+  if (!FindHead(fail, heads, GRP, found)) return false;
+  return found || InsertHead(fail, heads, {"CMDID", "GRP"}, {scBuildCmdID(), GRP});
 }
 
 }  // namespace cordboard

@@ -29,9 +29,9 @@ Value ExtensionType(const Value& DIR);
 Value OperatorOrExtensionType(const Reporter& fail, const Value& DIR);
 
 // Whether the table of heads has the group. A table that cannot be read is reported.
-bool FindGroup(const Reporter& fail, const std::string& heads, const Value& GRP, bool& found);
-bool InsertGroup(const Reporter& fail, const std::string& heads, const List& columns, const List& values);
+bool FindHead(const Reporter& fail, const std::string& heads, const Value& GRP, bool& found);
+bool InsertHead(const Reporter& fail, const std::string& heads, const List& columns, const List& values);
 // A group comes into being with its first member: gives it a head of its number alone where it has none.
-bool FindOrInsertGroup(const Reporter& fail, const std::string& heads, const Value& GRP);
+bool FindOrInsertHead(const Reporter& fail, const std::string& heads, const Value& GRP);
 
 }  // namespace cordboard

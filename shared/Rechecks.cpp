@@ -58,8 +58,8 @@ bool StatCheck_RecheckValue(const std::string& CmdName, const std::string& param
   return PutBackIfListed(Reporter("StatCheck: " + CmdName), parameter, kept, CmdName);
 }
 
-bool StatCheck_LIM(const std::string& CmdName) {
-  return PutBackIfAtLocation(Reporter("StatCheck: " + CmdName), "LIM", "LOCATION", [](const std::string& LIM) {
+bool StatCheck_LIM(const Action& action) {
+  return PutBackIfAtLocation(Reporter("StatCheck: " + action.CmdName), "LIM", "LOCATION", [](const std::string& LIM) {
     return Sql("SELECT Location FROM LIMs ", NL, " WHERE LIM = '", LIM, "'", NL);
   });
 }

@@ -28,7 +28,7 @@ bool Revalidate(const Reporter& fail, const std::string& parameter, const Value&
 bool StatCheck_RecheckValue(const std::string& CmdName, const std::string& parameter);
 
 // LIM against the LOCATION on the form. A LIM that the exchange does not have fails the call, as does such an EQU.
-bool StatCheck_LIM(const std::string& CmdName);
+bool StatCheck_LIM(const Action& action);
 // EQU and BPOS against the named location parameter. A BPOS without a board is dropped.
 bool StatCheck_EQU(const std::string& locationParameter);
 bool StatCheck_BPOS(const std::string& locationParameter);

@@ -84,10 +84,12 @@ bool GetValuesFor_ROU(const Action& action) {
   return Collect(action, "GetValuesFor_ROU", Sql("SELECT ROU, DESCRIPTION FROM ROCAI ", NL, "ORDER BY VAL(ROU) "));
 }
 
-bool GetValuesFor_EX(const Action& action) {
-  return CollectList(action, Sql(" SELECT NUMSE FROM NANSI ", NL, " WHERE NUMTYP = 'EX' ", NL, " AND USED = FALSE ", NL,
-                                 " ORDER BY NUMSE"));
+bool ListFreeNumbers(const Action& action, const char* NUMTYP) {
+  return CollectList(action, Sql(" SELECT NUMSE FROM NANSI ", NL, " WHERE NUMTYP = '", NUMTYP, "' ", NL,
+                                 " AND USED = FALSE ", NL, " ORDER BY NUMSE"));
 }
+
+bool GetValuesFor_EX(const Action& action) { return ListFreeNumbers(action, "EX"); }
 
 // The LIM is the first three characters of the position, without leading zeros. One that cannot be read answers False
 // in silence; one that is in no location fails the call.

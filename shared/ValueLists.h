@@ -36,7 +36,9 @@ bool GetValuesFor_CAT(const Action& action);
 bool GetValuesFor_CORG(const Action& action, const std::string& table);
 bool GetValuesFor_CSP(const Action& action);
 bool GetValuesFor_ROU(const Action& action);
-// The free numbers of type EX.
+// The free numbers of a type, and those of type EX. Some commands ask for theirs with other blanks and line ends, and
+// have the statement themselves.
+bool ListFreeNumbers(const Action& action, const char* NUMTYP);
 bool GetValuesFor_EX(const Action& action);
 // In spite of its name a list: the locations, or the one location of the LIM in the EQU on the form.
 bool StatCheck_EQU_LOCATION(const Action& action);

@@ -45,8 +45,6 @@ bool ListQUE_D5D6D7(const Action& action) { return CollectUpper(inThreeDigits) |
 
 // --- Checks.
 
-bool CheckLOCATION(const Action& action) { return StatCheck_LIM(action.CmdName); }
-
 // The upper length goes where the lower one has come above it. Where it has not, it is cleared and set again if the
 // list does not hold the lower one.
 bool ClearUpper(const QueueLengths& lengths, int lower, int upper) {
@@ -89,7 +87,7 @@ extern const Module ACGRI{
                      GetValuesAndDescription},
                     {"QUE_D4D5", ListQUE_D4D5},
                     {"QUE_D5D6D7", ListQUE_D5D6D7}},
-    .StatCheck = {{"LOCATION", CheckLOCATION}, {"QUE_D2D3", CheckQUE_D2D3}, {"QUE_D2D3D4", CheckQUE_D2D3D4}},
+    .StatCheck = {{"LOCATION", StatCheck_LIM}, {"QUE_D2D3", CheckQUE_D2D3}, {"QUE_D2D3D4", CheckQUE_D2D3D4}},
 };
 
 }  // namespace cordboard

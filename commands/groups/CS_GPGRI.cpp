@@ -21,8 +21,6 @@ bool CheckGRP(const Action& action) {
   return true;
 }
 
-bool CheckLOCATION(const Action& action) { return StatCheck_LIM(action.CmdName); }
-
 }  // namespace
 
 extern const Module CS_GPGRI{
@@ -31,7 +29,7 @@ extern const Module CS_GPGRI{
     .DeleteInfo = GenericDeleteInfo,
     .GenerateCmd = AlwaysTrue,
     .ValidValues = {{"LIM", GetValuesFor_LIM}, {"LOCATION", GetValuesFor_LOCATION}},
-    .StatCheck = {{"GRP", CheckGRP}, {"LOCATION", CheckLOCATION}},
+    .StatCheck = {{"GRP", CheckGRP}, {"LOCATION", StatCheck_LIM}},
 };
 
 }  // namespace cordboard

@@ -26,7 +26,7 @@ bool Add(const Action& action) {
   List numbers;
   if (!scGetValueArray("DIR", numbers)) return fail(ListNotBuilt, "DIR");
   const auto typeOf = [&](const Value& DIR) { return OperatorOrExtensionType(fail, DIR); };
-  const auto stands = [&](const Value& GRP) { return FindOrInsertGroup(fail, "CS_GDNDI", GRP); };
+  const auto stands = [&](const Value& GRP) { return FindOrInsertHead(fail, "CS_GDNDI", GRP); };
   return InsertMembers(action, fail, numbers, {.NUMTYP = typeOf, .GRP = stands});
 }
 

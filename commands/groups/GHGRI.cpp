@@ -17,8 +17,6 @@ const GroupKind kind{
     .trace = AddTrace::Limits,
 };
 
-bool CheckLOCATION(const Action& action) { return StatCheck_LIM(action.CmdName); }
-
 bool Add(const Action& action) { return AddGroupInLIM(action, kind); }
 
 }  // namespace
@@ -33,7 +31,7 @@ extern const Module GHGRI{
                     {"LOCATION", GetValuesFor_LOCATION},
                     {{"RLTC", "SEL_D1", "SEL_D2", "SEL_D3", "SEL_D4D5"}, GetValuesAndDescription},
                     {{"SERV_D1_SUB1", "SERV_D1_SUB2", "SERV_D2", "SERV_D3", "SERV_D4"}, GetValuesAndDescription}},
-    .StatCheck = {{"LOCATION", CheckLOCATION}},
+    .StatCheck = {{"LOCATION", StatCheck_LIM}},
 };
 
 }  // namespace cordboard

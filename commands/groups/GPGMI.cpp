@@ -25,8 +25,6 @@ bool ListDIR(const Action& action) {
 
 bool ListGRP(const Action& action) { return CollectList(action, " SELECT GRP FROM CS_GPGRI"); }
 
-bool CheckLOCATION(const Action& action) { return StatCheck_LIM(action.CmdName); }
-
 // A group that stood before the add is asked again for each number, always for room for all of them. One that the add
 // has made is not asked: it takes as many as are given. There is no transaction: when a number fails, the group and the
 // members before it stay.
@@ -39,10 +37,10 @@ bool Add(const Action& action) {
   const auto typeOf = [&](const Value& DIR) { return OperatorOrExtensionType(fail, DIR); };
   const auto takes = [&](const Value& GRP) {
     bool found = false;
-    if (!FindGroup(fail, "CS_GPGRI", GRP, found)) return false;
+    if (!FindHead(fail, "CS_GPGRI", GRP, found)) return false;
     if (found) return made || CheckMembersPerGroup(action.CmdName, GRP, count, membersPerGroup);
     made = true;
-    return InsertGroup(fail, "CS_GPGRI", {"CMDID", "GRP", "LIM"}, {scBuildCmdID(), GRP, scGetParamValue("LIM")});
+    return InsertHead(fail, "CS_GPGRI", {"CMDID", "GRP", "LIM"}, {scBuildCmdID(), GRP, scGetParamValue("LIM")});
   };
   return InsertMembers(action, fail, numbers, {.NUMTYP = typeOf, .GRP = takes});
 }
@@ -54,7 +52,7 @@ extern const Module GPGMI{
     .EditInfo = GenericEditInfo,
     .DeleteInfo = GenericDeleteInfo,
     .ValidValues = {{"DIR", ListDIR}, {"GRP", ListGRP}, {"LIM", GetValuesFor_LIM}, {"LOCATION", GetValuesFor_LOCATION}},
-    .StatCheck = {{"LOCATION", CheckLOCATION}},
+    .StatCheck = {{"LOCATION", StatCheck_LIM}},
 };
 
 }  // namespace cordboard

@@ -16,8 +16,6 @@ bool ListLIM(const Action& action) {
          Reporter("GetValuesFor_LIM")(ListNotBuilt, action.Parameter());
 }
 
-bool CheckLOCATION(const Action& action) { return StatCheck_LIM(action.CmdName); }
-
 }  // namespace
 
 extern const Module CPDLI{
@@ -25,7 +23,7 @@ extern const Module CPDLI{
     .EditInfo = GenericEditInfo,
     .DeleteInfo = GenericDeleteInfo,
     .ValidValues = {{"LIM", ListLIM}, {"LOCATION", GetValuesFor_LOCATION}},
-    .StatCheck = {{"LOCATION", CheckLOCATION}},
+    .StatCheck = {{"LOCATION", StatCheck_LIM}},
 };
 
 }  // namespace cordboard

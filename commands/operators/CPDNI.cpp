@@ -11,10 +11,7 @@ namespace cordboard {
 
 namespace {
 
-bool ListDIR(const Action& action) {
-  return CollectList(action, Sql(" SELECT NUMSE FROM NANSI ", NL, " WHERE NUMTYP = 'CP' ", NL, " AND USED = FALSE ", NL,
-                                 " ORDER BY NUMSE"));
-}
+bool ListDIR(const Action& action) { return ListFreeNumbers(action, "CP"); }
 
 bool Add(const Action& action) {
   const Reporter fail("Add: " + action.CmdName);

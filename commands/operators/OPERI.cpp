@@ -20,10 +20,7 @@ constexpr int mostOperators = 250;
 
 // --- Lists and checks.
 
-bool ListDIR(const Action& action) {
-  return CollectList(action, Sql(" SELECT NUMSE FROM NANSI ", NL, " WHERE NUMTYP = 'OI' ", NL, " AND USED = FALSE ", NL,
-                                 " ORDER BY NUMSE"));
-}
+bool ListDIR(const Action& action) { return ListFreeNumbers(action, "OI"); }
 
 // The boards that a console of this type is connected to.
 const char* BoardsFor(const Value& TYPE) {

@@ -103,28 +103,28 @@ TEST(OperatorOrExtensionType, IsEmptyAfterAReportWhereOperatorsCannotBeRead) {
 const std::string heads = " SELECT GRP FROM CS_GDNDI{NL} WHERE GRP = '7'";
 
 bool FindOrInsert(ScriptedHost& host) {
-  return host.With([] { return FindOrInsertGroup(fail, "CS_GDNDI", "7"); });
+  return host.With([] { return FindOrInsertHead(fail, "CS_GDNDI", "7"); });
 }
 
-TEST(FindGroup, TellsWhetherTheGroupIsThere) {
+TEST(FindHead, TellsWhetherTheGroupIsThere) {
   ScriptedHost host;
   host.Rows(AsSent(heads), {{"7"}});
   host.Rows(AsSent(heads), {});
   bool found = false;
-  EXPECT_TRUE(host.With([&] { return FindGroup(fail, "CS_GDNDI", "7", found); }));
+  EXPECT_TRUE(host.With([&] { return FindHead(fail, "CS_GDNDI", "7", found); }));
   EXPECT_TRUE(found);
-  EXPECT_TRUE(host.With([&] { return FindGroup(fail, "CS_GDNDI", "7", found); }));
+  EXPECT_TRUE(host.With([&] { return FindHead(fail, "CS_GDNDI", "7", found); }));
   EXPECT_FALSE(found);
 }
 
-TEST(FindOrInsertGroup, LeavesAGroupThatIsThere) {
+TEST(FindOrInsertHead, LeavesAGroupThatIsThere) {
   ScriptedHost host;
   host.Rows(AsSent(heads), {{"7"}});
   EXPECT_TRUE(FindOrInsert(host));
   EXPECT_EQ(host.Calls(), Lines({QueryLine(heads)}));
 }
 
-TEST(FindOrInsertGroup, MakesOneOfItsNumberAlone) {
+TEST(FindOrInsertHead, MakesOneOfItsNumberAlone) {
   ScriptedHost host;
   host.Rows(AsSent(heads), {});
   EXPECT_TRUE(FindOrInsert(host));
@@ -132,7 +132,7 @@ TEST(FindOrInsertGroup, MakesOneOfItsNumberAlone) {
                                  R"(scSQLInsert("CS_GDNDI", ["CMDID", "GRP"], [1001, "7"]))"}));
 }
 
-TEST(FindOrInsertGroup, ReportsAHeadThatCannotBeReadOrInserted) {
+TEST(FindOrInsertHead, ReportsAHeadThatCannotBeReadOrInserted) {
   ScriptedHost unread;
   unread.Rows(AsSent(heads), {{"7"}});
   unread.Refuse("scRunQuery");

@@ -245,8 +245,8 @@ TEST_P(LocationCheck, FailsForANullOnTheForm) {
 INSTANTIATE_TEST_SUITE_P(
     Checks, LocationCheck,
     testing::Values(
-        Located{"LIM", StatCheck_LIM, "ACGRI", "LOCATION", "LIM",
-                "SELECT Location FROM LIMs {NL} WHERE LIM = '012'{NL}"},
+        Located{"LIM", [](const std::string& CmdName) { return StatCheck_LIM({.CmdName = CmdName}); }, "ACGRI",
+                "LOCATION", "LIM", "SELECT Location FROM LIMs {NL} WHERE LIM = '012'{NL}"},
         // One bracket closes that was never opened.
         Located{"EQU", StatCheck_EQU, "LOCOP", "LOCOP", "EQU",
                 "SELECT LIMs.Location FROM Locations {NL} INNER JOIN (Boards {NL} INNER JOIN Equipment ON (Boards.Slot "
