@@ -18,7 +18,7 @@ enum Message : int {
   ValuePresentForKey = 60011,          // the value is already present for this key: value, column
   MinimumAboveMaximum = 60012,         // the minimum exceeds the maximum: name, name
   ValueUsedTwice = 60013,              // two parameters of one record have the same value: parameter
-  NothingToOffer = 60015,              // no value is left to offer: parameter
+  NothingToOffer = 60015,              // no value is left to offer, or one could not be taken out: parameter
   TooManyMDN = 60016,                  // the extension has as many further numbers as it can: "30", "MDNs", number
   RecordInTheWay = 60017,              // a record of another command stands in the way: "CmdID", value, value, "KSANI"
   NoAvailableKeys = 60020,             // the extension has no free key: number

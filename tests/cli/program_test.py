@@ -107,7 +107,7 @@ class New(ProgramTest):
         made = self.folder / "new.cbx"
         ran = self.ends(DONE, "new", made, "--release", "R6/1", "--plant", "example")
         self.assertEqual(ran.stdout, "")
-        self.assertEqual(ran.stderr, f"made: {made}: release R6/1, plant example, 14 boards with 264 positions\n")
+        self.assertEqual(ran.stderr, f"made: {made}: release R6/1, plant example, 24 boards with 368 positions\n")
         self.assertEqual(self.json("show", made)["release"], "R6/1")
 
     def test_leaves_an_existing_file_alone(self):

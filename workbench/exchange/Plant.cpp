@@ -16,29 +16,34 @@ namespace cordboard::workbench {
 
 namespace {
 
-// The number of positions on each type of board (data/board-types.json).
-const std::map<std::string, int>& BoardTypes() {
+const std::map<std::string, Plant::BoardType>& BoardTypes() {
   static const auto types = [] {
-    std::map<std::string, int> read;
+    std::map<std::string, Plant::BoardType> read;
     for (const auto& [type, item] : ReadResource("board-types.json").Entries())
       read[type] = item.Object([](Fields& fields) {
         fields.Get<std::string>("title");  // for who reads the file
-        return fields.Get<int>("positions");
+        return Plant::BoardType{fields.Get<int>("positions"), fields.Get("first", 0), fields.Get("digits", 2)};
       });
     return read;
   }();
   return types;
 }
 
-int Positions(const DataItem& type) {
+Plant::BoardType TypeOf(const DataItem& type) {
   const auto found = BoardTypes().find(type.Text());
   if (found == BoardTypes().end()) type.Fail("there is no board type '" + type.Text() + "'");
   return found->second;
 }
 
-std::string EQU(const Plant::Board& board, int individual) {
+std::string Individual(const Plant::Board& board, int number) {
+  char text[16];
+  std::snprintf(text, sizeof text, "%0*d", board.type.digits, number);
+  return text;
+}
+
+std::string EQU(const Plant::Board& board, const std::string& individual) {
   char text[64];
-  std::snprintf(text, sizeof text, "%03d-%d-%02d-%02d", board.lim, board.magazine, board.slot, individual);
+  std::snprintf(text, sizeof text, "%03d-%d-%02d-%s", board.lim, board.magazine, board.slot, individual.c_str());
   return text;
 }
 
@@ -60,7 +65,7 @@ void Check(const Plant& plant) {
     if (!lims.contains(board.lim)) throw PlantError(name + ": there is no such LIM");
     if (board.magazine < 0 || board.magazine > 9) throw PlantError(name + ": a magazine is between 0 and 9");
     if (board.slot < 0 || board.slot > 99) throw PlantError(name + ": a slot is between 0 and 99");
-    if (!slots.insert(EQU(board, 0)).second) throw PlantError(name + " stands there twice");
+    if (!slots.insert(EQU(board, "")).second) throw PlantError(name + " stands there twice");
   }
   for (const auto& [lim, line] : plant.trunkLines) {
     if (!lims.contains(lim)) throw PlantError("trunk line " + line + ": there is no LIM " + std::to_string(lim));
@@ -79,7 +84,7 @@ Plant::Lim ReadLim(Fields& fields) {
 
 Plant::Board ReadBoard(Fields& fields) {
   return {fields.Get<int>("lim"), fields.Get<int>("magazine"), fields.Get<int>("slot"), fields.Get<Text>("type"),
-          Positions(fields.At("type"))};
+          TypeOf(fields.At("type"))};
 }
 
 Plant::Customer ReadCustomer(Fields& fields) { return {fields.Get<Text>("cust"), fields.Get<Text>("description", "")}; }
@@ -162,12 +167,11 @@ void EnterPlant(Exchange& exchange, const Plant& plant) {
   for (const auto& board : plant.boards) {
     database.Run("INSERT INTO [Boards] ([LIM], [Magazine], [Slot], [BoardID]) VALUES (?, ?, ?, ?)",
                  {board.lim, board.magazine, board.slot, board.boardId});
-    for (int individual = 0; individual < board.positions; ++individual) {
-      char number[16];
-      std::snprintf(number, sizeof number, "%02d", individual);
+    for (int position = 0; position < board.type.positions; ++position) {
+      const std::string individual = Individual(board, board.type.first + position);
       database.Run(
           "INSERT INTO [Equipment] ([EQU], [LIM], [Magazine], [Slot], [Individual], [USED]) VALUES (?, ?, ?, ?, ?, ?)",
-          {EQU(board, individual), board.lim, board.magazine, board.slot, number, false});
+          {EQU(board, individual), board.lim, board.magazine, board.slot, individual, false});
     }
   }
   for (const auto& customer : plant.customers)

@@ -26,13 +26,19 @@ struct Plant {
     std::string location;
     std::string description;
   };
-  // A board in a slot. Its type gives the number of positions, "001-0-10-00" and on.
+  // What boards of a type have (data/board-types.json): individuals from `first` on, in so many digits.
+  struct BoardType {
+    int positions = 0;
+    int first = 0;
+    int digits = 2;
+  };
+  // A board in a slot.
   struct Board {
     int lim = 1;
     int magazine = 0;
     int slot = 0;
     std::string boardId;
-    int positions = 0;
+    BoardType type = {};
   };
   struct Customer {
     std::string number;

@@ -40,8 +40,8 @@ TEST(Plant, IsReadFromItsDescription) {
   EXPECT_EQ(plant.locations.size(), 2u);
   EXPECT_EQ(plant.lims.size(), 2u);
   ASSERT_EQ(plant.boards.size(), 2u);
-  EXPECT_EQ(plant.boards[0].positions, 8);
-  EXPECT_EQ(plant.boards[1].positions, 16);
+  EXPECT_EQ(plant.boards[0].type.positions, 8);
+  EXPECT_EQ(plant.boards[1].type.positions, 16);
   EXPECT_THAT(plant.routes, ElementsAre("1", "2", "3", "10", "12"));
   ASSERT_EQ(plant.trunkLines.size(), 4u);
   EXPECT_EQ(plant.trunkLines[2], std::pair(1, std::string("001-0-20-02")));
@@ -76,6 +76,16 @@ TEST(Plant, PositionsFollowFromTheBoards) {
             R"([["001-0-03-07", "012-1-10-07"], [1, 12], [0, 1], [3, 10], ["07", "07"], [False, False]])");
   EXPECT_EQ(Rows(*exchange, "SELECT MIN(EQU), MAX(EQU) FROM Equipment WHERE LIM = 12"),
             R"([["012-1-10-00"], ["012-1-10-15"]])");
+}
+
+TEST(Plant, RadioPortsAreOneDigitAndBeginWithOne) {
+  const auto exchange =
+      Exchange::CreateInMemory("R7", ParsePlant(R"({"name": "radio", "locations": [{"location": "HQ"}],
+      "lims": [{"lim": 1, "location": "HQ"}], "boards": [{"lim": 1, "magazine": 0, "slot": 18, "type": "108"}]})",
+                                                "radio"));
+  EXPECT_EQ(Count(*exchange, "Equipment"), 8);
+  EXPECT_EQ(Rows(*exchange, "SELECT EQU, Individual FROM Equipment WHERE Individual IN ('0', '1', '8')"),
+            R"([["001-0-18-1", "001-0-18-8"], ["1", "8"]])");
 }
 
 TEST(Plant, CategoriesAreProvidedBlankWithIdentifiersOfTheirOwn) {

@@ -1,0 +1,106 @@
+#include "shared/DirectoryNumbers.h"
+
+#include <gtest/gtest.h>
+
+#include "support/CallLines.h"
+#include "support/ScriptedHost.h"
+
+namespace cordboard {
+namespace {
+
+const Action action{.FunctionName = "EditInfo", .CmdName = "IPEXI", .CmdId = 7};
+
+const std::string read = "SELECT DIR FROM IPEXI WHERE CmdId = 7";
+const std::string cleared = StatementLine("UPDATE IPEXI SET DIR = Null{NL} WHERE CmdId = 7");
+const std::string written = StatementLine("UPDATE IPEXI SET DIR = '201'{NL} WHERE CmdId = 7");
+const std::string deleted = StatementLine("DELETE * FROM IPEXI{NL} WHERE CmdId = 7");
+
+std::string Taken(const std::string& DIR) {
+  return StatementLine("UPDATE GEDII SET TYPE = 'IP'{NL} WHERE DIR = '" + DIR + "'");
+}
+std::string Freed(const std::string& DIR) {
+  return StatementLine("UPDATE GEDII SET TYPE = Null{NL} WHERE DIR = '" + DIR + "'");
+}
+
+struct DirectoryNumbers : testing::Test {
+  ScriptedHost host;
+
+  bool Move(const Value& value) {
+    return host.With([&] { return MoveDirectoryNumber(action, "DIR", value, "IP"); });
+  }
+  bool Delete() {
+    return host.With([&] { return DeleteRowAndFreeNumber(action, "DIR"); });
+  }
+};
+
+TEST_F(DirectoryNumbers, ThoseWithoutATypeAreOffered) {
+  EXPECT_TRUE(host.With([] { return ListFreeDirectoryNumbers(action); }));
+  EXPECT_EQ(host.Calls(), Lines({Call("scCollectSingleValues", "SELECT DIR FROM GEDII WHERE TYPE IS NULL")}));
+}
+
+TEST_F(DirectoryNumbers, AListThatIsRefusedIsNotReported) {
+  host.Refuse("scCollectSingleValues");
+  EXPECT_FALSE(host.With([] { return ListFreeDirectoryNumbers(action); }));
+  EXPECT_EQ(host.Calls(), Lines({Call("scCollectSingleValues", "SELECT DIR FROM GEDII WHERE TYPE IS NULL")}));
+}
+
+TEST_F(DirectoryNumbers, TheOldOneIsFreedBeforeTheNewOneIsTaken) {
+  host.Rows(read, {{"200"}});
+  EXPECT_TRUE(Move("201"));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(read), Freed("200"), written, Taken("201")}));
+}
+
+TEST_F(DirectoryNumbers, AnEmptyValueIsWrittenAsNullAndTakesNothing) {
+  host.Rows(read, {{"200"}});
+  EXPECT_TRUE(Move(Value()));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(read), Freed("200"), cleared}));
+}
+
+TEST_F(DirectoryNumbers, WithoutARecordTheEmptyNumberIsFreed) {
+  host.Rows(read, {});
+  EXPECT_TRUE(Move("201"));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(read), Freed(""), written, Taken("201")}));
+}
+
+TEST_F(DirectoryNumbers, WhetherTheOldOneCanBeReadIsNotTested) {
+  host.Refuse("scRunQuery", read);
+  EXPECT_TRUE(Move("201"));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(read), Freed(""), written, Taken("201")}));
+}
+
+TEST_F(DirectoryNumbers, AMoveEndsAtTheFirstStepThatFails) {
+  host.Rows(read, {{"200"}});
+  host.Refuse("scRunQuery", "UPDATE IPEXI SET DIR = '201'\r\n WHERE CmdId = 7");
+  EXPECT_FALSE(Move("201"));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(read), Freed("200"), written}));
+}
+
+TEST_F(DirectoryNumbers, IsFreedBehindItsRecord) {
+  host.Rows(read, {{"200"}});
+  EXPECT_TRUE(Delete());
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(read), deleted, Freed("200")}));
+}
+
+TEST_F(DirectoryNumbers, NothingIsFreedWithoutARecord) {
+  host.Rows(read, {});
+  EXPECT_TRUE(Delete());
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(read), deleted}));
+}
+
+TEST_F(DirectoryNumbers, StaysTakenWhereTheRecordStays) {
+  host.Rows(read, {{"200"}});
+  host.Refuse("scRunQuery", "DELETE * FROM IPEXI\r\n WHERE CmdId = 7");
+  EXPECT_FALSE(Delete());
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(read), deleted}));
+}
+
+TEST_F(DirectoryNumbers, ADeleteHasTheEnvelope) {
+  host.Rows(read, {});
+  host.Refuse("scCommitTransaction");
+  EXPECT_TRUE(host.With([] { return DeleteWithDirectoryNumber(action, "DIR"); }));
+  EXPECT_EQ(host.Calls(), Lines({Call("scStartTransaction"), QueryLine(read), deleted, Call("scCommitTransaction"),
+                                 MessageLine("Delete: IPEXI", "62011")}));
+}
+
+}  // namespace
+}  // namespace cordboard
