@@ -18,25 +18,6 @@ List ParamListOf(const Scenario& scenario, const Deed& deed) {
 
 bool IsTrue(const TracedCall& call) { return call.answer.starts_with("True"); }
 
-// The lines that only one of the two has.
-std::string Difference(const std::string& before, const std::string& after) {
-  if (before == after) return "";
-  const auto lines = [](const std::string& text) {
-    std::multiset<std::string> all;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) all.insert(line);
-    return all;
-  };
-  std::vector<std::string> gone;
-  std::vector<std::string> come;
-  std::ranges::set_difference(lines(before), lines(after), std::back_inserter(gone));
-  std::ranges::set_difference(lines(after), lines(before), std::back_inserter(come));
-  std::string text;
-  for (const std::string& line : gone) text += "  - " + line + "\n";
-  for (const std::string& line : come) text += "  + " + line + "\n";
-  return text.empty() ? "the order of the rows differs\n" : text;
-}
-
 }  // namespace
 
 // Texts in single quotes and digits are values.
@@ -100,7 +81,24 @@ std::string Course::Road() const {
 std::string Course::Transcript() const {
   std::string text;
   for (const TracedCall& call : calls) text += "  " + call.call + " -> " + call.answer + "\n";
-  return text + "  => " + (failure ? *failure : answer ? "True" : "False") + "\n" + difference;
+  return text + "  => " + (failure ? *failure : answer ? "True" : "False") + "\n";
+}
+
+std::string Difference(const std::string& before, const std::string& after) {
+  const auto lines = [](const std::string& text) {
+    std::multiset<std::string> all;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) all.insert(line);
+    return all;
+  };
+  std::vector<std::string> gone;
+  std::vector<std::string> come;
+  std::ranges::set_difference(lines(before), lines(after), std::back_inserter(gone));
+  std::ranges::set_difference(lines(after), lines(before), std::back_inserter(come));
+  std::string text;
+  for (const std::string& line : gone) text += "  - " + line + "\n";
+  for (const std::string& line : come) text += "  + " + line + "\n";
+  return text.empty() ? "the order of the rows differs\n" : text;
 }
 
 Course Go(World& world, const std::string& before, const Scenario& scenario, const Deed& deed, std::size_t wrongCall,
@@ -129,7 +127,10 @@ Course Go(World& world, const std::string& before, const Scenario& scenario, con
     // A session shows a box among its messages, where it is the one without a code.
     course.box =
         std::ranges::any_of(session.host().TakeMessages(), [](const auto& shown) { return shown.code.empty(); });
-    if (!course.Succeeded() && world.Changes() != changes) course.difference = Difference(before, world.Dump());
+    if (!course.Succeeded() && world.Changes() != changes) {
+      std::string after = world.Dump();
+      if (after != before) course.left = std::move(after);
+    }
   }
   return course;
 }

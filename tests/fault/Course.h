@@ -27,7 +27,7 @@ struct Course {
   bool box = false;                    // whether a message box was shown
   int openBefore = 0;                  // transactions
   int openAfter = 0;
-  std::string difference;  // of the tables to before, where the action answers False or fails; empty if there is none
+  std::string left;  // the content of the tables, where an action that answers False or fails has changed it
 
   bool Succeeded() const { return answer && !failure; }
   // How often an operation was called, and how often with the answer True.
@@ -45,6 +45,9 @@ struct Course {
 // A call without the values in it, and its operation.
 std::string WithoutValues(const std::string& call);
 std::string OperationOf(const TracedCall& call);
+
+// The lines that only one of two contents of the tables has.
+std::string Difference(const std::string& before, const std::string& after);
 
 // Runs the deed and undoes what it did. `before` is the content of the tables.
 Course Go(World& world, const std::string& before, const Scenario& scenario, const Deed& deed,

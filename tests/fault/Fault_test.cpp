@@ -85,7 +85,7 @@ class Faults : public testing::TestWithParam<std::string> {
     EXPECT_LE(course.Deepest(), deepest) << "transactions nest";
     const bool envelope = clean.CountTrue("scStartTransaction") > 0;
     const bool mayLeave = course.Succeeded() || !envelope || IsListed(rules_.leavesBehind, deed);
-    EXPECT_TRUE(mayLeave || course.difference.empty()) << "a part of an action that failed is left behind";
+    EXPECT_TRUE(mayLeave || course.left.empty()) << "a part of an action that failed is left behind";
     const bool told = course.answer || course.failure || course.Count("scErrorMessage") > 0 || course.box;
     const std::string reason = refused.empty() ? course.LastRefused() : refused;
     if (!told && !IsSilence(deed, course, reason))
@@ -105,7 +105,7 @@ class Faults : public testing::TestWithParam<std::string> {
         if (HasFailure()) {
           ADD_FAILURE() << "with call " << call << (fault == Fault::Refuses ? " refused" : " failing") << ", "
                         << Described(deed, scenario) << "\n"
-                        << course.Transcript();
+                        << Told(course, before);
           return;
         }
       }
@@ -116,13 +116,17 @@ class Faults : public testing::TestWithParam<std::string> {
     const Course clean = Go(world, before, scenario, deed);
     ++summary->counts.runs;
     Check(deed, clean, clean, "");
-    if (HasFailure()) ADD_FAILURE() << Described(deed, scenario) << "\n" << clean.Transcript();
+    if (HasFailure()) ADD_FAILURE() << Described(deed, scenario) << "\n" << Told(clean, before);
     for (const TracedCall& call : clean.calls) LearnParameter(call);
     if (clean.calls.empty() && !clean.answer) return;
     ++outcomes_[deed.function][clean.failure ? 2 : clean.answer ? 0 : 1];
     std::set<std::string>& roads = roads_[{deed.function, deed.worker}];
     if (roads.size() >= roadsPerWorker) return;
     if (roads.insert(clean.Road()).second && !HasFailure()) TryEveryFault(world, before, scenario, deed, clean);
+  }
+
+  static std::string Told(const Course& course, const std::string& before) {
+    return course.Transcript() + (course.left.empty() ? "" : Difference(before, course.left));
   }
 
   // A command without a form makes its own known by what it asks for.

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <map>
 
+#include "entry/Registry.h"
 #include "support/SourceFolder.h"
 
 namespace cordboard {
@@ -48,9 +49,10 @@ const Transcript& TranscriptOf(const std::string& file) {
 }
 
 const Transcript& TranscriptOfCommand(const std::string& command) {
+  const auto known = std::ranges::find(Registry(), command, &Command::name);
+  const std::string family = known == Registry().end() ? "" : folder + std::string(known->family) + "/";
   for (const std::string& file : TranscriptFiles()) {
-    const Transcript& transcript = TranscriptOf(file);
-    if (transcript.command == command) return transcript;
+    if (file.starts_with(family) && TranscriptOf(file).command == command) return TranscriptOf(file);
   }
   throw TranscriptError({folder, 0}, "there is no transcript of " + command);
 }

@@ -37,13 +37,13 @@ bool Form::IsActive(const Folding& folding) const {
 const Folding* Form::FoldingInForce(const std::string& whole) const {
   const Folding* inForce = nullptr;
   long most = -1;
-  for (const Folding& folding : definition_.foldings) {
-    if (folding.parameter != whole || !IsActive(folding)) continue;
+  for (const Folding* folding : definition_.foldings.Of(whole)) {
+    if (!IsActive(*folding)) continue;
     const auto isGiven = [&](const std::string& name) { return !Found(values_, name).IsBlank(); };
     long given = 0;
-    for (const DigitPlace& place : folding.places)
+    for (const DigitPlace& place : folding->places)
       given += std::ranges::count_if(place.parameters, isGiven) + (isGiven(place.digit) ? 1 : 0);
-    if (given > most) inForce = &folding;
+    if (given > most) inForce = folding;
     most = std::max(most, given);
   }
   return inForce;
@@ -51,9 +51,9 @@ const Folding* Form::FoldingInForce(const std::string& whole) const {
 
 // The first of the foldings that hold with the sub-digit parameter in it.
 const Folding* Form::FoldingFor(const std::string& subDigit) const {
-  const auto has = [&](const Folding& folding) { return IsActive(folding) && folding.Has(subDigit); };
-  const auto found = std::ranges::find_if(definition_.foldings, has);
-  return found == definition_.foldings.end() ? nullptr : &*found;
+  const auto& with = definition_.foldings.With(subDigit);
+  const auto found = std::ranges::find_if(with, [&](const Folding* folding) { return IsActive(*folding); });
+  return found == with.end() ? nullptr : *found;
 }
 
 const DigitPlace* Form::PlaceOf(const std::string& name) const {
@@ -126,14 +126,13 @@ Value Form::Previous(const std::string& name) const { return Found(previous_, na
 
 // Of several foldings of a whole the one that has as many digits as the text; the first, where none has.
 const Folding* Form::FoldingOfText(const std::string& whole, const Value& text) const {
-  const auto fits = [&](const Folding& folding) {
-    return folding.parameter == whole && IsActive(folding) && text.IsText() &&
-           Length(text.text()) == static_cast<std::size_t>(folding.length);
-  };
-  const auto isOne = [&](const Folding& folding) { return folding.parameter == whole && IsActive(folding); };
-  auto found = std::ranges::find_if(definition_.foldings, fits);
-  if (found == definition_.foldings.end()) found = std::ranges::find_if(definition_.foldings, isOne);
-  return found == definition_.foldings.end() ? nullptr : &*found;
+  const Folding* first = nullptr;
+  for (const Folding* folding : definition_.foldings.Of(whole)) {
+    if (!IsActive(*folding)) continue;
+    if (text.IsText() && Length(text.text()) == static_cast<std::size_t>(folding->length)) return folding;
+    if (first == nullptr) first = folding;
+  }
+  return first;
 }
 
 void Form::Set(const std::string& name, const Value& value) {
@@ -185,9 +184,8 @@ void Form::ClearBeside(const std::string& name) {
 
 // Nothing for a parameter that is no whole.
 void Form::ClearParts(const std::string& whole) {
-  for (const Folding& folding : definition_.foldings) {
-    if (folding.parameter != whole) continue;
-    for (const DigitPlace& place : folding.places) {
+  for (const Folding* folding : definition_.foldings.Of(whole)) {
+    for (const DigitPlace& place : folding->places) {
       values_.erase(place.digit);
       for (const std::string& parameter : place.parameters) values_.erase(parameter);
     }

@@ -65,6 +65,28 @@ bool Folding::Has(std::string_view subDigit) const {
   return std::ranges::any_of(places, [&](const DigitPlace& place) { return place.Has(subDigit); });
 }
 
+FoldingList::FoldingList(std::vector<Folding> foldings) {
+  const auto kept = std::make_shared<Kept>(Kept{std::move(foldings)});
+  const auto add = [](ByName& names, const std::string& name, const Folding& folding) {
+    std::vector<const Folding*>& named = names[name];
+    if (named.empty() || named.back() != &folding) named.push_back(&folding);
+  };
+  for (const Folding& folding : kept->all) {
+    add(kept->byWhole, folding.parameter, folding);
+    for (const DigitPlace& place : folding.places) {
+      if (!place.digit.empty()) add(kept->byDigit, place.digit, folding);
+      for (const std::string& parameter : place.parameters) add(kept->byDigit, parameter, folding);
+    }
+  }
+  kept_ = kept;
+}
+
+const std::vector<const Folding*>& FoldingList::Named(const ByName& foldings, std::string_view name) {
+  static const std::vector<const Folding*> none;
+  const auto found = foldings.find(name);
+  return found == foldings.end() ? none : found->second;
+}
+
 const DatabaseSchema& FormDefinition::Database() const { return ShippedSchema().Database(database); }
 
 std::string FormDefinition::Rows() const { return Database().RowsOf(table); }
@@ -84,15 +106,13 @@ bool FormDefinition::IsElsewhere(std::string_view name) const {
 }
 
 const Folding* FormDefinition::FoldingOf(std::string_view parameter) const {
-  const auto found = std::ranges::find(foldings, parameter, &Folding::parameter);
-  return found == foldings.end() ? nullptr : &*found;
+  const auto& found = foldings.Of(parameter);
+  return found.empty() ? nullptr : found.front();
 }
 
 const Folding* FormDefinition::FoldingWith(std::string_view subDigit) const {
-  for (const Folding& folding : foldings) {
-    if (folding.Has(subDigit)) return &folding;
-  }
-  return nullptr;
+  const auto& found = foldings.With(subDigit);
+  return found.empty() ? nullptr : found.front();
 }
 
 std::vector<const FormDefinition*> FormDefinition::OfEachTable() const {

@@ -2,6 +2,9 @@
 // What the command serves, and which digits a name tells, is not said there again (workbench/forms/FormReader.h).
 #pragma once
 
+#include <functional>
+#include <initializer_list>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
@@ -104,6 +107,31 @@ struct Folding {
   bool Has(std::string_view subDigit) const;
 };
 
+// The foldings of a form, in order, and those that a name has to do with. A copy shares them.
+class FoldingList {
+ public:
+  FoldingList() : FoldingList(std::vector<Folding>()) {}
+  FoldingList(std::initializer_list<Folding> foldings) : FoldingList(std::vector<Folding>(foldings)) {}
+  FoldingList(std::vector<Folding> foldings);
+
+  auto begin() const { return kept_->all.begin(); }
+  auto end() const { return kept_->all.end(); }
+  const std::vector<const Folding*>& Of(std::string_view whole) const { return Named(kept_->byWhole, whole); }
+  const std::vector<const Folding*>& With(std::string_view subDigit) const { return Named(kept_->byDigit, subDigit); }
+
+ private:
+  using ByName = std::map<std::string, std::vector<const Folding*>, std::less<>>;
+  struct Kept {
+    std::vector<Folding> all;
+    ByName byWhole = {};
+    ByName byDigit = {};
+  };
+
+  static const std::vector<const Folding*>& Named(const ByName& foldings, std::string_view name);
+
+  std::shared_ptr<const Kept> kept_;
+};
+
 // What the record handling does after an action, where the command's rules leave it to the host.
 struct RecordHandling {
   bool removeRowAfterDelete = false;
@@ -130,7 +158,7 @@ struct FormDefinition {
   std::string database = "dynamic";  // in which the table stands: "site" for templates
   std::vector<std::string> columns;  // the columns that "SetInfo" is given, "CMDID" first
   std::vector<ParameterDefinition> parameters = {};
-  std::vector<Folding> foldings = {};
+  FoldingList foldings = {};
   RecordHandling handling = {};
   TemplatesOf templates = {};                         // no command: records are not made from templates
   std::vector<std::vector<std::string>> inStep = {};  // parameters whose values go together by their place

@@ -153,7 +153,7 @@ TEST(FormReader, AFormOfACommandThatIsNotBuiltServesNothing) {
 
 // --- Foldings.
 
-std::string Written(const std::vector<Folding>& foldings) {
+std::string Written(const FoldingList& foldings) {
   std::string text;
   for (const Folding& folding : foldings) {
     text += folding.parameter + " " + std::to_string(folding.length) + folding.fill + folding.separator + ":";
