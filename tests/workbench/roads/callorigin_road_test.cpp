@@ -1,0 +1,120 @@
+// Call origin groups as a user meets them: OPCTS on a real exchange.
+
+#include <gmock/gmock.h>
+
+#include "support/Road.h"
+
+namespace cordboard::workbench {
+namespace {
+
+using testing::EndsWith;
+using testing::StartsWith;
+
+// An exchange with two routes, three operators, and numbers of the types that groups have.
+class CallOrigin : public testing::Test {
+ protected:
+  explicit CallOrigin(const std::string& release = "R7") : road(release) {}
+
+  void SetUp() override {
+    for (const char* line :
+         {"NANSI:NUMTYP=OI,NUMSE=900&&902;", "NANSI:NUMTYP=OC,NUMSE=907&&909;", "NANSI:NUMTYP=OD,NUMSE=905;",
+          "NANSI:NUMTYP=OE,NUMSE=910;", "OPERI:DIR=900&&902,TYPE=3,EQU=next;",
+          "ROCAI:ROU=1,PROTOCOL=ISDN,MARKET=DE,TRAF=01020304,DESCRIPTION=Public;",
+          "ROCAI:ROU=10,PROTOCOL=ISDN,MARKET=DE,TRAF=01020304,DESCRIPTION=Works;"})
+      ASSERT_EQ(road.Do(line), "done") << line;
+  }
+
+  Road road;
+};
+
+const char* const kinds = "SELECT CORG, CALT, OACC, ROU FROM OPCTS ORDER BY CORG, CALT";
+const char* const groupsInUse = "SELECT CORG, NUMTYP FROM USEDCALLORIGINGROUPS ORDER BY CORG";
+
+// --- OPCTS.
+
+using OPCTSRoad = CallOrigin;
+
+struct OPCTSRoadInR6 : CallOrigin {
+  OPCTSRoadInR6() : CallOrigin("R6/1") {}
+};
+
+TEST_F(OPCTSRoadInR6, ThereAre32Groups) {
+  EXPECT_THAT(road.Values("OPCTS", "CORG"), EndsWith(" 31 32"));
+  EXPECT_THAT(road.Do("OPCTS:CORG=33,CALT=1,OACC=907;"), StartsWith("CORG=33: this value is not possible here"));
+}
+
+TEST_F(OPCTSRoad, ThereAre100Groups) {
+  EXPECT_THAT(road.Values("OPCTS", "CORG"), StartsWith("1 2 3 "));
+  EXPECT_THAT(road.Values("OPCTS", "CORG"), EndsWith(" 99 100"));
+  EXPECT_EQ(road.Do("OPCTS:CORG=100,CALT=1,OACC=907;"), "done");
+}
+
+TEST_F(OPCTSRoad, AKindIsChosenOnceForAGroup) {
+  EXPECT_EQ(road.Values("OPCTS", "CALT"), "0 1 2 3 4 5 6 7");
+  EXPECT_EQ(road.Do("OPCTS:CORG=1,CALT=1,OACC=907;"), "done");
+  EXPECT_EQ(road.Values("OPCTS", "CALT", {{"CORG", "1"}}), "0 2 3 4 5 6 7");
+  EXPECT_EQ(road.Values("OPCTS", "CALT", {{"CORG", "2"}}), "0 1 2 3 4 5 6 7");
+  EXPECT_THAT(road.Do("OPCTS:CORG=1,CALT=1,OACC=908;"), StartsWith("CALT=1: this value is not possible here"));
+  EXPECT_EQ(road.Do("OPCTS:CORG=1,CALT=3,OACC=907;"), "done");
+  EXPECT_EQ(road.Rows(kinds), "1|1|907|- 1|3|907|-");
+  EXPECT_EQ(road.Rows(groupsInUse), "1|-") << "once for both records";
+  EXPECT_EQ(road.Lines().size(), 8U) << "of the series and the routes";
+}
+
+TEST_F(OPCTSRoad, NumberAndRouteFollowFromTheKind) {
+  EXPECT_EQ(road.Values("OPCTS", "OACC"), "905 907 908 909 910");
+  EXPECT_EQ(road.Values("OPCTS", "OACC", {{"CALT", "0"}}), "910");
+  EXPECT_EQ(road.Values("OPCTS", "OACC", {{"CALT", "3"}}), "907 908 909");
+  EXPECT_EQ(road.Values("OPCTS", "OACC", {{"CALT", "5"}}), "");
+  EXPECT_EQ(road.Values("OPCTS", "OACC", {{"CALT", "7"}}), "905");
+  EXPECT_EQ(road.Values("OPCTS", "ROU"), "1 10");
+  const std::string noNumber = "OACC=: this parameter has to be given (Number that is called, by the kind)";
+  const std::string noRoute = "ROU=: this parameter has to be given (Route from which the calls come, by the kind)";
+  EXPECT_EQ(road.Do("OPCTS:CORG=1,CALT=0;"), noNumber);
+  EXPECT_EQ(road.Do("OPCTS:CORG=1,CALT=4;"), noRoute);
+  EXPECT_EQ(road.Do("OPCTS:CORG=1,CALT=6;"), noNumber + "\n" + noRoute);
+  EXPECT_EQ(road.Do("OPCTS:CORG=1,CALT=0,OACC=910;"), "done");
+  EXPECT_EQ(road.Do("OPCTS:CORG=1,CALT=4,ROU=10;"), "done");
+  EXPECT_EQ(road.Do("OPCTS:CORG=1,CALT=6,OACC=905,ROU=1;"), "done");
+  EXPECT_EQ(road.Do("OPCTS:CORG=1,CALT=2,OACC=907,ROU=1;"), "done") << "the route may be given";
+  EXPECT_EQ(road.Rows(kinds), "1|0|910|- 1|2|907|1 1|4|-|10 1|6|905|1");
+}
+
+TEST_F(OPCTSRoad, AnotherKindNeedsItsNumber) {
+  ASSERT_EQ(road.Do("OPCTS:CORG=1,CALT=1,OACC=907,CUST=1;"), "done");
+  EXPECT_EQ(road.Do("edit OPCTS CORG=1:CALT=2;"),
+            "OACC=: this parameter has to be given (Number that is called, by the kind)");
+  EXPECT_EQ(road.Do("edit OPCTS CORG=1:CALT=2,OACC=907;"), "done");
+  EXPECT_EQ(road.Do("edit OPCTS CORG=1:CALT=4,ROU=1,DESCRIPTION=Lines;"),
+            "done\nOACC=907: a check has cleared this value, since it does not go with the others");
+  EXPECT_EQ(road.Rows(kinds), "1|4|-|1");
+  EXPECT_EQ(road.Do("edit OPCTS CORG=1:CUST=;"), "done");
+  EXPECT_EQ(road.Rows("SELECT CUST, DESCRIPTION FROM OPCTS"), "-|Lines");
+}
+
+TEST_F(OPCTSRoad, ARecordMovesToAnotherGroupWithItsKind) {
+  ASSERT_EQ(road.Do("OPCTS:CORG=1,CALT=1,OACC=907;"), "done");
+  ASSERT_EQ(road.Do("OPCTS:CORG=2,CALT=2,OACC=908;"), "done");
+  EXPECT_EQ(road.Do("edit OPCTS CORG=1:CORG=5;"), "done");
+  EXPECT_EQ(road.Rows(kinds), "2|2|908|- 5|1|907|-");
+  EXPECT_EQ(road.Rows(groupsInUse), "2|- 5|-");
+  ASSERT_EQ(road.Do("OPCTS:CORG=5,CALT=2,OACC=907;"), "done");
+  EXPECT_EQ(road.Do("edit OPCTS CORG=2:CORG=5;"),
+            "CALT=: this parameter has to be given (Kind of the calls, once for each group)");
+  EXPECT_EQ(road.Rows(groupsInUse), "2|- 5|-");
+}
+
+TEST_F(OPCTSRoad, TheLastRecordTakesTheGroupOutOfUse) {
+  ASSERT_EQ(road.Do("OPCTS:CORG=1,CALT=1,OACC=907;"), "done");
+  ASSERT_EQ(road.Do("OPCTS:CORG=1,CALT=2,OACC=907;"), "done");
+  ASSERT_EQ(road.Do("OPCTS:CORG=2,CALT=1,OACC=907;"), "done");
+  EXPECT_EQ(road.Do("delete OPCTS CORG=1,CALT=2;"), "done");
+  EXPECT_EQ(road.Rows(kinds), "1|1|907|- 2|1|907|-");
+  EXPECT_EQ(road.Rows(groupsInUse), "1|- 2|-");
+  EXPECT_EQ(road.Do("delete OPCTS CORG=1;"), "done");
+  EXPECT_EQ(road.Rows(kinds), "2|1|907|-");
+  EXPECT_EQ(road.Rows(groupsInUse), "2|-");
+}
+
+}  // namespace
+}  // namespace cordboard::workbench
