@@ -67,6 +67,7 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
             "4|6|905|1 4|7|906|1 5|4|-|4 6|0|910|-");
   EXPECT_EQ(road.Rows("SELECT CORG FROM USEDCALLORIGINGROUPS ORDER BY CORG"), "1 2 3 4 5 6");
   EXPECT_EQ(road.Rows("SELECT CENUM, CORG, NCA, PRIO FROM OPCEI ORDER BY CENUM"), "70|3|-|3 71|6|CCOP|1");
+  EXPECT_EQ(road.Rows("SELECT DIR, COUNT(*) FROM OPCGS GROUP BY DIR"), "900|5 901|2 903|5");
 }
 
 // The whole exchange, in the earliest and in the latest release.

@@ -1,4 +1,4 @@
-// Call origin groups as a user meets them: OPCTS on a real exchange.
+// Call origin groups as a user meets them: OPCTS and OPCGS on a real exchange.
 
 #include <gmock/gmock.h>
 
@@ -114,6 +114,52 @@ TEST_F(OPCTSRoad, TheLastRecordTakesTheGroupOutOfUse) {
   EXPECT_EQ(road.Do("delete OPCTS CORG=1;"), "done");
   EXPECT_EQ(road.Rows(kinds), "2|1|907|-");
   EXPECT_EQ(road.Rows(groupsInUse), "2|-");
+}
+
+// --- OPCGS.
+
+using OPCGSRoad = CallOrigin;
+
+struct OPCGSRoadInR6 : CallOrigin {
+  OPCGSRoadInR6() : CallOrigin("R6") {}
+};
+
+TEST_F(OPCGSRoadInR6, ThereAre32Groups) {
+  EXPECT_EQ(road.Do("OPCGS:CORG=10&&30,DIR=900;"), "done");
+  EXPECT_EQ(road.Values("OPCGS", "CORG"), "1 2 3 4 5 6 7 8 9 31 32");
+}
+
+const char* const access = "SELECT CORG, DIR, CHO FROM OPCGS ORDER BY rowid";
+
+TEST_F(OPCGSRoad, EachOperatorTakesEachGroup) {
+  EXPECT_EQ(road.Values("OPCGS", "DIR"), "900 901 902");
+  EXPECT_EQ(road.Values("OPCGS", "CHO"), "1 2 3");
+  EXPECT_EQ(road.Do("OPCGS:CORG=1&3,DIR=900&901,CHO=1;"), "done");
+  EXPECT_EQ(road.Rows(access), "1|900|1 3|900|1 1|901|1 3|901|1");
+  EXPECT_THAT(road.Values("OPCGS", "CORG"), StartsWith("2 4 5 "));
+  EXPECT_THAT(road.Do("OPCGS:CORG=1,DIR=902;"), StartsWith("CORG=1: this value is not possible here"));
+  EXPECT_EQ(road.Lines().size(), 8U) << "of the series and the routes";
+}
+
+TEST_F(OPCGSRoad, ThreeGroupsGoToOneOperatorAndThreeOperatorsTakeOneGroup) {
+  EXPECT_EQ(road.Do("OPCGS:CORG=1&&3,DIR=900&901;"),
+            "DIR=900&901: several values are not possible here; give one value");
+  EXPECT_EQ(road.Do("OPCGS:CORG=1&2,DIR=900&&902;"), "CORG=1&2: several values are not possible here; give one value");
+  EXPECT_EQ(road.Do("OPCGS:CORG=1&&3,DIR=900;"), "done");
+  EXPECT_EQ(road.Do("OPCGS:CORG=4,DIR=900&&902;"), "done");
+  EXPECT_EQ(road.Rows(access), "1|900|- 2|900|- 3|900|- 4|900|- 4|901|- 4|902|-");
+}
+
+TEST_F(OPCGSRoad, ARecordIsChangedAndDeleted) {
+  ASSERT_EQ(road.Do("OPCGS:CORG=1&2,DIR=900,CHO=1;"), "done");
+  EXPECT_EQ(road.Do("edit OPCGS CORG=1:CORG=7,DIR=901,CHO=2;"), "done");
+  EXPECT_EQ(road.Rows(access), "7|901|2 2|900|1");
+  EXPECT_EQ(road.Do("edit OPCGS CORG=7:CORG=8,DIR=901&902;"),
+            "DIR=901&902: several values are not possible here; give one value");
+  EXPECT_THAT(road.Do("edit OPCGS CORG=7:CORG=2;"), StartsWith("CORG=2: this value is not possible here"));
+  EXPECT_EQ(road.Do("delete OPCGS CORG=2;"), "done");
+  EXPECT_EQ(road.Rows(access), "7|901|2");
+  EXPECT_THAT(road.Values("OPCGS", "CORG"), StartsWith("1 2 3 4 5 6 8 "));
 }
 
 }  // namespace
