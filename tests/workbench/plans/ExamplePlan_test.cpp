@@ -68,6 +68,8 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   EXPECT_EQ(road.Rows("SELECT CORG FROM USEDCALLORIGINGROUPS ORDER BY CORG"), "1 2 3 4 5 6");
   EXPECT_EQ(road.Rows("SELECT CENUM, CORG, NCA, PRIO FROM OPCEI ORDER BY CENUM"), "70|3|-|3 71|6|CCOP|1");
   EXPECT_EQ(road.Rows("SELECT DIR, COUNT(*) FROM OPCGS GROUP BY DIR"), "900|5 901|2 903|5");
+  EXPECT_EQ(road.Rows("SELECT CORG, RERNUM FROM OPADC ORDER BY CORG"), "1|909 2|200 3|909 4|300 5|-");
+  EXPECT_EQ(road.Rows("SELECT DIR FROM UsedExtOpeGrp WHERE NUMTYP = 'OC'"), "909");
 }
 
 // The whole exchange, in the earliest and in the latest release.

@@ -1,4 +1,4 @@
-// Call origin groups as a user meets them: OPCTS and OPCGS on a real exchange.
+// Call origin groups as a user meets them: OPCTS, OPCGS and OPADC on a real exchange.
 
 #include <gmock/gmock.h>
 
@@ -8,6 +8,7 @@ namespace cordboard::workbench {
 namespace {
 
 using testing::EndsWith;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 // An exchange with two routes, three operators, and numbers of the types that groups have.
@@ -160,6 +161,54 @@ TEST_F(OPCGSRoad, ARecordIsChangedAndDeleted) {
   EXPECT_EQ(road.Do("delete OPCGS CORG=2;"), "done");
   EXPECT_EQ(road.Rows(access), "7|901|2");
   EXPECT_THAT(road.Values("OPCGS", "CORG"), StartsWith("1 2 3 4 5 6 8 "));
+}
+
+// --- OPADC.
+
+struct OPADCRoad : CallOrigin {
+  void SetUp() override {
+    CallOrigin::SetUp();
+    for (const char* line : {"OPCTS:CORG=1,CALT=1,OACC=907,DESCRIPTION=Inside;",
+                             "OPCTS:CORG=2,CALT=3,OACC=907,DESCRIPTION=Outside;", "OPCTS:CORG=3,CALT=4,ROU=1;"})
+      ASSERT_EQ(road.Do(line), "done") << line;
+  }
+};
+
+const char* const reroutings = "SELECT CORG, NDIR, RERNUM FROM OPADC ORDER BY rowid";
+const char* const commonNumbers = "SELECT DIR, NUMTYP FROM UsedExtOpeGrp WHERE NUMTYP = 'OC'";
+
+TEST_F(OPADCRoad, AGroupIsReroutedOnce) {
+  EXPECT_EQ(road.Values("OPADC", "CORG"), "1 2 3");
+  EXPECT_EQ(road.Values("OPADC", "NDIR"), "N Y");
+  EXPECT_EQ(road.Do("OPADC:CORG=1&2,NDIR=Y,RERNUM=909;"), "done");
+  EXPECT_EQ(road.Values("OPADC", "CORG"), "3");
+  EXPECT_EQ(road.Rows(reroutings), "1|Y|909 2|Y|909");
+  EXPECT_EQ(road.Rows(commonNumbers), "909|OC") << "once for both records";
+  EXPECT_EQ(road.Do("OPADC:CORG=1,NDIR=N;"), "CORG=1: this value is not possible here [3]");
+  EXPECT_EQ(road.Do("OPADC:CORG=3,NDIR=N;"), "done");
+  EXPECT_EQ(road.Rows(reroutings), "1|Y|909 2|Y|909 3|N|-");
+  EXPECT_EQ(road.Lines().size(), 8U) << "of the series and the routes";
+}
+
+TEST_F(OPADCRoad, ANumberIsOnlyGivenWhereTheCallsGoToOne) {
+  EXPECT_EQ(road.Values("OPADC", "RERNUM", {{"NDIR", "Y"}}), "907 908 909 900 901 902");
+  EXPECT_EQ(road.Values("OPADC", "RERNUM", {{"NDIR", "N"}}), "");
+  EXPECT_THAT(road.Do("OPADC:CORG=1,NDIR=N,RERNUM=900;"), HasSubstr("RERNUM=900: this value is not possible here"));
+  EXPECT_EQ(road.Do("OPADC:CORG=1,NDIR=Y,RERNUM=900;"), "done");
+  EXPECT_EQ(road.Rows(commonNumbers), "") << "an operator has its mark already";
+}
+
+TEST_F(OPADCRoad, ARecordIsChangedAndDeletedAndTheMarkStays) {
+  ASSERT_EQ(road.Do("OPADC:CORG=1,NDIR=Y,RERNUM=909;"), "done");
+  EXPECT_EQ(road.Do("edit OPADC CORG=1:RERNUM=908,CORG=2;"), "done");
+  EXPECT_EQ(road.Rows(reroutings), "2|Y|908");
+  EXPECT_EQ(road.Do("edit OPADC CORG=2:NDIR=N;"),
+            "done\nRERNUM=908: a check has cleared this value, since it does not go with the others");
+  EXPECT_EQ(road.Rows(reroutings), "2|N|-");
+  EXPECT_EQ(road.Do("delete OPADC CORG=2;"), "done");
+  EXPECT_EQ(road.Rows(reroutings), "");
+  EXPECT_EQ(road.Rows(commonNumbers), "909|OC");
+  EXPECT_EQ(road.Values("OPADC", "CORG"), "1 2 3");
 }
 
 }  // namespace
