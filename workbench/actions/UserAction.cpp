@@ -53,11 +53,7 @@ void ShowRecord(Session& session, const FormDefinition& definition, std::int32_t
   }
   session.host().TakeMessages();
   LoadRecord(session.exchange(), definition, CmdId, session.form());
-  for (const ParameterDefinition& parameter : definition.parameters) {
-    if (!parameter.oneInEdit) continue;
-    session.form().SetTakesSeveral(parameter.name, false);
-    session.form().SetTakesRange(parameter.name, false);
-  }
+  session.form().ShowOneRecord();
 }
 
 Outcome Edit(Session& session, const StoredRecord& record, const UserAction& action) {

@@ -215,14 +215,18 @@ bool Form::IsMandatory(const std::string& name) const {
   return !definition_.IsElsewhere(name) && Flag(mandatory_, name, parameter != nullptr && parameter->mandatory);
 }
 
+bool Form::TakesOne(const ParameterDefinition* parameter) const {
+  return showsOneRecord_ && parameter != nullptr && parameter->oneInEdit;
+}
+
 bool Form::TakesRange(const std::string& name) const {
   const ParameterDefinition* parameter = definition_.Find(name);
-  return Flag(range_, name, parameter != nullptr && parameter->range);
+  return !TakesOne(parameter) && Flag(range_, name, parameter != nullptr && parameter->range);
 }
 
 bool Form::TakesSeveral(const std::string& name) const {
   const ParameterDefinition* parameter = definition_.Find(name);
-  return Flag(several_, name, parameter != nullptr && parameter->multiple);
+  return !TakesOne(parameter) && Flag(several_, name, parameter != nullptr && parameter->multiple);
 }
 
 int Form::ActiveDefinition(const std::string& name) const {

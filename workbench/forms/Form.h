@@ -34,6 +34,9 @@ class Form {
   void SetMandatory(const std::string& name, bool mandatory) { mandatory_[name] = mandatory; }
   void SetTakesRange(const std::string& name, bool takes) { range_[name] = takes; }
   void SetTakesSeveral(const std::string& name, bool takes) { several_[name] = takes; }
+  // The form shows one record from now on: parameters of which several values make a record each take one value,
+  // whatever checks allow.
+  void ShowOneRecord() { showsOneRecord_ = true; }
 
   // A sub-digit parameter has the definition of its whole, unless it has one of its own. A whole whose digits are
   // others in another definition is cleared by it.
@@ -53,6 +56,7 @@ class Form {
   const Folding* FoldingFor(const std::string& subDigit) const;
   std::string Digits(const DigitPlace& place) const;
   std::string Folded(const Folding& folding) const;
+  bool TakesOne(const ParameterDefinition* parameter) const;
   void ClearParts(const std::string& whole);
   void ClearBeside(const std::string& name);
   void ClearDigits(const Folding& folding, const std::string& subDigit);
@@ -66,6 +70,7 @@ class Form {
   std::map<std::string, bool> range_;
   std::map<std::string, bool> several_;
   std::map<std::string, int> definitions_;
+  bool showsOneRecord_ = false;
 };
 
 }  // namespace cordboard::workbench

@@ -358,6 +358,23 @@ TEST_F(FormTest, AFormAsksWhatItsDefinitionSaysUntilACheckChangesIt) {
   EXPECT_TRUE(form_.TakesSeveral("DIR"));
 }
 
+TEST_F(FormTest, AFormOfOneRecordTakesOneValueWhateverACheckAllows) {
+  FormDefinition held = definition_;
+  for (ParameterDefinition& parameter : held.parameters) parameter.oneInEdit = parameter.name == "NUM";
+  Form form(held);
+  EXPECT_TRUE(form.TakesRange("NUM"));
+  EXPECT_TRUE(form.TakesSeveral("NUM"));
+  form.ShowOneRecord();
+  for (const char* name : {"NUM", "DIR"}) {
+    form.SetTakesRange(name, true);
+    form.SetTakesSeveral(name, true);
+  }
+  EXPECT_FALSE(form.TakesRange("NUM"));
+  EXPECT_FALSE(form.TakesSeveral("NUM"));
+  EXPECT_TRUE(form.TakesRange("DIR"));
+  EXPECT_TRUE(form.TakesSeveral("DIR"));
+}
+
 TEST_F(FormTest, AnUnknownParameterIsNeverAskedFor) {
   EXPECT_FALSE(form_.IsMandatory("unknown"));
   EXPECT_FALSE(form_.TakesRange("unknown"));

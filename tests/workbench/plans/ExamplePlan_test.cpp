@@ -64,6 +64,13 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
             "900|001-0-11-24|3|-|1102 901|002-0-11-00|3|-|1102 903|001-0-11-26|5|2|0200");
   EXPECT_EQ(road.Rows("SELECT DIR, ANSW, LANG FROM OPISS ORDER BY DIR"), "900|0|0 901|0|0 903|2|-");
   EXPECT_EQ(road.Rows("SELECT OPE, NAME1 FROM NIINI_OPE"), "900|Switchboard 901|Gatehouse, works");
+  EXPECT_EQ(road.Rows("SELECT CORG, CALT, OACC, ROU FROM OPCTS WHERE CORG > '3' ORDER BY CORG, CALT"),
+            "4|6|905|1 4|7|906|1 5|4|-|4 6|0|910|-");
+  EXPECT_EQ(road.Rows("SELECT CORG FROM USEDCALLORIGINGROUPS ORDER BY CORG"), "1 2 3 4 5 6");
+  EXPECT_EQ(road.Rows("SELECT CENUM, CORG, NCA, PRIO FROM OPCEI ORDER BY CENUM"), "70|3|-|3 71|6|CCOP|1");
+  EXPECT_EQ(road.Rows("SELECT DIR, COUNT(*) FROM OPCGS GROUP BY DIR"), "900|5 901|2 903|5");
+  EXPECT_EQ(road.Rows("SELECT CORG, RERNUM FROM OPADC ORDER BY CORG"), "1|909 2|200 3|909 4|300 5|-");
+  EXPECT_EQ(road.Rows("SELECT DIR FROM UsedExtOpeGrp WHERE NUMTYP = 'OC'"), "909");
 }
 
 // The whole exchange, in the earliest and in the latest release.
