@@ -20,4 +20,21 @@ bool InTransaction(const Reporter& fail, Work work) {
   return flag;
 }
 
+// Commits. A commit that fails is reported and rolled back.
+inline void CommitOrRollBack(const Reporter& fail) {
+  if (scCommitTransaction()) return;
+  fail(CommitFailed);
+  if (!scRollBackTransaction()) fail(RollBackFailed);
+}
+
+// The transaction of adds that never roll back what was refused, be it the start: then nothing closes it here, and the
+// host has to. Gives the work's answer.
+template <typename Work>
+bool InTransactionLeftOpen(const Reporter& fail, Work work) {
+  if (!scStartTransaction()) return fail(StartFailed);
+  const bool flag = work();
+  if (flag) CommitOrRollBack(fail);
+  return flag;
+}
+
 }  // namespace cordboard

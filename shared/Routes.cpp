@@ -8,6 +8,8 @@ namespace cordboard {
 
 bool GetFreeRoutes(const Action& action) { return CollectList(action, "Select ROU from ROUTE Where Used=False"); }
 
+bool GetDefinedRoutes(const Action& action) { return CollectList(action, "SELECT ROU FROM ROCAI"); }
+
 bool LookUpRouteData(const Action& action, const std::string& columns, const std::string& PROTOCOL,
                      const std::string& MARKET, RowSet& data) {
   return scRunQuery(Sql("SELECT ", columns, " FROM ROUTEDATA", NL, "WHERE PROTOCOL='", PROTOCOL, "' AND Market='",

@@ -1,4 +1,4 @@
-// What the route commands share: the free routes, and the signalling values of a route.
+// What the route commands share: the lists of routes, and the signalling values of a route.
 #pragma once
 
 #include <string>
@@ -10,6 +10,8 @@ namespace cordboard {
 
 // The list of the routes that no record has taken, in the order of the database.
 bool GetFreeRoutes(const Action& action);
+// The list of the routes that have a record.
+bool GetDefinedRoutes(const Action& action);
 
 // Looks up columns of ROUTEDATA by protocol, market and the action's release. False where the statement failed. Callers
 // read the first row unguarded: a route without signalling values is a failure of the call.

@@ -10,6 +10,7 @@
 #include "script/Report.h"
 #include "script/Text.h"
 #include "shared/Record.h"
+#include "shared/Routes.h"
 #include "shared/Row.h"
 #include "shared/Usage.h"
 #include "shared/ValueLists.h"
@@ -27,8 +28,6 @@ bool ListDEST(const Action& action) {
   return CollectList(action, Sql("SELECT NUMSE FROM NANSI ", NL, " WHERE NUMTYP = 'ED' ", NL, " AND USED = FALSE ", NL,
                                  " ORDER BY NUMSE"));
 }
-
-bool ListROU(const Action& action) { return CollectList(action, "SELECT ROU FROM ROCAI"); }
 
 // For a new destination the customers are taken out of what the host's list holds. A failure has no message.
 bool ListCUST(const Action&) {
@@ -83,10 +82,7 @@ bool Add(const Action& action) {
     flag = AddDestination(action, fail, DEST);
     if (!flag) break;
   }
-  if (!scCommitTransaction()) {
-    fail(CommitFailed);
-    if (!scRollBackTransaction()) fail(RollBackFailed);
-  }
+  CommitOrRollBack(fail);
   return flag;
 }
 
@@ -158,7 +154,7 @@ extern const Module RODDI{
     .ValidValues = {{"DEST", ListDEST},
                     {"CHO", ListCHO},
                     {"CUST", ListCUST},
-                    {"ROU", ListROU},
+                    {"ROU", GetDefinedRoutes},
                     {{"ADC_D1", "ADC_D2", "ADC_D3", "ADC_D4", "ADC_D5", "ADC_D6", "ADC_D7", "ADC_D8", "ADC_D9",
                       "ADC_D10", "ADC_D11", "ADC_D12", "ADC_D13", "ADC_D16", "ADC_D17", "ADC_D18", "ADC_D19", "ADC_D22",
                       "ADC_D23"},
