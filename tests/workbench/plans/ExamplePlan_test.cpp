@@ -38,7 +38,7 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   for (const char* name : plans) Apply(name);
-  EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
+  EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "23");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM KSEXI WHERE CUST = '2' AND CALALT = '1' AND LANG = '2'"), "11");
   EXPECT_EQ(road.Rows("SELECT DIR, NAME1, PRES FROM NIINI_DIR WHERE DIR IN ('214', '216') ORDER BY DIR"),
@@ -64,6 +64,11 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
             "900|001-0-11-24|3|-|1102 901|002-0-11-00|3|-|1102 903|001-0-11-26|5|2|0200");
   EXPECT_EQ(road.Rows("SELECT DIR, ANSW, LANG FROM OPISS ORDER BY DIR"), "900|0|0 901|0|0 903|2|-");
   EXPECT_EQ(road.Rows("SELECT OPE, NAME1 FROM NIINI_OPE"), "900|Switchboard 901|Gatehouse, works");
+  EXPECT_EQ(road.Rows("SELECT SARI, SMSN, TYPE FROM CXSYI INNER JOIN GEDII ON DIR = SMSN"), "31100411|340|SMSN");
+  EXPECT_EQ(road.Rows("SELECT CXAKI.DIR, IPEI FROM CXAKI INNER JOIN GEDII ON GEDII.DIR = CXAKI.DIR AND TYPE = 'CX'"),
+            "341|0A1B2C3 342|0A1B2C4 344|0A1B2D0 346|0A1B2D1");
+  EXPECT_EQ(road.Rows("SELECT CXCFI.FPI, BPOS, RPN FROM CXCFI INNER JOIN CXRFI ON CXRFI.FPI = CXCFI.FPI"),
+            "1|001-0-18|1&2&3&4 2|002-0-16|1&3 2|002-0-16|6");
 }
 
 // The whole exchange, in the earliest and in the latest release.
