@@ -14,11 +14,15 @@
 
 namespace cordboard {
 
+// The statement that appends one line under the action's order number.
+inline std::string LineStatement(const Action& action, const std::string& line) {
+  return Sql("INSERT INTO BuiltCmd VALUES (", action.OrderNumber(), ",'", line, "')");
+}
+
 // Appends one line under the action's order number, to the lines of the exchange or of another database.
 inline bool InsertLine(const Reporter& fail, const Action& action, const std::string& line,
                        const Selector& database = std::nullopt) {
-  return scRunQueryOn(database, Sql("INSERT INTO BuiltCmd VALUES (", action.OrderNumber(), ",'", line, "')")) ||
-         fail(GenerationFailed);
+  return scRunQueryOn(database, LineStatement(action, line)) || fail(GenerationFailed);
 }
 
 // A row as lines need it: its fields, in the order of the query, without outer blanks.

@@ -19,7 +19,10 @@ bool WriteParameter(const Reporter& fail, const Action& action, const std::strin
 }  // namespace
 
 bool SetSingleRecord(const Action& action, Worker add, Worker edit) {
-  if (Equals(CountRecords(action.CmdName), 0)) return add(action);
+  return Equals(CountRecords(action.CmdName), 0) ? add(action) : OnSingleRecord(action, edit);
+}
+
+bool OnSingleRecord(const Action& action, Worker edit) {
   RowSet rows;
   scRunQuery(Sql("SELECT CmdID FROM ", action.CmdName), rows);
   Action onRecord = action;

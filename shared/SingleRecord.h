@@ -14,6 +14,8 @@ namespace cordboard {
 // "SetInfo": calls `add` while the table is empty, and `edit` for the record that it holds otherwise; the record that
 // the action itself names does not count. A count that cannot be read fails the call.
 bool SetSingleRecord(const Action& action, Worker add, Worker edit);
+// The second half of it: calls `edit` for the record that the table holds. Without one the call fails.
+bool OnSingleRecord(const Action& action, Worker edit);
 
 // Adds count once more inside their transaction: a table that is not empty is reported (60031).
 bool IsStillEmpty(const Reporter& fail, const std::string& table);
