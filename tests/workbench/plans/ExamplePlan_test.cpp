@@ -64,6 +64,9 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
             "900|001-0-11-24|3|-|1102 901|002-0-11-00|3|-|1102 903|001-0-11-26|5|2|0200");
   EXPECT_EQ(road.Rows("SELECT DIR, ANSW, LANG FROM OPISS ORDER BY DIR"), "900|0|0 901|0|0 903|2|-");
   EXPECT_EQ(road.Rows("SELECT OPE, NAME1 FROM NIINI_OPE"), "900|Switchboard 901|Gatehouse, works");
+  EXPECT_EQ(road.Rows("SELECT EQU, EDEQI.DEV, BAUDR FROM EDEQI LEFT JOIN EDICC ON EDICC.DEV = EDEQI.DEV"),
+            "001-0-22-00|101|2400 001-0-22-00|202|- 002-0-18-01|401|19200");
+  EXPECT_EQ(road.Rows("SELECT FILE FROM USEDFILES"), "CALLS ALARMS CALLS");
 }
 
 // The whole exchange, in the earliest and in the latest release.
