@@ -9,10 +9,6 @@ namespace cordboard {
 
 namespace {
 
-bool Reset(const Reporter& fail, const std::string& parameter) {
-  return scResetParam(parameter) || fail(ResetFailed, parameter);
-}
-
 bool PutBack(const Reporter& fail, const std::string& parameter, const Value& kept) {
   return scSetParamValue(parameter, kept) || fail(SetFailed, parameter);
 }
@@ -20,7 +16,6 @@ bool PutBack(const Reporter& fail, const std::string& parameter, const Value& ke
 // `listName` is what the message of a list that cannot be read names.
 bool PutBackIfListed(const Reporter& fail, const std::string& parameter, const Value& kept,
                      const std::string& listName) {
-  if (!Reset(fail, parameter)) return false;
   List list;
   if (!scGetValidValues(parameter, list)) return fail(ListNotBuilt, listName);
   return !IsValueInList(kept, list) || PutBack(fail, parameter, kept);
@@ -32,7 +27,7 @@ bool PutBackIfAtLocation(const Reporter& fail, const std::string& parameter, con
                          std::string (*statement)(const std::string& kept)) {
   const std::string location = ToText(scGetParamValue(locationParameter));
   const std::string kept = ToText(scGetParamValue(parameter));
-  if (!Reset(fail, parameter)) return false;
+  if (!ResetForRecheck(fail, parameter)) return false;
   if (kept.empty()) return true;
   RowSet rows;
   if (!scRunQuery(statement(kept), rows)) return fail(LocationsNotRead, kept);
@@ -49,13 +44,22 @@ bool AlwaysTrue(const Action&) { return true; }
 
 bool ResetLOCATION(const Action&) { return scResetParam("LOCATION"); }
 
-bool Revalidate(const Reporter& fail, const std::string& parameter, const Value& kept) {
+bool ResetForRecheck(const Reporter& fail, const std::string& parameter) {
+  return scResetParam(parameter) || fail(ResetFailed, parameter);
+}
+
+bool PutBackIfListed(const Reporter& fail, const std::string& parameter, const Value& kept) {
   return PutBackIfListed(fail, parameter, kept, parameter);
 }
 
+bool Revalidate(const Reporter& fail, const std::string& parameter, const Value& kept) {
+  return ResetForRecheck(fail, parameter) && PutBackIfListed(fail, parameter, kept);
+}
+
 bool StatCheck_RecheckValue(const std::string& CmdName, const std::string& parameter) {
+  const Reporter fail("StatCheck: " + CmdName);
   const Value kept = scGetParamValue(parameter);
-  return PutBackIfListed(Reporter("StatCheck: " + CmdName), parameter, kept, CmdName);
+  return ResetForRecheck(fail, parameter) && PutBackIfListed(fail, parameter, kept, CmdName);
 }
 
 bool StatCheck_LIM(const Action& action) {
@@ -82,7 +86,7 @@ bool StatCheck_BPOS(const std::string& locationParameter) {
   const Reporter fail("StatCheck: " + locationParameter);
   const std::string location = ToText(scGetParamValue(locationParameter));
   const Value BPOS = scGetParamValue("BPOS");
-  if (!Reset(fail, "BPOS")) return false;
+  if (!ResetForRecheck(fail, "BPOS")) return false;
   if (BPOS.IsEmpty()) return true;
   const std::string position = ToText(BPOS);
   const auto length = static_cast<std::ptrdiff_t>(Length(position));

@@ -21,8 +21,11 @@ bool AlwaysTrue(const Action& action);
 bool ResetLOCATION(const Action& action);
 
 // Resets the parameter and puts `kept` back if it stands in the list as it now is. Each step that fails is reported
-// with the parameter's name: 61013 the reset, 61020 the list, 61016 the value.
+// with the parameter's name: 61013 the reset, 61020 the list, 61016 the value. The two halves stand alone for a check
+// that tells them apart.
 bool Revalidate(const Reporter& fail, const std::string& parameter, const Value& kept);
+bool ResetForRecheck(const Reporter& fail, const std::string& parameter);
+bool PutBackIfListed(const Reporter& fail, const std::string& parameter, const Value& kept);
 
 // The same for the parameter's present value, but a list that cannot be read is reported with the command's name.
 bool StatCheck_RecheckValue(const std::string& CmdName, const std::string& parameter);

@@ -127,6 +127,16 @@ TEST(Revalidate, ReportsEachStepThatFailsWithTheParameter) {
   }
 }
 
+TEST(Revalidate, ConsistsOfTwoHalves) {
+  ScriptedHost host;
+  const Reporter fail("StatCheck: ");
+  host.ValidValues("EQU", {"E"});
+  EXPECT_TRUE(host.With([&] { return ResetForRecheck(fail, "EQU"); }));
+  EXPECT_TRUE(host.With([&] { return PutBackIfListed(fail, "EQU", "E"); }));
+  EXPECT_EQ(host.Calls(),
+            Lines({"scResetParam(\"EQU\")", "scGetValidValues(\"EQU\", out)", "scSetParamValue(\"EQU\", \"E\")"}));
+}
+
 // --- LIM and EQU against the location on the form: the same steps with another statement.
 
 struct Located {

@@ -15,7 +15,7 @@ namespace {
 const char* const plans[] = {
     "extensions.plan", "authorisation.plan", "routes.plan",   "directory.plan", "terminals.plan",
     "templates.plan",  "groups.plan",        "members.plan",  "general.plan",   "operators.plan",
-    "desk.plan",       "trunks.plan",        "cordless.plan", "ip.plan"};
+    "desk.plan",       "trunks.plan",        "cordless.plan", "ip.plan",        "devices.plan"};
 
 struct ExamplePlan : testing::TestWithParam<std::string> {
   Road road{GetParam()};
@@ -82,6 +82,9 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
             "341|0A1B2C3 342|0A1B2C4 344|0A1B2D0 346|0A1B2D1");
   EXPECT_EQ(road.Rows("SELECT CXCFI.FPI, BPOS, RPN FROM CXCFI INNER JOIN CXRFI ON CXRFI.FPI = CXCFI.FPI"),
             "1|001-0-18|1&2&3&4 2|002-0-16|1&3 2|002-0-16|6");
+  EXPECT_EQ(road.Rows("SELECT EQU, EDEQI.DEV, BAUDR FROM EDEQI LEFT JOIN EDICC ON EDICC.DEV = EDEQI.DEV"),
+            "001-0-22-00|101|2400 001-0-22-00|202|- 002-0-18-01|401|19200");
+  EXPECT_EQ(road.Rows("SELECT FILE FROM USEDFILES"), "CALLS ALARMS CALLS");
 }
 
 // The whole exchange, in the earliest and in the latest release.

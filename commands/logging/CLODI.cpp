@@ -1,0 +1,69 @@
+// CLODI: which calls are logged into a file: by origin, by what is dialled and by time.
+
+#include "script/Conversions.h"
+#include "script/Envelope.h"
+#include "script/Module.h"
+#include "script/Report.h"
+#include "shared/Count.h"
+#include "shared/GenericRecord.h"
+#include "shared/Record.h"
+#include "shared/Row.h"
+
+namespace cordboard {
+
+namespace {
+
+// The files of devices and of logging.
+bool ListFILE(const Action& action) {
+  return (scCollectSingleValues("SELECT FILE FROM EDDFI") && scAddSingleValues("SELECT FILE FROM CLDFI")) ||
+         Reporter("GetValues")(ListNotBuilt, action.Parameter());
+}
+
+// A file that ParamList does not name is the empty text.
+bool HasHead(const Action& action) {
+  Value FILE;
+  for (const Value& column : action.ParamList) {
+    if (ToText(column) == "FILE") FILE = scGetParamValue("FILE");
+  }
+  return !Equals(UncheckedCount(Sql("SELECT COUNT(*) FROM CLOHI WHERE FILE = '", FILE, "'")), 0);
+}
+
+// The values stand in the order of the table's columns, which the statement does not name. An empty one becomes a null;
+// a null becomes the empty text.
+bool Add(const Action& action) {
+  const Reporter fail("Add: " + action.CmdName);
+  return InTransaction(fail, [&] {
+    if (!HasHead(action)) return fail(RecordNeededElsewhere, "CLOHI", "CLODI for this file");
+    const Value CMDID = scBuildCmdID();
+    std::string values;
+    for (const Value& value : Record({"FILE", "ORIG", "DIAL", "TIME"}))
+      values += value.IsEmpty() ? " ,null" : Sql(",'", value, "'");
+    return scRunQuery(Sql("INSERT INTO CLODI VALUES (", NL, ToNumber(CMDID), values, ")")) ||
+           fail(InsertFailed, action.CmdName);
+  });
+}
+
+// TIME stands with the name of its table, which is always this one.
+bool Edit(const Action& action) {
+  const Reporter fail("Edit: " + action.CmdName);
+  return InTransaction(fail, [&] {
+    for (const Value& parameter : action.ParamList) {
+      const std::string name = ToText(parameter);
+      const std::string column = name == "TIME" ? "CLODI.TIME" : name;
+      if (!UpdateColumnOrNull(action.CmdName, action.CmdId, column, scGetParamValue(name)))
+        return fail(ColumnNotWritten, name);
+    }
+    return true;
+  });
+}
+
+}  // namespace
+
+extern const Module CLODI{
+    .SetInfo = Add,
+    .EditInfo = Edit,
+    .DeleteInfo = GenericDeleteInfo,
+    .ValidValues = {{"FILE", ListFILE}},
+};
+
+}  // namespace cordboard

@@ -1,0 +1,63 @@
+#include "shared/UsedFiles.h"
+
+#include "script/Envelope.h"
+#include "script/Statement.h"
+#include "shared/Record.h"
+#include "shared/Row.h"
+
+namespace cordboard {
+
+namespace {
+
+bool ReadFile(const Action& action, RowSet& rows) {
+  return scRunQuery(Sql("SELECT FILE FROM ", action.CmdName, " WHERE CMDID = ", action.CmdId), rows);
+}
+
+// A record that is not there renames nothing.
+bool RenameUsedFile(const Action& action, const Value& FILE) {
+  RowSet old;
+  if (!ReadFile(action, old)) return false;
+  return old.IsEmpty() ||
+         scRunQuery(Sql("UPDATE USEDFILES SET FILE =  '", FILE, "'", NL, "WHERE FILE ='", old[0][0], "'", NL));
+}
+
+}  // namespace
+
+bool AddFile(const Action& action) {
+  const Reporter fail("Add: " + action.CmdName);
+  action.ParamList.RequireBounds();  // before the transaction
+  return InTransaction(fail, [&] {
+    const List record = Record(action.ParamList, {{"NUMTYP", ""}});
+    const Value FILE = ValueOf("FILE", action.ParamList, record);
+    return (scRunQuery(Sql("INSERT INTO USEDFILES VALUES ( '", FILE, "')")) &&
+            scSQLInsert(action.CmdName, action.ParamList, record)) ||
+           fail(InsertFailed, action.CmdName);
+  });
+}
+
+bool EditFile(const Action& action) {
+  const Reporter fail("Edit: " + action.CmdName);
+  return InTransaction(fail, [&] {
+    for (const Value& parameter : action.ParamList) {
+      const std::string name = ToText(parameter);
+      const Value value = scGetParamValue(name);
+      const bool written = name == "FILE" ? RenameUsedFile(action, value)
+                                          : UpdateColumnOrNull(action.CmdName, action.CmdId, name, value);
+      if (!written) return fail(ColumnNotWritten, name);
+    }
+    return true;
+  });
+}
+
+// Whether the name can be read is not tested: without one nothing is taken out, and the answer is True.
+bool DeleteFile(const Action& action) {
+  const Reporter fail("Delete: " + action.CmdName);
+  return InTransaction(fail, [&] {
+    RowSet rows;
+    ReadFile(action, rows);
+    return rows.IsEmpty() || scRunQuery(Sql("DELETE * FROM USEDFILES", NL, " WHERE FILE = '", rows[0][0], "'")) ||
+           fail(RecordNotDeleted, action.CmdName, action.CmdId);
+  });
+}
+
+}  // namespace cordboard
