@@ -15,7 +15,7 @@ namespace {
 const char* const plans[] = {
     "extensions.plan", "authorisation.plan", "routes.plan",   "directory.plan", "terminals.plan",
     "templates.plan",  "groups.plan",        "members.plan",  "general.plan",   "operators.plan",
-    "desk.plan",       "trunks.plan",        "cordless.plan", "ip.plan"};
+    "desk.plan",       "trunks.plan",        "cordless.plan", "ip.plan",        "links.plan"};
 
 struct ExamplePlan : testing::TestWithParam<std::string> {
   Road road{GetParam()};
@@ -64,6 +64,11 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
             "900|001-0-11-24|3|-|1102 901|002-0-11-00|3|-|1102 903|001-0-11-26|5|2|0200");
   EXPECT_EQ(road.Rows("SELECT DIR, ANSW, LANG FROM OPISS ORDER BY DIR"), "900|0|0 901|0|0 903|2|-");
   EXPECT_EQ(road.Rows("SELECT OPE, NAME1 FROM NIINI_OPE"), "900|Switchboard 901|Gatehouse, works");
+  EXPECT_EQ(road.Rows("SELECT ICFUI.IFCIND, ICFUI.EQU, ICFUC.EQU, ICFUC.RATE FROM ICFUI INNER JOIN ICFUC "
+                      "ON ICFUC.ICUIND = ICFUI.ICUIND ORDER BY ICFUI.IFCIND"),
+            "0|001-0-23-03|001-0-23-00|9600 1|001-0-23-01|001-0-23-01|9600");
+  EXPECT_EQ(road.Rows("SELECT DIR, GRP, PORT FROM VMPOI"), "400|-|100 401|-|101 402|-|102 -|310|-");
+  EXPECT_EQ(road.Rows("SELECT SID, KFCN, DIG FROM ICMWC"), "0|MWC|310 1|MWR|-");
 }
 
 // The whole exchange, in the earliest and in the latest release.
