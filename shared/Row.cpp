@@ -10,7 +10,7 @@ namespace {
 std::string Quoted(const Value& value) { return Sql("'", value, "'"); }
 std::string QuotedOrNull(const Value& value) { return value.IsEmpty() ? "Null" : Quoted(value); }
 
-bool Update(const std::string& table, std::int32_t CmdId, const std::string& column, const std::string& content,
+bool Update(const std::string& table, const Value& CmdId, const std::string& column, const std::string& content,
             const char* lineBreak, const Selector& database = std::nullopt) {
   return scRunQueryOn(database,
                       Sql("UPDATE ", table, " SET ", column, " = ", content, lineBreak, " WHERE CmdId = ", CmdId));
@@ -18,7 +18,7 @@ bool Update(const std::string& table, std::int32_t CmdId, const std::string& col
 
 }  // namespace
 
-bool ReadOld(const Reporter& fail, const std::string& table, std::int32_t CmdId, const std::string& column, Value& old,
+bool ReadOld(const Reporter& fail, const std::string& table, const Value& CmdId, const std::string& column, Value& old,
              const Selector& database) {
   RowSet rows;
   if (!scRunQuery(Sql(" SELECT ", column, " FROM ", table, " WHERE CmdId = ", CmdId), rows, database))
@@ -27,25 +27,25 @@ bool ReadOld(const Reporter& fail, const std::string& table, std::int32_t CmdId,
   return true;
 }
 
-bool UpdateColumn(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value) {
+bool UpdateColumn(const std::string& table, const Value& CmdId, const std::string& column, const Value& value) {
   return Update(table, CmdId, column, Quoted(value), NL);
 }
 
-bool UpdateColumnOrNull(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value) {
+bool UpdateColumnOrNull(const std::string& table, const Value& CmdId, const std::string& column, const Value& value) {
   return Update(table, CmdId, column, QuotedOrNull(value), NL);
 }
 
-bool UpdateColumnInLine(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value,
+bool UpdateColumnInLine(const std::string& table, const Value& CmdId, const std::string& column, const Value& value,
                         const Selector& database) {
   return Update(table, CmdId, column, Quoted(value), "", database);
 }
 
-bool UpdateColumnOrNullInLine(const std::string& table, std::int32_t CmdId, const std::string& column,
+bool UpdateColumnOrNullInLine(const std::string& table, const Value& CmdId, const std::string& column,
                               const Value& value) {
   return Update(table, CmdId, column, QuotedOrNull(value), "");
 }
 
-bool DeleteRow(const std::string& table, std::int32_t CmdId) {
+bool DeleteRow(const std::string& table, const Value& CmdId) {
   return scRunQuery(Sql("DELETE * FROM ", table, NL, " WHERE CmdId = ", CmdId));
 }
 

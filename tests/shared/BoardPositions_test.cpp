@@ -36,8 +36,7 @@ TEST_F(BoardPositions, OfALIMOfAnotherLengthAreEmptyEntries) {
   host.Rows(all, {{"1234", Value::Null(), "", 1}, {0, 0, 0, 0}, {18, 18, 18, 18}});
   host.Rows(inUse, {});
   EXPECT_TRUE(List());
-  EXPECT_EQ(host.Effects(),
-            Lines({QueryLine(all), Pushed(R"([Empty, Empty, Empty, "001-0-18"])"), QueryLine(inUse)}));
+  EXPECT_EQ(host.Effects(), Lines({QueryLine(all), Pushed(R"([Empty, Empty, Empty, "001-0-18"])"), QueryLine(inUse)}));
 }
 
 TEST_F(BoardPositions, AreThoseOfTheLocation) {
@@ -45,8 +44,7 @@ TEST_F(BoardPositions, AreThoseOfTheLocation) {
   host.Rows(atWorks, {{2}, {0}, {16}});
   host.Rows(inUse, {});
   EXPECT_TRUE(List());
-  EXPECT_EQ(host.Calls(),
-            Lines({Read("LOCATION"), QueryLine(atWorks), Pushed(R"(["002-0-16"])"), QueryLine(inUse)}));
+  EXPECT_EQ(host.Calls(), Lines({Read("LOCATION"), QueryLine(atWorks), Pushed(R"(["002-0-16"])"), QueryLine(inUse)}));
 }
 
 TEST_F(BoardPositions, OfNoBoardAreNoListAndNoFailure) {

@@ -8,9 +8,9 @@
 namespace cordboard {
 namespace {
 
-using Update = bool (*)(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value);
+using Update = bool (*)(const std::string& table, const Value& CmdId, const std::string& column, const Value& value);
 
-bool UpdateInLine(const std::string& table, std::int32_t CmdId, const std::string& column, const Value& value) {
+bool UpdateInLine(const std::string& table, const Value& CmdId, const std::string& column, const Value& value) {
   return UpdateColumnInLine(table, CmdId, column, value);
 }
 

@@ -29,6 +29,7 @@ constexpr ParameterFlag flags[] = {
     {"reuse", &ParameterDefinition::reuse, Source::Form, ""},
     {"text", &ParameterDefinition::text, Source::Form, ""},
     {"firstToRules", &ParameterDefinition::firstToRules, Source::Form, ""},
+    {"onlyGiven", &ParameterDefinition::onlyGiven, Source::Form, ""},
 };
 
 const std::map<std::string, FormDefinition, std::less<>>& AllForms() {

@@ -52,6 +52,7 @@ struct ParameterDefinition {
   bool oneInEdit = false;
   bool unique = false;        // no two records have the same value
   bool firstToRules = false;  // a rule that reads it is given the first of several values
+  bool onlyGiven = false;     // rules that ask for its values are told where it has none, and turn to another
   bool next = false;          // "next" and "next:20" stand for the first values of its list
   bool addOnly = false;       // is given when a record is added; an edit cannot change it
 

@@ -75,7 +75,7 @@ bool WorkbenchHost::scGetValueArray(const std::string& name, List& values) {
   if (parameter == nullptr || form().definition().IsElsewhere(name)) return false;
   const Value typed = form().Get(name);
   // Without a value the list stays as it came, without bounds.
-  if (typed.IsBlank()) return true;
+  if (typed.IsBlank()) return !parameter->onlyGiven;
   if (!parameter->TakesElements()) {
     values = {typed};
     return true;

@@ -165,6 +165,17 @@ TEST_F(WorkbenchHostTest, ARuleMayBeGivenTheFirstOfSeveralValues) {
   EXPECT_EQ(Get("MANY"), "\"7&9\"");
 }
 
+TEST_F(WorkbenchHostTest, ARuleMayBeToldThatNoValueWasGiven) {
+  ParameterDefinition one = Parameter("ONE");
+  one.onlyGiven = true;
+  form_.parameters.push_back(one);
+  EXPECT_EQ(Array("ONE"), "False");
+  host_.form().Set("ONE", "");
+  EXPECT_EQ(Array("ONE"), "False");
+  host_.form().Set("ONE", "7");
+  EXPECT_EQ(Array("ONE"), R"(["7"])");
+}
+
 TEST_F(WorkbenchHostTest, ValuesOfTheOtherTableAreNotDelivered) {
   form_.elsewhere = {"MANY", "WHOLE"};
   EXPECT_EQ(Array("MANY"), "False");

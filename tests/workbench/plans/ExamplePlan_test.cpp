@@ -15,7 +15,10 @@ namespace {
 const char* const plans[] = {
     "extensions.plan", "authorisation.plan", "routes.plan",   "directory.plan", "terminals.plan",
     "templates.plan",  "groups.plan",        "members.plan",  "general.plan",   "operators.plan",
-    "desk.plan",       "trunks.plan",        "cordless.plan", "ip.plan",        "devices.plan"};
+    "desk.plan",       "trunks.plan",        "cordless.plan", "ip.plan",        "devices.plan",
+    "links.plan"};
+"desk.plan", "trunks.plan", "cordless.plan", "ip.plan", "links.plan"
+};
 
 struct ExamplePlan : testing::TestWithParam<std::string> {
   Road road{GetParam()};
@@ -85,6 +88,11 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   EXPECT_EQ(road.Rows("SELECT EQU, EDEQI.DEV, BAUDR FROM EDEQI LEFT JOIN EDICC ON EDICC.DEV = EDEQI.DEV"),
             "001-0-22-00|101|2400 001-0-22-00|202|- 002-0-18-01|401|19200");
   EXPECT_EQ(road.Rows("SELECT FILE FROM USEDFILES"), "CALLS ALARMS CALLS");
+  EXPECT_EQ(road.Rows("SELECT ICFUI.IFCIND, ICFUI.EQU, ICFUC.EQU, ICFUC.RATE FROM ICFUI INNER JOIN ICFUC "
+                      "ON ICFUC.ICUIND = ICFUI.ICUIND ORDER BY ICFUI.IFCIND"),
+            "0|001-0-23-03|001-0-23-00|9600 1|001-0-23-01|001-0-23-01|9600");
+  EXPECT_EQ(road.Rows("SELECT DIR, GRP, PORT FROM VMPOI"), "400|-|100 401|-|101 402|-|102 -|310|-");
+  EXPECT_EQ(road.Rows("SELECT SID, KFCN, DIG FROM ICMWC"), "0|MWC|310 1|MWR|-");
 }
 
 // The whole exchange, in the earliest and in the latest release.
