@@ -38,7 +38,7 @@ TEST_P(ExamplePlan, IsAppliedWithoutARefusalOrAWarning) {
 
 TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
   for (const char* name : plans) Apply(name);
-  EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "15");
+  EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM GEDII"), "25");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM SPEXI"), "7");
   EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM KSEXI WHERE CUST = '2' AND CALALT = '1' AND LANG = '2'"), "11");
   EXPECT_EQ(road.Rows("SELECT DIR, NAME1, PRES FROM NIINI_DIR WHERE DIR IN ('214', '216') ORDER BY DIR"),
@@ -64,6 +64,15 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
             "900|001-0-11-24|3|-|1102 901|002-0-11-00|3|-|1102 903|001-0-11-26|5|2|0200");
   EXPECT_EQ(road.Rows("SELECT DIR, ANSW, LANG FROM OPISS ORDER BY DIR"), "900|0|0 901|0|0 903|2|-");
   EXPECT_EQ(road.Rows("SELECT OPE, NAME1 FROM NIINI_OPE"), "900|Switchboard 901|Gatehouse, works");
+  EXPECT_EQ(road.Rows("SELECT BPOS, IP, ROUTER FROM IPBOI"),
+            "001-0-19|10.1.0.19|10.1.0.1 002-0-17|10.2.0.17|10.2.0.126");
+  EXPECT_EQ(road.Rows("SELECT IPEXI.DIR, TYPE, LOCATION FROM IPEXI INNER JOIN GEDII ON GEDII.DIR = IPEXI.DIR"),
+            "350|IP|HQ 351|IP|HQ 355|IP|WORKS 356|IP|WORKS");
+  EXPECT_EQ(road.Rows("SELECT LIM, DOMAIN FROM IPGDI ORDER BY LIM, DOMAIN"),
+            "1|office.example 2|office.example 2|works.example");
+  EXPECT_EQ(road.Rows("SELECT LIM, GKID, TMLOAD FROM IPGKC"), "1|HQ-1|30 2|WORKS-2|-");
+  EXPECT_EQ(road.Rows("SELECT IVMAI.VSD, BPOS, COUNT(*) FROM IVMAI INNER JOIN IVBOI ON IVBOI.VSD = IVMAI.VSD"),
+            "358|001-0-21|4");
 }
 
 // The whole exchange, in the earliest and in the latest release.
