@@ -55,7 +55,7 @@ bool InsertWithDirectoryNumber(const Action& action, const Reporter& fail, const
                                const std::string& TYPE) {
   bool taken = true;
   const auto take = [&] {
-    const Value number = scGetParamValue(column);
+    Value number = scGetParamValue(column);
     taken = TakeDirectoryNumber(number, TYPE);
     return number;
   };

@@ -1,7 +1,7 @@
 // IPBOI: IP boards: the address of a board in the data network, its mask and its router. No lines are generated.
 
+#include <algorithm>
 #include <cstdint>
-#include <ranges>
 
 #include "script/Conversions.h"
 #include "script/Envelope.h"
@@ -35,12 +35,20 @@ bool ListBPOS(const Action& action) {
 
 // --- The subnet.
 
+List PiecesOf(const std::string& address) {
+  List pieces;
+  for (std::size_t begin = 0; begin <= address.size();) {
+    const std::size_t end = std::min(address.find('.', begin), address.size());
+    pieces.Append(address.substr(begin, end - begin));
+    begin = end + 1;
+  }
+  return pieces;
+}
+
 // The 32 bits of an address. Each of its first four pieces counts by the low eight bits of its leading digits; fewer
 // pieces fail the call, and what follows them is not read.
 std::uint32_t Bits(const Value& address) {
-  const std::string text = ToText(address);
-  List pieces(std::vector<Value>{});
-  for (const auto piece : std::views::split(text, '.')) pieces.Append(std::string(piece.begin(), piece.end()));
+  const List pieces = PiecesOf(ToText(address));
   std::uint32_t bits = 0;
   for (std::size_t i = 0; i < 4; ++i) {
     const auto number = static_cast<std::uint32_t>(ToInt32(NumericValue(pieces[i])));
