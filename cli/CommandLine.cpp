@@ -66,6 +66,10 @@ class CommandLine {
     return {sub, *options};
   }
 
+  static void AddSecrets(CLI::App* sub, bool& secrets) {
+    sub->add_flag("--secrets", secrets, "show passwords, in the place of ***");
+  }
+
   void AddNew() {
     auto [sub, options] = Add("new", "Make an exchange file from a plant description", New);
     sub->add_option("FILE", options.file, "the exchange file to make, such as office.cbx")->required();
@@ -104,6 +108,7 @@ class CommandLine {
     sub->add_option("FILE", options.file, "the exchange file")->required();
     sub->add_option("COMMAND", options.command, "the command whose records to show");
     sub->add_option("NAME=VALUE", options.selection, "only the records that have these values, such as GRP=300");
+    AddSecrets(sub, options.secrets);
     sub->add_flag("--json", options.json, "print as JSON");
   }
 
@@ -119,6 +124,7 @@ class CommandLine {
     auto [sub, options] = Add("explain", "Show what an action does, call by call, and undo it", Explain);
     sub->add_option("FILE", options.file, "the exchange file")->required();
     sub->add_option("LINE", options.line, "the action, as a line of a plan")->required();
+    AddSecrets(sub, options.secrets);
     sub->add_flag("--json", options.json, "print as JSON");
   }
 

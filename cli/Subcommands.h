@@ -52,6 +52,7 @@ struct ShowOptions {
   std::string file;
   std::string command;  // empty: the tables
   std::vector<std::string> selection;
+  bool secrets = false;  // shows them as they are
   bool json = false;
 };
 int Show(const ShowOptions& options);
@@ -67,6 +68,7 @@ int Generate(const GenerateOptions& options);
 struct ExplainOptions {
   std::string file;
   std::string line;
+  bool secrets = false;  // shows them as they are
   bool json = false;
 };
 int Explain(const ExplainOptions& options);

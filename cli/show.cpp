@@ -31,7 +31,7 @@ void ShowTables(workbench::Exchange& exchange, bool json) {
 }
 
 void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition& form,
-                 const std::vector<workbench::Assignment>& selection, nlohmann::json* json) {
+                 const std::vector<workbench::Assignment>& selection, bool secrets, nlohmann::json* json) {
   // Nothing but a table has a rowid: the rows of a view stand in the order of its tables.
   const std::string order = form.Database().IsView(form.table) ? "" : " ORDER BY rowid";
   const RowSet records = SelectRecords(exchange, form, "*", selection, order);
@@ -42,8 +42,11 @@ void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition&
     nlohmann::json record;
     std::vector<std::string> cells;
     for (std::size_t column = 0; column < names.size(); ++column) {
-      record[names[column]] = ToJson(records[column][row]);
-      cells.push_back(records[column][row].IsNull() ? "-" : Joined(records[column][row]));
+      const Value& stored = records[column][row];
+      const bool hidden = !secrets && !stored.IsNull() && form.IsSecret(names[column]);
+      const Value value = hidden ? workbench::hiddenValue : stored;
+      record[names[column]] = ToJson(value);
+      cells.push_back(value.IsNull() ? "-" : Joined(value));
     }
     if (json != nullptr) json->push_back(record);
     rows.push_back(cells);
@@ -63,7 +66,7 @@ int Show(const ShowOptions& options) {
     if (const auto* problem = std::get_if<workbench::Problem>(&tables)) throw Exit{NotFound, problem->message};
     nlohmann::json data = nlohmann::json::array();
     for (const workbench::FormDefinition* table : std::get<0>(tables))
-      ShowRecords(*exchange, *table, selection, options.json ? &data : nullptr);
+      ShowRecords(*exchange, *table, selection, options.secrets, options.json ? &data : nullptr);
     if (options.json) PrintJson(data);
   }
   return Done;

@@ -14,6 +14,8 @@ std::string Quoted(const std::string& text) {
       ++i;
     } else if (text[i] == '\n') {
       quoted += "{LF}";
+    } else if (text[i] == '"') {
+      quoted += "{QT}";
     } else {
       quoted += text[i];
     }

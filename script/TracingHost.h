@@ -10,7 +10,7 @@ namespace cordboard {
 
 struct TracedCall {
   // The operation and its arguments as the library passed them, such as: scSetParamValue("LIM", "1").
-  // Texts stand in quotes, line ends as {NL} (CR LF) and {LF}; `out` marks an out-argument.
+  // Texts stand in quotes, line ends as {NL} (CR LF) and {LF}, a quote as {QT}; `out` marks an out-argument.
   std::string call;
   // What came back, such as: True, [["100"], ["EX"]]. Empty where an operation has no result.
   std::string answer;

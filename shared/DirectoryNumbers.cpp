@@ -1,8 +1,10 @@
 #include "shared/DirectoryNumbers.h"
 
+#include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/HostOperations.h"
 #include "script/Statement.h"
+#include "shared/Record.h"
 #include "shared/Row.h"
 
 namespace cordboard {
@@ -47,6 +49,32 @@ bool DeleteRowAndFreeNumber(const Action& action, const std::string& column) {
 
 bool DeleteWithDirectoryNumber(const Action& action, const std::string& column) {
   return InTransaction(Reporter("Delete: " + action.CmdName), [&] { return DeleteRowAndFreeNumber(action, column); });
+}
+
+bool InsertWithDirectoryNumber(const Action& action, const Reporter& fail, const std::string& column,
+                               const std::string& TYPE) {
+  bool taken = true;
+  const auto take = [&] {
+    Value number = scGetParamValue(column);
+    taken = TakeDirectoryNumber(number, TYPE);
+    return number;
+  };
+  const List record = Record(action.ParamList, {{column, take}});
+  if (!taken) return false;
+  return scSQLInsert(action.CmdName, action.ParamList, record) || fail(InsertFailed, action.CmdName);
+}
+
+bool EditWithDirectoryNumber(const Action& action, const Reporter& fail, const std::string& column,
+                             const std::string& TYPE) {
+  for (const Value& parameter : action.ParamList) {
+    const std::string name = ToText(parameter);
+    if (name == "CMDID") continue;
+    const Value value = scGetParamValue(name);
+    const bool written = name == column ? MoveDirectoryNumber(action, column, value, TYPE)
+                                        : UpdateColumnOrNull(action.CmdName, action.CmdId, name, value);
+    if (!written) return fail(ColumnNotWritten, name);
+  }
+  return true;
 }
 
 }  // namespace cordboard

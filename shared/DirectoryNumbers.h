@@ -31,4 +31,15 @@ bool DeleteRowAndFreeNumber(const Action& action, const std::string& column);
 // The same as a delete of its own, in the envelope.
 bool DeleteWithDirectoryNumber(const Action& action, const std::string& column);
 
+// The work of an add and of an edit whose records have such a number in a column, inside the caller's transaction.
+//
+// Inserts the record, and takes the number when the turn of its column comes. One that cannot be taken is not reported:
+// the other values are read all the same, but nothing is inserted.
+bool InsertWithDirectoryNumber(const Action& action, const Reporter& fail, const std::string& column,
+                               const std::string& TYPE);
+// Writes each parameter of ParamList but CMDID with a statement of its own, and moves the number. Ends at the first
+// that fails, and reports it.
+bool EditWithDirectoryNumber(const Action& action, const Reporter& fail, const std::string& column,
+                             const std::string& TYPE);
+
 }  // namespace cordboard

@@ -8,6 +8,7 @@ import resource
 import shutil
 import signal
 import sqlite3
+import stat
 import subprocess
 import sys
 import tempfile
@@ -102,6 +103,67 @@ class ProgramTest(unittest.TestCase):
         return json.loads(self.ends(code, *arguments, "--json").stdout)
 
 
+SECRET = "Tulip-4-\"you\""
+SECRET_AS_TYPED = SECRET.replace('"', '""')
+
+
+class Secrets(ProgramTest):
+    """A password is shown to who asks for it, and printed where the exchange needs it."""
+
+    def setUp(self):
+        super().setUp()
+        self.ends(DONE, "apply", self.exchange, "-", given=f"""\
+            GEDII:DIR=150&&155,CUST=1;
+            IPEXI:DIR=150,PASSW="{SECRET_AS_TYPED}";
+            IPEXI:DIR=151;
+            """.encode())
+
+    def test_show_hides_them(self):
+        lines = [line.split() for line in self.ends(DONE, "show", self.exchange, "IPEXI").stdout.splitlines()]
+        self.assertEqual([line[1:] for line in lines], [["DIR", "PASSW"], ["150", "***"], ["151", "-"]])
+        records = self.json("show", self.exchange, "IPEXI")
+        self.assertEqual([record["PASSW"] for record in records], ["***", None])
+
+    def test_show_tells_them_to_who_asks(self):
+        self.assertIn(SECRET, self.ends(DONE, "show", self.exchange, "IPEXI", "--secrets").stdout)
+        self.assertEqual(self.json("show", self.exchange, "IPEXI", "--secrets")[0]["PASSW"], SECRET)
+
+    def test_explain_hides_those_that_are_typed_and_those_that_are_read(self):
+        for line in (f'IPEXI:DIR=152,PASSW="{SECRET_AS_TYPED}";', "edit IPEXI DIR=150:DIR=152;",
+                     f'edit IPEXI DIR=150:PASSW="{SECRET_AS_TYPED}!";'):
+            for options in ([], ["--json"]):
+                told = self.ends(DONE, "explain", self.exchange, line, *options)
+                self.assertNotIn("Tulip", told.stdout + told.stderr)
+                self.assertIn("***", told.stdout)
+                self.assertIn("Tulip", self.ends(DONE, "explain", self.exchange, line, "--secrets", *options).stdout)
+
+    def test_explain_hides_them_in_statements_and_inserts(self):
+        add = self.ends(DONE, "explain", self.exchange, "IPEXI:DIR=152,PASSW=Tulip;").stdout
+        self.assertRegex(add, r'scSQLInsert\("IPEXI", \["CMDID", "DIR", "PASSW"\], \[\d+, "152", "\*\*\*"\]\)')
+        edit = self.ends(DONE, "explain", self.exchange, "edit IPEXI DIR=150:PASSW=Tulip;").stdout
+        self.assertIn("UPDATE IPEXI SET PASSW = '***'{NL}", edit)
+
+    def test_messages_never_tell_them(self):
+        plan = b"IPEXI:DIR=152,PASSW=Tulip'x;\nedit IPEXI PASSW=Tulip:DIR=152;\nIPEXI:DIR=152,PASSW=Tulip,PASSW=Tulips;\n"
+        ran = self.ends(REFUSED, "apply", self.exchange, "-", given=plan)
+        self.assertNotIn("Tulip", ran.stderr)
+        self.assertIn("PASSW=***: a value must not hold a quote character", ran.stderr)
+        report = self.ends(REFUSED, "apply", self.exchange, "-", "--json", given=plan)
+        self.assertNotIn("Tulip", report.stdout + report.stderr)
+        ran = self.ends(REFUSED, "explain", self.exchange, "IPEXI:DIR=152,PASSW=Tulip'x;")
+        self.assertNotIn("Tulip", ran.stdout + ran.stderr)
+
+    def test_generate_prints_them(self):
+        self.assertIn(f'IPEXI:DIR=150,PASSW="{SECRET}";\n', self.generated())
+
+    def test_help_says_so(self):
+        self.assertIn("shown as ***", self.ends(DONE, "help", "IPEXI").stdout)
+        secret = {entry["name"]: entry["secret"] for entry in self.json("help", "IPEXI")["parameters"]}
+        self.assertEqual(secret, {"DIR": False, "PASSW": True})
+        for subcommand in ("show", "explain"):
+            self.assertIn("--secrets", self.ends(DONE, subcommand, "--help").stdout)
+
+
 class New(ProgramTest):
     def test_makes_an_exchange_and_says_so_on_standard_error(self):
         made = self.folder / "new.cbx"
@@ -109,6 +171,22 @@ class New(ProgramTest):
         self.assertEqual(ran.stdout, "")
         self.assertEqual(ran.stderr, f"made: {made}: release R6/1, plant example, 24 boards with 368 positions\n")
         self.assertEqual(self.json("show", made)["release"], "R6/1")
+
+    def test_makes_the_file_for_its_owner_alone(self):
+        made = self.folder / "new.cbx"
+        self.ends(DONE, "new", made, "--release", "R7", umask=0)
+        self.assertEqual(stat.S_IMODE(made.stat().st_mode), 0o600)
+        reader = sqlite3.connect(made)
+        self.addCleanup(reader.close)
+        reader.execute("BEGIN").execute("SELECT COUNT(*) FROM NANSI").fetchall()
+        self.ends(DONE, "apply", made, "-", given=PLAN.encode(), umask=0)
+        rights = {path.name: stat.S_IMODE(path.stat().st_mode) for path in self.folder.glob("new.cbx*")}
+        self.assertEqual(rights, {"new.cbx": 0o600, "new.cbx-wal": 0o600, "new.cbx-shm": 0o600})
+
+    def test_does_not_make_what_a_link_leads_to(self):
+        (self.folder / "new.cbx").symlink_to(self.folder / "elsewhere.cbx")
+        self.fails(TROUBLE, "cannot be made", "new", self.folder / "new.cbx", "--release", "R7")
+        self.assertFalse((self.folder / "elsewhere.cbx").exists())
 
     def test_leaves_an_existing_file_alone(self):
         before = self.exchange.read_bytes()

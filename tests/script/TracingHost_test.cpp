@@ -92,6 +92,7 @@ TEST(TraceText, TellsEveryKindOfValueListAndRowSetApart) {
   EXPECT_EQ(TraceText(Value(5)), "5");
   EXPECT_EQ(TraceText(Value(true)), "True");
   EXPECT_EQ(TraceText(Value("a\r\nb\nc")), "\"a{NL}b{LF}c\"");
+  EXPECT_EQ(TraceText(Value("a=\"b\"")), "\"a={QT}b{QT}\"");
   EXPECT_EQ(TraceText(List()), "Empty");
   EXPECT_EQ(TraceText(List::Null()), "Null");
   EXPECT_EQ(TraceText(List(std::vector<Value>{})), "[]");

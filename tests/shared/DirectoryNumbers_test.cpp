@@ -102,5 +102,58 @@ TEST_F(DirectoryNumbers, ADeleteHasTheEnvelope) {
                                  MessageLine("Delete: IPEXI", "62011")}));
 }
 
+// --- The work of an add and of an edit.
+
+struct RecordWithDirectoryNumber : testing::Test {
+  ScriptedHost host;
+  const Reporter fail{"Edit: IPEXI"};
+
+  bool Insert() {
+    const Action add{.CmdName = "IPEXI", .ParamList = {"DIR", "PASSW"}};
+    return host.With([&] { return InsertWithDirectoryNumber(add, fail, "DIR", "IP"); });
+  }
+  bool Edit(const List& parameters) {
+    const Action edit{.CmdName = "IPEXI", .CmdId = 7, .ParamList = parameters};
+    return host.With([&] { return EditWithDirectoryNumber(edit, fail, "DIR", "IP"); });
+  }
+};
+
+TEST_F(RecordWithDirectoryNumber, TakesTheNumberInItsTurnBeforeTheInsert) {
+  host.Param("DIR", "200");
+  EXPECT_TRUE(Insert());
+  EXPECT_EQ(host.Calls(), Lines({Read("DIR"), Taken("200"), Read("PASSW"),
+                                 R"(scSQLInsert("IPEXI", ["DIR", "PASSW"], ["200", Empty]))"}));
+}
+
+TEST_F(RecordWithDirectoryNumber, IsNotInsertedWithoutItsNumberAndNothingIsReported) {
+  host.Param("DIR", "200");
+  host.Refuse("scRunQuery", "UPDATE GEDII SET TYPE = 'IP'\r\n WHERE DIR = '200'");
+  EXPECT_FALSE(Insert());
+  EXPECT_EQ(host.Calls(), Lines({Read("DIR"), Taken("200"), Read("PASSW")}));
+}
+
+TEST_F(RecordWithDirectoryNumber, AnInsertThatFailsIsReported) {
+  host.Refuse("scSQLInsert");
+  EXPECT_FALSE(Insert());
+  EXPECT_TRUE(host.Calls().ends_with(MessageLine("Edit: IPEXI", R"(61024, "IPEXI")") + "\n"));
+}
+
+TEST_F(RecordWithDirectoryNumber, AnEditMovesTheNumberAndPassesOverTheIdentifier) {
+  host.Param("DIR", "201");
+  host.Rows(read, {{"200"}});
+  EXPECT_TRUE(Edit({"CMDID", "PASSW", "DIR"}));
+  EXPECT_EQ(host.Calls(), Lines({Read("PASSW"), StatementLine("UPDATE IPEXI SET PASSW = Null{NL} WHERE CmdId = 7"),
+                                 Read("DIR"), QueryLine(read), Freed("200"), written, Taken("201")}));
+}
+
+TEST_F(RecordWithDirectoryNumber, AnEditEndsAtTheFirstParameterThatFails) {
+  host.Param("DIR", "201");
+  host.Rows(read, {{"200"}});
+  host.Refuse("scRunQuery", "UPDATE GEDII SET TYPE = Null\r\n WHERE DIR = '200'");
+  EXPECT_FALSE(Edit({"DIR", "PASSW"}));
+  EXPECT_EQ(host.Calls(),
+            Lines({Read("DIR"), QueryLine(read), Freed("200"), MessageLine("Edit: IPEXI", R"(61011, "DIR")")}));
+}
+
 }  // namespace
 }  // namespace cordboard

@@ -99,7 +99,7 @@ std::string Definitions::Substituted(const std::string& text, const Variables& v
     if (text[i] == '"') quoted = !quoted;
     const std::size_t end = text[i] == '{' ? text.find('}', i) : text.npos;
     const std::string name = end == text.npos ? "" : text.substr(i + 1, end - i - 1);
-    if (!IsName(name) || name == "NL" || name == "LF") {
+    if (!IsName(name) || name == "NL" || name == "LF" || name == "QT") {
       result += text[i];
       continue;
     }

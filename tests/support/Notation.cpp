@@ -34,8 +34,8 @@ class Walk {
 std::string Unescaped(std::string_view text) {
   std::string result;
   while (!text.empty()) {
-    if (text.starts_with("{NL}") || text.starts_with("{LF}")) {
-      result += text[1] == 'N' ? "\r\n" : "\n";
+    if (text.starts_with("{NL}") || text.starts_with("{LF}") || text.starts_with("{QT}")) {
+      result += text[1] == 'N' ? "\r\n" : text[1] == 'L' ? "\n" : "\"";
       text.remove_prefix(4);
     } else {
       result += text.front();

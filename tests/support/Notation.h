@@ -25,7 +25,8 @@ class TranscriptError : public std::runtime_error {
   TranscriptError(const Place& place, const std::string& what) : std::runtime_error(place.Text() + ": " + what) {}
 };
 
-// Empty, Null, True, False, 12.5, "a text"; {NL} in a text is CR LF, {LF} a line feed.
+// Empty, Null, True, False, 12.5, "a text"; {NL} in a text is CR LF, {LF} a line feed, {QT} a double
+// quote.
 Value ReadValue(std::string_view text, const Place& place);
 // Empty, Null, ["100", "101"], [].
 List ReadList(std::string_view text, const Place& place);

@@ -41,6 +41,11 @@ std::string GivenTwice(const std::vector<std::string>& elements) {
   return "";
 }
 
+Problem WithoutSecret(Problem problem, const FormDefinition& definition) {
+  if (!problem.value.empty() && definition.IsSecret(problem.parameter)) problem.value = hiddenValue;
+  return problem;
+}
+
 }  // namespace
 
 std::vector<Problem> TakeMessages(Session& session, const Assignment& about) {
@@ -75,6 +80,10 @@ Filling::Filling(Session& session, const FormDefinition& definition, std::vector
 bool Filling::IsGiven(const std::string& name) const {
   return std::ranges::find(given_, name, &Assignment::name) != given_.end();
 }
+
+void Filling::Refuse(Problem problem) { problems_.push_back(WithoutSecret(std::move(problem), definition())); }
+
+void Filling::Warn(Problem problem) { warnings_.push_back(WithoutSecret(std::move(problem), definition())); }
 
 void Filling::Refuse(const Assignment& assignment, std::string message) {
   Refuse({.parameter = assignment.name, .value = assignment.value, .message = std::move(message)});
@@ -137,7 +146,7 @@ bool Filling::IsPossible(const ParameterDefinition& parameter, const Assignment&
 const ValueList* Filling::ListOf(const std::string& parameter, const std::string& value) {
   const ValueList* list = session_.host().FreshList(parameter);
   const std::vector<Problem> reported = TakeMessages(session_, {parameter, value});
-  problems_.insert(problems_.end(), reported.begin(), reported.end());
+  for (const Problem& problem : reported) Refuse(problem);
   return reported.empty() ? list : nullptr;
 }
 

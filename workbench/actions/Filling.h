@@ -32,9 +32,10 @@ class Filling {
   // it builds the list is a problem of the value, and there is no list then.
   const ValueList* ListOf(const std::string& parameter, const std::string& value = "");
 
-  void Refuse(Problem problem) { problems_.push_back(std::move(problem)); }
+  // Neither tells the value of a parameter that is secret.
+  void Refuse(Problem problem);
   void Refuse(const Assignment& assignment, std::string message);
-  void Warn(Problem problem) { warnings_.push_back(std::move(problem)); }
+  void Warn(Problem problem);
 
   bool IsRefused() const { return !problems_.empty(); }
   const std::vector<Problem>& problems() const { return problems_; }

@@ -1,6 +1,7 @@
 #include "workbench/actions/FormRules.h"
 
 #include <algorithm>
+#include <regex>
 
 #include "script/Conversions.h"
 #include "script/Text.h"
@@ -58,6 +59,14 @@ std::string HasPlainCharacters(const Filling&, const Assignment& assignment) {
   return control ? "a value must not hold control characters" : "";
 }
 
+// An address has one spelling, so that two that are the same can be told: no zeros in front.
+std::string IsAnAddress(const Filling& filling, const Assignment& assignment) {
+  static const std::regex address(R"((25[0-5]|2[0-4]\d|1\d\d|[1-9]?\d)(\.(25[0-5]|2[0-4]\d|1\d\d|[1-9]?\d)){3})");
+  const auto& [name, value] = assignment;
+  if (value.empty() || !filling.definition().Find(name)->address || std::regex_match(value, address)) return "";
+  return "an address is four numbers from 0 to 255 with dots between them, such as 10.0.0.5";
+}
+
 std::string IsNotHeld(const Filling& filling, const Assignment& assignment) {
   const auto& [name, value] = assignment;
   const FormDefinition& definition = filling.definition();
@@ -67,7 +76,7 @@ std::string IsNotHeld(const Filling& filling, const Assignment& assignment) {
 }
 
 constexpr ValueRule rulesOfValue[] = {IsOfTheForm,       IsOfTheRelease,     IsOfTheTable, IsOfTheDefinition,
-                                      IsNotGivenByParts, HasPlainCharacters, IsNotHeld};
+                                      IsNotGivenByParts, HasPlainCharacters, IsAnAddress,  IsNotHeld};
 
 // --- An edit, before its values are set.
 

@@ -52,8 +52,9 @@ std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDef
     for (std::size_t row = 0; row < rows.RowCount(); ++row) found.push_back({table, ToInt32(rows[0][row])});
   }
   if (found.size() == 1) return found.front();
-  const std::string described =
-      Separated(selection, ",", [](const Assignment& each) { return each.name + "=" + each.value; });
+  const std::string described = Separated(selection, ",", [&definition](const Assignment& each) {
+    return each.name + "=" + (definition.IsSecret(each.name) ? hiddenValue : each.value);
+  });
   const std::string records = definition.command + (selection.empty() ? "" : " with " + described);
   if (found.empty()) return Problem{.message = "there is no record of " + records};
   return Problem{.message = "there are several records of " + records + "; select one by more of its parameters"};

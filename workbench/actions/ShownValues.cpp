@@ -33,7 +33,8 @@ std::vector<std::string> ShownValues::ChangedByChecks(Filling& filling) const {
     filling.Warn({.parameter = column,
                   .value = before,
                   .message = now.empty() ? "a check has cleared this value, since it does not go with the others"
-                                         : "a check has changed this value to " + now});
+                             : filling.definition().IsSecret(column) ? "a check has changed this value"
+                                                                     : "a check has changed this value to " + now});
   }
   return changed;
 }

@@ -1,8 +1,12 @@
 #include "workbench/exchange/Exchange.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <system_error>
 
 #include "script/Conversions.h"
@@ -33,6 +37,14 @@ void KeepLinesApart(Connection& database) {
   }
 }
 
+// Makes the file for its owner alone, since an exchange holds passwords; SQLite gives the files beside it the same
+// rights.
+void MakePrivateFile(const std::filesystem::path& file) {
+  const int made = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (made < 0) throw ExchangeError(file.string() + " cannot be made: " + std::strerror(errno));
+  close(made);
+}
+
 void RemoveFiles(const std::filesystem::path& file) {
   std::error_code ignored;
   for (const char* ending : {"", "-wal", "-shm", "-journal"}) std::filesystem::remove(file.string() + ending, ignored);
@@ -49,6 +61,7 @@ std::unique_ptr<Exchange> Exchange::Create(const std::filesystem::path& file, co
                                            const Plant& plant) {
   if (!file.has_filename()) throw ExchangeError("an exchange needs the name of a file");
   if (std::filesystem::exists(file)) throw ExchangeError(file.string() + " exists already; choose another name");
+  MakePrivateFile(file);
   try {
     std::unique_ptr<Exchange> exchange(new Exchange(Connection(file, Connection::Mode::Create)));
     exchange->dynamic_.Execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL");

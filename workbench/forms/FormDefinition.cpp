@@ -26,6 +26,8 @@ constexpr ParameterFlag flags[] = {
     {"check", &ParameterDefinition::check, Source::Library, "check"},
     {"next", &ParameterDefinition::next, Source::Form, "next"},
     {"addOnly", &ParameterDefinition::addOnly, Source::Form, "when a record is added"},
+    {"address", &ParameterDefinition::address, Source::Form, "address (`10.0.0.5`)"},
+    {"secret", &ParameterDefinition::secret, Source::Form, "shown as `***`"},
     {"reuse", &ParameterDefinition::reuse, Source::Form, ""},
     {"text", &ParameterDefinition::text, Source::Form, ""},
     {"firstToRules", &ParameterDefinition::firstToRules, Source::Form, ""},
@@ -99,6 +101,11 @@ const ParameterDefinition* FormDefinition::Find(std::string_view name) const {
 
 std::size_t FormDefinition::Place(std::string_view name) const {
   return static_cast<std::size_t>(std::ranges::find(parameters, name, &ParameterDefinition::name) - parameters.begin());
+}
+
+bool FormDefinition::IsSecret(std::string_view name) const {
+  const ParameterDefinition* parameter = Find(name);
+  return parameter != nullptr && parameter->secret;
 }
 
 bool FormDefinition::IsElsewhere(std::string_view name) const {

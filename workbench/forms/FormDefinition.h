@@ -55,6 +55,8 @@ struct ParameterDefinition {
   bool onlyGiven = false;     // rules that ask for its values are told where it has none, and turn to another
   bool next = false;          // "next" and "next:20" stand for the first values of its list
   bool addOnly = false;       // is given when a record is added; an edit cannot change it
+  bool address = false;       // is an address of the data network, "10.0.0.5"
+  bool secret = false;        // is shown as ***, unless a user asks for it
 
   // Whether its value is taken apart at "&": elsewhere the sign is part of the value.
   bool TakesElements() const { return multiple || range; }
@@ -145,6 +147,9 @@ struct TemplatesOf {
   std::string name;
 };
 
+// What stands in the place of a secret.
+inline constexpr const char* hiddenValue = "***";
+
 // What an add is given, or what selects a record, in the order typed.
 struct Assignment {
   std::string name;
@@ -181,7 +186,8 @@ struct FormDefinition {
   std::string Rows() const;  // what stands in a FROM for the rows of its records
   const ParameterDefinition* Find(std::string_view name) const;
   std::size_t Place(std::string_view name) const;  // of a parameter in the order; after all for an unknown one
-  bool IsElsewhere(std::string_view name) const;   // whether it, or the whole that it is a digit of, is in `elsewhere`
+  bool IsSecret(std::string_view name) const;
+  bool IsElsewhere(std::string_view name) const;  // whether it, or the whole that it is a digit of, is in `elsewhere`
   const Folding* FoldingOf(std::string_view parameter) const;   // of a whole parameter, the first
   const Folding* FoldingWith(std::string_view subDigit) const;  // that a sub-digit parameter belongs to
   // The form of each table, the first one's first; the form of the record that has these values.

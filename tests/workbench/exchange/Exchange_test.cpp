@@ -72,7 +72,7 @@ TEST(Exchange, OneThatCouldNotBeMadeLeavesNoFile) {
   EXPECT_EQ(CannotCreate(folder / "office.cbx", "R9"), "there is no release R9");
   EXPECT_TRUE(folder.IsEmpty());
   EXPECT_THAT(CannotCreate(folder / "missing" / "office.cbx"),
-              EndsWith("office.cbx cannot be made: unable to open database file"));
+              EndsWith("office.cbx cannot be made: No such file or directory"));
   EXPECT_TRUE(folder.IsEmpty());
 }
 

@@ -140,7 +140,7 @@ TEST_F(RuleStatementsTest, TheFixedValuesOfAParameterAreThoseOfOneDefinition) {
 TEST_F(RuleStatementsTest, ARowGoesInWithoutQuotingAndAnEmptyValueIsANull) {
   EXPECT_TRUE(Insert({"CMDID", "CSP", "DESCRIPTION"}, {7, "1", "O'Neill; \"x\""}));
   EXPECT_TRUE(Insert({"CMDID", "CSP", "DESCRIPTION"}, {8, Value(), ""}));
-  EXPECT_EQ(Profiles(), R"([[7, 8], ["1", Null], ["O'Neill; "x"", ""]])");
+  EXPECT_EQ(Profiles(), R"([[7, 8], ["1", Null], ["O'Neill; {QT}x{QT}", ""]])");
 }
 
 TEST_F(RuleStatementsTest, ARowThatDoesNotFitIsRefused) {

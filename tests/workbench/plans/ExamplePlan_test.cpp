@@ -93,6 +93,15 @@ TEST_P(ExamplePlan, IsFollowedByThePlansThatBuildOnIt) {
             "0|001-0-23-03|001-0-23-00|9600 1|001-0-23-01|001-0-23-01|9600");
   EXPECT_EQ(road.Rows("SELECT DIR, GRP, PORT FROM VMPOI"), "400|-|100 401|-|101 402|-|102 -|310|-");
   EXPECT_EQ(road.Rows("SELECT SID, KFCN, DIG FROM ICMWC"), "0|MWC|310 1|MWR|-");
+  EXPECT_EQ(road.Rows("SELECT BPOS, IP, ROUTER FROM IPBOI"),
+            "001-0-19|10.1.0.19|10.1.0.1 002-0-17|10.2.0.17|10.2.0.126");
+  EXPECT_EQ(road.Rows("SELECT IPEXI.DIR, TYPE, LOCATION FROM IPEXI INNER JOIN GEDII ON GEDII.DIR = IPEXI.DIR"),
+            "350|IP|HQ 351|IP|HQ 355|IP|WORKS 356|IP|WORKS");
+  EXPECT_EQ(road.Rows("SELECT LIM, DOMAIN FROM IPGDI ORDER BY LIM, DOMAIN"),
+            "1|office.example 2|office.example 2|works.example");
+  EXPECT_EQ(road.Rows("SELECT LIM, GKID, TMLOAD FROM IPGKC"), "1|HQ-1|30 2|WORKS-2|-");
+  EXPECT_EQ(road.Rows("SELECT IVMAI.VSD, BPOS, COUNT(*) FROM IVMAI INNER JOIN IVBOI ON IVBOI.VSD = IVMAI.VSD"),
+            "358|001-0-21|4");
 }
 
 // The whole exchange, in the earliest and in the latest release.
