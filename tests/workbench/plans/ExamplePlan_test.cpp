@@ -15,7 +15,7 @@ namespace {
 const char* const plans[] = {
     "extensions.plan", "authorisation.plan", "routes.plan",   "directory.plan", "terminals.plan",
     "templates.plan",  "groups.plan",        "members.plan",  "general.plan",   "operators.plan",
-    "desk.plan",       "trunks.plan",        "cordless.plan", "ip.plan"};
+    "desk.plan",       "trunks.plan",        "cordless.plan", "ip.plan",        "logging.plan"};
 
 struct ExamplePlan : testing::TestWithParam<std::string> {
   Road road{GetParam()};
