@@ -45,7 +45,7 @@ bool EditFormat(const Action& action) {
     for (const Value& parameter : action.ParamList) {
       const std::string name = ToText(parameter);
       const Value value = scGetParamValue(name);
-      if (name == "DATA" && !WriteItems(fail, [&] { return name; })) return false;
+      if (name == "DATA" && !WriteItems(fail, [&] { return Value(name); })) return false;
       if (!WriteColumn(action, fail, action.CmdId, name, value)) return false;
     }
     return true;
