@@ -65,6 +65,22 @@ std::string Traits(const FormDefinition& form, const ParameterDefinition& parame
   return traits;
 }
 
+// What is told of together: one parameter, or all that differ in a number alone, with their names in Markdown.
+struct Told {
+  const ParameterDefinition& first;
+  std::string names;
+};
+
+std::vector<Told> Parameters(const FormDefinition& form) {
+  std::vector<Told> told;
+  for (std::size_t i = 0; i < form.parameters.size(); i += form.parameters[i].ofSeries) {
+    const ParameterDefinition& first = form.parameters[i];
+    const ParameterDefinition& last = form.parameters[i + first.ofSeries - 1];
+    told.push_back({first, Quoted(first.name) + (first.ofSeries == 1 ? "" : " to " + Quoted(last.name))});
+  }
+  return told;
+}
+
 std::vector<std::string> Actions(const FormDefinition& form) {
   std::vector<std::string> actions;
   if (form.adds) actions.emplace_back("add");
@@ -90,8 +106,8 @@ std::string Plain(std::string markdown) {
 void HelpAsText(const FormDefinition& form) {
   std::cout << form.command << ": " << form.title << "\n\n" << form.help << "\n\n";
   std::vector<std::vector<std::string>> rows;
-  for (const ParameterDefinition& parameter : form.parameters)
-    rows.push_back({parameter.name, parameter.title, Plain(Traits(form, parameter))});
+  for (const auto& [parameter, names] : Parameters(form))
+    rows.push_back({Plain(names), parameter.title, Plain(Traits(form, parameter))});
   PrintTable({"PARAMETER", "", ""}, rows);
   std::cout << "\nActions: " << Joined(Actions(form), " ") << '\n';
   if (!form.templates.command.empty()) std::cout << Plain(FromTemplates(form)) << '\n';
@@ -137,10 +153,9 @@ void HelpAsPage(const FormDefinition& form) {
   if (const std::string example = Example(form); !example.empty()) std::cout << "    " << example << "\n\n";
   std::cout << "| Parameter | Meaning | |\n| --- | --- | --- |\n";
   const ParameterDefinition* listed = nullptr;
-  for (const ParameterDefinition& parameter : form.parameters) {
+  for (const auto& [parameter, names] : Parameters(form)) {
     const std::string traits = Traits(form, parameter);
-    std::cout << "| " << Quoted(parameter.name) << " | " << parameter.title << " | " << traits
-              << (traits.empty() ? "|\n" : " |\n");
+    std::cout << "| " << names << " | " << parameter.title << " | " << traits << (traits.empty() ? "|\n" : " |\n");
     if (listed == nullptr && (parameter.list || parameter.fixed)) listed = &parameter;
   }
   if (listed != nullptr)

@@ -1,5 +1,6 @@
 // cordboard show: what an exchange holds.
 
+#include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
@@ -9,6 +10,7 @@
 #include "script/Conversions.h"
 #include "workbench/actions/Records.h"
 #include "workbench/database/Schema.h"
+#include "workbench/host/Session.h"
 
 namespace cordboard::cli {
 
@@ -54,6 +56,63 @@ void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition&
   if (json == nullptr) PrintTable(names, rows);
 }
 
+// The folding of the form whose whole is a list; null for a form without one.
+const workbench::Folding* ListOf(const workbench::FormDefinition& form) {
+  const auto found = std::ranges::find_if(form.foldings, &workbench::Folding::isList);
+  return found == form.foldings.end() ? nullptr : &*found;
+}
+
+// The value, with its description where the list of the parameter has one.
+std::string InWords(workbench::Session& session, const std::string& parameter) {
+  const std::string value = Joined(session.form().Get(parameter));
+  const workbench::ValueList* list = value.empty() ? nullptr : session.host().FreshList(parameter);
+  if (list == nullptr) return value;
+  const std::vector<workbench::ValidValue> all = list->All();
+  const auto found = std::ranges::find(all, value, &workbench::ValidValue::value);
+  return found == all.end() || found->description.empty() ? value : value + " (" + found->description + ")";
+}
+
+// The parts of a list by the first thing that each tells, such as their positions.
+void PrintList(workbench::Session& session, const workbench::Folding& list) {
+  const workbench::FormDefinition& form = session.form().definition();
+  std::vector<std::string> headings = {"ITEM"};
+  std::vector<std::vector<std::string>> rows;
+  for (const workbench::DigitPlace& place : list.places) {
+    const std::string& part = place.parameters.front();
+    if (session.form().Get(part).IsBlank()) continue;
+    rows.push_back({part});
+    const workbench::Folding* own = form.FoldingOf(part);
+    for (const workbench::DigitPlace& digits : own->places) {
+      const std::string& parameter = digits.parameters.front();
+      if (rows.size() == 1) headings.push_back(form.Find(parameter)->title);
+      rows.back().push_back(InWords(session, parameter));
+    }
+  }
+  std::ranges::stable_sort(rows, {}, [](const auto& row) { return NumericValue(row[1]); });
+  PrintTable(headings, rows);
+  double sum = 0;
+  for (const std::string& parameter : list.sum) sum += NumericValue(session.form().Get(parameter));
+  if (!list.sum.empty()) std::cout << form.Find(list.sum.front())->title << " in all: " << Joined(Value(sum)) << '\n';
+}
+
+// Records with a list, one below the other: the other columns, then the parts of the list.
+void ShowLists(workbench::Exchange& exchange, const workbench::FormDefinition& form, const workbench::Folding& list,
+               const std::vector<workbench::Assignment>& selection) {
+  const RowSet records = SelectRecords(exchange, form, "[CmdId]", selection, " ORDER BY rowid");
+  workbench::Session session(exchange);
+  for (std::size_t row = 0; row < records.RowCount(); ++row) {
+    const workbench::Form& open = session.host().OpenForm(form);
+    LoadRecord(exchange, form, ToInt32(records[0][row]), session.form());
+    if (row > 0) std::cout << '\n';
+    for (const std::string& column : form.columns) {
+      const Value value = open.Get(column);
+      if (column == list.parameter || list.Has(column) || value.IsBlank()) continue;
+      std::cout << column << ' ' << Joined(value) << '\n';
+    }
+    PrintList(session, list);
+  }
+}
+
 }  // namespace
 
 int Show(const ShowOptions& options) {
@@ -65,8 +124,13 @@ int Show(const ShowOptions& options) {
     const auto tables = TablesWith(FormOf(options.command), selection);
     if (const auto* problem = std::get_if<workbench::Problem>(&tables)) throw Exit{NotFound, problem->message};
     nlohmann::json data = nlohmann::json::array();
-    for (const workbench::FormDefinition* table : std::get<0>(tables))
-      ShowRecords(*exchange, *table, selection, options.secrets, options.json ? &data : nullptr);
+    for (const workbench::FormDefinition* table : std::get<0>(tables)) {
+      if (const workbench::Folding* list = options.json ? nullptr : ListOf(*table)) {
+        ShowLists(*exchange, *table, *list, selection);
+      } else {
+        ShowRecords(*exchange, *table, selection, options.secrets, options.json ? &data : nullptr);
+      }
+    }
     if (options.json) PrintJson(data);
   }
   return Done;

@@ -3,6 +3,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "script/Action.h"
@@ -16,6 +17,7 @@ class ParameterNames {
  public:
   ParameterNames(const char* name) : names_{name} {}
   ParameterNames(std::initializer_list<const char*> names) : names_(names.begin(), names.end()) {}
+  ParameterNames(std::vector<std::string> names) : names_(std::move(names)) {}
 
   const std::vector<std::string>& all() const { return names_; }
 

@@ -442,6 +442,26 @@ class Data(ProgramTest):
         self.assertEqual(data["release"], "R7")
         self.assertIn({"command": "NANSI", "records": 101, "title": "Number series"}, data["tables"])
 
+    def test_show_tells_what_a_list_of_a_record_says(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=b"""\
+            CLFOC:FORM=4,DATA="2-4-J&1-6-F",DESCRIPTION=Bills;
+            CLFOC:FORM=5,DATA=1-20-M;
+            """)
+        self.assertEqual(self.ends(DONE, "show", self.exchange, "CLFOC").stdout, """\
+FORM 4
+DESCRIPTION Bills
+ITEM   Position  Length  Kind
+DATA2  1         6       F (Date)
+DATA1  2         4       J (Time at which the call began)
+Length in all: 10
+
+FORM 5
+ITEM   Position  Length  Kind
+DATA1  1         20      M (Free text)
+Length in all: 20
+""")
+        self.assertEqual(self.json("show", self.exchange, "CLFOC", "FORM=5")[0]["DATA"], "1-20-M")
+
     def test_show_lists_the_records_of_both_tables_of_a_command(self):
         self.ends(DONE, "apply", self.exchange, "-", given=b"""\
             EXCCS:CAT=1,TRAF=11,SERV_D6=1,CDIV_D1=1,ROC_D2=1;

@@ -180,7 +180,21 @@ std::string IsInItsWhole(const Filling& filling, const Assignment& assignment) {
          "; clear or leave out the one or the others";
 }
 
-constexpr ValueRule rulesOfSetValue[] = {IsTakenAsTyped, IsKeptByChecks, IsInItsWhole};
+// Of a whole that is its parts with a separator between them, one part alone would be lost in silence.
+std::string IsNotAlone(const Filling& filling, const Assignment& assignment) {
+  const Folding* folding = filling.definition().FoldingWith(assignment.name);
+  if (folding == nullptr || folding->separator.empty() || folding->isList) return "";
+  const auto isMissing = [&](const std::string& name) { return filling.form().Get(name).IsBlank(); };
+  if (assignment.value.empty())
+    return isMissing(folding->parameter) ? "" : "this is a part of " + folding->parameter + "; clear that as a whole";
+  for (const DigitPlace& place : folding->places) {
+    const std::string& part = place.parameters.front();
+    if (isMissing(part)) return "this is a part of " + folding->parameter + "; give " + part + " as well";
+  }
+  return "";
+}
+
+constexpr ValueRule rulesOfSetValue[] = {IsTakenAsTyped, IsKeptByChecks, IsInItsWhole, IsNotAlone};
 
 void GivenValuesStand(Filling& filling) {
   for (const Assignment& assignment : filling.given()) {

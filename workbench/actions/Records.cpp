@@ -77,6 +77,8 @@ void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32
   for (const std::string& column : definition.columns) {
     // A whole comes even where the form shows its digits alone: an edit of one digit keeps the others.
     if (definition.Find(column) == nullptr && definition.FoldingOf(column) == nullptr) continue;
+    // A part of a list comes with the list.
+    if (const Folding* folding = definition.FoldingWith(column); folding != nullptr && folding->isList) continue;
     const Value stored =
         exchange.Dynamic().Single("SELECT [" + column + "] FROM " + definition.Rows() + " WHERE [CmdId] = ?", {CmdId});
     // Some commands write the empty text for nothing: on the form neither was given.

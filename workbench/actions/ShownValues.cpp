@@ -9,11 +9,18 @@ namespace cordboard::workbench {
 std::vector<std::string> GivenColumns(const Filling& filling) {
   const FormDefinition& definition = filling.definition();
   std::vector<std::string> given;
-  for (const Assignment& assignment : filling.given()) {
-    const Folding* folding = definition.FoldingWith(assignment.name);
-    const std::string& name = folding == nullptr ? assignment.name : folding->parameter;
+  const auto add = [&](const std::string& name) {
     const bool stored = std::ranges::find(definition.columns, name) != definition.columns.end();
     if (stored && std::ranges::find(given, name) == given.end()) given.push_back(name);
+  };
+  for (const Assignment& assignment : filling.given()) {
+    std::string name = assignment.name;
+    const Folding* folding = definition.FoldingWith(name);
+    if (folding == nullptr || folding->isList) add(name);
+    for (; folding != nullptr; folding = definition.FoldingWith(name)) add(name = folding->parameter);
+    const Folding* list = definition.FoldingOf(assignment.name);
+    if (list == nullptr || !list->isList) continue;
+    for (const DigitPlace& place : list->places) add(place.parameters.front());
   }
   return given;
 }

@@ -20,7 +20,8 @@ class ShownValues {
   std::map<std::string, std::string> columns_;
 };
 
-// The names of the columns that are given, each once: sub-digit parameters stand for the column that they fold into.
+// The names of the columns that are given, each once: sub-digit parameters stand for the column that they fold into, a
+// part of a list for the list as well, and a list for all its parts.
 std::vector<std::string> GivenColumns(const Filling& filling);
 
 }  // namespace cordboard::workbench

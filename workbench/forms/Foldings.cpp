@@ -5,6 +5,7 @@
 #include <regex>
 
 #include "workbench/data/DataFile.h"
+#include "workbench/text/Elements.h"
 
 namespace cordboard::workbench {
 
@@ -21,6 +22,8 @@ struct Exception {
   std::string separator = {};
   std::vector<Names> alternatives = {};
   bool byDefinition = false;  // whether each alternative holds in a definition
+  Names list = {};            // the parts of a list
+  Names sum = {};
 };
 
 char ReadFill(Fields& fields) {
@@ -30,22 +33,40 @@ char ReadFill(Fields& fields) {
   return item->Text().front();
 }
 
+void ReadList(const DataItem& list, Exception& exception) {
+  list.Object([&](Fields& fields) {
+    fields.Find("each");
+    const auto part = fields.Get<std::string>("of");
+    const auto summand = fields.Get<std::string>("sum", "");
+    for (const std::string& number : EachOf(list)) {
+      exception.list.push_back(WithNumber(part, number));
+      if (!summand.empty()) exception.sum.push_back(WithNumber(summand, number));
+    }
+  });
+}
+
 std::map<std::string, Exception> ReadExceptions(const std::optional<DataItem>& item, const Names& wholes) {
   std::map<std::string, Exception> exceptions;
   if (!item) return exceptions;
-  for (const DataItem& entry : item->List()) {
+  const auto read = [&](const DataItem& entry, const std::string& number) {
     entry.Object([&](Fields& fields) {
-      const Exception exception{
+      fields.Find("each");
+      Exception exception{
           .length = fields.Has("length") ? std::optional(fields.Get<int>("length")) : std::nullopt,
           .fill = ReadFill(fields),
           .separator = fields.Get<std::string>("separator", ""),
           .alternatives = fields.Get(fields.Has("definitions") ? "definitions" : "alternatives", std::vector<Names>()),
           .byDefinition = fields.Has("definitions")};
+      if (const auto list = fields.Find("list")) ReadList(*list, exception);
       for (const DataItem& whole : fields.At("wholes").List()) {
-        if (!Holds(wholes, whole.Text())) whole.Fail("no parameter is a digit of " + whole.Text());
-        if (!exceptions.emplace(whole.Text(), exception).second) whole.Fail(whole.Text() + " stands there twice");
+        const std::string name = WithNumber(whole.Text(), number);
+        if (!Holds(wholes, name) && exception.list.empty()) whole.Fail("no parameter is a digit of " + name);
+        if (!exceptions.emplace(name, exception).second) whole.Fail(name + " stands there twice");
       }
     });
+  };
+  for (const DataItem& entry : item->List()) {
+    for (const std::string& number : EachOf(entry)) read(entry, number);
   }
   return exceptions;
 }
@@ -88,6 +109,16 @@ Folding Folded(const std::string& whole, const Names& parameters, const Exceptio
   return folding;
 }
 
+Folding ListOf(const std::string& whole, const Exception& exception, const FormDefinition& form, const DataItem& file) {
+  Folding folding{.parameter = whole, .separator = exception.separator, .isList = true, .sum = exception.sum};
+  if (folding.separator.empty()) file.Fail("the list " + whole + " has no separator");
+  for (const std::string& part : exception.list) {
+    if (form.Find(part) == nullptr) file.Fail("the list " + whole + " has a part " + part + ", which is no parameter");
+    folding.places.push_back({++folding.length, 1, {part}});
+  }
+  return folding;
+}
+
 // The parameters of one alternative, with those that stand in none.
 Names Alternative(const Names& parameters, const std::vector<Names>& alternatives, const Names& chosen) {
   Names names;
@@ -114,6 +145,21 @@ std::optional<SubDigit> SubDigitOf(const std::string& name) {
     ++digits.width;
   }
   return digits.first == 0 ? std::nullopt : std::optional(digits);
+}
+
+std::vector<std::string> EachOf(const DataItem& entry) {
+  std::vector<std::string> numbers;
+  for (const auto& [key, item] : entry.Entries()) {
+    if (key == "each") numbers = Elements(item.Text());
+  }
+  if (numbers.empty()) return {""};
+  for (std::string& number : numbers) number.erase(0, number.find_first_not_of('0'));
+  return numbers;
+}
+
+std::string WithNumber(std::string text, const std::string& number) {
+  const auto sign = number.empty() ? text.npos : text.find('%');
+  return sign == text.npos ? text : text.replace(sign, 1, number);
 }
 
 std::vector<Folding> FoldingsOf(const FormDefinition& form, const DataItem& file,
@@ -143,6 +189,9 @@ std::vector<Folding> FoldingsOf(const FormDefinition& form, const DataItem& file
           Folded(whole, Alternative(parameters[whole], exception.alternatives, chosen), exception, file));
       if (exception.byDefinition) foldings.back().definition = ++definition;
     }
+  }
+  for (const auto& [whole, exception] : excepted) {
+    if (!exception.list.empty()) foldings.push_back(ListOf(whole, exception, form, file));
   }
   return foldings;
 }

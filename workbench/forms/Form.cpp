@@ -94,15 +94,17 @@ std::string Form::Folded(const Folding& folding) const {
   return digits;
 }
 
-// The parts with the separator between them, or, where a part is missing, the whole as it was typed.
+// The parts with the separator between them, or, where a part is missing that has to be there, the whole as it was
+// typed.
 std::string Form::Composed(const Folding& folding) const {
   std::string whole;
   for (const DigitPlace& place : folding.places) {
-    const Value part = Found(values_, place.parameters.front());
+    const Value part = Get(place.parameters.front());
+    if (part.IsBlank() && folding.isList) continue;
     if (part.IsBlank()) return Joined(Found(values_, folding.parameter));
     whole += (whole.empty() ? "" : folding.separator) + Joined(part);
   }
-  return whole;
+  return whole.empty() ? Joined(Found(values_, folding.parameter)) : whole;
 }
 
 Value Form::Get(const std::string& name) const {
@@ -153,12 +155,17 @@ void Form::Set(const std::string& name, const Value& value) {
   }
 }
 
-// The last part has all that is left.
+// The last part has all that is left; a list has no more parts than are typed, and each may have parts of its own.
 void Form::SetParts(const Folding& folding, std::string whole) {
   for (const DigitPlace& place : folding.places) {
     const bool last = &place == &folding.places.back();
     const std::size_t end = last ? whole.npos : whole.find(folding.separator);
-    values_[place.parameters.front()] = whole.substr(0, end);
+    const std::string& part = place.parameters.front();
+    const Value text = whole.substr(0, end);
+    values_[part] = text;
+    const Folding* own = folding.isList ? FoldingOfText(part, text) : nullptr;
+    if (own != nullptr && !own->separator.empty()) SetParts(*own, text.text());
+    if (folding.isList && end == whole.npos) return;
     whole = end == whole.npos ? "" : whole.substr(end + folding.separator.size());
   }
 }
@@ -168,7 +175,10 @@ void Form::Reset(const std::string& name) {
   values_.erase(name);
   ClearParts(name);
   ClearBeside(name);
-  if (const Folding* folding = FoldingFor(name)) ClearDigits(*folding, name);
+  const Folding* folding = FoldingFor(name);
+  if (folding == nullptr) return;
+  if (folding->isList) values_.erase(folding->parameter);  // as it was typed it has the part that is no more
+  if (folding->separator.empty()) ClearDigits(*folding, name);
 }
 
 // A digit and its parts do not stand side by side.
@@ -187,7 +197,10 @@ void Form::ClearParts(const std::string& whole) {
   for (const Folding* folding : definition_.foldings.Of(whole)) {
     for (const DigitPlace& place : folding->places) {
       values_.erase(place.digit);
-      for (const std::string& parameter : place.parameters) values_.erase(parameter);
+      for (const std::string& parameter : place.parameters) {
+        values_.erase(parameter);
+        if (folding->isList) ClearParts(parameter);
+      }
     }
   }
 }

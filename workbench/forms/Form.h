@@ -24,7 +24,7 @@ class Form {
   // Gives the parameter a value, and a whole parameter's digits to its sub-digit parameters.
   void Set(const std::string& name, const Value& value);
   // Clears the parameter, with all sub-digit parameters of a whole; the digits of a sub-digit parameter go back to the
-  // fill in its whole.
+  // fill in its whole. A whole with a separator stays as it was typed, until all its parts are given.
   void Reset(const std::string& name);
 
   // What the form asks of the user at this moment; checks change it.

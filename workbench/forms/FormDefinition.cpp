@@ -99,6 +99,10 @@ const ParameterDefinition* FormDefinition::Find(std::string_view name) const {
   return found == parameters.end() ? nullptr : &*found;
 }
 
+bool FormDefinition::Knows(std::string_view name) const {
+  return Find(name) != nullptr || std::ranges::find(assumed, name, &Assignment::name) != assumed.end();
+}
+
 std::size_t FormDefinition::Place(std::string_view name) const {
   return static_cast<std::size_t>(std::ranges::find(parameters, name, &ParameterDefinition::name) - parameters.begin());
 }

@@ -57,6 +57,7 @@ struct ParameterDefinition {
   bool addOnly = false;       // is given when a record is added; an edit cannot change it
   bool address = false;       // is an address of the data network, "10.0.0.5"
   bool secret = false;        // is shown as ***, unless a user asks for it
+  std::size_t ofSeries = 1;   // how many parameters, of which the form speaks as one, differ in a number alone
 
   // Whether its value is taken apart at "&": elsewhere the sign is part of the value.
   bool TakesElements() const { return multiple || range; }
@@ -98,14 +99,17 @@ struct DigitPlace {
 // A whole may have several foldings, of which the one holds whose parameters are given, or that is the one of the
 // whole's active definition.
 // With a separator the whole is no row of digits but its parts as they are typed, one parameter each, with the
-// separator between them ("200-A1").
+// separator between them ("200-A1"). All parts have to be given, unless the whole is a list: of that any are, and each
+// may be a whole of its own.
 struct Folding {
   std::string parameter;
   int length = 0;
   char fill = '0';
   std::vector<DigitPlace> places = {};
   std::string separator = {};
-  int definition = 0;  // of the whole, in which alone the folding holds; 0: in any
+  bool isList = false;
+  std::vector<std::string> sum = {};  // of a list: the numbers in its parts that add up to something
+  int definition = 0;                 // of the whole, in which alone the folding holds; 0: in any
 
   bool Has(std::string_view subDigit) const;
 };
@@ -119,6 +123,7 @@ class FoldingList {
 
   auto begin() const { return kept_->all.begin(); }
   auto end() const { return kept_->all.end(); }
+  const Folding& back() const { return kept_->all.back(); }
   const std::vector<const Folding*>& Of(std::string_view whole) const { return Named(kept_->byWhole, whole); }
   const std::vector<const Folding*>& With(std::string_view subDigit) const { return Named(kept_->byDigit, subDigit); }
 
@@ -174,7 +179,7 @@ struct FormDefinition {
   std::shared_ptr<const FormDefinition> second = {};
   std::string secondWith = {};
   std::vector<std::string> elsewhere = {};  // parameters that only the records of the other table have
-  std::vector<Assignment> assumed = {};     // what rules read though the form does not show it
+  std::vector<Assignment> assumed = {};     // what rules read or reset though the form does not show it
   bool ordered = false;  // values are set in the order of the parameters, whatever the order in which they are typed
   bool single = false;   // one record for the whole exchange: an add shows and changes the record that stands
   bool adds = false;
@@ -185,6 +190,7 @@ struct FormDefinition {
   const DatabaseSchema& Database() const;
   std::string Rows() const;  // what stands in a FROM for the rows of its records
   const ParameterDefinition* Find(std::string_view name) const;
+  bool Knows(std::string_view name) const;         // whether it is a parameter, or assumed
   std::size_t Place(std::string_view name) const;  // of a parameter in the order; after all for an unknown one
   bool IsSecret(std::string_view name) const;
   bool IsElsewhere(std::string_view name) const;  // whether it, or the whole that it is a digit of, is in `elsewhere`

@@ -35,8 +35,9 @@ Texts ReadReleases(Fields& fields) {
   return item->As<Texts>();
 }
 
-ParameterDefinition ReadParameter(const std::string& command, Fields& fields) {
-  ParameterDefinition parameter{.name = fields.Get<std::string>("name"), .title = fields.Get<std::string>("title")};
+ParameterDefinition ReadParameter(const std::string& command, Fields& fields, const std::string& number) {
+  ParameterDefinition parameter{.name = WithNumber(fields.Get<std::string>("name"), number),
+                                .title = fields.Get<std::string>("title")};
   for (const ParameterFlag& flag : ParameterFlags()) {
     if (flag.source == ParameterFlag::Source::Form) parameter.*flag.flag = fields.Get(flag.key, false);
   }
@@ -46,6 +47,7 @@ ParameterDefinition ReadParameter(const std::string& command, Fields& fields) {
   }
   parameter.fixed = !parameter.list && HasFixedValues(command, parameter.name);
   parameter.releases = ReadReleases(fields);
+  fields.Find("each");
   if (const auto pool = fields.Find("pool")) {
     parameter.pool = pool->Object([](Fields& of) {
       return Pool{of.Get<std::string>("table"), of.Get<std::string>("column")};
@@ -133,8 +135,13 @@ FormDefinition ReadForm(const std::string& command, std::string_view json, const
                         .table = {},
                         .columns = {}};
     ReadRecord(form, fields, item);
-    for (const DataItem& parameter : fields.At("parameters").List())
-      form.parameters.push_back(parameter.Object([&](Fields& of) { return ReadParameter(command, of); }));
+    for (const DataItem& parameter : fields.At("parameters").List()) {
+      const Texts numbers = EachOf(parameter);
+      for (const std::string& number : numbers) {
+        form.parameters.push_back(parameter.Object([&](Fields& of) { return ReadParameter(command, of, number); }));
+        form.parameters.back().ofSeries = numbers.size();
+      }
+    }
     form.foldings = FoldingsOf(form, item, fields.Find("folding"));
     form.inStep = fields.Get("inStep", std::vector<Texts>());
     form.oneOf = fields.Get("oneOf", std::vector<Texts>());

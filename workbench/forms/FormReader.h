@@ -7,9 +7,12 @@
 // "narrowed" {"by", "without"} and "beside" {"from", "to"}, whole numbers beside the list. A form has besides
 // "ordered", "single", "inStep", "oneOf", "folding", "after"
 // {"removeRowAfterDelete", "writeAfterEdit"}, where records are made from templates "templates" {"command", "name"}:
-// the command of the templates and the parameter that names one, "assumed" {name: value}: what rules read though the
-// form does not show it, and, where records stand in two tables, "second" {"table", "with"}: the other table, and the
-// parameter that its records have.
+// the command of the templates and the parameter that names one, "assumed" {name: value}: what rules read or reset
+// though the form does not show it, and, where records stand in two tables, "second" {"table", "with"}: the other
+// table, and the parameter that its records have.
+//
+// Parameters that differ in a number alone are one entry: with "each": "01&&40" it stands for forty parameters, and %
+// in its name for the number of each.
 //
 // What is known elsewhere follows from there, and the form says only where it is otherwise:
 //   what the command serves   from the table of its module: actions, lists and checks

@@ -99,7 +99,7 @@ class WorkbenchHost : public Host {
 
   OpenedForm& open();
   FormLists& lists() { return open().lists; }
-  bool Has(const std::string& parameter) { return form().definition().Find(parameter) != nullptr; }
+  bool Has(const std::string& parameter) { return form().definition().Knows(parameter); }
   bool ChangeList(void (ValueList::*change)(ListStatement), const std::string& sql, const std::string& selector);
   // Rows that are written by names go to the templates where a template command is at work.
   const char* RowDatabase() const { return template_ ? "site" : "dynamic"; }

@@ -270,5 +270,42 @@ TEST(FormReader, MistakesInFoldingsAreRefused) {
             "forms/NACDS.json: folding[0]: unknown key \"seperator\". Did you mean separator?");
 }
 
+// --- Parameters that differ in a number alone.
+
+const char* const items = R"({"each": "08&&10", "name": "DATA%_D5", "title": "Kind"},
+    {"each": "08&&10", "name": "DATA%_D1D2", "title": "Position"}, {"each": "08&&10", "name": "DATA%", "title": "Item"},
+    {"name": "DATA", "title": "Items"})";
+
+TEST(FormReader, AnEntryStandsForAParameterOfEachNumber) {
+  const FormDefinition form = Read("CLFOC", items);
+  std::string names;
+  for (const ParameterDefinition& parameter : form.parameters)
+    names += parameter.name + "/" + std::to_string(parameter.ofSeries) + (parameter.list ? "! " : " ");
+  EXPECT_EQ(names,
+            "DATA8_D5/3! DATA9_D5/3! DATA10_D5/3! DATA8_D1D2/3! DATA9_D1D2/3! DATA10_D1D2/3! DATA8/3 DATA9/3 DATA10/3 "
+            "DATA/1 ");
+}
+
+TEST(FormReader, AListIsMadeOfParametersThatMayBeWholes) {
+  const FormDefinition form =
+      Read("CLFOC", items, R"(, "folding": [{"each": "09&&10", "wholes": ["DATA%"], "separator": "-"},
+      {"wholes": ["DATA"], "separator": "&", "list": {"each": "08&&10", "of": "DATA%", "sum": "DATA%_D1D2"}}])");
+  EXPECT_EQ(Written(form.foldings),
+            "DATA8 50: 1+2,DATA8_D1D2 5+1,DATA8_D5\nDATA9 50-: 1+2,DATA9_D1D2 5+1,DATA9_D5\n"
+            "DATA10 50-: 1+2,DATA10_D1D2 5+1,DATA10_D5\nDATA 30&: 1+1,DATA8 2+1,DATA9 3+1,DATA10\n");
+  EXPECT_TRUE(form.foldings.back().isList);
+  EXPECT_THAT(form.foldings.back().sum, ElementsAre("DATA8_D1D2", "DATA9_D1D2", "DATA10_D1D2"));
+}
+
+TEST(FormReader, RefusesAListThatIsNone) {
+  const auto list = [](const std::string& entry) { return Refused("CLFOC", items, R"(, "folding": [)" + entry + "]"); };
+  EXPECT_EQ(list(R"({"wholes": ["DATA"], "list": {"of": "DATA8"}})"),
+            "forms/CLFOC.json: the list DATA has no separator");
+  EXPECT_EQ(list(R"({"wholes": ["DATA"], "separator": "&", "list": {"each": "08&&11", "of": "DATA%"}})"),
+            "forms/CLFOC.json: the list DATA has a part DATA11, which is no parameter");
+  EXPECT_EQ(list(R"({"wholes": ["DATA"], "separator": "&", "list": {"of": "DATA8", "add": ""}})"),
+            "forms/CLFOC.json: folding[0].list: unknown key \"add\".");
+}
+
 }  // namespace
 }  // namespace cordboard::workbench

@@ -388,5 +388,54 @@ TEST_F(FormTest, TheFirstDefinitionIsActiveUntilACheckChangesIt) {
   EXPECT_EQ(form_.ActiveDefinition("SERV"), 1);
 }
 
+// --- A list whose parts are wholes.
+
+struct FormWithListTest : testing::Test {
+  std::string Get(const std::string& name) { return TraceText(form_.Get(name)); }
+
+  Form form_{*FindForm("CLFOC")};
+};
+
+TEST_F(FormWithListTest, AListGivesItsValuesToItsPartsAndTheirParts) {
+  form_.Set("DATA", "1-6-F&12-4-J");
+  EXPECT_EQ(Get("DATA2"), "\"12-4-J\"");
+  EXPECT_EQ(Get("DATA2_D1D2"), "\"12\"");
+  EXPECT_EQ(Get("DATA2_D3D4"), "\"4\"");
+  EXPECT_EQ(Get("DATA2_D5"), "\"J\"");
+  EXPECT_EQ(Get("DATA3"), "Empty");
+  form_.Set("DATA", "2-1-H");
+  EXPECT_EQ(Get("DATA1"), "\"2-1-H\"");
+  EXPECT_EQ(Get("DATA2_D5"), "Empty");
+  form_.Reset("DATA");
+  EXPECT_EQ(Get("DATA1_D5"), "Empty");
+  EXPECT_EQ(Get("DATA"), "Empty");
+}
+
+TEST_F(FormWithListTest, AListIsMadeOfThePartsThatAreGiven) {
+  form_.Set("DATA2", "12-4-J");
+  form_.Set("DATA7_D5", "H");
+  form_.Set("DATA7_D3D4", "1");
+  EXPECT_EQ(Get("DATA"), "\"12-4-J\"") << "the other is not whole";
+  form_.Set("DATA7_D1D2", "7");
+  EXPECT_EQ(Get("DATA"), "\"12-4-J&7-1-H\"");
+  form_.Reset("DATA2");
+  EXPECT_EQ(Get("DATA"), "\"7-1-H\"");
+}
+
+TEST_F(FormWithListTest, AListWithoutPartsIsEmpty) {
+  form_.Set("DATA", "1-6-F");
+  form_.Reset("DATA1");
+  EXPECT_EQ(Get("DATA"), "Empty");
+}
+
+TEST_F(FormWithListTest, AnItemStaysAsItWasTypedUntilItIsWholeAnew) {
+  form_.Set("DATA", "1-6-F");
+  form_.Reset("DATA1_D1D2");
+  EXPECT_EQ(Get("DATA1_D1D2"), "Empty");
+  EXPECT_EQ(Get("DATA"), "\"1-6-F\"");
+  form_.Set("DATA1_D1D2", "9");
+  EXPECT_EQ(Get("DATA"), "\"9-6-F\"");
+}
+
 }  // namespace
 }  // namespace cordboard::workbench

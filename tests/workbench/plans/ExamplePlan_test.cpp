@@ -15,10 +15,8 @@ namespace {
 const char* const plans[] = {
     "extensions.plan", "authorisation.plan", "routes.plan",   "directory.plan", "terminals.plan",
     "templates.plan",  "groups.plan",        "members.plan",  "general.plan",   "operators.plan",
-    "desk.plan",       "trunks.plan",        "cordless.plan", "ip.plan",        "devices.plan",
-    "links.plan"};
-"desk.plan", "trunks.plan", "cordless.plan", "ip.plan", "links.plan"
-};
+    "desk.plan",       "trunks.plan",        "cordless.plan", "ip.plan",        "logging.plan",
+    "devices.plan",    "links.plan"};
 
 struct ExamplePlan : testing::TestWithParam<std::string> {
   Road road{GetParam()};
