@@ -110,7 +110,7 @@ Course Go(World& world, const std::string& before, const Scenario& scenario, con
     workbench::Session session(world.exchange(), [&](std::shared_ptr<Host> workbench) {
       return trace = std::make_shared<TracingHost>(std::make_shared<FailingHost>(workbench, wrongCall, fault));
     });
-    scenario.Fill(session);
+    session.host().OpenForm(scenario.form.definition()) = scenario.form;
     session.host().Checking(deed.parameter);
     const auto changes = world.Changes();
     course.openBefore = world.exchange().OpenTransactions();

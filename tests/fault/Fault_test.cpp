@@ -117,7 +117,6 @@ class Faults : public testing::TestWithParam<std::string> {
     ++summary->counts.runs;
     Check(deed, clean, clean, "");
     if (HasFailure()) ADD_FAILURE() << Described(deed, scenario) << "\n" << Told(clean, before);
-    for (const TracedCall& call : clean.calls) LearnParameter(call);
     if (clean.calls.empty() && !clean.answer) return;
     ++outcomes_[deed.function][clean.failure ? 2 : clean.answer ? 0 : 1];
     std::set<std::string>& roads = roads_[{deed.function, deed.worker}];
@@ -127,16 +126,6 @@ class Faults : public testing::TestWithParam<std::string> {
 
   static std::string Told(const Course& course, const std::string& before) {
     return course.Transcript() + (course.left.empty() ? "" : Difference(before, course.left));
-  }
-
-  // A command without a form makes its own known by what it asks for.
-  void LearnParameter(const TracedCall& call) {
-    for (const char* operation :
-         {"scGetParamValue", "scSetParamValue", "scResetParam", "scGetValueArray", "scGetValidValues"}) {
-      if (OperationOf(call) != operation) continue;
-      const std::size_t from = call.call.find('"') + 1;
-      asked_.insert(call.call.substr(from, call.call.find('"', from) - from));
-    }
   }
 
   std::string Described(const Deed& deed, const Scenario& scenario) const {
@@ -183,7 +172,6 @@ class Faults : public testing::TestWithParam<std::string> {
   const Transcript& rules_ = TranscriptOfCommand(command());  // the transcripts say what is otherwise by rule
   std::map<std::pair<std::string, Worker>, std::set<std::string>> roads_;  // by function and worker
   std::map<std::string, std::array<std::size_t, 3>> outcomes_;             // True, False and failed, by action
-  std::set<std::string> asked_;
   std::set<const Silence*> metSilences_;
   std::set<std::string> unknownSilences_;
 };
@@ -194,7 +182,6 @@ TEST_P(Faults, LeaveNothingUntold) {
     for (const std::string& release : workbench::Releases()) {
       Drive(WorldOf(release), random);
       if (HasFailure()) return;
-      for (const std::string& parameter : asked_) AddToForm(command(), parameter);
     }
   }
   for (const std::string& silence : unknownSilences_) ADD_FAILURE() << "answers False without a message in " << silence;

@@ -1,7 +1,6 @@
 #include "fault/Scenario.h"
 
 #include <algorithm>
-#include <map>
 
 #include "script/Conversions.h"
 #include "workbench/actions/Records.h"
@@ -13,31 +12,6 @@ namespace {
 using workbench::FormDefinition;
 using workbench::Session;
 using workbench::Table;
-
-std::map<std::string, FormDefinition>& SubstituteForms() {
-  static std::map<std::string, FormDefinition> forms;
-  return forms;
-}
-
-// Every list and every check is tried: what the command does not serve, it does not serve.
-void AddParameter(FormDefinition& form, const std::string& name) {
-  if (form.Find(name) != nullptr) return;
-  form.parameters.push_back(
-      {.name = name, .title = name, .multiple = true, .range = true, .list = true, .check = true});
-}
-
-FormDefinition SubstituteForm(const std::string& command) {
-  FormDefinition form{.command = command, .title = command, .help = "", .table = command, .columns = {"CMDID"}};
-  if (!World::TablesOf(command).empty()) form.table = World::TablesOf(command).front()->name;
-  for (const Table* table : World::TablesOf(command)) {
-    for (const workbench::Column& column : table->columns) {
-      if (&column == &table->columns.front()) continue;
-      AddParameter(form, column.name);
-      if (!column.further && table == World::TablesOf(command).front()) form.columns.push_back(column.name);
-    }
-  }
-  return form;
-}
 
 // The values of a list are had from the command itself, as the form is at that moment.
 std::vector<Value> ListOf(Session& session, const std::string& parameter) {
@@ -85,44 +59,25 @@ void ThinOut(World& world, const std::string& command, Random& random) {
 
 }  // namespace
 
-const FormDefinition& FormOf(const std::string& command) {
-  if (const FormDefinition* form = workbench::FindForm(command)) return *form;
-  const auto found = SubstituteForms().find(command);
-  if (found != SubstituteForms().end()) return found->second;
-  return SubstituteForms().emplace(command, SubstituteForm(command)).first->second;
-}
-
-void AddToForm(const std::string& command, const std::string& parameter) {
-  const auto found = SubstituteForms().find(command);
-  if (found != SubstituteForms().end()) AddParameter(found->second, parameter);
-}
-
-void Scenario::Fill(Session& session) const {
-  workbench::Form& open = session.host().OpenForm(*form);
-  if (loaded && !World::TablesOf(form->command).empty()) workbench::LoadRecord(session.exchange(), *form, CmdId, open);
-  for (const auto& [name, value] : values) open.Set(name, value);
-  for (const workbench::ParameterDefinition& parameter : form->parameters)
-    open.SetActiveDefinition(parameter.name, definition);
-}
-
 Scenario MakeScenario(World& world, const std::string& command, Random& random) {
-  Scenario scenario;
-  scenario.form = &FormOf(command);
+  const FormDefinition& definition = *workbench::FindForm(command);
   ThinOut(world, command, random);
-  scenario.CmdId = Record(world, command, random);
-  scenario.loaded = random.Chance(40);
-  scenario.definition = 1 + static_cast<int>(random.Below(2));
-  for (const std::string& column : scenario.form->columns) {
+  Session session(world.exchange());
+  workbench::Form& form = session.host().OpenForm(definition);
+  Scenario scenario{.form = form, .values = {}, .CmdId = Record(world, command, random), .columns = {}, .changed = {}};
+  if (random.Chance(40)) workbench::LoadRecord(world.exchange(), definition, scenario.CmdId, form);
+  const int activeDefinition = 1 + static_cast<int>(random.Below(2));
+  for (const std::string& column : definition.columns) {
     scenario.columns.Append(column);
     if (column != "CMDID" && random.Chance(40)) scenario.changed.Append(column);
   }
   if (scenario.changed.IsEmpty()) scenario.changed = List(std::vector<Value>());
 
-  Session session(world.exchange());
-  scenario.Fill(session);
   const unsigned filled = random.Of(std::vector<unsigned>{90, 90, 40, 10});
   const std::size_t row = random.Below(4);
-  for (const workbench::ParameterDefinition& parameter : scenario.form->parameters) {
+  for (const workbench::ParameterDefinition& parameter : definition.parameters)
+    form.SetActiveDefinition(parameter.name, activeDefinition);
+  for (const workbench::ParameterDefinition& parameter : definition.parameters) {
     if (!random.Chance(filled)) continue;
     const std::vector<Value> list = random.Chance(75) ? ListOf(session, parameter.name) : std::vector<Value>();
     const auto draw = [&] {
@@ -132,9 +87,10 @@ Scenario MakeScenario(World& world, const std::string& command, Random& random) 
     // The first of two becomes the previous value.
     for (int i = random.Chance(30) ? 0 : 1; i < 2; ++i) {
       scenario.values.emplace_back(parameter.name, draw());
-      session.form().Set(parameter.name, scenario.values.back().second);
+      form.Set(parameter.name, scenario.values.back().second);
     }
   }
+  scenario.form = form;
   return scenario;
 }
 

@@ -37,7 +37,7 @@ bool Form::IsActive(const Folding& folding) const {
 const Folding* Form::FoldingInForce(const std::string& whole) const {
   const Folding* inForce = nullptr;
   long most = -1;
-  for (const Folding* folding : definition_.foldings.Of(whole)) {
+  for (const Folding* folding : definition_->foldings.Of(whole)) {
     if (!IsActive(*folding)) continue;
     const auto isGiven = [&](const std::string& name) { return !Found(values_, name).IsBlank(); };
     long given = 0;
@@ -51,7 +51,7 @@ const Folding* Form::FoldingInForce(const std::string& whole) const {
 
 // The first of the foldings that hold with the sub-digit parameter in it.
 const Folding* Form::FoldingFor(const std::string& subDigit) const {
-  const auto& with = definition_.foldings.With(subDigit);
+  const auto& with = definition_->foldings.With(subDigit);
   const auto found = std::ranges::find_if(with, [&](const Folding* folding) { return IsActive(*folding); });
   return found == with.end() ? nullptr : *found;
 }
@@ -117,11 +117,11 @@ Value Form::Get(const std::string& name) const {
     const std::string digits = Digits(*place);
     if (!digits.empty()) return digits;
   }
-  const ParameterDefinition* parameter = definition_.Find(name);
+  const ParameterDefinition* parameter = definition_->Find(name);
   if (!value.IsEmpty()) return value;
   if (parameter != nullptr) return parameter->text ? Value("") : value;
-  const auto assumed = std::ranges::find(definition_.assumed, name, &Assignment::name);
-  return assumed == definition_.assumed.end() ? value : Value(assumed->value);
+  const auto assumed = std::ranges::find(definition_->assumed, name, &Assignment::name);
+  return assumed == definition_->assumed.end() ? value : Value(assumed->value);
 }
 
 Value Form::Previous(const std::string& name) const { return Found(previous_, name); }
@@ -129,7 +129,7 @@ Value Form::Previous(const std::string& name) const { return Found(previous_, na
 // Of several foldings of a whole the one that has as many digits as the text; the first, where none has.
 const Folding* Form::FoldingOfText(const std::string& whole, const Value& text) const {
   const Folding* first = nullptr;
-  for (const Folding* folding : definition_.foldings.Of(whole)) {
+  for (const Folding* folding : definition_->foldings.Of(whole)) {
     if (!IsActive(*folding)) continue;
     if (text.IsText() && Length(text.text()) == static_cast<std::size_t>(folding->length)) return folding;
     if (first == nullptr) first = folding;
@@ -194,7 +194,7 @@ void Form::ClearBeside(const std::string& name) {
 
 // Nothing for a parameter that is no whole.
 void Form::ClearParts(const std::string& whole) {
-  for (const Folding* folding : definition_.foldings.Of(whole)) {
+  for (const Folding* folding : definition_->foldings.Of(whole)) {
     for (const DigitPlace& place : folding->places) {
       values_.erase(place.digit);
       for (const std::string& parameter : place.parameters) {
@@ -224,8 +224,8 @@ void Form::ClearDigits(const Folding& folding, const std::string& subDigit) {
 }
 
 bool Form::IsMandatory(const std::string& name) const {
-  const ParameterDefinition* parameter = definition_.Find(name);
-  return !definition_.IsElsewhere(name) && Flag(mandatory_, name, parameter != nullptr && parameter->mandatory);
+  const ParameterDefinition* parameter = definition_->Find(name);
+  return !definition_->IsElsewhere(name) && Flag(mandatory_, name, parameter != nullptr && parameter->mandatory);
 }
 
 bool Form::TakesOne(const ParameterDefinition* parameter) const {
@@ -233,30 +233,30 @@ bool Form::TakesOne(const ParameterDefinition* parameter) const {
 }
 
 bool Form::TakesRange(const std::string& name) const {
-  const ParameterDefinition* parameter = definition_.Find(name);
+  const ParameterDefinition* parameter = definition_->Find(name);
   return !TakesOne(parameter) && Flag(range_, name, parameter != nullptr && parameter->range);
 }
 
 bool Form::TakesSeveral(const std::string& name) const {
-  const ParameterDefinition* parameter = definition_.Find(name);
+  const ParameterDefinition* parameter = definition_->Find(name);
   return !TakesOne(parameter) && Flag(several_, name, parameter != nullptr && parameter->multiple);
 }
 
 int Form::ActiveDefinition(const std::string& name) const {
   if (const auto found = definitions_.find(name); found != definitions_.end()) return found->second;
-  const Folding* folding = definition_.FoldingWith(name);
+  const Folding* folding = definition_->FoldingWith(name);
   return folding == nullptr ? 1 : ActiveDefinition(folding->parameter);
 }
 
 void Form::SetActiveDefinition(const std::string& name, int definition) {
   const bool isOther = definition != ActiveDefinition(name);
-  const Folding* folding = definition_.FoldingOf(name);
+  const Folding* folding = definition_->FoldingOf(name);
   if (isOther && folding != nullptr && folding->definition != 0) Reset(name);
   definitions_[name] = definition;
 }
 
 bool Form::IsInDefinition(const std::string& name) const {
-  return definition_.FoldingWith(name) == nullptr || FoldingFor(name) != nullptr;
+  return definition_->FoldingWith(name) == nullptr || FoldingFor(name) != nullptr;
 }
 
 }  // namespace cordboard::workbench

@@ -12,9 +12,9 @@ namespace cordboard::workbench {
 
 class Form {
  public:
-  explicit Form(const FormDefinition& definition) : definition_(definition) {}
+  explicit Form(const FormDefinition& definition) : definition_(&definition) {}
 
-  const FormDefinition& definition() const { return definition_; }
+  const FormDefinition& definition() const { return *definition_; }
 
   // The present value, empty if none was given. A whole parameter is folded from its sub-digit parameters where one of
   // them has a value.
@@ -63,7 +63,7 @@ class Form {
   std::string Composed(const Folding& folding) const;
   void SetParts(const Folding& folding, std::string whole);
 
-  const FormDefinition& definition_;
+  const FormDefinition* definition_;
   std::map<std::string, Value> values_;
   std::map<std::string, Value> previous_;
   std::map<std::string, bool> mandatory_;
