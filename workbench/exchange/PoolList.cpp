@@ -47,6 +47,7 @@ bool DrawsFrom(const Table& pool, std::string_view sql) {
   std::vector<std::string> known = kinds.by;
   known.push_back(pool.name + "." + kinds.mark);
   std::vector<std::string> tables;
+  tables.reserve(known.size());
   for (const std::string& name : known) tables.push_back(TableOf(name));
   const std::string_view joined = sql.substr(select.size(), where - select.size());
   const auto areJoined = NamesIn(joined);
