@@ -78,8 +78,9 @@ std::optional<std::string> MeantValue(Filling& filling, const Assignment& assign
   if (filling.problems().size() > before) return std::nullopt;
   if (list == nullptr) return refuse("there is no list of values at present from which the next could be taken");
   Exchange& exchange = filling.session().exchange();
-  const std::vector<ValidValue> free =
-      list->First(*count, [&](const std::string& offered) { return IsFree(exchange, parameter->pool, offered); });
+  const std::vector<ValidValue> free = list->First(
+      *count, {.accept = [&](const std::string& offered) { return IsFree(exchange, parameter->pool, offered); },
+               .unusedOf = parameter->pool ? parameter->pool->table : ""});
   if (free.size() < *count)
     return refuse("of the values that are free there are " + std::to_string(free.size()) + " and not " +
                   std::to_string(*count));

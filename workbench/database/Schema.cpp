@@ -56,6 +56,17 @@ std::vector<std::vector<std::string>> ReadIndexes(const DataItem& indexes, Table
   return read;
 }
 
+Kinds ReadKinds(const DataItem& item, Table& table) {
+  return item.Object([&](Fields& fields) {
+    const auto column = [&](const DataItem& name) { return ColumnOf(table, name.Text(), name).name; };
+    Kinds kinds{
+        .of = column(fields.At("of")), .column = column(fields.At("column")), .mark = column(fields.At("mark"))};
+    for (const DataItem& name : fields.At("by").List()) kinds.by.push_back(name.Text());
+    for (const DataItem& name : fields.At("order").List()) kinds.order.push_back(column(name));
+    return kinds;
+  });
+}
+
 Table ReadTable(Fields& fields) {
   Table table{.name = ReadName(fields.At("name"))};
   const DataItem columns = fields.At("columns");
@@ -70,6 +81,7 @@ Table ReadTable(Fields& fields) {
   if (const auto patterns = fields.Find("patterns")) {
     for (const DataItem& item : patterns->List()) table.patterns.push_back(ColumnOf(table, item.Text(), item).name);
   }
+  if (const auto kinds = fields.Find("kinds")) table.kinds = ReadKinds(*kinds, table);
   table.note = fields.Get<std::string>("note", "");
   return table;
 }

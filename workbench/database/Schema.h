@@ -7,6 +7,9 @@
 //    "unique": [],                              for tables alone that the host fills: no rule adds a row there
 //    "indexes": [["NUMSE"], ["NUMTYP", "USED", "NUMSE"]],
 //    "patterns": [],                            text columns that are found by how they begin, with LIKE
+//    "kinds": {"of": "EQU", "column": "Kind", "by": ["Boards.BoardID", "Equipment.Individual", "LIMs.Location"],
+//              "mark": "USED", "order": ["LIM", "Magazine", "Slot", "Individual"]},
+//                                               of a pool, the kinds of its rows (struct Kinds)
 //    "note": "..."}
 // and after them views, each of which shows the rows of several tables as one:
 //   {"name": "NIINI", "of": ["NIINI_DIR", "NIINI_GRP"]}                  with the columns of all, "further" ones apart
@@ -14,6 +17,7 @@
 // begin with "site.". Names of tables and columns are the same in any capitals.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,12 +33,24 @@ struct Column {
   bool further = false;
 };
 
+// A pool is a table that the host fills and of whose rows the rules take one and mark it. Those rows are of one kind
+// that nothing tells apart but their place in the order and the mark: each has what `by` names in common, in its own
+// table and in those to which its place leads.
+struct Kinds {
+  std::string of;                       // the column that names a row
+  std::string column;                   // the column that says its kind
+  std::string mark;                     // the truth column that says whether it is taken
+  std::vector<std::string> by = {};     // what makes the kind, as "table.column"
+  std::vector<std::string> order = {};  // the columns by whose order rows are taken
+};
+
 struct Table {
   std::string name;
   std::vector<Column> columns = {};
   std::vector<std::vector<std::string>> unique = {};   // what no two rows share, by the names of its columns
   std::vector<std::vector<std::string>> indexes = {};  // by the names of their columns
   std::vector<std::string> patterns = {};              // the columns that are found by how they begin
+  std::optional<Kinds> kinds = {};                     // of a pool
   std::string note = {};
 
   const Column* Find(std::string_view column) const;  // null where there is none

@@ -22,7 +22,7 @@ namespace {
 
 // What marks a file as an exchange ("CBBX"), and the version of its schema.
 constexpr int applicationId = 0x43424258;
-constexpr int schemaVersion = 2;
+constexpr int schemaVersion = 3;
 
 void MakeTables(Connection& database, const char* selector) {
   for (const std::string& statement : CreateStatements(ShippedSchema().Database(selector))) database.Execute(statement);

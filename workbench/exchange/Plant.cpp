@@ -161,17 +161,22 @@ void EnterPlant(Exchange& exchange, const Plant& plant) {
   for (const auto& location : plant.locations)
     database.Run("INSERT INTO [Locations] ([Location], [Description]) VALUES (?, ?)",
                  {location.name, location.description});
-  for (const auto& lim : plant.lims)
+  std::map<int, std::string> locations;
+  for (const auto& lim : plant.lims) {
+    locations[lim.number] = lim.location;
     database.Run("INSERT INTO [LIMs] ([LIM], [Location], [Description]) VALUES (?, ?, ?)",
                  {lim.number, lim.location, lim.description});
+  }
   for (const auto& board : plant.boards) {
     database.Run("INSERT INTO [Boards] ([LIM], [Magazine], [Slot], [BoardID]) VALUES (?, ?, ?, ?)",
                  {board.lim, board.magazine, board.slot, board.boardId});
     for (int position = 0; position < board.type.positions; ++position) {
       const std::string individual = Individual(board, board.type.first + position);
+      const std::string kind = board.boardId + " " + individual + " " + locations[board.lim];
       database.Run(
-          "INSERT INTO [Equipment] ([EQU], [LIM], [Magazine], [Slot], [Individual], [USED]) VALUES (?, ?, ?, ?, ?, ?)",
-          {EQU(board, individual), board.lim, board.magazine, board.slot, individual, false});
+          "INSERT INTO [Equipment] ([EQU], [LIM], [Magazine], [Slot], [Individual], [USED], [Kind]) "
+          "VALUES (?, ?, ?, ?, ?, ?, ?)",
+          {EQU(board, individual), board.lim, board.magazine, board.slot, individual, false, kind});
     }
   }
   for (const auto& customer : plant.customers)

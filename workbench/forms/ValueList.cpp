@@ -9,6 +9,7 @@
 
 #include "script/Conversions.h"
 #include "workbench/database/Connection.h"
+#include "workbench/exchange/PoolList.h"
 
 namespace cordboard::workbench {
 
@@ -38,23 +39,35 @@ bool Gives(const ListStatement& statement, const std::string& value) {
 constexpr std::size_t smallestPage = 16;
 constexpr std::size_t wholePage = std::numeric_limits<std::size_t>::max();
 
-// Gives whether `take` wants more.
+// Gives whether `take` wants more than the rows from `row` on.
 template <typename Take>
-bool OfferEach(const RowSet& rows, const Take& take) {
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+bool OfferEach(const RowSet& rows, const Take& take, std::size_t row = 0) {
+  for (; row < rows.RowCount(); ++row) {
     if (rows[0][row].IsNull() || rows[0][row].IsEmptyText()) continue;
     if (!take({Joined(rows[0][row]), rows.ColumnCount() > 1 ? Joined(rows[1][row]) : ""})) return false;
   }
   return true;
 }
 
+// Gives false where the list draws from no pool.
+template <typename Take>
+bool OfferFromPool(const ListStatement& statement, std::size_t count, const std::string& unusedOf, const Take& take) {
+  for (std::size_t offered = 0;; offered = count, count *= 2) {
+    const std::optional<RowSet> rows = FirstOfPool(statement, count, unusedOf);
+    if (!rows) return false;
+    if (!OfferEach(*rows, take, offered) || rows->RowCount() < count) return true;
+  }
+}
+
 // The pages grow, so that the first rows of many cost little; a whole list is read at once.
 template <typename Take>
-void OfferRows(const ListStatement& statement, std::size_t page, const Take& take) {
+void OfferRows(const ListStatement& statement, std::size_t page, const std::string& unusedOf, const Take& take) {
   if (page == wholePage) {
     OfferEach(statement.database->RunRule(statement.sql, statement.parameters), take);
     return;
   }
+  if (OfferFromPool(statement, page, unusedOf, take)) return;
+  page = std::max(page, smallestPage);
   for (std::size_t offset = 0;; offset += page, page *= 2) {
     std::vector<Value> parameters = statement.parameters;
     parameters.emplace_back(page);
@@ -85,13 +98,14 @@ ListStatement Membership(const ListStatement& list, const std::string& value) {
 ValueList::Values ValueList::Rows(ListStatement statement) {
   const auto rows = std::make_shared<const ListStatement>(std::move(statement));
   return {.hold = [rows](const std::string& value) { return Gives(*rows, value); },
-          .offer = [rows](std::size_t page, const Take& take) { OfferRows(*rows, page, take); }};
+          .offer = [rows](std::size_t page, const std::string& unusedOf,
+                          const Take& take) { OfferRows(*rows, page, unusedOf, take); }};
 }
 
 ValueList::Values ValueList::One(const std::string& one) {
   return {.hold = [one](const std::string& value) { return value == one; },
           .offer =
-              [one](std::size_t, const Take& take) {
+              [one](std::size_t, const std::string&, const Take& take) {
                 take({one, ""});
               }};
 }
@@ -99,7 +113,7 @@ ValueList::Values ValueList::One(const std::string& one) {
 ValueList::Values ValueList::Numbers(long long from, long long to) {
   return {.hold = [from, to](const std::string& value) { return Within(value, from, to); },
           .offer =
-              [from, to](std::size_t, const Take& take) {
+              [from, to](std::size_t, const std::string&, const Take& take) {
                 for (long long number = from; number <= to && take({std::to_string(number), ""});) ++number;
               }};
 }
@@ -134,7 +148,7 @@ void ValueList::TakeAway(const Values& values, std::vector<ValidValue>& list) {
   if (values.offer) {
     // To read them all costs less than a look-up for each value of the list.
     const auto all = std::make_shared<std::unordered_set<std::string>>();
-    values.offer(wholePage, [&](ValidValue entry) { return all->insert(std::move(entry.value)), true; });
+    values.offer(wholePage, {}, [&](ValidValue entry) { return all->insert(std::move(entry.value)), true; });
     unwanted = [all](const std::string& value) { return all->contains(value); };
   }
   std::erase_if(list, [&](const ValidValue& entry) { return unwanted(entry.value); });
@@ -144,7 +158,7 @@ std::vector<ValidValue> ValueList::All() const {
   std::vector<ValidValue> all;
   for (const Step& step : steps_) {
     if (step.adds) {
-      step.values.offer(wholePage, [&](ValidValue entry) { return all.push_back(std::move(entry)), true; });
+      step.values.offer(wholePage, {}, [&](ValidValue entry) { return all.push_back(std::move(entry)), true; });
     } else {
       TakeAway(step.values, all);
     }
@@ -152,15 +166,15 @@ std::vector<ValidValue> ValueList::All() const {
   return all;
 }
 
-std::vector<ValidValue> ValueList::First(std::size_t count, const Accept& accept) const {
+std::vector<ValidValue> ValueList::First(std::size_t count, const Wanted& wanted) const {
   std::vector<ValidValue> first;
   for (auto step = steps_.begin(); step != steps_.end() && first.size() < count; ++step) {
     if (!step->adds) continue;
-    step->values.offer(std::max(count, smallestPage), [&](ValidValue entry) {
+    step->values.offer(count, wanted.unusedOf, [&](ValidValue entry) {
       const bool gone = std::any_of(step + 1, steps_.end(), [&entry](const Step& later) {
         return !later.adds && later.values.hold(entry.value);
       });
-      if (!gone && (!accept || accept(entry.value))) first.push_back(std::move(entry));
+      if (!gone && (!wanted.accept || wanted.accept(entry.value))) first.push_back(std::move(entry));
       return first.size() < count;
     });
   }

@@ -18,6 +18,13 @@ struct ValidValue {
   friend bool operator==(const ValidValue&, const ValidValue&) = default;
 };
 
+// Which values of a list are wanted: those that `accept` takes. It takes none that the table `unusedOf` marks as used,
+// so that a list that draws from this table need not read them.
+struct Wanted {
+  std::function<bool(const std::string& value)> accept = {};
+  std::string unusedOf = {};
+};
+
 // The statement that asks whether `list` gives a value, as an inner query, so that the database can use its indexes.
 // Its parameters are those of `list` and then the value as a text and, where it is one, as a number.
 ListStatement Membership(const ListStatement& list, const std::string& value);
@@ -38,9 +45,8 @@ class ValueList {
 
   // The whole list, in order.
   std::vector<ValidValue> All() const;
-  // The first values, in the same order, of those that `accept` takes. Costs what they cost, not what the list costs.
-  using Accept = std::function<bool(const std::string& value)>;
-  std::vector<ValidValue> First(std::size_t count, const Accept& accept = {}) const;
+  // The first values, in the same order, of those that are wanted. Costs what they cost, not what the list costs.
+  std::vector<ValidValue> First(std::size_t count, const Wanted& wanted = {}) const;
   bool Contains(const std::string& value) const;
   // Whether the list takes the value away from what it goes on with.
   bool TakesAway(const std::string& value) const;
@@ -53,9 +59,9 @@ class ValueList {
   struct Values {
     // Whether a value is one of them, by a look-up.
     std::function<bool(const std::string& value)> hold;
-    // Offers them in order, read in pages of this size and more. Values that are known without the database need not
-    // offer themselves to be taken away.
-    std::function<void(std::size_t page, const Take& take)> offer;
+    // Offers them in order, and need not offer what `unusedOf` marks as used; they are read in pages of this size and
+    // more. Values that are known without the database need not offer themselves to be taken away.
+    std::function<void(std::size_t page, const std::string& unusedOf, const Take& take)> offer;
   };
   // Adds the values to the list or takes them away.
   struct Step {

@@ -286,7 +286,7 @@ TEST_F(Statements, GiveJoinedRowsInTheOrderOfTheFirstTableThatTheyName) {
   }
   for (const char* row :
        {"('b', 1, 0, 3, '01', FALSE)", "('a', 2, 0, 5, '02', FALSE)", "('c', 2, 0, 5, '00', FALSE)"}) {
-    dynamic().Run(string("INSERT INTO Equipment VALUES ") + row);
+    dynamic().Run(string("INSERT INTO Equipment (EQU, LIM, Magazine, Slot, Individual, USED) VALUES ") + row);
   }
   const string join =
       "(Boards.Slot = Equipment.Slot) AND (Boards.Magazine = Equipment.Magazine) AND (Boards.LIM = Equipment.LIM)";
@@ -307,7 +307,9 @@ TEST_F(Statements, ReadTheSameWithOneClosingBracketTooMany) {
   dynamic().Run("INSERT INTO LIMs VALUES (2, 'NORTH', Null)");
   dynamic().Run("INSERT INTO Boards VALUES (1, 0, 10, '27')");
   dynamic().Run("INSERT INTO Boards VALUES (2, 0, 10, '27')");
-  dynamic().Run("INSERT INTO Equipment VALUES ('002-0-10-01', 2, 0, 10, '01', FALSE)");
+  dynamic().Run(
+      "INSERT INTO Equipment (EQU, LIM, Magazine, Slot, Individual, USED) VALUES ('002-0-10-01', 2, 0, 10, '01', "
+      "FALSE)");
   const auto location = [&](const string& from) {
     return dynamic().Run("SELECT LIMs.Location FROM Locations INNER JOIN " + from +
                          " ON Locations.Location = LIMs.Location WHERE Equipment.EQU = '002-0-10-01'");

@@ -81,7 +81,7 @@ TEST_F(ValueListFirst, LeavesOutRowsWithoutAValue) {
 TEST_F(ValueListFirst, CountsTheAcceptedOnes) {
   ValueList list;
   list.Collect(Rows("even", ""));
-  const auto accepted = list.First(2, [](const std::string& value) { return value.ends_with("98"); });
+  const auto accepted = list.First(2, {.accept = [](const std::string& value) { return value.ends_with("98"); }});
   EXPECT_THAT(accepted, ElementsAre(ValidValue{"198", ""}, ValidValue{"298", ""}));
 }
 
