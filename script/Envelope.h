@@ -28,7 +28,7 @@ inline void CommitOrRollBack(const Reporter& fail) {
 }
 
 // The transaction of adds that never roll back what was refused, be it the start: then nothing closes it here, and the
-// host has to. Gives the work's answer.
+// host has to. A commit that fails is reported and rolled back, and the answer stays that of the work.
 template <typename Work>
 bool InTransactionLeftOpen(const Reporter& fail, Work work) {
   if (!scStartTransaction()) return fail(StartFailed);

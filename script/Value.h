@@ -44,6 +44,8 @@ class Value {
   bool IsEmptyText() const { return IsText() && text().empty(); }
   // Empty, null or the empty text: the test of a worker that asks for all three.
   bool IsBlank() const { return IsEmpty() || IsNull() || IsEmptyText(); }
+  // The test of one that counts a null as given.
+  bool IsEmptyOrEmptyText() const { return IsEmpty() || IsEmptyText(); }
 
   // The content, for a value known to be of that kind; script/Conversions.h converts the others.
   const std::string& text() const { return std::get<std::string>(content_); }

@@ -45,15 +45,14 @@ bool Add(const Action&) {
   });
 }
 
-// The old number is freed first, so that one that stays the same ends taken. No statement is tested.
+// The old number is freed first, so that one that stays the same ends taken. No statement of the move is tested, since
+// the column is written once more behind it, and that decides.
 void MoveDIR(const Action& action, const Value& DIR) {
-  FreeDirectoryNumber(StoredNumber(action, "DIR"));
-  UpdateColumnOrNull(action.CmdName, action.CmdId, "DIR", DIR);
-  if (!DIR.IsEmpty()) TakeDirectoryNumber(DIR, "CX");
+  MoveDirectoryNumberUntested(action, DIR, "CX", [] { return "DIR"; });
 }
 
 // A length that is refused ends the edit. A column that cannot be written does not, and the last one decides; but
-// behind it the length of IPEI is not looked at. A number is written twice.
+// directly behind it the length of IPEI is not looked at.
 bool Edit(const Action& action) {
   const Reporter fail("CXAKI_Edit");
   return InTransaction(fail, [&] {

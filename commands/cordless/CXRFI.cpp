@@ -1,7 +1,7 @@
 // CXRFI: the radio units of the boards of CXCFI: the ports RPN, 1 to 8, of the board with the number FPI. A port is the
-// equipment position "{BPOS}-{RPN}". Several ports of a record are one text, joined with &, as in 1&2&5: where they are
-// taken out of the list, or a record is edited or deleted, no port may have more than one character, and positions are
-// made with the text as a whole.
+// equipment position "{BPOS}-{RPN}". Several ports of a record are one text, joined with &, as in 1&2&5. The list takes
+// them out character by character, so no port may have more than one. Edit and delete make a position of the text as a
+// whole, so they need records of one port: a joined text names no position.
 
 #include "script/Conversions.h"
 #include "script/Envelope.h"

@@ -15,7 +15,7 @@ namespace {
 bool CheckGRP(const Action& action) {
   const Reporter fail("StatCheck");
   const Value GRP = scGetParamValue("GRP");
-  if (GRP.IsEmpty() || GRP.IsEmptyText()) return true;
+  if (GRP.IsEmptyOrEmptyText()) return true;
   const double number = NumericValue(GRP);
   if (number < 0 || number > 8191) fail(ValueAgainstPrefixRule, action.Parameter());
   return true;

@@ -24,7 +24,7 @@ bool OfferNumbersOf(const std::string& sql, List& numbers) {
   if (!scRunQuery(sql, rows) || rows.IsEmpty()) return true;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
     const Value& ADC = rows[1][row];
-    if (ADC.IsEmpty() || ADC.IsEmptyText() || Left(Joined(ADC), 1) == "0") numbers.Append(rows[0][row]);
+    if (ADC.IsEmptyOrEmptyText() || Left(Joined(ADC), 1) == "0") numbers.Append(rows[0][row]);
   }
   return numbers.size() == 0 || scPushValidValues(numbers, "DIR");
 }

@@ -41,7 +41,7 @@ bool Edit(const Action& action) {
   const Reporter fail("Edit: " + action.CmdName);
   return InTransaction(fail, [&] {
     const Value PASSW = scGetParamValue("PASSW");
-    if (!PASSW.IsEmpty() && !PASSW.IsEmptyText() && !CheckPassword(fail, PASSW)) return false;
+    if (!PASSW.IsEmptyOrEmptyText() && !CheckPassword(fail, PASSW)) return false;
     return EditWithDirectoryNumber(action, fail, "DIR", "IP");
   });
 }

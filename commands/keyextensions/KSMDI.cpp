@@ -150,7 +150,7 @@ bool ApplyMNS(const List& record) {
     return scSQLInsert("KSFKC", {"CmdId", "DIR", "KEY", "DIRK", "FCN", "DIG"},
                        {record[0], record[1], record[2], record[3], "MNS", DIG}) ||
            failAdd(InsertFailed, "KSMDI");
-  const bool refused = Equals(MNS, "NO") && !DIG.IsEmpty() && !DIG.IsEmptyText();
+  const bool refused = Equals(MNS, "NO") && !DIG.IsEmptyOrEmptyText();
   return !refused || failAdd(RequiredValueMissing, "DIG", "MNS");
 }
 

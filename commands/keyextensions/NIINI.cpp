@@ -171,7 +171,7 @@ bool AddName(const Action& action) {
 bool Add(const Action& action) {
   for (const NameTable& table : nameTables) {
     const Value number = scGetParamValue(table.key);
-    if (number.IsEmpty() || number.IsEmptyText()) continue;
+    if (number.IsEmptyOrEmptyText()) continue;
     const std::string condition = Sql(" FROM ", table.name, " WHERE ", table.key, " = '", number, "'");
     if (Equals(UncheckedCount("SELECT COUNT(*)" + condition), 0)) return AddName(action);
     RowSet rows;

@@ -28,6 +28,6 @@ inline std::string ItemOfNumber(const std::string& digit) { return Left(digit, L
 inline std::string ItemOfLetter(const std::string& digit) { return Left(digit, Length(digit) == 8 ? 5 : 6); }
 
 // Whether a choice was made. A null counts as one.
-inline bool IsChosen(const Value& value) { return !value.IsEmpty() && !value.IsEmptyText(); }
+inline bool IsChosen(const Value& value) { return !value.IsEmptyOrEmptyText(); }
 
 }  // namespace cordboard

@@ -59,7 +59,7 @@ bool Add(const Action& action) {
   return InTransaction(fail, [&] {
     if (!HasHead(action)) return fail(RecordNeededElsewhere, "CLOHI", "CLOMI  for this file");
     const Value DIR = scGetParamValue("DIR");
-    if (DIR.IsEmpty() || DIR.IsEmptyText()) return Insert(action, fail, Record(action.ParamList));
+    if (DIR.IsEmptyOrEmptyText()) return Insert(action, fail, Record(action.ParamList));
     List numbers;
     if (!scGetValueArray("DIR", numbers)) return fail(ListNotBuilt, "DIR");
     for (const Value& number : numbers) {

@@ -65,7 +65,7 @@ bool Add(const Action& action) {
       List values(std::vector<Value>(columns.size()));
       values[1] = EXL;
       TakePosition(values, indexOfPOS, scGetParamValue("POS"));
-      if (!values[indexOfPOS].IsEmpty() && !values[indexOfPOS].IsEmptyText()) {
+      if (!values[indexOfPOS].IsEmptyOrEmptyText()) {
         if (!TakePositionsOfPOS(fail, values)) return false;
       } else if (flag) {
         ReadPositions(values);

@@ -101,7 +101,7 @@ bool ReadConstants(const Action& action, const Reporter& fail, List& values) {
   for (std::size_t i = 1; i < values.size() && flag; ++i) {
     const std::string name = ToText(columns[i]);
     const Value value = values[i] = scGetParamValue(name);
-    if (value.IsEmpty() || value.IsEmptyText()) continue;
+    if (value.IsEmptyOrEmptyText()) continue;
     if (EqualsAnEarlierOne(values, i)) {
       flag = ReportUsedTwice(fail, name);
     } else if (BeginsNoSeries(fail, value)) {
@@ -166,7 +166,7 @@ bool Edit(const Action& action) {
       const std::string name = ToText(parameter);
       if (name == "CMDID") continue;
       const Value value = scGetParamValue(name);
-      const bool given = !value.IsEmpty() && !value.IsEmptyText();
+      const bool given = !value.IsEmptyOrEmptyText();
       if (given && !MayBecome(fail, name, value)) return false;
       flag = (flag && Write(action, fail, name, value, old[name])) || fail(ColumnUpdateFailed, name, action.CmdName);
     }

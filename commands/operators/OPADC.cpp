@@ -1,4 +1,5 @@
-// OPADC: where the calls of a call origin group CORG are sent: to a number RERNUM, or nowhere.
+// OPADC: where the calls of a call origin group CORG are sent: to a number RERNUM. With NDIR "N" the group has no
+// number.
 
 #include "script/Conversions.h"
 #include "script/Envelope.h"

@@ -39,14 +39,14 @@ bool ListNumbers(const Action& action, const char* types) {
                      Sql(" SELECT NUMSE FROM NANSI ", NL, " WHERE NUMTYP IN (", types, ") ", NL, " ORDER BY NUMSE "));
 }
 
-// The kinds 4 and 5 need no number, and other kinds than these are none.
+// The kinds 4 and 5 need no number. Other kinds than these are none and refuse the list.
 bool ListOACC(const Action& action) {
   const Value CALT = scGetParamValue("CALT");
   if (CALT.IsBlank()) return ListNumbers(action, "'OC', 'OD', 'OE'");
   if (Equals(CALT, "0")) return ListNumbers(action, "'OE'");
   if (IsOneOf(CALT, {"1", "2", "3"})) return ListNumbers(action, "'OC'");
   if (IsOneOf(CALT, {"6", "7"})) return ListNumbers(action, " 'OD'");
-  return IsOneOf(CALT, {"4", "5"});
+  return IsOneOf(CALT, {"4", "5"}) || ListRefused(action);
 }
 
 // --- Checks.

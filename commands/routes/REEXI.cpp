@@ -31,11 +31,9 @@ bool Add(const Action& action) {
 }
 
 // The number is written into the column that ParamList names first, whichever that is; it gets its own value when its
-// turn comes.
-bool MoveNumber(const Action& action, const Value& DIR) {
-  return FreeDirectoryNumber(StoredNumber(action, "DIR")) &&
-         UpdateColumnOrNull(action.CmdName, action.CmdId, action.Parameter(), DIR) &&
-         (DIR.IsEmpty() || TakeDirectoryNumber(DIR, "RE"));
+// turn comes. No statement of the move is tested.
+void MoveDIR(const Action& action, const Value& DIR) {
+  MoveDirectoryNumberUntested(action, DIR, "RE", [&] { return action.Parameter(); });
 }
 
 // Every edit writes all three columns, whatever has changed, and DIR twice where ParamList begins with it. A value that
@@ -51,9 +49,9 @@ bool Edit(const Action& action) {
     for (std::size_t i = 0; i < std::size(columns); ++i) {
       const std::string column = columns[i];
       const Value value = scGetParamValue(column);
-      const bool written = (column != "DIR" || MoveNumber(action, value)) &&
-                           UpdateColumnOrNull("REEXI", action.CmdId, column, OrStored(value, old, keptFrom[i]));
-      if (!written) return fail(ColumnNotWritten, column);
+      if (column == "DIR") MoveDIR(action, value);
+      if (!UpdateColumnOrNull("REEXI", action.CmdId, column, OrStored(value, old, keptFrom[i])))
+        return fail(ColumnNotWritten, column);
     }
     return true;
   });

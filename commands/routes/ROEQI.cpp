@@ -21,13 +21,11 @@ namespace cordboard {
 
 namespace {
 
-// A null counts as given.
-bool IsGiven(const Value& value) { return !value.IsEmpty() && !value.IsEmptyText(); }
-
-// Empty where no route is given. The statement's answer is not tested: a route that is not found fails the call.
+// Empty where no route is given; a null counts as one. The statement's answer is not tested: a route that is not found
+// fails the call.
 Value ProtocolOnForm() {
   const Value ROU = scGetParamValue("ROU");
-  if (!IsGiven(ROU)) return Value();
+  if (ROU.IsEmptyOrEmptyText()) return Value();
   RowSet rows;
   scRunQuery(Sql(" SELECT PROTOCOL FROM ROCAI WHERE ROU = '", ROU, "'"), rows);
   return Trim(rows[0][0]);
@@ -87,7 +85,7 @@ bool CheckROU(const Action&) { return ResetInCheck("EQU"); }
 bool CheckEQU(const Action&) {
   const Value TRU = scGetParamValue("TRU");
   const Value EQU = scGetParamValue("EQU");
-  const int LIM = IsGiven(EQU) ? GetLIMFromEQU(EQU) : 0;
+  const int LIM = EQU.IsEmptyOrEmptyText() ? 0 : GetLIMFromEQU(EQU);
   const bool stays = !TRU.IsBlank() && ToInt16(Left(ToText(TRU), 1)) == LIM;
   return stays || ResetInCheck("TRU");
 }

@@ -84,13 +84,16 @@ std::string Transcript(const Steps& refused, const std::function<void()>& run) {
   return transcript;
 }
 
-TEST(Envelope, FollowsEveryPathToItsEnd) {
-  for (const auto& [name, refused, work, answer, transcript] : paths) {
+using Work = std::function<bool()>;
+
+// Each path in an envelope comes to its answer by its calls.
+void ExpectPaths(const std::vector<Path>& all, const std::function<bool(const Reporter&, const Work&)>& envelope) {
+  for (const auto& [name, refused, work, answer, transcript] : all) {
     SCOPED_TRACE(name);
     bool given = !answer;
     EXPECT_EQ(Transcript(refused,
                          [&, worked = work] {
-                           given = InTransaction(Reporter("Add: NANSI"), [&] {
+                           given = envelope(Reporter("Add: NANSI"), [&] {
                              Debug("the work");
                              return worked;
                            });
@@ -100,9 +103,74 @@ TEST(Envelope, FollowsEveryPathToItsEnd) {
   }
 }
 
+TEST(Envelope, FollowsEveryPathToItsEnd) { ExpectPaths(paths, InTransaction<Work>); }
+
+const std::vector<Path> leftOpen = {
+    {"work done", {}, true, true, Lines({"scStartTransaction()", "work", "scCommitTransaction()"})},
+    {"work refused, which closes nothing", {}, false, false, Lines({"scStartTransaction()", "work"})},
+    {"start refused, which skips the work and closes nothing",
+     {"start"},
+     true,
+     false,
+     Lines({"scStartTransaction()", report + "62010)"})},
+    {"commit refused, which is rolled back and changes no answer",
+     {"commit"},
+     true,
+     true,
+     Lines({"scStartTransaction()", "work", "scCommitTransaction()", report + "62011)", "scRollBackTransaction()"})},
+    {"commit and rollback refused",
+     {"commit", "rollback"},
+     true,
+     true,
+     Lines({"scStartTransaction()", "work", "scCommitTransaction()", report + "62011)", "scRollBackTransaction()",
+            report + "62012)"})},
+    {"work refused where neither commit nor rollback would be done",
+     {"commit", "rollback"},
+     false,
+     false,
+     Lines({"scStartTransaction()", "work"})},
+    {"everything refused but the work",
+     {"start", "commit", "rollback"},
+     true,
+     false,
+     Lines({"scStartTransaction()", report + "62010)"})},
+};
+
+TEST(Envelope, ThatIsLeftOpenFollowsEveryPathToItsEnd) { ExpectPaths(leftOpen, InTransactionLeftOpen<Work>); }
+
+struct Close {
+  const char* name;
+  Steps refused;
+  std::string transcript;
+};
+
+const std::vector<Close> closes = {
+    {"committed", {}, Lines({"scCommitTransaction()"})},
+    {"a rollback that would be refused is not needed", {"rollback"}, Lines({"scCommitTransaction()"})},
+    {"commit refused", {"commit"}, Lines({"scCommitTransaction()", report + "62011)", "scRollBackTransaction()"})},
+    {"commit and rollback refused",
+     {"commit", "rollback"},
+     Lines({"scCommitTransaction()", report + "62011)", "scRollBackTransaction()", report + "62012)"})},
+};
+
+TEST(Envelope, CommitsOrRollsBack) {
+  for (const auto& [name, refused, transcript] : closes) {
+    SCOPED_TRACE(name);
+    EXPECT_EQ(Transcript(refused, [] { CommitOrRollBack(Reporter("Add: NANSI")); }), transcript);
+  }
+}
+
 TEST(Envelope, LeavesTheTransactionOpenWhereTheWorkFailsTheCall) {
   const std::string transcript = Transcript({}, [] {
     EXPECT_EQ(Outcome([] { return InTransaction(Reporter("Add: NANSI"), [] { return List()[0].truth(); }); }),
+              "SubscriptOutOfRange");
+  });
+  EXPECT_EQ(transcript, Lines({"scStartTransaction()"}));
+}
+
+TEST(Envelope, ThatIsLeftOpenStaysOpenWhereTheWorkFailsTheCall) {
+  const std::string transcript = Transcript({}, [] {
+    EXPECT_EQ(Outcome([] { return InTransactionLeftOpen(Reporter("Add: NANSI"), [] { return List()[0].truth(); }); }),
               "SubscriptOutOfRange");
   });
   EXPECT_EQ(transcript, Lines({"scStartTransaction()"}));

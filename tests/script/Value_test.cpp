@@ -50,9 +50,9 @@ struct Predicates {
 };
 
 const std::vector<Predicates> predicates = {
-    {Value(), "Empty Blank "},
+    {Value(), "Empty Blank EmptyOrEmptyText "},
     {Value::Null(), "Null Blank "},
-    {"", "Text EmptyText Blank "},
+    {"", "Text EmptyText Blank EmptyOrEmptyText "},
     {" ", "Text "},
     {"0", "Text "},
     {0, "Number "},
@@ -69,6 +69,7 @@ TEST(Value, EmptyNullAndTheEmptyTextAreThreeThingsAndBlankIsAnyOfThem) {
     if (value.IsTruth()) found += "Truth ";
     if (value.IsEmptyText()) found += "EmptyText ";
     if (value.IsBlank()) found += "Blank ";
+    if (value.IsEmptyOrEmptyText()) found += "EmptyOrEmptyText ";
     EXPECT_EQ(found, holds) << TraceText(value);
   }
 }
