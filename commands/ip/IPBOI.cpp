@@ -97,9 +97,10 @@ bool Insert(const Action& action, const Reporter& fail) {
   List values(std::vector<Value>{});
   for (const Value& column : action.ParamList) {
     const std::string name = ToText(column);
-    values.Append(name == "CMDID" ? scBuildCmdID() : scGetParamValue(name));
+    const Value value = name == "CMDID" ? scBuildCmdID() : scGetParamValue(name);
+    values.Append(value);
     bool found = false;
-    if (name == "IP") FindAddress(values[values.size() - 1], found);
+    if (name == "IP") FindAddress(value, found);
     if (found) return fail(AddressRefused);
   }
   return scSQLInsert(action.CmdName, action.ParamList, values) || fail(InsertFailed, action.CmdName);

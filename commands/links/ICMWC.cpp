@@ -43,8 +43,9 @@ bool Add(const Action& action) {
     List record(std::vector<Value>{});
     for (const Value& column : action.ParamList) {
       const std::string name = ToText(column);
-      record.Append(name == "CMDID" ? scBuildCmdID() : scGetParamValue(name));
-      if (name == "KFCN" && !DigitsSuit(fail, record[record.size() - 1])) return false;
+      const Value value = name == "CMDID" ? scBuildCmdID() : scGetParamValue(name);
+      record.Append(value);
+      if (name == "KFCN" && !DigitsSuit(fail, value)) return false;
     }
     return scSQLInsert(action.CmdName, action.ParamList, record) || fail(InsertFailed, action.CmdName);
   });
