@@ -6,7 +6,6 @@
 #include "script/Module.h"
 #include "script/Report.h"
 #include "shared/GenericRecord.h"
-#include "shared/Row.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {
@@ -54,15 +53,8 @@ bool Add(const Action& action) {
 // The digits are tested first, whatever is changed.
 bool Edit(const Action& action) {
   const Reporter fail("Edit: " + action.CmdName);
-  return InTransaction(fail, [&] {
-    if (!DigitsSuit(fail, scGetParamValue("KFCN"))) return false;
-    for (const Value& parameter : action.ParamList) {
-      const std::string name = ToText(parameter);
-      if (!UpdateColumnOrNull(action.CmdName, action.CmdId, name, scGetParamValue(name)))
-        return fail(ColumnNotWritten, name);
-    }
-    return true;
-  });
+  return InTransaction(fail,
+                       [&] { return DigitsSuit(fail, scGetParamValue("KFCN")) && WriteParameters(action, fail); });
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include "script/Report.h"
 #include "shared/GenericRecord.h"
 #include "shared/Record.h"
-#include "shared/Row.h"
 #include "shared/UsedFiles.h"
 
 namespace cordboard {
@@ -35,18 +34,7 @@ bool Add(const Action& action) {
 }
 
 // TIME stands with the name of its table, which is always this one.
-bool Edit(const Action& action) {
-  const Reporter fail("Edit: " + action.CmdName);
-  return InTransaction(fail, [&] {
-    for (const Value& parameter : action.ParamList) {
-      const std::string name = ToText(parameter);
-      const std::string column = name == "TIME" ? "CLODI.TIME" : name;
-      if (!UpdateColumnOrNull(action.CmdName, action.CmdId, column, scGetParamValue(name)))
-        return fail(ColumnNotWritten, name);
-    }
-    return true;
-  });
-}
+bool Edit(const Action& action) { return EditRecord(action, {{"TIME", "CLODI.TIME"}}); }
 
 }  // namespace
 
