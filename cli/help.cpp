@@ -28,11 +28,19 @@ std::string Joined(const std::vector<std::string>& texts, const char* separator)
 
 std::string Quoted(const std::string& name) { return "`" + name + "`"; }
 
+// A name in Markdown, or those of all parameters that differ from it in a number alone. A whole is not always a
+// parameter.
+std::string Names(const FormDefinition& form, const std::string& name) {
+  const ParameterDefinition* first = form.Find(name);
+  if (first == nullptr || first->ofSeries == 1) return Quoted(name);
+  return Quoted(name) + " to " + Quoted(form.parameters[form.Place(name) + first->ofSeries - 1].name);
+}
+
 // Which digits of which whole a sub-digit parameter is.
 std::string DigitsOf(const FormDefinition& form, const std::string& name) {
   const Folding* folding = form.FoldingWith(name);
   if (folding == nullptr) return "";
-  if (!folding->separator.empty()) return "a part of " + Quoted(folding->parameter);
+  if (!folding->separator.empty()) return "a part of " + Names(form, folding->parameter);
   for (const DigitPlace& place : folding->places) {
     if (!place.Has(name)) continue;
     const std::string first = std::to_string(place.first);
@@ -75,8 +83,7 @@ std::vector<Told> Parameters(const FormDefinition& form) {
   std::vector<Told> told;
   for (std::size_t i = 0; i < form.parameters.size(); i += form.parameters[i].ofSeries) {
     const ParameterDefinition& first = form.parameters[i];
-    const ParameterDefinition& last = form.parameters[i + first.ofSeries - 1];
-    told.push_back({first, Quoted(first.name) + (first.ofSeries == 1 ? "" : " to " + Quoted(last.name))});
+    told.push_back({first, Names(form, first.name)});
   }
   return told;
 }

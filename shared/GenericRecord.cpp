@@ -1,5 +1,7 @@
 #include "shared/GenericRecord.h"
 
+#include <algorithm>
+
 #include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "shared/Row.h"
@@ -19,17 +21,23 @@ bool GenericSetInfo(const Action& action, const std::string& NUMTYP) { return Ad
 
 bool GenericSetInfo(const Action& action) { return GenericSetInfo(action, ""); }
 
-bool GenericEditInfo(const Action& action) {
-  const Reporter fail("Edit: " + action.CmdName);
-  return InTransaction(fail, [&] {
-    for (const Value& parameter : action.ParamList) {
-      const std::string name = ToText(parameter);
-      if (!UpdateColumnOrNull(action.CmdName, action.CmdId, name, scGetParamValue(name)))
-        return fail(ColumnNotWritten, name);
-    }
-    return true;
-  });
+bool WriteParameters(const Action& action, const Reporter& fail, std::initializer_list<ColumnName> renamed) {
+  for (const Value& parameter : action.ParamList) {
+    const std::string name = ToText(parameter);
+    const auto* found = std::ranges::find(renamed, name, &ColumnName::parameter);
+    const std::string column = found != renamed.end() ? found->column : name;
+    if (!UpdateColumnOrNull(action.CmdName, action.CmdId, column, scGetParamValue(name)))
+      return fail(ColumnNotWritten, name);
+  }
+  return true;
 }
+
+bool EditRecord(const Action& action, std::initializer_list<ColumnName> renamed) {
+  const Reporter fail("Edit: " + action.CmdName);
+  return InTransaction(fail, [&] { return WriteParameters(action, fail, renamed); });
+}
+
+bool GenericEditInfo(const Action& action) { return EditRecord(action); }
 
 bool GenericDeleteInfo(const Action& action) {
   const Reporter fail("Delete: " + action.CmdName);

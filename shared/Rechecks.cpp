@@ -14,8 +14,8 @@ bool PutBack(const Reporter& fail, const std::string& parameter, const Value& ke
 }
 
 // `listName` is what the message of a list that cannot be read names.
-bool PutBackIfListed(const Reporter& fail, const std::string& parameter, const Value& kept,
-                     const std::string& listName) {
+bool PutBackIfListHas(const Reporter& fail, const std::string& parameter, const Value& kept,
+                      const std::string& listName) {
   List list;
   if (!scGetValidValues(parameter, list)) return fail(ListNotBuilt, listName);
   return !IsValueInList(kept, list) || PutBack(fail, parameter, kept);
@@ -49,7 +49,7 @@ bool ResetForRecheck(const Reporter& fail, const std::string& parameter) {
 }
 
 bool PutBackIfListed(const Reporter& fail, const std::string& parameter, const Value& kept) {
-  return PutBackIfListed(fail, parameter, kept, parameter);
+  return PutBackIfListHas(fail, parameter, kept, parameter);
 }
 
 bool Revalidate(const Reporter& fail, const std::string& parameter, const Value& kept) {
@@ -59,7 +59,7 @@ bool Revalidate(const Reporter& fail, const std::string& parameter, const Value&
 bool StatCheck_RecheckValue(const std::string& CmdName, const std::string& parameter) {
   const Reporter fail("StatCheck: " + CmdName);
   const Value kept = scGetParamValue(parameter);
-  return ResetForRecheck(fail, parameter) && PutBackIfListed(fail, parameter, kept, CmdName);
+  return ResetForRecheck(fail, parameter) && PutBackIfListHas(fail, parameter, kept, CmdName);
 }
 
 bool StatCheck_LIM(const Action& action) {

@@ -3,6 +3,7 @@
 #include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "shared/Count.h"
+#include "shared/GenericRecord.h"
 #include "shared/Record.h"
 #include "shared/Row.h"
 
@@ -11,10 +12,6 @@ namespace cordboard {
 namespace {
 
 Value CountRecords(const std::string& table) { return UncheckedCount(Sql("SELECT COUNT(*) FROM ", table)); }
-
-bool WriteParameter(const Reporter& fail, const Action& action, const std::string& name, const Value& value) {
-  return UpdateColumnOrNull(action.CmdName, action.CmdId, name, value) || fail(ColumnNotWritten, name);
-}
 
 }  // namespace
 
@@ -48,12 +45,7 @@ bool EditSingleRecord(const Action& action, const std::string& oldValues) {
   const Reporter fail("Edit: " + action.CmdName);
   return InTransaction(fail, [&] {
     RowSet unread;
-    if (!scRunQuery(oldValues, unread)) return false;
-    for (const Value& parameter : action.ParamList) {
-      const std::string name = ToText(parameter);
-      if (!WriteParameter(fail, action, name, scGetParamValue(name))) return false;
-    }
-    return true;
+    return scRunQuery(oldValues, unread) && WriteParameters(action, fail);
   });
 }
 
@@ -64,7 +56,9 @@ bool RewriteSingleRecord(const Action& action, const std::string& oldValues, con
     if (!scRunQuery(oldValues, rows)) return false;
     for (std::size_t i = 0; i < columns.size(); ++i) rows[i][0];  // all are read before the first is written
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      if (!WriteParameter(fail, action, columns[i], OrStored(scGetParamValue(columns[i]), rows, i))) return false;
+      const Value value = OrStored(scGetParamValue(columns[i]), rows, i);
+      if (!UpdateColumnOrNull(action.CmdName, action.CmdId, columns[i], value))
+        return fail(ColumnNotWritten, columns[i]);
     }
     return true;
   });

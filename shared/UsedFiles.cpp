@@ -1,7 +1,9 @@
 #include "shared/UsedFiles.h"
 
+#include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/Statement.h"
+#include "shared/Count.h"
 #include "shared/Record.h"
 #include "shared/Row.h"
 
@@ -27,11 +29,11 @@ bool AddFile(const Action& action) {
   const Reporter fail("Add: " + action.CmdName);
   action.ParamList.RequireBounds();  // before the transaction
   return InTransaction(fail, [&] {
-    const List record = Record(action.ParamList, {{"NUMTYP", ""}});
-    const Value FILE = ValueOf("FILE", action.ParamList, record);
-    return (scRunQuery(Sql("INSERT INTO USEDFILES VALUES ( '", FILE, "')")) &&
-            scSQLInsert(action.CmdName, action.ParamList, record)) ||
-           fail(InsertFailed, action.CmdName);
+    Value FILE;
+    const List record =
+        Record(action.ParamList, {{"FILE", [&FILE] { return FILE = scGetParamValue("FILE"); }}, {"NUMTYP", ""}});
+    if (!scRunQuery(Sql("INSERT INTO USEDFILES VALUES ( '", FILE, "')"))) return false;
+    return scSQLInsert(action.CmdName, action.ParamList, record) || fail(InsertFailed, action.CmdName);
   });
 }
 
@@ -58,6 +60,14 @@ bool DeleteFile(const Action& action) {
     return rows.IsEmpty() || scRunQuery(Sql("DELETE * FROM USEDFILES", NL, " WHERE FILE = '", rows[0][0], "'")) ||
            fail(RecordNotDeleted, action.CmdName, action.CmdId);
   });
+}
+
+bool HasHead(const Action& action) {
+  Value FILE;
+  for (const Value& column : action.ParamList) {
+    if (ToText(column) == "FILE") FILE = scGetParamValue("FILE");
+  }
+  return !Equals(UncheckedCount(Sql("SELECT COUNT(*) FROM CLOHI WHERE FILE = '", FILE, "'")), 0);
 }
 
 }  // namespace cordboard

@@ -7,7 +7,6 @@
 #include "shared/Count.h"
 #include "shared/GenericRecord.h"
 #include "shared/Record.h"
-#include "shared/Row.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {
@@ -106,18 +105,7 @@ bool Add(const Action& action) {
 }
 
 // TIME stands with the name of its table, which is always this one.
-bool Edit(const Action& action) {
-  const Reporter fail("Edit: " + action.CmdName);
-  return InTransaction(fail, [&] {
-    for (const Value& parameter : action.ParamList) {
-      const std::string name = ToText(parameter);
-      const std::string column = name == "TIME" ? "PELPI.TIME" : name;
-      if (!UpdateColumnOrNull(action.CmdName, action.CmdId, column, scGetParamValue(name)))
-        return fail(ColumnNotWritten, name);
-    }
-    return true;
-  });
-}
+bool Edit(const Action& action) { return EditRecord(action, {{"TIME", "PELPI.TIME"}}); }
 
 }  // namespace
 

@@ -19,7 +19,7 @@ const char* const notSet = "0.0.0.0";
 
 // --- The list of BPOS.
 
-// The slot 0 is written with two digits here, and no other.
+// The slot 0 is written with two digits: no other slot, and in no other list.
 bool ListBPOS(const Action& action) {
   const Reporter fail(action.CmdName + "GetValidValForParam: ");
   RowSet boards;
@@ -46,7 +46,7 @@ List PiecesOf(const std::string& address) {
 }
 
 // The 32 bits of an address. Each of its first four pieces counts by the low eight bits of its leading digits; fewer
-// pieces fail the call, and what follows them is not read.
+// pieces, and a number beyond 32 bits, fail the call, and what follows the four is not read.
 std::uint32_t Bits(const Value& address) {
   const List pieces = PiecesOf(ToText(address));
   std::uint32_t bits = 0;
@@ -97,9 +97,10 @@ bool Insert(const Action& action, const Reporter& fail) {
   List values(std::vector<Value>{});
   for (const Value& column : action.ParamList) {
     const std::string name = ToText(column);
-    values.Append(name == "CMDID" ? scBuildCmdID() : scGetParamValue(name));
+    const Value value = name == "CMDID" ? scBuildCmdID() : scGetParamValue(name);
+    values.Append(value);
     bool found = false;
-    if (name == "IP") FindAddress(values[values.size() - 1], found);
+    if (name == "IP") FindAddress(value, found);
     if (found) return fail(AddressRefused);
   }
   return scSQLInsert(action.CmdName, action.ParamList, values) || fail(InsertFailed, action.CmdName);

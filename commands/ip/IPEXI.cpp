@@ -18,7 +18,7 @@ constexpr std::size_t longestPassword = 30;
 
 bool IsPrintable(unsigned char c) { return c >= 33 && c <= 126; }
 
-// Of what is wrong with a password the first thing alone is told.
+// A password without characters passes. Of what is wrong with any other the first thing alone is told.
 bool CheckPassword(const Reporter& fail, const Value& PASSW) {
   const std::string text = ToText(PASSW);
   if (text.find_first_of(" '") != text.npos) return fail(QuoteInText, "PASSW");
@@ -31,8 +31,7 @@ bool Add(const Action& action) {
   action.ParamList.RequireBounds();  // before the transaction
   return InTransaction(fail, [&] {
     const Value PASSW = scGetParamValue("PASSW");
-    if (!PASSW.IsNull() && !PASSW.IsEmpty() && !CheckPassword(fail, PASSW)) return false;
-    return InsertWithDirectoryNumber(action, fail, "DIR", "IP");
+    return (PASSW.IsNull() || CheckPassword(fail, PASSW)) && InsertWithDirectoryNumber(action, fail, "DIR", "IP");
   });
 }
 
@@ -40,9 +39,7 @@ bool Add(const Action& action) {
 bool Edit(const Action& action) {
   const Reporter fail("Edit: " + action.CmdName);
   return InTransaction(fail, [&] {
-    const Value PASSW = scGetParamValue("PASSW");
-    if (!PASSW.IsEmptyOrEmptyText() && !CheckPassword(fail, PASSW)) return false;
-    return EditWithDirectoryNumber(action, fail, "DIR", "IP");
+    return CheckPassword(fail, scGetParamValue("PASSW")) && EditWithDirectoryNumber(action, fail, "DIR", "IP");
   });
 }
 

@@ -21,21 +21,23 @@ bool ListLIM(const Action& action) {
   return collected || Reporter("IPGKC_GetValuesFor_LIM")(DescribedListNotBuilt, action.Parameter());
 }
 
+// An identity that is taken is rolled back at once.
 bool Insert(const Action& action, const Reporter& fail) {
   const Value GKID = scGetParamValue("GKID");
   Value count;
   if (!CheckedCount(fail, Sql("SELECT COUNT(*) FROM IPGKC WHERE GKID = '", GKID, "'"), count)) return false;
-  if (Greater(count, 0)) return fail(ValueUsedTwice, "GKID");
+  if (Greater(count, 0)) {
+    fail(ValueUsedTwice, "GKID");
+    if (!scRollBackTransaction()) fail(RollBackFailed);
+    return false;
+  }
   return scSQLInsert(action.CmdName, action.ParamList, Record(action.ParamList)) || fail(InsertFailed, action.CmdName);
 }
 
-// No envelope: a commit that fails is rolled back, and the answer is True all the same.
+// No envelope: any other step that is refused is neither committed nor rolled back.
 bool Add(const Action& action) {
   const Reporter fail("Add: " + action.CmdName);
-  const bool flag = scStartTransaction() ? Insert(action, fail) : fail(StartFailed);
-  const bool committed = flag && (scCommitTransaction() || fail(CommitFailed));
-  if (!committed && !scRollBackTransaction()) fail(RollBackFailed);
-  return flag;
+  return InTransactionLeftOpen(fail, [&] { return Insert(action, fail); });
 }
 
 // All columns are written, whatever has changed. Identities that cannot be counted are reported and hold nobody up, and

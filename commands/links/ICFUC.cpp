@@ -44,7 +44,7 @@ bool WriteToTwin(const Action& action, const Value& twin) {
   return true;
 }
 
-// The position is not marked: the twin has done so.
+// The position is not marked here.
 bool Add(const Action& action) {
   const Reporter fail("Add: " + action.CmdName);
   return InTransaction(fail, [&] {

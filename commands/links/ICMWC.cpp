@@ -6,7 +6,6 @@
 #include "script/Module.h"
 #include "script/Report.h"
 #include "shared/GenericRecord.h"
-#include "shared/Row.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {
@@ -43,8 +42,9 @@ bool Add(const Action& action) {
     List record(std::vector<Value>{});
     for (const Value& column : action.ParamList) {
       const std::string name = ToText(column);
-      record.Append(name == "CMDID" ? scBuildCmdID() : scGetParamValue(name));
-      if (name == "KFCN" && !DigitsSuit(fail, record[record.size() - 1])) return false;
+      const Value value = name == "CMDID" ? scBuildCmdID() : scGetParamValue(name);
+      record.Append(value);
+      if (name == "KFCN" && !DigitsSuit(fail, value)) return false;
     }
     return scSQLInsert(action.CmdName, action.ParamList, record) || fail(InsertFailed, action.CmdName);
   });
@@ -53,15 +53,8 @@ bool Add(const Action& action) {
 // The digits are tested first, whatever is changed.
 bool Edit(const Action& action) {
   const Reporter fail("Edit: " + action.CmdName);
-  return InTransaction(fail, [&] {
-    if (!DigitsSuit(fail, scGetParamValue("KFCN"))) return false;
-    for (const Value& parameter : action.ParamList) {
-      const std::string name = ToText(parameter);
-      if (!UpdateColumnOrNull(action.CmdName, action.CmdId, name, scGetParamValue(name)))
-        return fail(ColumnNotWritten, name);
-    }
-    return true;
-  });
+  return InTransaction(fail,
+                       [&] { return DigitsSuit(fail, scGetParamValue("KFCN")) && WriteParameters(action, fail); });
 }
 
 }  // namespace

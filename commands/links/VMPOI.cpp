@@ -1,5 +1,5 @@
 // VMPOI: ports of a voice mail system: a number of the general extensions has one PORT on a link of VMFUI, a hunting
-// group stands for its members.
+// group stands for its members and can have a port too, which is not tested.
 
 #include "script/Conversions.h"
 #include "script/Envelope.h"

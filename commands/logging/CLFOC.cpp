@@ -13,7 +13,6 @@
 #include "shared/Count.h"
 #include "shared/GenericRecord.h"
 #include "shared/Rechecks.h"
-#include "shared/Record.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {
@@ -156,9 +155,16 @@ bool AddFormat(const Action& action) {
       return false;
     }
     List record(std::vector<Value>{});
-    for (const Value& column : columns) record.Append(ValueFor(ToText(column), joined, items));
-    const bool appends = IsChosen(ValueOf("APPEND", columns, record));
-    if (!appends && !IsNewFORM(fail, ValueOf("FORM", columns, record))) return false;
+    Value FORM;
+    bool appends = false;
+    for (const Value& column : columns) {
+      const std::string name = ToText(column);
+      const Value value = ValueFor(name, joined, items);
+      record.Append(value);
+      if (name == "FORM") FORM = value;
+      if (name == "APPEND" && IsChosen(value)) appends = true;
+    }
+    if (!appends && !IsNewFORM(fail, FORM)) return false;
     return scSQLInsert(action.CmdName, columns, record) || fail(InsertFailed, action.CmdName);
   });
 }
@@ -190,7 +196,8 @@ std::string Items(const LineRow& row, std::size_t from, std::size_t to) {
 }
 
 // DATA goes out as it is stored. One that is too long for a line is made anew from the items: the first 25, and the
-// others on a second line that appends to the first, even where there are none.
+// others on a second line that appends to the first, even where there are none. All forty items are read of any row, so
+// that one that is too short fails the call.
 std::vector<std::string> Lines(const LineRow& row) {
   const Value FORM = row[1];
   const std::string DATA = Joined(row.Stored(2));

@@ -52,10 +52,10 @@ bool EditFormat(const Action& action) {
   });
 }
 
-// The new items are numbered from 1, with the old ones in front of them only where the form takes DATA apart so. An
-// item that is refused is reported under the name that ParamList has in the place of DATA in the list here, whatever
-// that is. What is stored is read where it is used, so that a record that is missing fails the call there; one that
-// cannot be read, and a DATA that cannot be set, end the append in silence.
+// The items that are written are those that the form gives for the joined DATA, numbered from 1. An item that is
+// refused is reported under the name that ParamList has in the place of DATA in the list here, whatever that is. What
+// is stored is read where it is used, so that a record that is missing fails the call there; one that cannot be read,
+// and a DATA that cannot be set, end the append in silence.
 bool AppendToFormat(const Action& action, std::int32_t CmdId) {
   const Reporter fail("Edit: " + action.CmdName);
   return InTransaction(fail, [&] {

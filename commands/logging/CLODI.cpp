@@ -4,10 +4,9 @@
 #include "script/Envelope.h"
 #include "script/Module.h"
 #include "script/Report.h"
-#include "shared/Count.h"
 #include "shared/GenericRecord.h"
 #include "shared/Record.h"
-#include "shared/Row.h"
+#include "shared/UsedFiles.h"
 
 namespace cordboard {
 
@@ -17,15 +16,6 @@ namespace {
 bool ListFILE(const Action& action) {
   return (scCollectSingleValues("SELECT FILE FROM EDDFI") && scAddSingleValues("SELECT FILE FROM CLDFI")) ||
          Reporter("GetValues")(ListNotBuilt, action.Parameter());
-}
-
-// A file that ParamList does not name is the empty text.
-bool HasHead(const Action& action) {
-  Value FILE;
-  for (const Value& column : action.ParamList) {
-    if (ToText(column) == "FILE") FILE = scGetParamValue("FILE");
-  }
-  return !Equals(UncheckedCount(Sql("SELECT COUNT(*) FROM CLOHI WHERE FILE = '", FILE, "'")), 0);
 }
 
 // The values stand in the order of the table's columns, which the statement does not name. An empty one becomes a null;
@@ -44,18 +34,7 @@ bool Add(const Action& action) {
 }
 
 // TIME stands with the name of its table, which is always this one.
-bool Edit(const Action& action) {
-  const Reporter fail("Edit: " + action.CmdName);
-  return InTransaction(fail, [&] {
-    for (const Value& parameter : action.ParamList) {
-      const std::string name = ToText(parameter);
-      const std::string column = name == "TIME" ? "CLODI.TIME" : name;
-      if (!UpdateColumnOrNull(action.CmdName, action.CmdId, column, scGetParamValue(name)))
-        return fail(ColumnNotWritten, name);
-    }
-    return true;
-  });
-}
+bool Edit(const Action& action) { return EditRecord(action, {{"TIME", "CLODI.TIME"}}); }
 
 }  // namespace
 

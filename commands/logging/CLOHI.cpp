@@ -58,10 +58,10 @@ bool CheckFILE(const Action& action) {
 bool MakeRecord(const Action& action, const Reporter& fail, List& record) {
   for (const Value& column : action.ParamList) {
     const std::string name = ToText(column);
-    record.Append(name == "CMDID" ? scBuildCmdID() : name == "NUMTYP" ? Value("") : scGetParamValue(name));
+    const Value value = name == "CMDID" ? scBuildCmdID() : name == "NUMTYP" ? Value("") : scGetParamValue(name);
+    record.Append(value);
     if (name != "FORM") continue;
-    const Value& FORM = record[record.size() - 1];
-    const Value count = UncheckedCount(Sql("SELECT COUNT(*) FROM CLFOC", NL, "WHERE FORM = '", FORM, "'"));
+    const Value count = UncheckedCount(Sql("SELECT COUNT(*) FROM CLFOC", NL, "WHERE FORM = '", value, "'"));
     if (Equals(count, 0)) return fail(RecordNeededElsewhere, "CLFOC", "CLOHI");
   }
   return true;

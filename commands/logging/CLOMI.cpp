@@ -1,14 +1,13 @@
 // CLOMI: which events of the cordless system are logged into a file: of a number, a LIM, a location or a board.
 
-#include "script/Conversions.h"
 #include "script/Envelope.h"
 #include "script/Module.h"
 #include "script/Report.h"
 #include "shared/BoardPositions.h"
-#include "shared/Count.h"
 #include "shared/GenericRecord.h"
 #include "shared/Rechecks.h"
 #include "shared/Record.h"
+#include "shared/UsedFiles.h"
 #include "shared/ValueLists.h"
 
 namespace cordboard {
@@ -38,15 +37,6 @@ bool CheckLOCATION(const Action& action) {
 }
 
 // --- Add.
-
-// A file that ParamList does not name is the empty text.
-bool HasHead(const Action& action) {
-  Value FILE;
-  for (const Value& column : action.ParamList) {
-    if (ToText(column) == "FILE") FILE = scGetParamValue("FILE");
-  }
-  return !Equals(UncheckedCount(Sql("SELECT COUNT(*) FROM CLOHI WHERE FILE = '", FILE, "'")), 0);
-}
 
 bool Insert(const Action& action, const Reporter& fail, const List& record) {
   return scSQLInsert(action.CmdName, action.ParamList, record) || fail(InsertFailed, action.CmdName);

@@ -25,7 +25,7 @@ bool CollectLevels() {
   RowSet rows;
   if (!scRunQuery(Sql("SELECT EQU FROM EDEQI WHERE DEV = '", DEV, "'"), rows)) return false;
   if (rows.IsEmpty() || rows[0][0].IsNull()) return true;
-  return !Differs(Right(ToText(rows[0][0]), 1), 0) || scSQLSelectValuesAndDesc();
+  return Equals(Right(ToText(rows[0][0]), 1), 0) || scSQLSelectValuesAndDesc();
 }
 
 bool ListELLEV(const Action& action) {

@@ -585,6 +585,7 @@ Length in all: 20
         self.assertIn("From a template of KSEXITEMPLATE, by its TEMPLATENAME: KSEXI from NAME:...;\n", text)
         self.assertEqual(self.json("help", "KSEXI")["templates"], "KSEXITEMPLATE")
         self.assertRegex(self.ends(DONE, "help", "KSMDI").stdout, "(?m)^DIRK_D6D7D8 .*, a part of DIRK$")
+        self.assertRegex(self.ends(DONE, "help", "CLFOC").stdout, "(?m)^DATA1_D5 to .*, a part of DATA1 to DATA40$")
 
     def test_help_prints_the_page_of_a_command(self):
         page = self.ends(DONE, "help", "SYIDI", "--page").stdout

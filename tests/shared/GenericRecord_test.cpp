@@ -12,7 +12,7 @@ using Cause = RunTimeFailure::Cause;
 
 const List noElements{std::vector<Value>()};
 
-Action On(const std::string& function, List parameters = {}) {
+Action On(const std::string& function, const List& parameters = {}) {
   return {.oaRelease = "R7", .FunctionName = function, .CmdName = "OPCOI", .CmdId = 7, .ParamList = parameters};
 }
 
@@ -191,6 +191,39 @@ TEST(GenericEditInfo, EscapesNothing) {
   EXPECT_FALSE(host.With([] { return GenericEditInfo(On("EditInfo", {"ONE"})); }));
   EXPECT_EQ(host.Effects(), Lines({start, StatementLine("UPDATE OPCOI SET ONE = 'O'Hara'{NL} WHERE CmdId = 7"),
                                    MessageLine("Edit: OPCOI", "61011, \"ONE\""), rollBack}));
+}
+
+TEST(EditRecord, WritesAColumnUnderTheNameThatItHasInAStatement) {
+  ScriptedHost host;
+  SetThree(host);
+  host.Refuse("scRunQuery", "UPDATE OPCOI SET THREE = 'c'\r\n WHERE CmdId = 7");
+  EXPECT_FALSE(host.With([] {
+    return EditRecord(On("EditInfo", {"ONE", "one", "THREE"}), {{"TWO", "[TWO]"}, {"ONE", "OPCOI.ONE"}});
+  }));
+  EXPECT_EQ(host.Effects(),
+            Lines({start, StatementLine("UPDATE OPCOI SET OPCOI.ONE = 'a'{NL} WHERE CmdId = 7"),
+                   StatementLine("UPDATE OPCOI SET one = Null{NL} WHERE CmdId = 7"), StatementLine(editThree),
+                   MessageLine("Edit: OPCOI", "61011, \"THREE\""), rollBack}));
+}
+
+TEST(EditRecord, NamesTheParameterInAMessage) {
+  ScriptedHost host;
+  SetThree(host);
+  host.Refuse("scRunQuery");
+  EXPECT_FALSE(host.With([] { return EditRecord(On("EditInfo", {"ONE", "TWO"}), {{"ONE", "[ONE]"}}); }));
+  EXPECT_EQ(host.Effects(), Lines({start, StatementLine("UPDATE OPCOI SET [ONE] = 'a'{NL} WHERE CmdId = 7"),
+                                   MessageLine("Edit: OPCOI", "61011, \"ONE\""), rollBack}));
+}
+
+TEST(WriteParameters, LeavesTheTransactionToTheCaller) {
+  ScriptedHost host;
+  SetThree(host);
+  const Action action = On("EditInfo", {"ONE", "TWO"});
+  EXPECT_TRUE(host.With([&] { return WriteParameters(action, Reporter("Edit: OTHER")); }));
+  host.Refuse("scRunQuery");
+  EXPECT_FALSE(host.With([&] { return WriteParameters(action, Reporter("Edit: OTHER")); }));
+  EXPECT_EQ(host.Effects(), Lines({StatementLine(editOne), StatementLine(editTwo), StatementLine(editOne),
+                                   MessageLine("Edit: OTHER", "61011, \"ONE\"")}));
 }
 
 TEST(GenericEditInfo, WritesTheIdentifierLikeAnyOtherColumn) {

@@ -32,11 +32,19 @@ TEST_F(UsedFiles, HaveTheNameBeforeItsRecord) {
             Lines({start, entered, R"(scSQLInsert("FILES", ["FILE", "NUMTYP"], ["ALARMS", ""]))", commit}));
 }
 
-TEST_F(UsedFiles, ThatRefuseTheNameRefuseItsRecord) {
+TEST_F(UsedFiles, ThatRefuseTheNameEndAnAddInSilence) {
   host.Param("FILE", "ALARMS");
   host.Refuse("scRunQuery", "INSERT INTO USEDFILES VALUES ( 'ALARMS')");
   EXPECT_FALSE(Do(AddFile, {"FILE"}));
-  EXPECT_EQ(host.Effects(), Lines({start, entered, MessageLine("Add: FILES", R"(61024, "FILES")"), rollBack}));
+  EXPECT_EQ(host.Effects(), Lines({start, entered, rollBack}));
+}
+
+TEST_F(UsedFiles, KeepTheNameOfARecordThatIsRefusedUntilTheRollBack) {
+  host.Param("FILE", "ALARMS");
+  host.Refuse("scSQLInsert");
+  EXPECT_FALSE(Do(AddFile, {"FILE"}));
+  EXPECT_EQ(host.Effects(), Lines({start, entered, R"(scSQLInsert("FILES", ["FILE"], ["ALARMS"]))",
+                                   MessageLine("Add: FILES", R"(61024, "FILES")"), rollBack}));
 }
 
 TEST_F(UsedFiles, TakeANewNameAlone) {
@@ -86,6 +94,47 @@ TEST_F(UsedFiles, ThatKeepTheNameEndADelete) {
   EXPECT_FALSE(Do(DeleteFile));
   EXPECT_EQ(host.Effects(),
             Lines({start, QueryLine(read), left, MessageLine("Delete: FILES", R"(61012, "FILES", 7)"), rollBack}));
+}
+
+// --- Heads.
+
+const std::string headOfCALLS = "SELECT COUNT(*) FROM CLOHI WHERE FILE = 'CALLS'";
+const std::string headWithoutFile = "SELECT COUNT(*) FROM CLOHI WHERE FILE = ''";
+
+struct Heads {
+  Value count;
+  bool has;
+};
+
+class UsedFilesWithHeads : public UsedFiles, public testing::WithParamInterface<Heads> {};
+
+TEST_P(UsedFilesWithHeads, HaveAHeadUnlessTheCountIsZero) {
+  host.Param("FILE", "CALLS");
+  host.Rows(headOfCALLS, {{GetParam().count}});
+  EXPECT_EQ(Do(HasHead, {"ORIG", "FILE"}), GetParam().has);
+}
+
+INSTANTIATE_TEST_SUITE_P(Counts, UsedFilesWithHeads,
+                         testing::Values(Heads{1, true}, Heads{"2", true}, Heads{Value::Null(), true}, Heads{0, false},
+                                         Heads{"0", false}, Heads{Value(), false}));
+
+TEST_F(UsedFiles, AreReadForTheirHeadAsOftenAsTheyAreNamed) {
+  host.Param("FILE", "CALLS");
+  host.Rows(headOfCALLS, {{1}});
+  EXPECT_TRUE(Do(HasHead, {"FILE", "ORIG", "FILE"}));
+  EXPECT_EQ(host.Calls(), Lines({R"(scGetParamValue("FILE"))", R"(scGetParamValue("FILE"))", QueryLine(headOfCALLS)}));
+}
+
+TEST_F(UsedFiles, AreEmptyWhereTheyAreNotNamed) {
+  host.Param("FILE", "CALLS");
+  host.Rows(headWithoutFile, {{0}});
+  EXPECT_FALSE(Do(HasHead, {"ORIG", "file"}));
+  EXPECT_EQ(host.Calls(), Lines({QueryLine(headWithoutFile)}));
+}
+
+TEST_F(UsedFiles, WhoseHeadsAreNotCountedFailTheCall) {
+  host.Rows(headWithoutFile, {});
+  ExpectFailure(RunTimeFailure::Cause::SubscriptOutOfRange, [&] { Do(HasHead, List(std::vector<Value>{})); });
 }
 
 }  // namespace
