@@ -115,7 +115,9 @@ class CommandLine {
   void AddGenerate() {
     auto [sub, options] = Add("generate", "Print the exchange's command lines", Generate);
     sub->add_option("FILE", options.file, "the exchange file")->required();
-    auto* output = sub->add_option("-o,--output", options.output, "write the lines to this file");
+    auto* output =
+        sub->add_option("-o,--output", options.output,
+                        "write the lines, passwords among them, to this file, which its owner alone can read");
     sub->add_flag("--templates", options.templates, "the lines of the templates, which no exchange takes");
     sub->add_flag("--json", options.json, "print as JSON")->excludes(output);
   }

@@ -1,6 +1,8 @@
 #include "cli/Files.h"
 
+#include "cli/Output.h"
 #include "cli/Subcommands.h"
+#include "workbench/actions/Records.h"
 #include "workbench/forms/Unknown.h"
 #include "workbench/plans/PlanLine.h"
 
@@ -17,6 +19,15 @@ std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file) {
   return exchange;
 }
 
+bool WarnOfReaders(workbench::Exchange& exchange, const std::string& file) {
+  using std::filesystem::perms;
+  const std::filesystem::file_status status = std::filesystem::status(file);
+  const bool readable = (status.permissions() & (perms::group_read | perms::others_read)) != perms::none;
+  if (!std::filesystem::is_regular_file(status) || !readable || !workbench::HoldsSecrets(exchange)) return false;
+  Warning("others can read " + file + ", which holds passwords: chmod 600 " + file);
+  return true;
+}
+
 const workbench::FormDefinition& FormOf(const std::string& command) {
   if (const workbench::FormDefinition* form = workbench::FindForm(command)) return *form;
   throw Exit{NotFound, workbench::UnknownCommand(command)};
@@ -28,7 +39,7 @@ std::vector<workbench::Assignment> AssignmentsOf(const std::vector<std::string>&
     try {
       assignments.push_back(workbench::ParseAssignment(text));
     } catch (const workbench::PlanLineError& error) {
-      throw Exit{Usage, error.what()};
+      throw Exit{Usage, "value " + std::to_string(assignments.size() + 1) + " " + error.what()};
     }
   }
   return assignments;

@@ -17,6 +17,10 @@ std::unique_ptr<workbench::Exchange> OpenExchange(const std::string& file);
 // Trouble.
 std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file);
 
+// Warns where others can read a file that holds the secrets of the exchange: its own, or one with its lines. Gives
+// whether it did.
+bool WarnOfReaders(workbench::Exchange& exchange, const std::string& file);
+
 // The form of a command; an unknown one ends the subcommand with NotFound and the nearest name.
 const workbench::FormDefinition& FormOf(const std::string& command);
 

@@ -75,10 +75,12 @@ int Apply(const ApplyOptions& options) {
     files.push_back({plan, in});
   }
 
+  const bool warned = WarnOfReaders(*exchange, options.file);
   workbench::Session session(*exchange);
   const PlanResult result = ApplyPlan(
       session, files,
       {.dryRun = options.dryRun, .keepGoing = options.keepGoing, .progress = options.json ? nullptr : Progress()});
+  if (!warned) WarnOfReaders(*exchange, options.file);
   if (options.json) {
     ReportJson(result);
   } else {

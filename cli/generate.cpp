@@ -1,5 +1,9 @@
 // cordboard generate: the exchange's command lines.
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -16,6 +20,16 @@ namespace {
 
 void Write(const workbench::Generated& generated, std::ostream& out) {
   for (const workbench::GeneratedLine& line : generated.lines) out << line.text << '\n';
+}
+
+// A file of lines is for its owner alone, also one that there was before. A device keeps its rights.
+void MakePrivate(const std::string& file) {
+  const int made = open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (made < 0) return;
+  close(made);
+  std::error_code ignored;
+  if (std::filesystem::is_regular_file(file, ignored))
+    std::filesystem::permissions(file, std::filesystem::perms(S_IRUSR | S_IWUSR), ignored);
 }
 
 }  // namespace
@@ -35,10 +49,12 @@ int Generate(const GenerateOptions& options) {
   } else if (options.output.empty()) {
     Write(generated, std::cout);
   } else {
+    MakePrivate(options.output);
     std::ofstream out(options.output, std::ios::binary);
     Write(generated, out);
     out.close();
     if (!out) throw Exit{Trouble, "the lines cannot be written to " + options.output};
+    WarnOfReaders(*exchange, options.output);
     Note("lines", std::to_string(generated.lines.size()) + " written to " + options.output);
   }
   return generated.problems.empty() ? Done : Refused;

@@ -113,9 +113,10 @@ class Secrets(ProgramTest):
     def setUp(self):
         super().setUp()
         self.ends(DONE, "apply", self.exchange, "-", given=f"""\
-            GEDII:DIR=150&&155,CUST=1;
+            GEDII:DIR=150&&156,CUST=1;
             IPEXI:DIR=150,PASSW="{SECRET_AS_TYPED}";
             IPEXI:DIR=151;
+            CXAKI:DIR=155,AUTKEY=Tulip-5;
             """.encode())
 
     def test_show_hides_them(self):
@@ -143,15 +144,88 @@ class Secrets(ProgramTest):
         edit = self.ends(DONE, "explain", self.exchange, "edit IPEXI DIR=150:PASSW=Tulip;").stdout
         self.assertIn("UPDATE IPEXI SET PASSW = '***'{NL}", edit)
 
-    def test_messages_never_tell_them(self):
-        plan = b"IPEXI:DIR=152,PASSW=Tulip'x;\nedit IPEXI PASSW=Tulip:DIR=152;\nIPEXI:DIR=152,PASSW=Tulip,PASSW=Tulips;\n"
-        ran = self.ends(REFUSED, "apply", self.exchange, "-", given=plan)
+    def test_explain_hides_them_in_lines_of_the_debug_window(self):
+        edit = self.ends(DONE, "explain", self.exchange, "edit CXAKI DIR=155:AUTKEY=Tulip;").stdout
+        self.assertNotIn("Tulip", edit)
+        self.assertIn('scPrintToDebugWindow("NewValue for AUTKEY = ***")', edit)
+
+    def test_explain_hides_them_by_their_place_and_not_by_what_they_are(self):
+        line = "edit IPEXI DIR=150:DIR=152,PASSW={};"
+        told = [self.ends(DONE, "explain", self.exchange, line.format(password)).stdout for password in ("IP", "Tulip")]
+        self.assertIn("UPDATE GEDII SET TYPE = 'IP'", told[0])
+        self.assertIn('scGetParamValue("PASSW")  ->  "***"', told[0])
+        self.assertEqual(told[0], told[1])
+
+    def never_told(self, line, *messages):
+        """The line is refused, by apply and by explain, with these messages; nothing of "Tulip" is told."""
+        for options in ([], ["--json"]):
+            ran = self.ends(REFUSED, "apply", self.exchange, "-", *options, given=line.encode())
+            self.assertNotIn("Tulip", ran.stdout + ran.stderr)
+            for message in messages:
+                self.assertIn(message, ran.stdout + ran.stderr)
+            ran = cordboard("explain", self.exchange, line, *options)
+            self.assertIn(ran.returncode, (REFUSED, USAGE))
+            self.assertNotIn("Tulip", ran.stdout + ran.stderr)
+            self.assertIn(messages[0], ran.stdout + ran.stderr)
+
+    def test_messages_tell_no_password_that_is_refused(self):
+        self.never_told("IPEXI:DIR=152,PASSW=Tulip'x;", "a value must not hold a quote character", "***")
+        self.never_told("IPEXI:DIR=152,PASSW=Tulip,PASSW=Tulips;", "this parameter is given twice", "***")
+        self.never_told("edit IPEXI PASSW=Tulip:DIR=152;", "there is no record of IPEXI with PASSW=***")
+
+    def test_messages_tell_no_value_behind_a_name_that_there_is_not(self):
+        self.never_told("IPEXI:DIR=152,PASWS=Tulip;", "there is no parameter PASWS in IPEXI. Did you mean PASSW?")
+        self.never_told("IPEXI:DIR=152,passw=Tulip,passw=Tulips;", "there is no parameter passw in IPEXI.",
+                        "this parameter is given twice")
+        self.never_told("edit IPEXI PASWS=Tulip:DIR=152;", "a record of IPEXI has no PASWS. Did you mean PASSW?")
+        self.never_told("edit IPEXI DIR=150:PASWS=Tulip;", "there is no parameter PASWS in IPEXI.")
+        self.never_told("GEDII:DIR=156,PASSW=Tulip;", "there is no parameter PASSW in GEDII.")
+        report = json.loads(cordboard("apply", self.exchange, "-", "--json", given=b"IPEXI:PASWS=Tulip;").stdout)
+        problem = report["lines"][0]["problems"][0]
+        self.assertEqual((problem["parameter"], "value" in problem), ("PASWS", False))
+        self.fails(NOT_FOUND, "has no PASWS", "show", self.exchange, "IPEXI", "PASWS=x")
+        ran = self.ends(REFUSED, "values", self.exchange, "IPEXI", "DIR", "PASWS=Tulip")
         self.assertNotIn("Tulip", ran.stderr)
-        self.assertIn("PASSW=***: a value must not hold a quote character", ran.stderr)
-        report = self.ends(REFUSED, "apply", self.exchange, "-", "--json", given=plan)
-        self.assertNotIn("Tulip", report.stdout + report.stderr)
-        ran = self.ends(REFUSED, "explain", self.exchange, "IPEXI:DIR=152,PASSW=Tulip'x;")
-        self.assertNotIn("Tulip", ran.stdout + ran.stderr)
+
+    def test_messages_tell_no_text_of_a_line_that_cannot_be_read(self):
+        self.never_told("IPEXI:DIR=152,PASSW=red,Tulip#blue;", "an equals sign is missing at column 30")
+        self.never_told('IPEXI:DIR=152,PASSW="red""Tu"Tulip;', "a comma or the semicolon is missing at column 30")
+        self.never_told('IPEXI:DIR=152,PASSW="Tulip;', "a double quote is opened and not closed at column 21")
+        self.never_told('Tulip";', "a colon is missing at column 6")
+        self.fails(USAGE, "value 2 is not of the form NAME=value", "show", self.exchange, "IPEXI", "DIR=150", "Tulip")
+
+    def test_a_file_that_others_can_read_is_told_of_once(self):
+        warning = f"warning: others can read {self.exchange}, which holds passwords: chmod 600 {self.exchange}\n"
+        line = b"edit IPEXI DIR=150:PASSW=Tulip;"
+        self.assertNotIn("others can read", self.ends(DONE, "apply", self.exchange, "-", given=line).stderr)
+        for mode in (0o640, 0o604):
+            self.exchange.chmod(mode)
+            for arguments in (["apply", self.exchange, "-"], ["apply", self.exchange, "-", "--dry-run", "--json"],
+                              ["explain", self.exchange, line.decode()]):
+                self.assertEqual(self.ends(DONE, *arguments, given=line).stderr.count(warning), 1, arguments)
+            self.assertEqual(self.ends(DONE, "show", self.exchange, "IPEXI").stderr, "")
+
+    def test_a_file_that_others_can_read_is_told_of_when_the_first_is_written(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=b"delete IPEXI DIR=150;\ndelete CXAKI DIR=155;")
+        self.exchange.chmod(0o644)
+        self.assertNotIn("others", self.ends(DONE, "apply", self.exchange, "-", given=b"IPEXI:DIR=152;").stderr)
+        ran = self.ends(DONE, "apply", self.exchange, "-", given=b"IPEXI:DIR=153,PASSW=Tulip;")
+        self.assertEqual(ran.stderr.count("warning: others can read"), 1)
+
+    def test_generate_writes_them_for_the_owner_of_the_file_alone(self):
+        there = self.write("there.txt", "older lines\n" * 100)
+        there.chmod(0o644)
+        for out in (self.folder / "lines.txt", there):
+            ran = self.ends(DONE, "generate", self.exchange, "-o", out, umask=0)
+            self.assertEqual(stat.S_IMODE(out.stat().st_mode), 0o600)
+            self.assertEqual(out.read_text(), self.generated())
+            self.assertNotIn("warning", ran.stderr)
+        self.assertIn("which its owner alone can read", " ".join(self.ends(DONE, "generate", "--help").stdout.split()))
+
+    def test_generate_leaves_a_device_its_rights(self):
+        before = os.stat("/dev/null").st_mode
+        self.ends(DONE, "generate", self.exchange, "-o", "/dev/null")
+        self.assertEqual(os.stat("/dev/null").st_mode, before)
 
     def test_generate_prints_them(self):
         self.assertIn(f'IPEXI:DIR=150,PASSW="{SECRET}";\n', self.generated())
@@ -160,6 +234,8 @@ class Secrets(ProgramTest):
         self.assertIn("shown as ***", self.ends(DONE, "help", "IPEXI").stdout)
         secret = {entry["name"]: entry["secret"] for entry in self.json("help", "IPEXI")["parameters"]}
         self.assertEqual(secret, {"DIR": False, "PASSW": True})
+        secret = [entry["name"] for entry in self.json("help", "CXAKI")["parameters"] if entry["secret"]]
+        self.assertEqual(secret, ["AUTKEY", "AUTPAR"])
         for subcommand in ("show", "explain"):
             self.assertIn("--secrets", self.ends(DONE, subcommand, "--help").stdout)
 
@@ -264,7 +340,7 @@ class Apply(ProgramTest):
         lines = self.ends(REFUSED, "apply", self.exchange, plan).stderr.splitlines()
         self.assertIn(f"error: {plan}:1: NANSI, NUMTYP=XX: this value is not possible here. Possible: AC, AI, ",
                       lines[0])
-        self.assertIn(f"error: {plan}:2: NANSI, NUMTIP=EX: there is no parameter NUMTIP in NANSI. "
+        self.assertIn(f"error: {plan}:2: NANSI, NUMTIP: there is no parameter NUMTIP in NANSI. "
                       "Did you mean NUMTYP?", lines[1])
         self.assertIn(f"error: {plan}:2: NANSI, NUMTYP: this parameter has to be given", lines[2])
         self.assertEqual(lines[3], f"error: {plan}:3: NANSY: there is no command NANSY. Did you mean NANSI?")
@@ -502,7 +578,7 @@ Length in all: 20
         self.assertEqual(self.json("show", self.exchange, "CHGMI", "GRP=9"), [])
         self.fails(NOT_FOUND, "a record of CHGMI has no GRPP. Did you mean GRP?", "show", self.exchange, "CHGMI",
                    "GRPP=7")
-        self.fails(USAGE, "GRP", "show", self.exchange, "CHGMI", "GRP")
+        self.fails(USAGE, "value 1 is not of the form NAME=value", "show", self.exchange, "CHGMI", "GRP")
 
     def test_show_selects_among_the_tables_that_have_the_parameter(self):
         self.ends(DONE, "apply", self.exchange, "-", given=b"""\
@@ -525,7 +601,7 @@ Length in all: 20
     def test_values_are_those_of_the_form_as_it_is_given(self):
         self.fails(REFUSED, "NANSI, NUMTYP=XX: this value is not possible here", "values", self.exchange, "NANSI",
                    "NUMTYP", "NUMTYP=XX")
-        self.fails(USAGE, "'NUMSE' is not of the form NAME=value", "values", self.exchange, "NANSI", "NUMTYP",
+        self.fails(USAGE, "value 1 is not of the form NAME=value", "values", self.exchange, "NANSI", "NUMTYP",
                    "NUMSE")
         self.fails(USAGE, "not UTF-8", "values", self.exchange, "NANSI", "NUMTYP", b"NUMSE=\xff".decode(
             errors="surrogateescape"))

@@ -41,11 +41,6 @@ std::string GivenTwice(const std::vector<std::string>& elements) {
   return "";
 }
 
-Problem WithoutSecret(Problem problem, const FormDefinition& definition) {
-  if (!problem.value.empty() && definition.IsSecret(problem.parameter)) problem.value = hiddenValue;
-  return problem;
-}
-
 }  // namespace
 
 std::vector<Problem> TakeMessages(Session& session, const Assignment& about) {
@@ -81,9 +76,14 @@ bool Filling::IsGiven(const std::string& name) const {
   return std::ranges::find(given_, name, &Assignment::name) != given_.end();
 }
 
-void Filling::Refuse(Problem problem) { problems_.push_back(WithoutSecret(std::move(problem), definition())); }
+Problem Filling::Told(Problem problem) const {
+  problem.value = definition().Told({problem.parameter, std::move(problem.value)});
+  return problem;
+}
 
-void Filling::Warn(Problem problem) { warnings_.push_back(WithoutSecret(std::move(problem), definition())); }
+void Filling::Refuse(Problem problem) { problems_.push_back(Told(std::move(problem))); }
+
+void Filling::Warn(Problem problem) { warnings_.push_back(Told(std::move(problem))); }
 
 void Filling::Refuse(const Assignment& assignment, std::string message) {
   Refuse({.parameter = assignment.name, .value = assignment.value, .message = std::move(message)});

@@ -32,7 +32,7 @@ class Filling {
   // it builds the list is a problem of the value, and there is no list then.
   const ValueList* ListOf(const std::string& parameter, const std::string& value = "");
 
-  // Neither tells the value of a parameter that is secret.
+  // Neither tells the value of a parameter that is secret, or that the form does not have.
   void Refuse(Problem problem);
   void Refuse(const Assignment& assignment, std::string message);
   void Warn(Problem problem);
@@ -42,6 +42,7 @@ class Filling {
   const std::vector<Problem>& warnings() const { return warnings_; }
 
  private:
+  Problem Told(Problem problem) const;
   bool IsPossible(const ParameterDefinition& parameter, const Assignment& assignment);
   void CheckAgainst(const ValueList& list, const Assignment& assignment, const std::vector<std::string>& elements);
   void RunCheck(const Assignment& assignment);

@@ -167,7 +167,8 @@ std::string IsKeptByChecks(const Filling& filling, const Assignment& assignment)
   const std::string present = Joined(filling.form().Get(assignment.name));
   if (present == assignment.value) return "";
   return present.empty() ? "a check of the values after it has cleared this value, since the two do not go together"
-                         : "a check has changed this value to " + present + "; give that, or leave it out";
+                         : "a check has changed this value to " +
+                               filling.definition().Told({assignment.name, present}) + "; give that, or leave it out";
 }
 
 // Of alternatives one makes the whole, and a digit of another must not be lost in silence.

@@ -22,7 +22,8 @@ std::variant<std::vector<const FormDefinition*>, Problem> TablesWith(const FormD
   const std::vector<const FormDefinition*> tables = definition.OfEachTable();
   for (const Assignment& each : selection) {
     if (std::ranges::none_of(tables, [&](const FormDefinition* table) { return HasColumn(*table, each.name); }))
-      return Problem{.parameter = each.name, .value = each.value, .message = UnknownColumn(definition, each.name)};
+      return Problem{
+          .parameter = each.name, .value = definition.Told(each), .message = UnknownColumn(definition, each.name)};
   }
   std::vector<const FormDefinition*> with;
   std::ranges::copy_if(tables, std::back_inserter(with), [&](const FormDefinition* table) {
@@ -52,12 +53,25 @@ std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDef
     for (std::size_t row = 0; row < rows.RowCount(); ++row) found.push_back({table, ToInt32(rows[0][row])});
   }
   if (found.size() == 1) return found.front();
-  const std::string described = Separated(selection, ",", [&definition](const Assignment& each) {
-    return each.name + "=" + (definition.IsSecret(each.name) ? hiddenValue : each.value);
-  });
+  const std::string described = Separated(
+      selection, ",", [&definition](const Assignment& each) { return each.name + "=" + definition.Told(each); });
   const std::string records = definition.command + (selection.empty() ? "" : " with " + described);
   if (found.empty()) return Problem{.message = "there is no record of " + records};
   return Problem{.message = "there are several records of " + records + "; select one by more of its parameters"};
+}
+
+bool HoldsSecrets(Exchange& exchange) {
+  const auto holds = [&exchange](const FormDefinition& table, const std::string& column) {
+    return table.IsSecret(column) &&
+           !exchange.Dynamic().Run("SELECT 1 FROM " + table.Rows() + " WHERE [" + column + "] <> '' LIMIT 1").IsEmpty();
+  };
+  for (const FormDefinition* form : Forms()) {
+    for (const FormDefinition* table : form->OfEachTable()) {
+      if (std::ranges::any_of(table->columns, [&](const std::string& column) { return holds(*table, column); }))
+        return true;
+    }
+  }
+  return false;
 }
 
 bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::string& column, const std::string& value) {

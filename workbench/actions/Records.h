@@ -30,6 +30,8 @@ RowSet SelectRecords(Exchange& exchange, const FormDefinition& table, const std:
 std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
                                                const std::vector<Assignment>& selection);
 
+// Whether there is a record with a secret, of any command.
+bool HoldsSecrets(Exchange& exchange);
 // Whether a record has this value in the column.
 bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::string& column, const std::string& value);
 // The one record of a command that holds one for the whole exchange, where it stands.

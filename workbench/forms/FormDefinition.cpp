@@ -112,6 +112,12 @@ bool FormDefinition::IsSecret(std::string_view name) const {
   return parameter != nullptr && parameter->secret;
 }
 
+std::string FormDefinition::Told(const Assignment& assignment) const {
+  const auto& [name, value] = assignment;
+  if (!Knows(name) && std::ranges::find(columns, name) == columns.end()) return "";
+  return !value.empty() && IsSecret(name) ? hiddenValue : value;
+}
+
 bool FormDefinition::IsElsewhere(std::string_view name) const {
   const Folding* folding = FoldingWith(name);
   return std::ranges::find(elsewhere, folding == nullptr ? name : folding->parameter) != elsewhere.end();

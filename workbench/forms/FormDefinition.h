@@ -193,6 +193,9 @@ struct FormDefinition {
   bool Knows(std::string_view name) const;         // whether it is a parameter, or assumed
   std::size_t Place(std::string_view name) const;  // of a parameter in the order; after all for an unknown one
   bool IsSecret(std::string_view name) const;
+  // The value as a message may tell it: *** for a secret, and nothing where the form does not have the name, which may
+  // be that of a secret mistyped.
+  std::string Told(const Assignment& assignment) const;
   bool IsElsewhere(std::string_view name) const;  // whether it, or the whole that it is a digit of, is in `elsewhere`
   const Folding* FoldingOf(std::string_view parameter) const;   // of a whole parameter, the first
   const Folding* FoldingWith(std::string_view subDigit) const;  // that a sub-digit parameter belongs to

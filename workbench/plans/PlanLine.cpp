@@ -13,7 +13,7 @@ constexpr std::string_view blanks = " \t\r";
 // Reads a line from left to right; all reading passes over blanks and tabs in front.
 class Reader {
  public:
-  explicit Reader(std::string_view line) : rest_(line) { SkipBlanks(); }
+  explicit Reader(std::string_view line) : line_(line), rest_(line) { SkipBlanks(); }
 
   bool AtEnd() const { return rest_.empty(); }
   bool AtComment() const { return rest_.starts_with('#'); }
@@ -56,6 +56,13 @@ class Reader {
 
   std::string_view rest() const { return rest_; }
 
+  // Refuses the line for what stands next. Its text is not told: in a line that cannot be read it may be part of a
+  // secret.
+  [[noreturn]] void Refuse(const std::string& message) const {
+    const std::size_t column = Length(line_.substr(0, line_.size() - rest_.size())) + 1;
+    throw PlanLineError(message + " at column " + std::to_string(column));
+  }
+
  private:
   void SkipBlanks() {
     const std::size_t first = rest_.find_first_not_of(blanks);
@@ -75,9 +82,10 @@ class Reader {
         return value;
       }
     }
-    throw PlanLineError("a double quote is opened and not closed");
+    Refuse("a double quote is opened and not closed");
   }
 
+  std::string_view line_;
   std::string_view rest_;
 };
 
@@ -86,19 +94,16 @@ std::vector<Assignment> Assignments(Reader& reader, std::string_view ends) {
   if (reader.AtEnd() || ends.find(reader.rest().front()) != ends.npos) return assignments;
   do {
     const std::string name = reader.Name();
-    if (name.empty()) throw PlanLineError("a parameter name is missing");
-    if (!reader.Take('=')) throw PlanLineError("after " + name + " an equals sign is missing");
+    if (name.empty()) reader.Refuse("a parameter name is missing");
+    if (!reader.Take('=')) reader.Refuse("an equals sign is missing");
     assignments.push_back({name, reader.Content(std::string(ends) + ",")});
   } while (reader.Take(','));
   return assignments;
 }
 
 void End(Reader& reader) {
-  if (!reader.Take(';')) {
-    throw PlanLineError(reader.AtEnd()
-                            ? "the line is not ended: a semicolon is missing"
-                            : "a comma or the semicolon is missing before '" + Left(reader.rest(), 20) + "'");
-  }
+  if (reader.AtEnd()) throw PlanLineError("the line is not ended: a semicolon is missing");
+  if (!reader.Take(';')) reader.Refuse("a comma or the semicolon is missing");
   if (!reader.AtEnd() && !reader.AtComment())
     throw PlanLineError("after the semicolon stands more than a comment; give one action a line");
 }
@@ -128,8 +133,7 @@ std::optional<UserAction> ParsePlanLine(std::string_view line) {
     if (action.from.empty()) throw PlanLineError("after from the name of a template is missing");
   }
   if (action.kind != UserAction::Kind::Delete) {
-    const std::string before = action.from.empty() ? action.command : action.from;
-    if (!reader.Take(':')) throw PlanLineError("after " + before + " a colon is missing");
+    if (!reader.Take(':')) reader.Refuse("a colon is missing");
     action.values = Assignments(reader, ";");
   }
   End(reader);
@@ -137,10 +141,9 @@ std::optional<UserAction> ParsePlanLine(std::string_view line) {
 }
 
 Assignment ParseAssignment(std::string_view text) {
-  if (!IsUtf8(text)) throw PlanLineError("the value is not UTF-8 text");
+  if (!IsUtf8(text)) throw PlanLineError("is not UTF-8 text");
   const std::size_t equals = text.find('=');
-  if (equals == text.npos || equals == 0)
-    throw PlanLineError("'" + std::string(text) + "' is not of the form NAME=value");
+  if (equals == text.npos || equals == 0) throw PlanLineError("is not of the form NAME=value");
   return {std::string(TrimBlanks(text.substr(0, equals))), std::string(text.substr(equals + 1))};
 }
 

@@ -18,7 +18,7 @@
 
 namespace cordboard::workbench {
 
-// A line that cannot be read; the message says what is wrong with it.
+// A line that cannot be read; the message says what is wrong with it, and where, but tells no text of it.
 class PlanLineError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -30,7 +30,7 @@ inline constexpr std::size_t longestLine = 65536;
 // Reads a line. Nothing for a blank line or a comment.
 std::optional<UserAction> ParsePlanLine(std::string_view line);
 
-// The parameters as the command line of the program takes them: NAME=value.
+// A parameter as the command line of the program takes it: NAME=value. The message says what is wrong, not with which.
 Assignment ParseAssignment(std::string_view text);
 
 }  // namespace cordboard::workbench

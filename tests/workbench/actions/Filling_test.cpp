@@ -45,7 +45,7 @@ TEST_F(FillingTest, AFormCanBeFilledWithoutActing) {
 TEST_F(FillingTest, EveryValueThatIsRefusedIsToldAndTheOthersAreSet) {
   const Filling filling = FillForm(session_, sytds_, {{"CDNAL", "99"}, {"OTHER", "1"}, {"NOTE", "x"}, {"NOTE", "y"}});
   EXPECT_THAT(Told(filling.problems()),
-              ElementsAre("CDNAL=99: this value is not possible here", "OTHER=1: there is no parameter OTHER in SYTDS.",
+              ElementsAre("CDNAL=99: this value is not possible here", "OTHER=: there is no parameter OTHER in SYTDS.",
                           "NOTE=y: this parameter is given twice"));
   EXPECT_EQ(Get("CDNAL"), "Empty");
   EXPECT_EQ(Get("NOTE"), "\"x\"");

@@ -115,7 +115,7 @@ TEST_F(UserActionTest, AnActionThatTheFormDoesNotOfferIsRefused) {
 
 TEST_F(UserActionTest, AParameterThatThereIsNotIsRefusedWithTheNearestOne) {
   EXPECT_EQ(Add(gespi_, {{"CSP", "1"}, {"TRAF_D4", "1"}}),
-            "TRAF_D4=1: there is no parameter TRAF_D4 in GESPI. Did you mean TRAF_D1?");
+            "TRAF_D4=: there is no parameter TRAF_D4 in GESPI. Did you mean TRAF_D1?");
   EXPECT_EQ(Add(gespi_, {{"CSP", "1"}, {"TRAF", "123"}}), "TRAF=123: there is no parameter TRAF in GESPI.")
       << "a column that the form does not show";
   EXPECT_THAT(Add(gespi_, {{"CSP", "1"}, {"CMDID", "1"}}),
@@ -145,7 +145,7 @@ TEST_F(UserActionTest, WhatHasToBeGivenIsAskedForByItsTitle) {
 
 TEST_F(UserActionTest, EverythingThatIsWrongIsToldAtOnce) {
   EXPECT_EQ(AddNumbers({{"NUMTIP", "EX"}, {"NUMSE", "5&&4"}}),
-            "NUMTIP=EX: there is no parameter NUMTIP in NANSI. Did you mean NUMTYP?\n"
+            "NUMTIP=: there is no parameter NUMTIP in NANSI. Did you mean NUMTYP?\n"
             "NUMSE=5&&4: the range 5&&4 ends before it begins\n"
             "NUMTYP=: this parameter has to be given (Number type)");
 }
@@ -321,7 +321,7 @@ TEST_F(UserActionTest, ARecordIsSelectedByColumnsAndHasToBeOneAlone) {
   EXPECT_EQ(Edit(gespi_, {{"DESCRIPTION", "same"}}, change),
             "there are several records of GESPI with DESCRIPTION=same; select one by more of its parameters");
   EXPECT_EQ(Edit(gespi_, {}, change), "there are several records of GESPI; select one by more of its parameters");
-  EXPECT_EQ(Edit(gespi_, {{"CSQ", "1"}}, change), "CSQ=1: a record of GESPI has no CSQ. Did you mean CSP?");
+  EXPECT_EQ(Edit(gespi_, {{"CSQ", "1"}}, change), "CSQ=: a record of GESPI has no CSQ. Did you mean CSP?");
   EXPECT_EQ(Edit(gespi_, {{"TRAF_D1", "1"}}, change), "TRAF_D1=1: a record of GESPI has no TRAF_D1.");
   EXPECT_EQ(Edit(gespi_, {{"CSP", "x' OR '1' = '1"}}, change), "there is no record of GESPI with CSP=x' OR '1' = '1");
   EXPECT_EQ(Edit(gespi_, {{"DESCRIPTION", "same"}, {"CSP", "2"}}, change), "done");

@@ -57,9 +57,9 @@ TEST(PlanLine, AnAddMayBeFromATemplate) {
   EXPECT_EQ(Parsed("from:A=1;"), "add from | A=<1>");
   EXPECT_EQ(Refused("KSEXI from :DIR=100;"), "after from the name of a template is missing");
   EXPECT_EQ(Refused("KSEXI from \"\":DIR=100;"), "after from the name of a template is missing");
-  EXPECT_EQ(Refused("KSEXI from Office;"), "after Office a colon is missing");
+  EXPECT_EQ(Refused("KSEXI from Office;"), "a colon is missing at column 18");
   EXPECT_EQ(Refused("KSEXI from:DIR=100;"), "after from the name of a template is missing");
-  EXPECT_EQ(Refused("KSEXI fromage:DIR=100;"), "after KSEXI a colon is missing");
+  EXPECT_EQ(Refused("KSEXI fromage:DIR=100;"), "a colon is missing at column 7");
   EXPECT_EQ(Refused("edit KSEXI from Office:CAT=1;"), "only an add is made from a template");
   EXPECT_EQ(Parsed("edit KSEXI from=1:CAT=1;"), "edit KSEXI from=<1> | CAT=<1>");
 }
@@ -126,9 +126,9 @@ TEST(PlanLine, EveryLineEndsWithASemicolon) {
 }
 
 TEST(PlanLine, AColonStandsBehindTheCommandOfAnAddAndTheSelectionOfAnEdit) {
-  EXPECT_EQ(Refused("A;"), "after A a colon is missing");
-  EXPECT_EQ(Refused("A B=1;"), "after A a colon is missing");
-  EXPECT_EQ(Refused("edit A B=1;"), "after A a colon is missing");
+  EXPECT_EQ(Refused("A;"), "a colon is missing at column 2");
+  EXPECT_EQ(Refused("A B=1;"), "a colon is missing at column 3");
+  EXPECT_EQ(Refused("edit A B=1;"), "a colon is missing at column 11");
 }
 
 TEST(PlanLine, ACommandIsNamed) {
@@ -141,32 +141,39 @@ TEST(PlanLine, ACommandIsNamed) {
 }
 
 TEST(PlanLine, AParameterIsNamed) {
-  EXPECT_EQ(Refused("A:=1;"), "a parameter name is missing");
-  EXPECT_EQ(Refused("A:B=1,;"), "a parameter name is missing");
-  EXPECT_EQ(Refused("A:,B=1;"), "a parameter name is missing");
+  EXPECT_EQ(Refused("A:=1;"), "a parameter name is missing at column 3");
+  EXPECT_EQ(Refused("A:B=1,;"), "a parameter name is missing at column 7");
+  EXPECT_EQ(Refused("A:,B=1;"), "a parameter name is missing at column 3");
 }
 
 TEST(PlanLine, AnEqualsSignStandsBehindAName) {
-  EXPECT_EQ(Refused("A:B;"), "after B an equals sign is missing");
-  EXPECT_EQ(Refused("A:B 1;"), "after B an equals sign is missing");
-  EXPECT_EQ(Refused("A:B=1,C;"), "after C an equals sign is missing");
-  EXPECT_EQ(Refused("delete A B;"), "after B an equals sign is missing");
+  EXPECT_EQ(Refused("A:B;"), "an equals sign is missing at column 4");
+  EXPECT_EQ(Refused("A:B 1;"), "an equals sign is missing at column 5");
+  EXPECT_EQ(Refused("A:B=1,C;"), "an equals sign is missing at column 8");
+  EXPECT_EQ(Refused("delete A B;"), "an equals sign is missing at column 11");
 }
 
 TEST(PlanLine, BetweenValuesStandsAComma) {
-  EXPECT_EQ(Refused("A:B=\"x\"y;"), "a comma or the semicolon is missing before 'y;'");
-  EXPECT_EQ(Refused("A:B=\"x\" C=1;"), "a comma or the semicolon is missing before 'C=1;'");
-  EXPECT_EQ(Refused("delete A B=1:C=2;"), "a comma or the semicolon is missing before ':C=2;'");
+  EXPECT_EQ(Refused("A:B=\"x\"y;"), "a comma or the semicolon is missing at column 8");
+  EXPECT_EQ(Refused("A:B=\"x\" C=1;"), "a comma or the semicolon is missing at column 9");
+  EXPECT_EQ(Refused("delete A B=1:C=2;"), "a comma or the semicolon is missing at column 13");
 }
 
-TEST(PlanLine, WhatAMessageShowsOfALineIsCutBetweenCharacters) {
-  EXPECT_EQ(Refused("A:B=\"x\"äöüäöüäöüäöüäöüäöüäöüäöü;"),
-            "a comma or the semicolon is missing before 'äöüäöüäöüäöüäöüäöüäö'");
+TEST(PlanLine, AColumnCountsCharactersFromTheBeginningOfTheLine) {
+  EXPECT_EQ(Refused("A:B=\"äöü\"x;"), "a comma or the semicolon is missing at column 10");
+  EXPECT_EQ(Refused(" \tA:B;"), "an equals sign is missing at column 6");
+}
+
+TEST(PlanLine, TheTextOfALineThatCannotBeReadIsNotTold) {
+  EXPECT_EQ(Refused("A:B=red,green#blue;"), "an equals sign is missing at column 14");
+  EXPECT_EQ(Refused("A:B=\"red\"\"gre\"en;"), "a comma or the semicolon is missing at column 15");
+  EXPECT_EQ(Refused("green\";"), "a colon is missing at column 6");
 }
 
 TEST(PlanLine, AnOpenDoubleQuoteIsClosed) {
-  for (const char* line : {"A:B=\"", "A:B=\"x;", "A:B=\"x\"\"", "A:B=\"x\"\";", "delete A B=\"x;"})
-    EXPECT_EQ(Refused(line), "a double quote is opened and not closed") << line;
+  for (const char* line : {"A:B=\"", "A:B=\"x;", "A:B=\"x\"\"", "A:B=\"x\"\";"})
+    EXPECT_EQ(Refused(line), "a double quote is opened and not closed at column 5") << line;
+  EXPECT_EQ(Refused("delete A B=\"x;"), "a double quote is opened and not closed at column 12");
 }
 
 TEST(PlanLine, OneActionALine) {
@@ -203,10 +210,10 @@ TEST(Assignment, ANameAndAValueStandOnBothSidesOfTheFirstEqualsSign) {
 
 TEST(Assignment, OneWithoutANameOrWithoutAnEqualsSignIsRefused) {
   const auto refused = [](std::string_view text) { return Refusal<PlanLineError>([&] { ParseAssignment(text); }); };
-  EXPECT_EQ(refused("NUMTYP"), "'NUMTYP' is not of the form NAME=value");
-  EXPECT_EQ(refused("=EX"), "'=EX' is not of the form NAME=value");
-  EXPECT_EQ(refused(""), "'' is not of the form NAME=value");
-  EXPECT_EQ(refused("A=\xFF"), "the value is not UTF-8 text");
+  EXPECT_EQ(refused("NUMTYP"), "is not of the form NAME=value");
+  EXPECT_EQ(refused("=EX"), "is not of the form NAME=value");
+  EXPECT_EQ(refused(""), "is not of the form NAME=value");
+  EXPECT_EQ(refused("A=\xFF"), "is not UTF-8 text");
 }
 
 }  // namespace

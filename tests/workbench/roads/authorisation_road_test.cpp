@@ -214,7 +214,7 @@ TEST_F(AUCOIRoad, ARecordIsFoundChangedAndDeletedInItsOwnTable) {
   EXPECT_EQ(Do("edit AUCOI AUTH=1111:CUST=1;"),
             "there are several records of AUCOI with AUTH=1111; select one by more of its parameters");
   EXPECT_EQ(Do("edit AUCOI AUTH=1111,DIR=201:CUST=1;"), "there is no record of AUCOI with AUTH=1111,DIR=201");
-  EXPECT_EQ(Do("edit AUCOI CATE=1:CUST=1;"), "CATE=1: a record of AUCOI has no CATE. Did you mean CAT?");
+  EXPECT_EQ(Do("edit AUCOI CATE=1:CUST=1;"), "CATE=: a record of AUCOI has no CATE. Did you mean CAT?");
   EXPECT_EQ(Do("edit AUCOI DIR=200:DIR=201,CUST=2,AUTH=2222;"), "done");
   EXPECT_EQ(Do("edit AUCOI AUTH=1111:CHECK=0,CUST=1;"), "done");
   EXPECT_EQ(Rows(centralCodes), "EX|1111|0|1|-|1");

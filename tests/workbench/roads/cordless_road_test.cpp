@@ -132,6 +132,12 @@ TEST_F(CXAKIRoad, AnAuthenticationParameterOfAnotherLengthIsAddedWithAWarningAnd
   EXPECT_EQ(Extensions(), "340|-|-|1234");
 }
 
+TEST_F(CXAKIRoad, WhatAuthenticatesATelephoneIsNotTold) {
+  EXPECT_EQ(road.Do("CXAKI:DIR=340,AUTKEY=47'11;"), "AUTKEY=***: a value must not hold a quote character (')");
+  EXPECT_EQ(road.Do("edit CXAKI AUTKEY=4711,AUTPAR=1234:DIR=341;"),
+            "there is no record of CXAKI with AUTKEY=***,AUTPAR=***");
+}
+
 // --- CXCFI.
 
 struct CXCFIRoad : CordlessRoad {

@@ -121,6 +121,15 @@ TEST_F(IPEXIRoad, APasswordThatIsRefusedIsNotTold) {
   EXPECT_EQ(Marks(), "350|- 351|- 352|- 353|-");
 }
 
+TEST_F(IPEXIRoad, APasswordBehindAWrongNameIsNotTold) {
+  const std::string unknown = ": there is no parameter PASWS in IPEXI. Did you mean PASSW?";
+  EXPECT_EQ(road.Do("IPEXI:DIR=350,PASWS=secret;"), "PASWS=" + unknown);
+  EXPECT_EQ(road.Do("IPEXI:DIR=350,PASWS=secret,PASWS=secrets;"),
+            "PASWS=" + unknown + "\nPASWS=: this parameter is given twice");
+  EXPECT_EQ(road.Do("edit IPEXI PASWS=secret:DIR=351;"), "PASWS=: a record of IPEXI has no PASWS. Did you mean PASSW?");
+  EXPECT_EQ(Marks(), "350|- 351|- 352|- 353|-");
+}
+
 // --- IPGDI.
 
 struct IPGDIRoad : testing::Test {

@@ -87,7 +87,7 @@ TEST(SYDASRoad, FixedValuesAreOfferedAndAskedFor) {
   EXPECT_EQ(road.Values("SYDAS", "PGJOB"), "0 1 2 3");
   EXPECT_EQ(road.Values("SYDAS", "NTC"), "no list");
   EXPECT_EQ(road.Do("SYDAS:DIVPRI=2;"), "DIVPRI=2: this value is not possible here [0, 1]");
-  EXPECT_EQ(road.Do("SYDAS:DIVPRIO=1;"), "DIVPRIO=1: there is no parameter DIVPRIO in SYDAS. Did you mean DIVPRI?");
+  EXPECT_EQ(road.Do("SYDAS:DIVPRIO=1;"), "DIVPRIO=: there is no parameter DIVPRIO in SYDAS. Did you mean DIVPRI?");
   EXPECT_EQ(road.Do("edit SYDAS:NTC=1;"), "there is no record of SYDAS");
 }
 

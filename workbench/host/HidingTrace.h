@@ -1,0 +1,46 @@
+// A host that notes every operation as TracingHost does, but for the secrets of a form: they are hidden by their place
+// in the calls, whatever they are.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "script/TracingHost.h"
+#include "workbench/forms/FormDefinition.h"
+
+namespace cordboard::workbench {
+
+// The places in which a call or its answer has a secret:
+//
+//   - an operation on the parameter, by its name: what it passes and what comes back;
+//   - the column of an insert, an update or a select, and of the rows that a query gives;
+//   - in a statement what is quoted behind "NAME =", in a line of the debug window all that stands behind it;
+//   - where the parameter has a check: what a check compares, and the value before.
+class HidingTrace : public ForwardingHost {
+ public:
+  HidingTrace(std::shared_ptr<Host> next, const FormDefinition& form);
+
+  // The calls in the order in which they began.
+  const std::vector<TracedCall>& calls() const { return calls_; }
+
+ protected:
+  HostAnswer Answer(const HostCall& call) override;
+
+ private:
+  bool IsSecret(const Argument& name) const;
+  HostCall Shown(HostCall call) const;
+  HostAnswer Shown(HostAnswer answer, const HostCall& call) const;
+  void HideInColumns(HostCall& call, std::size_t columns) const;
+  std::string HiddenInStatement(std::string sql) const;
+  std::string HiddenInLine(std::string line) const;
+  // Whether each of the columns that the call asks for is secret; of none where that is not told.
+  std::vector<bool> SecretColumns(const HostCall& call) const;
+
+  std::vector<std::string> secrets_;
+  bool compared_ = false;
+  std::vector<TracedCall> calls_;
+  int depth_ = 0;
+};
+
+}  // namespace cordboard::workbench
