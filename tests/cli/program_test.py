@@ -636,11 +636,15 @@ Length in all: 20
         self.fails(USAGE, "a semicolon is missing", "explain", self.exchange, "NANSI:NUMTYP=EC")
         self.fails(USAGE, "the line holds no action", "explain", self.exchange, "# nothing")
 
-    def test_commands_lists_what_is_built(self):
+    def test_commands_lists_all_commands_by_family(self):
         text = self.ends(DONE, "commands").stdout
-        self.assertRegex(text, r"(?m)^NANSI +Number series$")
-        entry = next(entry for entry in self.json("commands") if entry["command"] == "NANSI")
-        self.assertEqual(sorted(entry), ["command", "help", "title"])
+        self.assertRegex(text, r"(?m)^Number plan *\n(\w+ .*\n)*NANSI +Number series\n(\w+ .*\n)*\nSystem data")
+        listed = self.json("commands")
+        self.assertEqual(len(listed), 87)
+        self.assertEqual(len({entry["command"] for entry in listed}), 87)
+        entry = next(entry for entry in listed if entry["command"] == "NANSI")
+        self.assertEqual(sorted(entry), ["command", "family", "help", "title"])
+        self.assertEqual(entry["family"], "numberplan")
 
     def test_help_tells_the_parameters_of_a_command(self):
         text = self.ends(DONE, "help", "NANSI").stdout

@@ -74,10 +74,10 @@ class Tree:
         owners = [module for module in self.modules if stem == module or stem.startswith(module + "_")]
         return max(owners, key=len, default=None)
 
-    def rows(self):
+    def rows(self, kind="COMMAND"):
         """The rows of the registry: (family, command)."""
         text = self.text("entry/Commands.def") if "entry/Commands.def" in self.present else ""
-        return re.findall(r"^COMMAND\((\w+), (\w+)\)$", text, re.MULTILINE)
+        return re.findall(rf"^{kind}\((\w+), (\w+)\)$", text, re.MULTILINE)
 
     def includes(self, path):
         """The included names in a source file: (line number, bracket, name); the name is None where there is none."""
@@ -180,7 +180,9 @@ def check_command_files_belong(tree):
 
 
 def check_rows(tree):
-    """Every row of the registry has its module."""
+    """Every command of the exchange has a row that is built, and its module."""
+    for family, command in tree.rows("PLANNED"):
+        yield f"entry/Commands.def: the command {command} of the family {family} has no module"
     for family, command in tree.rows():
         module = MODULE_OF_COMMAND.get(command, command)
         if tree.modules.get(module) != family:

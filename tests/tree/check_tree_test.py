@@ -84,6 +84,8 @@ BAD = [
     ("shared/Usage.cpp", '#include "entry/Registry.h"\n', "shared/Usage.cpp:1: shared/ may not include entry/Registry.h"),
     ("entry/Commands.def", GOOD["entry/Commands.def"].replace("COMMAND(keyextensions, KSANI)\n", ""),
      "commands/keyextensions/KSANI.cpp: the module lacks its row COMMAND(keyextensions, KSANI)"),
+    ("entry/Commands.def", GOOD["entry/Commands.def"] + "PLANNED(numberplan, NANSI)\n",
+     "entry/Commands.def: the command NANSI of the family numberplan has no module"),
     ("entry/Commands.def", GOOD["entry/Commands.def"] + "COMMAND(numberplan, NANSI)\n",
      "entry/Commands.def: the row COMMAND(numberplan, NANSI) lacks its module commands/numberplan/NANSI.cpp"),
     ("commands/keyextensions/Helpers.cpp", "int x;\n", "commands/keyextensions/Helpers.cpp: the file has no table"),

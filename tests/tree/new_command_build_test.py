@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Makes a command in a copy of the tree, builds it, and shows that one block of its transcript alone fails.
+"""Makes a command in a copy of the tree, builds it, and shows that one block of its transcript fails, and no other test
+but the one that counts the commands.
 
 Usage: new_command_build_test.py BUILD    the folder of a build by Ninja, of which the objects of all other files are used
 """
@@ -18,11 +19,10 @@ from check_tree import complaints
 
 SOURCE = Path(__file__).resolve().parents[2]
 BUILD = Path()
-# Any command that is not built yet, and whose module bears its name.
-PLANNED = [(family, name) for family, name in
-           re.findall(r"^PLANNED\((\w+), (\w+)\)$", (SOURCE / "entry/Commands.def").read_text(), re.MULTILINE)
-           if not name.endswith("TEMPLATE")]
-FAMILY, NAME = PLANNED[-1] if PLANNED else ("", "")
+# A command that no exchange has, planned in the copy.
+FAMILY, NAME = "system", "XTEST"
+TABLE = {"name": NAME, "columns": ["CMDID", "DIR", "CUST"], "types": {"CMDID": "whole"},
+         "indexes": [["CMDID"]]}
 
 
 def run(*arguments, folder=None, check=True):
@@ -36,11 +36,19 @@ class Tree:
     def __init__(self, root):
         self.root = root
         shutil.copytree(SOURCE, root, dirs_exist_ok=True, ignore=shutil.ignore_patterns("build", ".git", "__pycache__"))
+        self.plan()
         self.made = run(root / "tools/new-command", NAME).stdout
         self.objects = root / "build"
         self.objects.mkdir()
         commands = json.loads((BUILD / "compile_commands.json").read_text())
         self.commands = {entry["file"]: shlex.split(entry["command"]) for entry in commands}
+
+    def plan(self):
+        registry = self.root / "entry/Commands.def"
+        registry.write_text(registry.read_text() + f"PLANNED({FAMILY}, {NAME})\n")
+        schema = self.root / "data/schema.json"
+        tables = schema.read_text()
+        schema.write_text(tables.replace('"dynamic": [', f'"dynamic": [{json.dumps(TABLE)},', 1))
 
     def compile(self, source, like):
         """Compiles a file with the options of one that the build has."""
@@ -80,7 +88,6 @@ def failures(program):
     return failed, skipped
 
 
-@unittest.skipUnless(PLANNED, "all commands are built")
 class NewCommandBuilds(unittest.TestCase):
     def test_everything_builds_and_one_test_fails_until_it_is_filled_in(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -102,7 +109,9 @@ class NewCommandBuilds(unittest.TestCase):
 
             library = failures(tree.link("library-tests", [module, registry, sources]))
             workbench = failures(tree.link("workbench-tests", [module, registry, data, sources, road]))
-            self.assertEqual(library[0] + workbench[0], [f"{NAME}.DoesWhatItsRulesSay"])
+            self.assertEqual(library[0] + workbench[0],
+                             [f"{NAME}.DoesWhatItsRulesSay",
+                              "Registry.ThereAre87CommandsOfDifferentNames"])  # it is one more than the exchange has
             self.assertIn(f"{NAME}Road.TODO", workbench[1])
 
 
