@@ -13,20 +13,6 @@ namespace cordboard::cli {
 
 namespace {
 
-// Performs the action and undoes it; gives what it came to, and its calls.
-template <typename Trace, typename... Given>
-workbench::Outcome Try(workbench::Exchange& exchange, const workbench::UserAction& action,
-                       std::vector<TracedCall>& calls, const Given&... given) {
-  std::shared_ptr<Trace> trace;
-  workbench::Session session(
-      exchange, [&](std::shared_ptr<Host> host) { return trace = std::make_shared<Trace>(std::move(host), given...); });
-  workbench::Transaction transaction(exchange);
-  workbench::Outcome outcome = Perform(session, action);
-  transaction.RollBack();
-  calls = trace->calls();
-  return outcome;
-}
-
 void Print(const std::vector<TracedCall>& calls, const workbench::Outcome& outcome) {
   for (const TracedCall& call : calls) {
     std::cout << std::string(static_cast<std::size_t>(call.depth) * 2, ' ') << call.call;
@@ -61,13 +47,19 @@ int Explain(const ExplainOptions& options) {
   const auto exchange = OpenToWrite(options.file);
   const workbench::FormDefinition& form = FormOf(action.command);
   WarnOfReaders(*exchange, options.file);
-  std::vector<TracedCall> calls;
-  const workbench::Outcome outcome = options.secrets ? Try<TracingHost>(*exchange, action, calls)
-                                                     : Try<workbench::HidingTrace>(*exchange, action, calls, form);
+  std::shared_ptr<TracingHost> trace;
+  workbench::Session session(*exchange, [&](std::shared_ptr<Host> host) {
+    return trace = options.secrets ? std::make_shared<TracingHost>(std::move(host))
+                                   : std::make_shared<workbench::HidingTrace>(std::move(host), form);
+  });
+  workbench::Transaction transaction(*exchange);
+  const workbench::Outcome outcome = Perform(session, action);
+  transaction.RollBack();
+
   if (options.json) {
-    PrintAsJson(calls, outcome);
+    PrintAsJson(trace->calls(), outcome);
   } else {
-    Print(calls, outcome);
+    Print(trace->calls(), outcome);
   }
   for (const auto& problem : outcome.problems) Error(Written(action.command, problem));
   for (const auto& problem : outcome.warnings) Warning(Written(action.command, problem));

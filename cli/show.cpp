@@ -64,7 +64,7 @@ const workbench::Folding* ListOf(const workbench::FormDefinition& form) {
 
 // The value, with its description where the list of the parameter has one.
 std::string InWords(workbench::Session& session, const std::string& parameter) {
-  const std::string value = Joined(session.form().Get(parameter));
+  std::string value = Joined(session.form().Get(parameter));
   const workbench::ValueList* list = value.empty() ? nullptr : session.host().FreshList(parameter);
   if (list == nullptr) return value;
   const std::vector<workbench::ValidValue> all = list->All();

@@ -70,14 +70,14 @@ std::string TraceText(const HostAnswer& answer) {
 
 HostAnswer TracingHost::Answer(const HostCall& call) {
   const std::size_t index = calls_.size();
-  calls_.push_back({TraceText(call), "failed", depth_});
+  calls_.push_back({Noted(call), "failed", depth_});
   struct Deeper {
     int& depth;
     explicit Deeper(int& counter) : depth(counter) { ++depth; }
     ~Deeper() { --depth; }
   } const deeper(depth_);
   HostAnswer answer = ForwardingHost::Answer(call);
-  calls_[index].answer = TraceText(answer);
+  calls_[index].answer = Noted(answer, call);
   return answer;
 }
 

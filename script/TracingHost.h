@@ -33,6 +33,9 @@ class TracingHost : public ForwardingHost {
 
  protected:
   HostAnswer Answer(const HostCall& call) override;
+  // What is noted of a call, and of its answer.
+  virtual std::string Noted(const HostCall& call) const { return TraceText(call); }
+  virtual std::string Noted(const HostAnswer& answer, const HostCall&) const { return TraceText(answer); }
 
  private:
   std::vector<TracedCall> calls_;

@@ -112,10 +112,11 @@ Folding Folded(const std::string& whole, const Names& parameters, const Exceptio
 Folding ListOf(const std::string& whole, const Exception& exception, const FormDefinition& form, const DataItem& file) {
   Folding folding{.parameter = whole, .separator = exception.separator, .isList = true, .sum = exception.sum};
   if (folding.separator.empty()) file.Fail("the list " + whole + " has no separator");
-  for (const std::string& part : exception.list) {
-    if (form.Find(part) == nullptr) file.Fail("the list " + whole + " has a part " + part + ", which is no parameter");
-    folding.places.push_back({++folding.length, 1, {part}});
-  }
+  const auto unknown =
+      std::ranges::find_if(exception.list, [&](const std::string& part) { return form.Find(part) == nullptr; });
+  if (unknown != exception.list.end())
+    file.Fail("the list " + whole + " has a part " + *unknown + ", which is no parameter");
+  for (const std::string& part : exception.list) folding.places.push_back({++folding.length, 1, {part}});
   return folding;
 }
 

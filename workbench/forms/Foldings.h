@@ -9,9 +9,8 @@
 // A whole has as many digits as its parameters tell, unless it has a length, and its fill is "0". Parameters of
 // alternatives never have values together; definitions are alternatives of which the first holds in definition 1 of the
 // whole, the second in definition 2. Parameters that stand in none belong to each. Beside parameters that add up,
-// ICAT_D3_SUB1 and ICAT_D3_SUB2, the name without a SUB is the whole digit. "each"
-// makes an entry for each number, which stands for % in its names; a list is made of parameters whose names do not tell
-// that they are parts of it.
+// ICAT_D3_SUB1 and ICAT_D3_SUB2, the name without a SUB is the whole digit. "each" makes an entry for each number,
+// which stands for % in its names; a list is made of parameters whose names do not tell that they are parts of it.
 #pragma once
 
 #include <optional>

@@ -68,25 +68,12 @@ RowSet WithHidden(const RowSet& rows, const std::vector<bool>& secret) {
 
 }  // namespace
 
-HidingTrace::HidingTrace(std::shared_ptr<Host> next, const FormDefinition& form) : ForwardingHost(std::move(next)) {
+HidingTrace::HidingTrace(std::shared_ptr<Host> next, const FormDefinition& form) : TracingHost(std::move(next)) {
   for (const ParameterDefinition& parameter : form.parameters) {
     if (!parameter.secret) continue;
     secrets_.push_back(parameter.name);
     compared_ = compared_ || parameter.check;
   }
-}
-
-HostAnswer HidingTrace::Answer(const HostCall& call) {
-  const std::size_t index = calls_.size();
-  calls_.push_back({TraceText(Shown(call)), "failed", depth_});
-  struct Deeper {
-    int& depth;
-    explicit Deeper(int& counter) : depth(counter) { ++depth; }
-    ~Deeper() { --depth; }
-  } const deeper(depth_);
-  HostAnswer answer = ForwardingHost::Answer(call);
-  calls_[index].answer = TraceText(Shown(answer, call));
-  return answer;
 }
 
 bool HidingTrace::IsSecret(const Argument& name) const {

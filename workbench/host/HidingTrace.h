@@ -17,15 +17,15 @@ namespace cordboard::workbench {
 //   - the column of an insert, an update or a select, and of the rows that a query gives;
 //   - in a statement what is quoted behind "NAME =", in a line of the debug window all that stands behind it;
 //   - where the parameter has a check: what a check compares, and the value before.
-class HidingTrace : public ForwardingHost {
+class HidingTrace : public TracingHost {
  public:
   HidingTrace(std::shared_ptr<Host> next, const FormDefinition& form);
 
-  // The calls in the order in which they began.
-  const std::vector<TracedCall>& calls() const { return calls_; }
-
  protected:
-  HostAnswer Answer(const HostCall& call) override;
+  std::string Noted(const HostCall& call) const override { return TraceText(Shown(call)); }
+  std::string Noted(const HostAnswer& answer, const HostCall& call) const override {
+    return TraceText(Shown(answer, call));
+  }
 
  private:
   bool IsSecret(const Argument& name) const;
@@ -39,8 +39,6 @@ class HidingTrace : public ForwardingHost {
 
   std::vector<std::string> secrets_;
   bool compared_ = false;
-  std::vector<TracedCall> calls_;
-  int depth_ = 0;
 };
 
 }  // namespace cordboard::workbench
