@@ -42,13 +42,6 @@ bool MoveDirectoryNumber(const Action& action, const std::string& column, const 
          (value.IsEmpty() || TakeDirectoryNumber(value, TYPE));
 }
 
-void MoveDirectoryNumberUntested(const Action& action, const Value& value, const std::string& TYPE,
-                                 const std::function<std::string()>& column) {
-  FreeDirectoryNumber(StoredNumber(action, "DIR"));
-  UpdateColumnOrNull(action.CmdName, action.CmdId, column(), value);
-  if (!value.IsEmpty()) TakeDirectoryNumber(value, TYPE);
-}
-
 bool DeleteRowAndFreeNumber(const Action& action, const std::string& column) {
   const RowSet rows = Stored(action, column);
   return DeleteRow(action.CmdName, action.CmdId) && (rows.IsEmpty() || FreeDirectoryNumber(rows[0][0]));

@@ -2,7 +2,6 @@
 // while the number is free.
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "script/Action.h"
@@ -26,10 +25,6 @@ Value StoredNumber(const Action& action, const std::string& column);
 // Null and takes nothing. Ends at the first step that fails, and reports nothing. Without a record the empty number is
 // freed.
 bool MoveDirectoryNumber(const Action& action, const std::string& column, const Value& value, const std::string& TYPE);
-// The same for the number that the record has in DIR, but no answer is tested: none of the statements stops the next.
-// The column that is written is asked for when its turn comes, behind the number that is freed.
-void MoveDirectoryNumberUntested(const Action& action, const Value& value, const std::string& TYPE,
-                                 const std::function<std::string()>& column);
 
 // Deletes the record, then frees its number; without a record nothing is freed. Reports nothing.
 bool DeleteRowAndFreeNumber(const Action& action, const std::string& column);

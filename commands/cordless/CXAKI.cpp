@@ -48,7 +48,9 @@ bool Add(const Action&) {
 // The old number is freed first, so that one that stays the same ends taken. No statement of the move is tested, since
 // the column is written once more behind it, and that decides.
 void MoveDIR(const Action& action, const Value& DIR) {
-  MoveDirectoryNumberUntested(action, DIR, "CX", [] { return "DIR"; });
+  FreeDirectoryNumber(StoredNumber(action, "DIR"));
+  UpdateColumnOrNull(action.CmdName, action.CmdId, "DIR", DIR);
+  if (!DIR.IsEmpty()) TakeDirectoryNumber(DIR, "CX");
 }
 
 // A length that is refused ends the edit. A column that cannot be written does not, and the last one decides; but

@@ -33,7 +33,9 @@ bool Add(const Action& action) {
 // The number is written into the column that ParamList names first, whichever that is; it gets its own value when its
 // turn comes. No statement of the move is tested.
 void MoveDIR(const Action& action, const Value& DIR) {
-  MoveDirectoryNumberUntested(action, DIR, "RE", [&] { return action.Parameter(); });
+  FreeDirectoryNumber(StoredNumber(action, "DIR"));
+  UpdateColumnOrNull(action.CmdName, action.CmdId, action.Parameter(), DIR);
+  if (!DIR.IsEmpty()) TakeDirectoryNumber(DIR, "RE");
 }
 
 // Every edit writes all three columns, whatever has changed, and DIR twice where ParamList begins with it. A value that

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "support/CallLines.h"
-#include "support/Outcome.h"
 #include "support/ScriptedHost.h"
 
 namespace cordboard {
@@ -14,7 +13,6 @@ const Action action{.FunctionName = "EditInfo", .CmdName = "IPEXI", .CmdId = 7};
 const std::string read = "SELECT DIR FROM IPEXI WHERE CmdId = 7";
 const std::string cleared = StatementLine("UPDATE IPEXI SET DIR = Null{NL} WHERE CmdId = 7");
 const std::string written = StatementLine("UPDATE IPEXI SET DIR = '201'{NL} WHERE CmdId = 7");
-const std::string writtenElsewhere = StatementLine("UPDATE IPEXI SET PASSW = '201'{NL} WHERE CmdId = 7");
 const std::string deleted = StatementLine("DELETE * FROM IPEXI{NL} WHERE CmdId = 7");
 
 std::string Taken(const std::string& DIR) {
@@ -29,9 +27,6 @@ struct DirectoryNumbers : testing::Test {
 
   bool Move(const Value& value) {
     return host.With([&] { return MoveDirectoryNumber(action, "DIR", value, "IP"); });
-  }
-  void MoveUntested(const Value& value) {
-    host.With([&] { MoveDirectoryNumberUntested(action, value, "IP", [] { return "PASSW"; }); });
   }
   bool Delete() {
     return host.With([&] { return DeleteRowAndFreeNumber(action, "DIR"); });
@@ -84,50 +79,6 @@ TEST_F(DirectoryNumbers, TheFirstOfTwoRowsHasTheOldOne) {
   host.Rows(read, {{"200", "199"}});
   EXPECT_TRUE(Move("201"));
   EXPECT_EQ(host.Calls(), Lines({QueryLine(read), Freed("200"), written, Taken("201")}));
-}
-
-// --- A move that is not tested.
-
-TEST_F(DirectoryNumbers, AMoveThatIsNotTestedWritesTheColumnThatItAsksFor) {
-  host.Rows(read, {{"200"}});
-  MoveUntested("201");
-  EXPECT_EQ(host.Calls(), Lines({QueryLine(read), Freed("200"), writtenElsewhere, Taken("201")}));
-}
-
-TEST_F(DirectoryNumbers, AMoveThatIsNotTestedDoesEveryStepThoughAllAreRefused) {
-  host.Refuse("scRunQuery");
-  MoveUntested("201");
-  EXPECT_EQ(host.Calls(), Lines({QueryLine(read), Freed(""), writtenElsewhere, Taken("201")}));
-}
-
-TEST_F(DirectoryNumbers, AMoveThatIsNotTestedWritesAnEmptyValueAsNullAndTakesNothing) {
-  host.Rows(read, {{"200"}});
-  MoveUntested(Value());
-  EXPECT_EQ(host.Calls(),
-            Lines({QueryLine(read), Freed("200"), StatementLine("UPDATE IPEXI SET PASSW = Null{NL} WHERE CmdId = 7")}));
-}
-
-TEST_F(DirectoryNumbers, AMoveThatIsNotTestedTakesTheEmptyNumberForANullOrTheEmptyText) {
-  for (const Value& blank : {Value::Null(), Value("")}) {
-    ScriptedHost anew;
-    anew.Rows(read, {{"200"}});
-    anew.With([&] { MoveDirectoryNumberUntested(action, blank, "IP", [] { return "DIR"; }); });
-    EXPECT_EQ(anew.Calls(), Lines({QueryLine(read), Freed("200"),
-                                   StatementLine("UPDATE IPEXI SET DIR = ''{NL} WHERE CmdId = 7"), Taken("")}));
-  }
-}
-
-TEST_F(DirectoryNumbers, AMoveThatIsNotTestedAsksForItsColumnBehindTheNumberThatIsFreed) {
-  host.Rows(read, {{"200"}});
-  const auto column = [] { return Action().Parameter(); };
-  EXPECT_EQ(host.With([&] {
-    return Outcome([&] {
-      MoveDirectoryNumberUntested(action, "201", "IP", column);
-      return true;
-    });
-  }),
-            "SubscriptOutOfRange");
-  EXPECT_EQ(host.Calls(), Lines({QueryLine(read), Freed("200")}));
 }
 
 // --- A delete.
