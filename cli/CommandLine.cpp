@@ -43,7 +43,8 @@ class CommandLine {
       return exitCode_;
     } catch (const CLI::ParseError& error) {
       // Help and version end well; every other complaint is about usage.
-      return app_.exit(error) == 0 ? Done : Usage;
+      if (error.get_exit_code() == 0) return app_.exit(error);
+      throw Exit{Usage, std::string(error.what()) + "; see cordboard" + Chosen() + " --help"};
     }
   }
 
@@ -55,6 +56,12 @@ class CommandLine {
     for (const CLI::App* sub : app_.get_subcommands({})) names.push_back(sub->get_name());
     if (std::ranges::find(names, argv[1]) == names.end())
       throw Exit{Usage, "there is no subcommand " + std::string(argv[1]) + "." + workbench::DidYouMean(argv[1], names)};
+  }
+
+  // The subcommand that was chosen, with a blank before it.
+  std::string Chosen() const {
+    const auto chosen = app_.get_subcommands();
+    return chosen.empty() ? "" : " " + chosen.front()->get_name();
   }
 
   // A subcommand and the options that its own description fills in.

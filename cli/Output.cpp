@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "script/Conversions.h"
 #include "script/Text.h"
@@ -14,45 +15,92 @@ namespace cordboard::cli {
 
 namespace {
 
+// What --json makes of messages. A program has one document.
+struct Document {
+  bool gathers = false;
+  bool printed = false;
+  nlohmann::json problems = nlohmann::json::array();
+};
+
+Document& TheDocument() {
+  static Document document;
+  return document;
+}
+
 bool Coloured() {
   const char* refused = std::getenv("NO_COLOR");
   static const bool coloured = isatty(STDERR_FILENO) == 1 && (refused == nullptr || *refused == '\0');
   return coloured;
 }
 
-void NoteIn(const char* colour, const std::string& label, const std::string& text) {
-  if (Coloured()) {
-    std::cerr << colour << label << "\033[0m: " << text << '\n';
+struct Severity {
+  const char* name;
+  const char* colour;
+};
+constexpr Severity error{"error", "\033[31m"};
+constexpr Severity warning{"warning", "\033[33m"};
+constexpr Severity note{"note", "\033[36m"};
+
+void Tell(const Severity& severity, const std::string& label, const std::string& text, nlohmann::json problem) {
+  if (TheDocument().gathers) {
+    problem["severity"] = severity.name;
+    TheDocument().problems.push_back(std::move(problem));
+  } else if (Coloured()) {
+    std::cerr << severity.colour << label << "\033[0m: " << text << '\n';
   } else {
     std::cerr << label << ": " << text << '\n';
   }
 }
 
-}  // namespace
-
-void Note(const std::string& label, const std::string& text) { NoteIn("\033[36m", label, text); }
-void Error(const std::string& text) { NoteIn("\033[31m", "error", text); }
-void Warning(const std::string& text) { NoteIn("\033[33m", "warning", text); }
-
-std::string Written(const std::string& command, const workbench::Problem& problem) {
-  std::string where = command;
+std::string Written(const Place& place, const workbench::Problem& problem) {
+  std::string text = place.file.empty() ? "" : place.file + ":" + std::to_string(place.line) + ": ";
+  std::string where = place.command;
   if (!problem.parameter.empty()) where += (where.empty() ? "" : ", ") + problem.parameter;
   if (!problem.parameter.empty() && !problem.value.empty()) where += "=" + problem.value;
-  std::string text = (where.empty() ? "" : where + ": ") + problem.message;
+  text += (where.empty() ? "" : where + ": ") + problem.message;
   if (!problem.allowed.empty()) text += (text.ends_with('.') ? " " : ". ") + ("Possible: " + problem.allowed);
   return text;
 }
 
-void PrintJson(const nlohmann::json& data) {
-  std::cout << data.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+nlohmann::json ToJson(const Place& place, const workbench::Problem& problem) {
+  nlohmann::json json{{"message", problem.message}};
+  const auto add = [&json](const char* name, const std::string& text) {
+    if (!text.empty()) json[name] = text;
+  };
+  add("file", place.file);
+  if (place.line > 0) json["line"] = place.line;
+  add("command", place.command);
+  add("parameter", problem.parameter);
+  add("value", problem.value);
+  add("possible", problem.allowed);
+  return json;
 }
 
-nlohmann::json ToJson(const workbench::Problem& problem) {
-  nlohmann::json json{{"message", problem.message}};
-  if (!problem.parameter.empty()) json["parameter"] = problem.parameter;
-  if (!problem.value.empty()) json["value"] = problem.value;
-  if (!problem.allowed.empty()) json["possible"] = problem.allowed;
-  return json;
+}  // namespace
+
+void GatherMessages() { TheDocument().gathers = true; }
+void TellOnStandardError() { TheDocument().gathers = false; }
+
+void Note(const std::string& label, const std::string& text) { Tell(note, label, text, {{"message", text}}); }
+void Error(const std::string& text) { Tell(error, error.name, text, {{"message", text}}); }
+void Warning(const std::string& text) { Tell(warning, warning.name, text, {{"message", text}}); }
+
+void Error(const Place& place, const workbench::Problem& problem) {
+  Tell(error, error.name, Written(place, problem), ToJson(place, problem));
+}
+
+void Warning(const Place& place, const workbench::Problem& problem) {
+  Tell(warning, warning.name, Written(place, problem), ToJson(place, problem));
+}
+
+void PrintJson(nlohmann::json document) {
+  document["problems"] = std::exchange(TheDocument().problems, nlohmann::json::array());
+  TheDocument().printed = true;
+  std::cout << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+}
+
+void PrintProblemsAlone() {
+  if (TheDocument().gathers && !TheDocument().printed) PrintJson(nlohmann::json::object());
 }
 
 nlohmann::json ToJson(const Value& value) {

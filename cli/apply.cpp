@@ -30,26 +30,10 @@ std::function<void(std::size_t)> Progress() {
 
 void Report(const PlanResult& result) {
   for (const workbench::LineReport& report : result.reports) {
-    for (const workbench::Problem& problem : report.problems) {
-      const std::string text =
-          report.file + ":" + std::to_string(report.line) + ": " + Written(report.command, problem);
-      report.refused ? Error(text) : Warning(text);
-    }
+    const Place place{.command = report.command, .file = report.file, .line = report.line};
+    for (const workbench::Problem& problem : report.problems)
+      report.refused ? Error(place, problem) : Warning(place, problem);
   }
-}
-
-void ReportJson(const PlanResult& result) {
-  nlohmann::json lines = nlohmann::json::array();
-  for (const workbench::LineReport& report : result.reports) {
-    nlohmann::json problems = nlohmann::json::array();
-    for (const workbench::Problem& problem : report.problems) problems.push_back(ToJson(problem));
-    lines.push_back({{"file", report.file},
-                     {"line", report.line},
-                     {"command", report.command},
-                     {"refused", report.refused},
-                     {"problems", problems}});
-  }
-  PrintJson({{"done", result.done}, {"refused", result.refused}, {"kept", result.kept}, {"lines", lines}});
 }
 
 std::string Summary(const PlanResult& result, bool dryRun) {
@@ -81,10 +65,10 @@ int Apply(const ApplyOptions& options) {
       session, files,
       {.dryRun = options.dryRun, .keepGoing = options.keepGoing, .progress = options.json ? nullptr : Progress()});
   if (!warned) WarnOfReaders(*exchange, options.file);
+  Report(result);
   if (options.json) {
-    ReportJson(result);
+    PrintJson({{"done", result.done}, {"refused", result.refused}, {"kept", result.kept}});
   } else {
-    Report(result);
     Note("plan", Summary(result, options.dryRun));
   }
   return result.refused == 0 ? Done : Refused;

@@ -49,7 +49,7 @@ int Commands(const CommandsOptions& options) {
     if (&family != families) std::cout << '\n';
     PrintTable({family.title, ""}, rows);
   }
-  if (options.json) PrintJson(data);
+  if (options.json) PrintJson({{"commands", data}});
   return Done;
 }
 

@@ -26,9 +26,7 @@ void PrintAsJson(const std::vector<TracedCall>& calls, const workbench::Outcome&
   nlohmann::json traced = nlohmann::json::array();
   for (const TracedCall& call : calls)
     traced.push_back({{"call", call.call}, {"answer", call.answer}, {"depth", call.depth}});
-  nlohmann::json problems = nlohmann::json::array();
-  for (const auto& problem : outcome.done ? outcome.warnings : outcome.problems) problems.push_back(ToJson(problem));
-  PrintJson({{"calls", traced}, {"done", outcome.done}, {"problems", problems}});
+  PrintJson({{"calls", traced}, {"done", outcome.done}});
 }
 
 workbench::UserAction Parsed(const std::string& line) {
@@ -56,13 +54,13 @@ int Explain(const ExplainOptions& options) {
   const workbench::Outcome outcome = Perform(session, action);
   transaction.RollBack();
 
+  for (const auto& problem : outcome.problems) Error({.command = action.command}, problem);
+  for (const auto& problem : outcome.warnings) Warning({.command = action.command}, problem);
   if (options.json) {
     PrintAsJson(trace->calls(), outcome);
   } else {
     Print(trace->calls(), outcome);
   }
-  for (const auto& problem : outcome.problems) Error(Written(action.command, problem));
-  for (const auto& problem : outcome.warnings) Warning(Written(action.command, problem));
   return outcome.done ? Done : Refused;
 }
 

@@ -41,11 +41,11 @@ int Generate(const GenerateOptions& options) {
     throw Exit{Usage, "the lines cannot be written over the exchange itself"};
   workbench::Session session(*exchange);
   const workbench::Generated generated = workbench::Generate(session, options.templates ? "site" : "dynamic");
-  for (const auto& [command, problem] : generated.problems) Error(Written(command, problem));
+  for (const auto& [command, problem] : generated.problems) Error({.command = command}, problem);
   if (options.json) {
     nlohmann::json data = nlohmann::json::array();
     for (const auto& line : generated.lines) data.push_back({{"command", line.command}, {"line", line.text}});
-    PrintJson(data);
+    PrintJson({{"lines", data}});
   } else if (options.output.empty()) {
     Write(generated, std::cout);
   } else {

@@ -1,8 +1,10 @@
 // cordboard: prepare a telephone exchange offline, and get its command lines.
 
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <string_view>
 
 #include "cli/CommandLine.h"
 #include "cli/Output.h"
@@ -19,10 +21,7 @@ using namespace cordboard::cli;
 
 int RunAndReport(int argc, char** argv) {
   try {
-    const int exitCode = RunCommandLine(argc, argv);
-    if (std::cout.flush()) return exitCode;
-    Error("standard output could not be written");
-    return Trouble;
+    return RunCommandLine(argc, argv);
   } catch (const Exit& exit) {
     Error(exit.message);
     return exit.code;
@@ -47,5 +46,12 @@ int RunAndReport(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
-  return RunAndReport(argc, argv);
+  // Also what the command line itself has wrong belongs to the document.
+  if (std::find(argv, argv + argc, std::string_view("--json")) != argv + argc) GatherMessages();
+  const int exitCode = RunAndReport(argc, argv);
+  if (exitCode != Done) PrintProblemsAlone();
+  if (std::cout.flush()) return exitCode;
+  TellOnStandardError();
+  Error("standard output could not be written");
+  return Trouble;
 }

@@ -131,7 +131,7 @@ int Show(const ShowOptions& options) {
         ShowRecords(*exchange, *table, selection, options.secrets, options.json ? &data : nullptr);
       }
     }
-    if (options.json) PrintJson(data);
+    if (options.json) PrintJson({{"records", data}});
   }
   return Done;
 }

@@ -31,7 +31,7 @@ int Values(const ValuesOptions& options) {
   workbench::Session session(*exchange);
   workbench::Filling filling = FillForm(session, form, given);
   const workbench::ValueList* list = filling.IsRefused() ? nullptr : filling.ListOf(options.parameter);
-  for (const auto& problem : filling.problems()) Error(Written(form.command, problem));
+  for (const auto& problem : filling.problems()) Error({.command = form.command}, problem);
   if (filling.IsRefused()) return Refused;
   if (list == nullptr)
     throw Exit{NotFound, form.command + " has no list of values for " + options.parameter + "; any value may be typed"};
@@ -40,7 +40,7 @@ int Values(const ValuesOptions& options) {
   if (options.json) {
     nlohmann::json data = nlohmann::json::array();
     for (const auto& [value, description] : all) data.push_back({{"value", value}, {"description", description}});
-    PrintJson(data);
+    PrintJson({{"values", data}});
     return Done;
   }
   for (const auto& [value, description] : all)

@@ -122,12 +122,12 @@ class Secrets(ProgramTest):
     def test_show_hides_them(self):
         lines = [line.split() for line in self.ends(DONE, "show", self.exchange, "IPEXI").stdout.splitlines()]
         self.assertEqual([line[1:] for line in lines], [["DIR", "PASSW"], ["150", "***"], ["151", "-"]])
-        records = self.json("show", self.exchange, "IPEXI")
+        records = self.json("show", self.exchange, "IPEXI")["records"]
         self.assertEqual([record["PASSW"] for record in records], ["***", None])
 
     def test_show_tells_them_to_who_asks(self):
         self.assertIn(SECRET, self.ends(DONE, "show", self.exchange, "IPEXI", "--secrets").stdout)
-        self.assertEqual(self.json("show", self.exchange, "IPEXI", "--secrets")[0]["PASSW"], SECRET)
+        self.assertEqual(self.json("show", self.exchange, "IPEXI", "--secrets")["records"][0]["PASSW"], SECRET)
 
     def test_explain_hides_those_that_are_typed_and_those_that_are_read(self):
         for line in (f'IPEXI:DIR=152,PASSW="{SECRET_AS_TYPED}";', "edit IPEXI DIR=150:DIR=152;",
@@ -181,7 +181,7 @@ class Secrets(ProgramTest):
         self.never_told("edit IPEXI DIR=150:PASWS=Tulip;", "there is no parameter PASWS in IPEXI.")
         self.never_told("GEDII:DIR=156,PASSW=Tulip;", "there is no parameter PASSW in GEDII.")
         report = json.loads(cordboard("apply", self.exchange, "-", "--json", given=b"IPEXI:PASWS=Tulip;").stdout)
-        problem = report["lines"][0]["problems"][0]
+        problem = report["problems"][0]
         self.assertEqual((problem["parameter"], "value" in problem), ("PASWS", False))
         self.fails(NOT_FOUND, "has no PASWS", "show", self.exchange, "IPEXI", "PASWS=x")
         ran = self.ends(REFUSED, "values", self.exchange, "IPEXI", "DIR", "PASWS=Tulip")
@@ -202,7 +202,11 @@ class Secrets(ProgramTest):
             self.exchange.chmod(mode)
             for arguments in (["apply", self.exchange, "-"], ["apply", self.exchange, "-", "--dry-run", "--json"],
                               ["explain", self.exchange, line.decode()]):
-                self.assertEqual(self.ends(DONE, *arguments, given=line).stderr.count(warning), 1, arguments)
+                ran = self.ends(DONE, *arguments, given=line)
+                told = json.loads(ran.stdout)["problems"] if "--json" in arguments else ran.stderr.splitlines()
+                self.assertEqual(sum("others can read" in str(message) for message in told), 1, arguments)
+                if "--json" not in arguments:
+                    self.assertIn(warning, ran.stderr)
             self.assertEqual(self.ends(DONE, "show", self.exchange, "IPEXI").stderr, "")
 
     def test_a_file_that_others_can_read_is_told_of_when_the_first_is_written(self):
@@ -372,13 +376,13 @@ class Apply(ProgramTest):
         ran = self.ends(REFUSED, "apply", self.exchange, plan, "--json")
         self.assertEqual(ran.stderr, "")
         report = json.loads(ran.stdout)
-        problem = report["lines"][0]["problems"][0]
-        self.assertTrue(problem.pop("possible").startswith("AC, AI"))
-        self.assertEqual(report, {"done": 1, "refused": 1, "kept": False, "lines": [
-            {"file": str(plan), "line": 3, "command": "NANSI", "refused": True, "problems": [
-                {"parameter": "NUMTYP", "value": "XX", "message": "this value is not possible here"}]}]})
+        self.assertTrue(report["problems"][0].pop("possible").startswith("AC, AI"))
+        self.assertEqual(report, {"done": 1, "refused": 1, "kept": False, "problems": [
+            {"severity": "error", "file": str(plan), "line": 3, "command": "NANSI", "parameter": "NUMTYP", "value": "XX",
+             "message": "this value is not possible here"}]})
         good = self.write("good.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n")
-        self.assertEqual(self.json("apply", self.exchange, good), {"done": 1, "refused": 0, "kept": True, "lines": []})
+        self.assertEqual(self.json("apply", self.exchange, good), 
+                         {"done": 1, "refused": 0, "kept": True, "problems": []})
 
     def test_an_empty_plan_is_done(self):
         self.assertEqual(self.ends(DONE, "apply", self.exchange, "-").stderr,
@@ -483,7 +487,7 @@ class Data(ProgramTest):
     def test_generate_prints_the_lines(self):
         self.prints(LINES, "generate", self.exchange)
         self.assertEqual(self.json("generate", self.exchange),
-                         [{"command": "NANSI", "line": line} for line in LINES.splitlines()])
+                         {"lines": [{"command": "NANSI", "line": line} for line in LINES.splitlines()], "problems": []})
 
     def test_generate_writes_the_lines_to_a_file(self):
         out = self.folder / "lines.txt"
@@ -536,7 +540,7 @@ ITEM   Position  Length  Kind
 DATA1  1         20      M (Free text)
 Length in all: 20
 """)
-        self.assertEqual(self.json("show", self.exchange, "CLFOC", "FORM=5")[0]["DATA"], "1-20-M")
+        self.assertEqual(self.json("show", self.exchange, "CLFOC", "FORM=5")["records"][0]["DATA"], "1-20-M")
 
     def test_show_lists_the_records_of_both_tables_of_a_command(self):
         self.ends(DONE, "apply", self.exchange, "-", given=b"""\
@@ -548,7 +552,7 @@ Length in all: 20
         lines = [line.split() for line in self.ends(DONE, "show", self.exchange, "AUCOI").stdout.splitlines()]
         self.assertEqual([line[2:4] for line in lines],
                          [["AUTH", "CHECK"], ["1111", "1"], ["AUTH", "DIR"], ["2222", "100"]])
-        records = self.json("show", self.exchange, "AUCOI")
+        records = self.json("show", self.exchange, "AUCOI")["records"]
         self.assertEqual([record["AUTH"] for record in records], ["1111", "2222"])
         counted = {table["command"]: table["records"] for table in self.json("show", self.exchange)["tables"]}
         self.assertEqual(counted["AUCOI"], 2)
@@ -557,7 +561,7 @@ Length in all: 20
         lines = self.ends(DONE, "show", self.exchange, "NANSI").stdout.splitlines()
         self.assertEqual(lines[0].split(), ["CmdId", "NUMSE", "NUMTYP", "USED"])
         self.assertEqual(lines[-1].split()[1:], ["9", "AI", "False"])
-        records = self.json("show", self.exchange, "NANSI")
+        records = self.json("show", self.exchange, "NANSI")["records"]
         self.assertEqual(len(records), 101)
         self.assertEqual(list(records[0]), ["CmdId", "NUMSE", "NUMTYP", "USED"])
         self.assertEqual([records[0][name] for name in ("NUMSE", "NUMTYP", "USED")], ["100", "EX", False])
@@ -573,9 +577,9 @@ Length in all: 20
         lines = [line.split() for line in self.ends(DONE, "show", self.exchange, "CHGMI", "GRP=7").stdout.splitlines()]
         self.assertEqual(lines[0], ["CMDID", "NUMTYP", "GRP", "DIR"])
         self.assertEqual([line[3] for line in lines[1:]], ["100", "101", "102"])
-        records = self.json("show", self.exchange, "CHGMI", "NUMTYP=EX", "DIR=103")
+        records = self.json("show", self.exchange, "CHGMI", "NUMTYP=EX", "DIR=103")["records"]
         self.assertEqual([record["GRP"] for record in records], ["8"])
-        self.assertEqual(self.json("show", self.exchange, "CHGMI", "GRP=9"), [])
+        self.assertEqual(self.json("show", self.exchange, "CHGMI", "GRP=9")["records"], [])
         self.fails(NOT_FOUND, "a record of CHGMI has no GRPP. Did you mean GRP?", "show", self.exchange, "CHGMI",
                    "GRPP=7")
         self.fails(USAGE, "value 1 is not of the form NAME=value", "show", self.exchange, "CHGMI", "GRP")
@@ -587,16 +591,16 @@ Length in all: 20
             AUCOI:AUTH=1111,CHECK=1,CAT=1;
             AUCOI:AUTH=2222,DIR=100,CAT=1;
             """)
-        self.assertEqual([record["AUTH"] for record in self.json("show", self.exchange, "AUCOI", "CAT=1")],
+        self.assertEqual([record["AUTH"] for record in self.json("show", self.exchange, "AUCOI", "CAT=1")["records"]],
                          ["1111", "2222"])
-        self.assertEqual([record["AUTH"] for record in self.json("show", self.exchange, "AUCOI", "DIR=100")], ["2222"])
+        self.assertEqual([record["AUTH"] for record in self.json("show", self.exchange, "AUCOI", "DIR=100")["records"]], ["2222"])
 
     def test_values_lists_what_may_be_given_now(self):
         lines = self.ends(DONE, "values", self.exchange, "NANSI", "NUMTYP").stdout.splitlines()
         self.assertEqual(lines[0], "AC\tAbbreviated number codes")
-        data = self.json("values", self.exchange, "NANSI", "NUMTYP", "--limit", "1")
+        data = self.json("values", self.exchange, "NANSI", "NUMTYP", "--limit", "1")["values"]
         self.assertEqual(data, [{"value": "AC", "description": "Abbreviated number codes"}])
-        self.assertEqual(len(lines), len(self.json("values", self.exchange, "NANSI", "NUMTYP", "NUMSE=5")))
+        self.assertEqual(len(lines), len(self.json("values", self.exchange, "NANSI", "NUMTYP", "NUMSE=5")["values"]))
 
     def test_values_are_those_of_the_form_as_it_is_given(self):
         self.fails(REFUSED, "NANSI, NUMTYP=XX: this value is not possible here", "values", self.exchange, "NANSI",
@@ -629,7 +633,8 @@ Length in all: 20
         data = json.loads(ran.stdout)
         self.assertEqual(sorted(data), ["calls", "done", "problems"])
         self.assertFalse(data["done"])
-        self.assertEqual(data["problems"], [{"message": "The number is too long. Type EC takes at most 3 digits."}])
+        self.assertEqual(data["problems"], [{"severity": "error", "command": "NANSI",
+                                             "message": "The number is too long. Type EC takes at most 3 digits."}])
         self.assertIn({"call": 'scGetParamValue("NUMTYP")', "answer": '"EC"', "depth": 0}, data["calls"])
 
     def test_explain_needs_a_line_with_an_action(self):
@@ -639,7 +644,7 @@ Length in all: 20
     def test_commands_lists_all_commands_by_family(self):
         text = self.ends(DONE, "commands").stdout
         self.assertRegex(text, r"(?m)^Number plan *\n(\w+ .*\n)*NANSI +Number series\n(\w+ .*\n)*\nSystem data")
-        listed = self.json("commands")
+        listed = self.json("commands")["commands"]
         self.assertEqual(len(listed), 87)
         self.assertEqual(len({entry["command"] for entry in listed}), 87)
         entry = next(entry for entry in listed if entry["command"] == "NANSI")
@@ -652,7 +657,7 @@ Length in all: 20
         self.assertRegex(text, r"(?m)^NUMTYP +Number type +has to be given, list, check$")
         self.assertIn("Actions: add delete generate\n", text)
         data = self.json("help", "NANSI")
-        self.assertEqual(sorted(data), ["actions", "command", "help", "parameters", "templates", "title"])
+        self.assertEqual(sorted(data), ["actions", "command", "help", "parameters", "problems", "templates", "title"])
         self.assertEqual(data["actions"], {"add": True, "edit": False, "delete": True, "generate": True})
         parameter = data["parameters"][0]
         self.assertEqual((parameter["name"], parameter["title"], parameter["releases"]), ("NUMTYP", "Number type", []))
@@ -813,7 +818,8 @@ class Usage(ProgramTest):
         self.assertRegex(self.ends(DONE, "--version").stdout, r"^\d+\.\d+\.\d+\n$")
 
     def test_a_subcommand_is_needed(self):
-        self.assertIn("A subcommand is required", self.ends(USAGE).stderr)
+        self.fails(USAGE, "A subcommand is required; see cordboard --help")
+        self.fails(USAGE, "FILE is required; see cordboard show --help", "show")
 
     def test_a_mistyped_subcommand_gets_the_nearest_one(self):
         self.fails(USAGE, "there is no subcommand aply. Did you mean apply?", "aply", self.exchange, "-")
@@ -825,7 +831,20 @@ class Usage(ProgramTest):
                           ["show", self.exchange, "NANSI", "x"], ["show", self.exchange, "--nothing"], ["--nothing"]):
             ran = self.ends(USAGE, *arguments)
             self.assertEqual(ran.stdout, "")
-            self.assertNotEqual(ran.stderr, "")
+            self.assertRegex(ran.stderr, "^error: .*\n$")
+
+    def test_with_json_what_goes_wrong_is_a_document(self):
+        for code, message, arguments in ((USAGE, "--limit", ["values", "x", "NANSI", "NUMTYP", "--limit", "x"]),
+                                         (USAGE, "there is no subcommand aply", ["aply"]),
+                                         (NOT_FOUND, "there is no file nowhere.cbx", ["show", "nowhere.cbx"]),
+                                         (REFUSED, "there is no parameter NUMSI",
+                                          ["values", self.exchange, "NANSI", "NUMTYP", "NUMSI=5"])):
+            ran = self.ends(code, *arguments, "--json")
+            self.assertEqual(ran.stderr, "")
+            document = json.loads(ran.stdout)
+            self.assertEqual(list(document), ["problems"])
+            self.assertEqual([problem["severity"] for problem in document["problems"]], ["error"])
+            self.assertIn(message, document["problems"][0]["message"])
 
     def test_an_unknown_command_gets_the_nearest_one(self):
         message = "there is no command NANSY. Did you mean NANSI?"
