@@ -12,7 +12,6 @@
 #include "script/Conversions.h"
 #include "script/Statement.h"
 #include "workbench/database/Schema.h"
-#include "workbench/exchange/FixedValues.h"
 #include "workbench/exchange/NumberSeries.h"
 #include "workbench/exchange/Plant.h"
 
@@ -121,16 +120,11 @@ std::unique_ptr<Exchange> Exchange::Open(const std::filesystem::path& file) {
 
 Connection* Exchange::Database(const std::string& selector) {
   if (selector == "dynamic" || selector == "site") return &dynamic_;
-  return selector == "static" ? &Static() : nullptr;
+  return selector == "static" ? &Static().Whole() : nullptr;
 }
 
-Connection& Exchange::Static() {
-  if (!static_) {
-    static_.emplace();
-    MakeTables(*static_, "static");
-    EnterFixedValues(*static_, release_);
-    static_->Execute("PRAGMA query_only = 1");
-  }
+FixedDatabase& Exchange::Static() {
+  if (!static_) static_.emplace(release_);
   return *static_;
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "workbench/database/Connection.h"
+#include "workbench/exchange/FixedValues.h"
 
 namespace cordboard::workbench {
 
@@ -38,6 +39,8 @@ class Exchange {
   // The database in which the tables of a selector stand: "dynamic" and "site" share the exchange's file, "static" has
   // one of its own. Nothing for any other.
   Connection* Database(const std::string& selector);
+  // The static database with the lists of this command, at least.
+  Connection& FixedListsOf(const std::string& command) { return Static().With(command); }
   Connection& Dynamic() { return dynamic_; }
 
   // A new record identifier, and the first of several that follow each other.
@@ -53,11 +56,11 @@ class Exchange {
  private:
   explicit Exchange(Connection dynamic) : dynamic_(std::move(dynamic)) {}
   void Fill(const std::string& release, const Plant& plant);
-  Connection& Static();
+  FixedDatabase& Static();
 
   Connection dynamic_;
   std::string release_;
-  std::optional<Connection> static_;
+  std::optional<FixedDatabase> static_;
 };
 
 // A transaction of the workbench's own: rolled back where it ends without Commit.

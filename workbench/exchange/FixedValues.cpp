@@ -4,7 +4,7 @@
 
 #include "workbench/data/DataFile.h"
 #include "workbench/data/Resources.h"
-#include "workbench/database/Connection.h"
+#include "workbench/database/Schema.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/text/Elements.h"
 
@@ -62,16 +62,14 @@ FixedTable ReadTable(Fields& file) {
   return table;
 }
 
-void EnterList(Connection& database, const FixedList& list) {
-  for (const std::string& command : list.commands) {
-    for (const std::string& parameter : list.parameters) {
-      for (const int definition : list.definitions) {
-        for (const auto& [value, description] : list.values)
-          database.Run(
-              "INSERT INTO [ParamValueDesc] ([Command], [Param], [Value], [ValDesc], [DefinitionNo]) VALUES (?, ?, ?, "
-              "?, ?)",
-              {command, parameter, value, description, definition});
-      }
+void EnterList(Connection& database, const std::string& command, const FixedList& list) {
+  for (const std::string& parameter : list.parameters) {
+    for (const int definition : list.definitions) {
+      for (const auto& [value, description] : list.values)
+        database.Run(
+            "INSERT INTO [ParamValueDesc] ([Command], [Param], [Value], [ValDesc], [DefinitionNo]) VALUES (?, ?, ?, ?, "
+            "?)",
+            {command, parameter, value, description, definition});
     }
   }
 }
@@ -118,13 +116,40 @@ const FixedValues& AllFixedValues() {
   return all;
 }
 
-void EnterFixedValues(Connection& database, const std::string& release) {
-  database.Start();
+FixedDatabase::FixedDatabase(std::string release) : release_(std::move(release)) {
+  for (const std::string& statement : CreateStatements(ShippedSchema().Database("static")))
+    database_.Execute(statement);
+  for (const FixedTable& table : AllFixedValues().tables) EnterTable(database_, table);
+  database_.Execute("PRAGMA query_only = 1");
+}
+
+Connection& FixedDatabase::With(const std::string& command) {
+  if (!entered_.contains(command)) Enter({command});
+  return database_;
+}
+
+Connection& FixedDatabase::Whole() {
+  if (whole_) return database_;
+  std::set<std::string> commands;
+  for (const FixedList& list : AllFixedValues().lists) commands.insert(list.commands.begin(), list.commands.end());
+  for (const std::string& command : entered_) commands.erase(command);
+  Enter(commands);
+  whole_ = true;
+  return database_;
+}
+
+void FixedDatabase::Enter(const std::set<std::string>& commands) {
+  database_.Execute("PRAGMA query_only = 0");
+  database_.Start();
   for (const FixedList& list : AllFixedValues().lists) {
-    if (std::ranges::find(list.releases, release) != list.releases.end()) EnterList(database, list);
+    if (std::ranges::find(list.releases, release_) == list.releases.end()) continue;
+    for (const std::string& command : list.commands) {
+      if (commands.contains(command)) EnterList(database_, command, list);
+    }
   }
-  for (const FixedTable& table : AllFixedValues().tables) EnterTable(database, table);
-  database.Commit();
+  database_.Commit();
+  database_.Execute("PRAGMA query_only = 1");
+  entered_.insert(commands.begin(), commands.end());
 }
 
 }  // namespace cordboard::workbench

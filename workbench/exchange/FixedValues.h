@@ -11,16 +11,16 @@
 // Or it holds the rows of a table: {"table": "PARNUMVAL", "columns": [...], "rows": [[...], ...]}
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "script/Value.h"
+#include "workbench/database/Connection.h"
 
 namespace cordboard::workbench {
-
-class Connection;
 
 struct FixedList {
   std::vector<std::string> commands;
@@ -46,7 +46,24 @@ void ReadFixedValues(std::string_view json, const std::string& file, FixedValues
 // What the program carries.
 const FixedValues& AllFixedValues();
 
-// Enters what holds for the release in the static database.
-void EnterFixedValues(Connection& database, const std::string& release);
+// The static database: what holds for a release. The lists of a command are entered when they are asked for, since all
+// of them take longer than most of what a program is started for.
+class FixedDatabase {
+ public:
+  explicit FixedDatabase(std::string release);
+
+  // With the lists of this command, at least.
+  Connection& With(const std::string& command);
+  // With all lists.
+  Connection& Whole();
+
+ private:
+  void Enter(const std::set<std::string>& commands);
+
+  std::string release_;
+  Connection database_;
+  std::set<std::string> entered_;  // commands
+  bool whole_ = false;
+};
 
 }  // namespace cordboard::workbench

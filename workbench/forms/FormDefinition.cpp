@@ -34,18 +34,6 @@ constexpr ParameterFlag flags[] = {
     {"onlyGiven", &ParameterDefinition::onlyGiven, Source::Form, ""},
 };
 
-const std::map<std::string, FormDefinition, std::less<>>& AllForms() {
-  static const auto forms = [] {
-    std::map<std::string, FormDefinition, std::less<>> read;
-    for (const std::string_view path : ResourcesIn("forms/")) {
-      const std::string command = std::filesystem::path(path).stem().string();
-      read.emplace(command, ReadForm(command, Resource(path), std::string(path)));
-    }
-    return read;
-  }();
-  return forms;
-}
-
 }  // namespace
 
 std::span<const ParameterFlag> ParameterFlags() { return flags; }
@@ -145,13 +133,19 @@ const FormDefinition& FormDefinition::OfRecordWith(const std::vector<Assignment>
 }
 
 const FormDefinition* FindForm(std::string_view command) {
-  const auto found = AllForms().find(command);
-  return found == AllForms().end() ? nullptr : &found->second;
+  // Each is read when it is asked for, since a run of the program asks for few.
+  static std::map<std::string, FormDefinition, std::less<>> read;
+  if (const auto found = read.find(command); found != read.end()) return &found->second;
+  const std::string name(command);
+  const std::string path = "forms/" + name + ".json";
+  if (!Resources().contains(path)) return nullptr;
+  return &read.emplace(name, ReadForm(name, Resource(path), path)).first->second;
 }
 
 std::vector<const FormDefinition*> Forms() {
   std::vector<const FormDefinition*> forms;
-  for (const auto& [command, form] : AllForms()) forms.push_back(&form);
+  for (const std::string_view path : ResourcesIn("forms/"))
+    forms.push_back(FindForm(std::filesystem::path(path).stem().string()));
   return forms;
 }
 

@@ -45,7 +45,7 @@ bool FormLists::BuildAnew(const ParameterDefinition& parameter) {
 }
 
 ListStatement FormLists::Fixed(const std::string& parameter, int definition) {
-  return FixedList(exchange_, form_.definition().command, parameter, definition);
+  return FixedValuesList(exchange_, form_.definition().command, parameter, definition);
 }
 
 // A check may put back the previous value of a parameter that had none: nothing to choose.

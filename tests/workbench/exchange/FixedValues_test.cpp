@@ -101,6 +101,23 @@ TEST(FixedValues, EveryListIsEnteredForItsReleasesAlone) {
   }
 }
 
+TEST(FixedValues, TheListsOfACommandAreEnteredWhenTheyAreAskedFor) {
+  const auto exchange = ExampleExchange();
+  Connection& database = exchange->FixedListsOf("CLOHI");
+  const auto commands = [&database] {
+    return database.Single("SELECT GROUP_CONCAT(DISTINCT Command) FROM ParamValueDesc");
+  };
+  EXPECT_EQ(commands(), Value("CLOHI"));
+  const Value rows = database.Single("SELECT COUNT(*) FROM ParamValueDesc");
+  exchange->FixedListsOf("CLOHI");
+  EXPECT_EQ(database.Single("SELECT COUNT(*) FROM ParamValueDesc"), rows);
+  exchange->FixedListsOf("KSANI");
+  EXPECT_EQ(commands(), Value("CLOHI,KSANI"));
+  // Together with all others each stands there once.
+  exchange->Database("static");
+  EXPECT_EQ(database.Single("SELECT COUNT(*) FROM ParamValueDesc WHERE Command = 'CLOHI'"), rows);
+}
+
 TEST(FixedValues, EveryRowOfATableIsEntered) {
   const auto exchange = ExampleExchange();
   ASSERT_FALSE(AllFixedValues().tables.empty());

@@ -129,9 +129,9 @@ TEST_F(RuleStatementsTest, AStatementThatWouldFailMakesNoList) {
 
 TEST_F(RuleStatementsTest, TheFixedValuesOfAParameterAreThoseOfOneDefinition) {
   ValueList list;
-  list.Collect(FixedList(*exchange_, "NANSI", "NUMTYP", 1));
+  list.Collect(FixedValuesList(*exchange_, "NANSI", "NUMTYP", 1));
   EXPECT_TRUE(list.Contains("EX"));
-  list.Collect(FixedList(*exchange_, "NANSI", "NUMTYP", 2));
+  list.Collect(FixedValuesList(*exchange_, "NANSI", "NUMTYP", 2));
   EXPECT_THAT(list.All(), IsEmpty());
 }
 
