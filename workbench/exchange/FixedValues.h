@@ -22,7 +22,7 @@
 
 namespace cordboard::workbench {
 
-struct FixedList {
+struct FixedValueList {
   std::vector<std::string> commands;
   std::vector<std::string> parameters;
   std::vector<std::string> releases;
@@ -37,7 +37,7 @@ struct FixedTable {
 };
 
 struct FixedValues {
-  std::vector<FixedList> lists;
+  std::vector<FixedValueList> lists;
   std::vector<FixedTable> tables;
 };
 
