@@ -15,7 +15,7 @@ namespace cordboard::cli {
 
 namespace {
 
-using workbench::FixedValueList;
+using workbench::FixedList;
 using workbench::FormDefinition;
 using workbench::ParameterDefinition;
 using workbench::Separated;
@@ -24,9 +24,9 @@ bool Has(const std::vector<std::string>& names, const std::string& name) {
   return std::ranges::find(names, name) != names.end();
 }
 
-std::vector<const FixedValueList*> FixedListsOf(const FormDefinition& form, const ParameterDefinition& parameter) {
-  std::vector<const FixedValueList*> lists;
-  for (const FixedValueList& list : workbench::AllFixedValues().lists) {
+std::vector<const FixedList*> FixedListsOf(const FormDefinition& form, const ParameterDefinition& parameter) {
+  std::vector<const FixedList*> lists;
+  for (const FixedList& list : workbench::AllFixedValues().lists) {
     if (Has(list.commands, form.command) && Has(list.parameters, parameter.name)) lists.push_back(&list);
   }
   return lists;
@@ -34,7 +34,7 @@ std::vector<const FixedValueList*> FixedListsOf(const FormDefinition& form, cons
 
 // For which releases and, where it is not the first alone, for which definitions of the parameter: which of them is
 // active follows from what else the form holds.
-std::string HoldsFor(const FixedValueList& list) {
+std::string HoldsFor(const FixedList& list) {
   std::string text = list.releases == workbench::Releases() ? "all releases" : Separated(list.releases, " and ");
   if (list.definitions != std::vector<int>{1}) {
     const auto number = [](int definition) { return std::to_string(definition); };
@@ -67,7 +67,7 @@ std::vector<std::string> Companions(const FormDefinition& form, const ParameterD
 
 void PrintValues(const FormDefinition& form, const ParameterDefinition& parameter) {
   const auto lists = FixedListsOf(form, parameter);
-  for (const FixedValueList* list : lists) {
+  for (const FixedList* list : lists) {
     std::cout << "\nFixed values, " << HoldsFor(*list) << ":\n";
     for (const auto& [value, description] : list->values)
       std::cout << "  " << value << (description.empty() ? "" : "  " + description) << '\n';
@@ -94,7 +94,7 @@ void PrintParameterHelp(const FormDefinition& form, const ParameterDefinition& p
 
 nlohmann::json ParameterHelpAsJson(const FormDefinition& form, const ParameterDefinition& parameter) {
   nlohmann::json values = nlohmann::json::array();
-  for (const FixedValueList* list : FixedListsOf(form, parameter)) {
+  for (const FixedList* list : FixedListsOf(form, parameter)) {
     for (const auto& [value, description] : list->values)
       values.push_back({{"value", value},
                         {"description", description},

@@ -56,6 +56,8 @@ Typed Read(const std::vector<std::string>& words, const Definition& program) {
       typed.definition = subcommand;
     } else if (const ArgumentDefinition* place = NextPlace(typed)) {
       typed.given[Kind(*place)].push_back(words[i]);
+    } else {
+      throw Exit{Usage, words[i] + " is not expected"};
     }
   }
   typed.argument = option != nullptr ? option : NextPlace(typed);

@@ -95,7 +95,7 @@ int WritePages(const std::filesystem::path& folder) {
   std::vector<std::string> names;
   for (const FormDefinition* form : workbench::Forms()) names.push_back(form->command);
   for (const Definition& subcommand : program.subcommands) names.push_back(subcommand.name);
-  throw Exit{NotFound, "there is no command, subcommand or guide " + name + "." + workbench::DidYouMean(name, names)};
+  throw Exit{NotFound, "there is no command " + name + "." + workbench::DidYouMean(name, names)};
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 # What is installed of the workbench, beside the library (cmake/Library.cmake): the program, completion, pages.
 install(TARGETS cordboard RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY ${man_pages}/ DESTINATION ${CMAKE_INSTALL_MANDIR})
-install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} PATTERN __pycache__ EXCLUDE)
 install(FILES cli/completion/cordboard.bash RENAME cordboard

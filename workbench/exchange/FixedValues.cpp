@@ -62,7 +62,7 @@ FixedTable ReadTable(Fields& file) {
   return table;
 }
 
-void EnterList(Connection& database, const std::string& command, const FixedValueList& list) {
+void EnterList(Connection& database, const std::string& command, const FixedList& list) {
   for (const std::string& parameter : list.parameters) {
     for (const int definition : list.definitions) {
       for (const auto& [value, description] : list.values)
@@ -96,7 +96,7 @@ void ReadFixedValues(std::string_view json, const std::string& file, FixedValues
     const auto commands = fields.Get<Texts>("commands");
     for (const DataItem& item : fields.At("lists").List()) {
       values.lists.push_back(item.Object([&](Fields& list) {
-        return FixedValueList{.commands = commands,
+        return FixedList{.commands = commands,
                          .parameters = list.Get<Texts>("parameters"),
                          .releases = ReadReleases(list),
                          .definitions = list.Get("definitions", std::vector<int>{1}),
@@ -131,7 +131,7 @@ Connection& FixedDatabase::With(const std::string& command) {
 Connection& FixedDatabase::Whole() {
   if (whole_) return database_;
   std::set<std::string> commands;
-  for (const FixedValueList& list : AllFixedValues().lists) commands.insert(list.commands.begin(), list.commands.end());
+  for (const FixedList& list : AllFixedValues().lists) commands.insert(list.commands.begin(), list.commands.end());
   for (const std::string& command : entered_) commands.erase(command);
   Enter(commands);
   whole_ = true;
@@ -141,7 +141,7 @@ Connection& FixedDatabase::Whole() {
 void FixedDatabase::Enter(const std::set<std::string>& commands) {
   database_.Execute("PRAGMA query_only = 0");
   database_.Start();
-  for (const FixedValueList& list : AllFixedValues().lists) {
+  for (const FixedList& list : AllFixedValues().lists) {
     if (std::ranges::find(list.releases, release_) == list.releases.end()) continue;
     for (const std::string& command : list.commands) {
       if (commands.contains(command)) EnterList(database_, command, list);

@@ -22,7 +22,7 @@
 
 namespace cordboard::workbench {
 
-struct FixedValueList {
+struct FixedList {
   std::vector<std::string> commands;
   std::vector<std::string> parameters;
   std::vector<std::string> releases;
@@ -37,7 +37,7 @@ struct FixedTable {
 };
 
 struct FixedValues {
-  std::vector<FixedValueList> lists;
+  std::vector<FixedList> lists;
   std::vector<FixedTable> tables;
 };
 

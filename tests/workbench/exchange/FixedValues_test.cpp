@@ -93,7 +93,7 @@ TEST(FixedValues, EveryListIsEnteredForItsReleasesAlone) {
   for (const std::string& release : Releases()) {
     const auto exchange = ExampleExchange(release);
     std::size_t expected = 0;
-    for (const FixedValueList& list : AllFixedValues().lists) {
+    for (const FixedList& list : AllFixedValues().lists) {
       if (std::ranges::find(list.releases, release) != list.releases.end())
         expected += list.values.size() * list.commands.size() * list.parameters.size() * list.definitions.size();
     }
@@ -139,7 +139,7 @@ TEST(FixedValues, AFileOfOneCommandIsNamedAfterIt) {
 }
 
 TEST(FixedValues, AListHoldsForAParameterOfAFormOfItsCommands) {
-  for (const FixedValueList& list : AllFixedValues().lists) {
+  for (const FixedList& list : AllFixedValues().lists) {
     for (const std::string& parameter : list.parameters)
       EXPECT_TRUE(std::ranges::any_of(list.commands, [&](const std::string& command) {
         const FormDefinition* form = FindForm(command);
@@ -150,7 +150,7 @@ TEST(FixedValues, AListHoldsForAParameterOfAFormOfItsCommands) {
 
 TEST(FixedValues, NoParameterHasAValueTwice) {
   std::set<std::tuple<std::string, std::string, std::string, int, std::string>> seen;
-  for (const FixedValueList& list : AllFixedValues().lists) {
+  for (const FixedList& list : AllFixedValues().lists) {
     for (const std::string& command : list.commands) {
       for (const std::string& parameter : list.parameters) {
         for (const std::string& release : list.releases) {
