@@ -1,7 +1,9 @@
 #include "cli/Definition.h"
 
 #include <algorithm>
+#include <iomanip>
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "workbench/text/Separated.h"
 
@@ -14,11 +16,12 @@ using Rows = std::vector<std::pair<std::string, std::string>>;
 // Rows under a heading, their second column aligned; nothing where there are none.
 std::string Section(const char* heading, const Rows& rows) {
   if (rows.empty()) return "";
-  std::size_t width = 0;
-  for (const auto& [left, right] : rows) width = std::max(width, left.size());
-  std::string text = std::string("\n") + heading + ":\n";
-  for (const auto& [left, right] : rows) text += "  " + left + std::string(width - left.size() + 2, ' ') + right + "\n";
-  return text;
+  int width = 0;
+  for (const auto& [left, right] : rows) width = std::max(width, static_cast<int>(left.size()));
+  std::ostringstream text;
+  text << '\n' << heading << ":\n";
+  for (const auto& [left, right] : rows) text << "  " << std::left << std::setw(width + 2) << left << right << '\n';
+  return text.str();
 }
 
 }  // namespace

@@ -133,8 +133,8 @@ class ManualPage {
 }  // namespace
 
 std::string AsText(std::string_view markdown) {
-  static const std::regex marks(R"(`|\*\*|\[([^\]]*)\]\([^)]*\))");
-  return std::regex_replace(std::string(markdown), marks, "$1");
+  static const std::regex marks(R"(`([^`]*)`|\*\*([^*]*)\*\*|\[([^\]]*)\]\([^)]*\))");
+  return std::regex_replace(std::string(markdown), marks, "$1$2$3");
 }
 
 std::string AsManualPage(std::string_view markdown, const std::string& name, int section) {

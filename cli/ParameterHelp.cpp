@@ -85,7 +85,7 @@ void PrintValues(const FormDefinition& form, const ParameterDefinition& paramete
 }  // namespace
 
 void PrintParameterHelp(const FormDefinition& form, const ParameterDefinition& parameter) {
-  std::cout << form.command << ' ' << parameter.name << ": " << parameter.title << '\n';
+  std::cout << form.command << ' ' << parameter.name << ": " << AsText(parameter.title) << '\n';
   if (const std::string traits = AsText(Traits(form, parameter)); !traits.empty()) std::cout << '\n' << traits << '\n';
   const std::vector<std::string> companions = Companions(form, parameter);
   if (!companions.empty()) std::cout << '\n' << Separated(companions, "\n") << '\n';

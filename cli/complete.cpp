@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 #include <map>
+#include <utility>
 
 #include "cli/Candidates.h"
 #include "cli/Definition.h"

@@ -28,7 +28,7 @@ void HelpAsText(const FormDefinition& form) {
   if (const std::string example = Example(form); !example.empty()) std::cout << "    " << example << "\n\n";
   std::vector<std::vector<std::string>> rows;
   for (const auto& [parameter, names] : Parameters(form))
-    rows.push_back({AsText(names), parameter.title, AsText(Traits(form, parameter))});
+    rows.push_back({AsText(names), AsText(parameter.title), AsText(Traits(form, parameter))});
   PrintTable({"PARAMETER", "", ""}, rows);
   std::cout << "\nActions: " << workbench::Separated(Actions(form), " ") << '\n';
   if (!form.templates.command.empty()) std::cout << AsText(FromTemplates(form)) << '\n';

@@ -75,7 +75,7 @@ void Write(const fs::path& folder, const ManualPage& page) {
 }  // namespace
 
 int Man(const ManOptions& options, const Definition& program) {
-  const auto pageOf = [&program](const Definition& subcommand) { return PageOf(subcommand, "`cordboard`(1)"); };
+  const auto pageOf = [](const Definition& subcommand) { return PageOf(subcommand, "`cordboard`(1)"); };
   const ManualPage whole = PageOf(program, "A page for each command of the exchange, such as `cordboard-NANSI`(7).");
   if (!options.pages.empty()) {
     Write(options.pages, whole);

@@ -21,7 +21,7 @@ set(version ${PROJECT_BINARY_DIR}/Version.cpp)
 add_custom_target(cordboard_version BYPRODUCTS ${version}
   COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR} -DOUTPUT=${version} -DVERSION=${PROJECT_VERSION}
           -DBUILD_TYPE=$<CONFIG> -P ${PROJECT_SOURCE_DIR}/cmake/Version.cmake
-  VERBATIM)
+  COMMENT "Looking up the version" VERBATIM)
 
 file(GLOB cli_sources CONFIGURE_DEPENDS cli/*.cpp)
 add_executable(cordboard ${cli_sources} ${version})
@@ -35,5 +35,5 @@ add_custom_command(OUTPUT ${man_pages}.stamp
                    COMMAND ${CMAKE_COMMAND} -E rm -rf ${man_pages}
                    COMMAND cordboard man --pages ${man_pages}
                    COMMAND ${CMAKE_COMMAND} -E touch ${man_pages}.stamp
-                   DEPENDS cordboard VERBATIM)
+                   DEPENDS cordboard COMMENT "Writing the manual pages" VERBATIM)
 add_custom_target(cordboard_man ALL DEPENDS ${man_pages}.stamp)

@@ -943,6 +943,8 @@ class Help(ProgramTest):
         self.assertEqual(page, self.ends(DONE, "man", "apply").stdout)
         self.assertRegex(page, r'^\.TH "cordboard\\-apply" 1 .*\n\.SH NAME\ncordboard\\-apply \\- Perform ')
         self.assertIn(".TP\n\\fB\\-\\-dry\\-run\\fR\ntry everything and keep nothing\n", page)
+        for path in (self.folder / "man").rglob("cordboard*"):
+            self.assertNotRegex(path.read_text(), r"`|\*\*\w", path)
         if shutil.which("groff"):
             pages = [path for path in (self.folder / "man").rglob("*") if path.is_file()]
             for begin in range(0, len(pages), 20):
