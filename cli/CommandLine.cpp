@@ -4,10 +4,13 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cctype>
 #include <iostream>
 #include <memory>
 
+#include "cli/Definition.h"
 #include "cli/Subcommands.h"
+#include "cli/Version.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/text/Nearest.h"
 
@@ -18,11 +21,52 @@ namespace {
 const char* const exitCodes =
     "Exit codes: 0 done, 1 a fault of the program, 2 usage, 3 refused, 4 not found, 5 file or database trouble.";
 
+ArgumentDefinition Define(const CLI::Option& option) {
+  ArgumentDefinition argument{.names = {},
+                              .description = option.get_description(),
+                              .otherwise = option.get_default_str(),
+                              .isOption = option.nonpositional(),
+                              .isRequired = option.get_required(),
+                              .takesSeveral = option.get_items_expected_max() > 1};
+  if (!argument.isOption) {
+    argument.names.push_back(option.get_name());
+    return argument;
+  }
+  for (const std::string& name : option.get_snames()) argument.names.push_back("-" + name);
+  for (const std::string& name : option.get_lnames()) argument.names.push_back("--" + name);
+  // Its value is called as the option is.
+  const std::string& name = option.get_single_name();
+  if (option.get_items_expected_max() > 0)
+    std::ranges::transform(name, std::back_inserter(argument.value), [](unsigned char c) { return std::toupper(c); });
+  return argument;
+}
+
+// What has no group is hidden.
+Definition Define(const CLI::App& app, const std::string& calledAs) {
+  Definition definition{
+      .name = app.get_name(), .calledAs = calledAs, .description = app.get_description(), .footer = app.get_footer()};
+  for (const CLI::Option* option : app.get_options())
+    if (!option->get_group().empty()) definition.arguments.push_back(Define(*option));
+  for (const CLI::App* sub : app.get_subcommands({}))
+    if (!sub->get_group().empty()) definition.subcommands.push_back(Define(*sub, calledAs + " " + sub->get_name()));
+  return definition;
+}
+
+// Writes the help of --help.
+class HelpFormatter : public CLI::FormatterBase {
+ public:
+  std::string make_help(const CLI::App* app, std::string name, CLI::AppFormatMode) const override {
+    return HelpText(Define(*app, name));
+  }
+};
+
 // The program with its subcommands. The exit code is that of the one that was chosen.
 class CommandLine {
  public:
-  CommandLine() : app_("Prepare a private telephone exchange offline, and get its command lines.", "cordboard") {
-    app_.set_version_flag("--version", CORDBOARD_VERSION);
+  CommandLine() : app_("Prepare a private telephone exchange offline, and get its command lines", "cordboard") {
+    app_.formatter(std::make_shared<HelpFormatter>());
+    app_.set_help_flag("-h,--help", "show this help");
+    app_.set_version_flag("--version", VersionAndBuild(), "tell the version and how it was built");
     app_.footer(exitCodes);
     app_.require_subcommand(1);
     AddNew();
@@ -34,6 +78,7 @@ class CommandLine {
     AddServe();
     AddCommands();
     AddHelp();
+    AddHidden();
   }
 
   int Run(int argc, char** argv) {
@@ -52,10 +97,11 @@ class CommandLine {
   // What stands in the place of a subcommand and is none: a better complaint than that one is missing.
   void CheckSubcommand(int argc, char** argv) const {
     if (argc < 2 || argv[1][0] == '-') return;
+    const auto isTyped = [&](const CLI::App* sub) { return sub->get_name() == argv[1]; };
+    if (!app_.get_subcommands(isTyped).empty()) return;
     std::vector<std::string> names;
-    for (const CLI::App* sub : app_.get_subcommands({})) names.push_back(sub->get_name());
-    if (std::ranges::find(names, argv[1]) == names.end())
-      throw Exit{Usage, "there is no subcommand " + std::string(argv[1]) + "." + workbench::DidYouMean(argv[1], names)};
+    for (const Definition& sub : Program().subcommands) names.push_back(sub.name);
+    throw Exit{Usage, "there is no subcommand " + std::string(argv[1]) + "." + workbench::DidYouMean(argv[1], names)};
   }
 
   // The subcommand that was chosen, with a blank before it.
@@ -97,7 +143,7 @@ class CommandLine {
     sub->add_flag("--json", options.json, "report as JSON on standard output");
     sub->footer(
         "A line adds (NANSI:NUMTYP=EX,NUMSE=100&&199;), changes (edit KSEXI DIR=100:CUST=3;) or removes\n"
-        "(delete KSEXI DIR=100;). Lines that begin with # are comments. See docs/plans.md.");
+        "(delete KSEXI DIR=100;). Lines that begin with # are comments. See cordboard help plans.");
   }
 
   void AddValues() {
@@ -140,7 +186,7 @@ class CommandLine {
   void AddServe() {
     CLI::App* sub =
         app_.add_subcommand("serve", "Serve the library to a host in another process, on standard input and output");
-    sub->footer("One JSON-RPC message a line; see docs/remote-host.md.");
+    sub->footer("One JSON-RPC message a line; see cordboard help remote-host.");
     sub->callback([this] { exitCode_ = Serve(); });
   }
 
@@ -151,19 +197,32 @@ class CommandLine {
 
   void AddHelp() {
     const auto options = std::make_shared<HelpOptions>();
-    CLI::App* sub = app_.add_subcommand("help", "Show the parameters of a command");
-    sub->add_option("COMMAND", options->command, "the command; none for the help of the program");
+    CLI::App* sub = app_.add_subcommand("help", "Show the parameters of a command, or the help of a subcommand");
+    sub->add_option("COMMAND", options->name,
+                    "a command such as NANSI, a subcommand, or a guide such as plans; none for the program itself");
+    sub->add_option("PARAM", options->parameter, "one parameter of the command, such as NUMTYP");
     sub->add_flag("--json", options->json, "print as JSON");
-    sub->add_flag("--page", options->page, "print as the page of the command, in Markdown")->excludes("--json");
-    sub->callback([this, options] {
-      if (!options->command.empty()) {
-        exitCode_ = Help(*options);
-      } else {
-        // app_.help() would be the help of the subcommand that was chosen: this one.
-        std::cout << app_.get_formatter()->make_help(&app_, app_.get_name(), CLI::AppFormatMode::Normal);
-      }
-    });
+    auto* page = sub->add_flag("--page", options->page, "print as the page of the command, in Markdown");
+    sub->add_option("--pages", options->pages, "write the page of every command into this folder")->group("");
+    page->excludes("--json");
+    sub->callback([this, options] { exitCode_ = Help(*options, Program()); });
   }
+
+  // For the build, and for the scripts that complete in shells.
+  void AddHidden() {
+    const auto manual = std::make_shared<ManOptions>();
+    CLI::App* man = app_.add_subcommand("man", "Print a manual page, or write all of them")->group("");
+    man->add_option("NAME", manual->name, "a subcommand or a command; none for the program");
+    man->add_option("--pages", manual->pages, "write all pages into this folder, under man1 and man7");
+    man->callback([this, manual] { exitCode_ = Man(*manual, Program()); });
+
+    const auto words = std::make_shared<std::vector<std::string>>();
+    CLI::App* complete = app_.add_subcommand("complete", "Tell what the last word may be completed to")->group("");
+    complete->add_option("WORDS", *words, "what is typed behind the name of the program");
+    complete->callback([this, words] { exitCode_ = Complete(*words, Program()); });
+  }
+
+  Definition Program() const { return Define(app_, app_.get_name()); }
 
   CLI::App app_;
   int exitCode_ = Done;

@@ -7,6 +7,8 @@
 
 namespace cordboard::cli {
 
+struct Definition;
+
 enum ExitCode {
   Done = 0,
   Internal = 1,  // a fault of the program
@@ -79,11 +81,23 @@ struct CommandsOptions {
 int Commands(const CommandsOptions& options);
 
 struct HelpOptions {
-  std::string command;
+  std::string name;       // of a command, a subcommand or a guide; empty: the program
+  std::string parameter;  // empty: the command as a whole
+  std::string pages;      // a folder for the pages of all commands
   bool json = false;
   bool page = false;
 };
-int Help(const HelpOptions& options);
+int Help(const HelpOptions& options, const Definition& program);
+
+struct ManOptions {
+  std::string name;   // of a subcommand or a command; empty: the program
+  std::string pages;  // a folder for all pages
+};
+int Man(const ManOptions& options, const Definition& program);
+
+// Prints what the last of the words behind "cordboard" may be completed to, one a line, with a description behind a
+// tabulator where there is one; or the line ":files" where that is a file's name.
+int Complete(const std::vector<std::string>& words, const Definition& program);
 
 int Serve();
 

@@ -1,192 +1,118 @@
-// cordboard help COMMAND: the parameters of a command.
+// cordboard help: what a command and its parameters are, what a subcommand takes, and the guides.
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <nlohmann/json.hpp>
-#include <regex>
-#include <sstream>
 
-#include "cli/Files.h"
+#include "cli/CommandPage.h"
+#include "cli/Definition.h"
+#include "cli/Markdown.h"
 #include "cli/Output.h"
+#include "cli/ParameterHelp.h"
 #include "cli/Subcommands.h"
 #include "workbench/data/Resources.h"
+#include "workbench/forms/Unknown.h"
+#include "workbench/text/Nearest.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::cli {
 
 namespace {
 
-using workbench::DigitPlace;
-using workbench::Folding;
 using workbench::FormDefinition;
-using workbench::ParameterDefinition;
-
-std::string Joined(const std::vector<std::string>& texts, const char* separator) {
-  std::string joined;
-  for (const std::string& text : texts) joined += (joined.empty() ? "" : separator) + text;
-  return joined;
-}
-
-std::string Quoted(const std::string& name) { return "`" + name + "`"; }
-
-// A name in Markdown, or those of all parameters that differ from it in a number alone. A whole is not always a
-// parameter.
-std::string Names(const FormDefinition& form, const std::string& name) {
-  const ParameterDefinition* first = form.Find(name);
-  if (first == nullptr || first->ofSeries == 1) return Quoted(name);
-  return Quoted(name) + " to " + Quoted(form.parameters[form.Place(name) + first->ofSeries - 1].name);
-}
-
-// Which digits of which whole a sub-digit parameter is.
-std::string DigitsOf(const FormDefinition& form, const std::string& name) {
-  const Folding* folding = form.FoldingWith(name);
-  if (folding == nullptr) return "";
-  if (!folding->separator.empty()) return "a part of " + Names(form, folding->parameter);
-  for (const DigitPlace& place : folding->places) {
-    if (!place.Has(name)) continue;
-    const std::string first = std::to_string(place.first);
-    std::string text = place.width == 1 ? "digit " + first
-                                        : "digits " + first + " to " + std::to_string(place.first + place.width - 1);
-    text += " of " + Quoted(folding->parameter);
-    if (name == place.digit) return text + ", or by its parts";
-    const char* joint = ", added to ";
-    for (const std::string& other : place.parameters) {
-      if (other == name) continue;
-      text += joint + Quoted(other);
-      joint = " and ";
-    }
-    return text;
-  }
-  return "";
-}
-
-// What a user has to know of a parameter besides its title, in Markdown.
-std::string Traits(const FormDefinition& form, const ParameterDefinition& parameter) {
-  std::string traits;
-  const auto add = [&traits](const std::string& trait) {
-    if (!trait.empty()) traits += (traits.empty() ? "" : ", ") + trait;
-  };
-  for (const workbench::ParameterFlag& flag : workbench::ParameterFlags()) {
-    if (parameter.*flag.flag) add(flag.words);
-  }
-  add(DigitsOf(form, parameter.name));
-  if (!parameter.releases.empty()) add("only in " + Joined(parameter.releases, " and "));
-  return traits;
-}
-
-// What is told of together: one parameter, or all that differ in a number alone, with their names in Markdown.
-struct Told {
-  const ParameterDefinition& first;
-  std::string names;
-};
-
-std::vector<Told> Parameters(const FormDefinition& form) {
-  std::vector<Told> told;
-  for (std::size_t i = 0; i < form.parameters.size(); i += form.parameters[i].ofSeries) {
-    const ParameterDefinition& first = form.parameters[i];
-    told.push_back({first, Names(form, first.name)});
-  }
-  return told;
-}
-
-std::vector<std::string> Actions(const FormDefinition& form) {
-  std::vector<std::string> actions;
-  if (form.adds) actions.emplace_back("add");
-  if (form.edits) actions.emplace_back("edit");
-  if (form.deletes) actions.emplace_back("delete");
-  if (form.generates) actions.emplace_back("generate");
-  return actions;
-}
-
-// How a record is made from a template, in Markdown; nothing where there are none.
-std::string FromTemplates(const FormDefinition& form) {
-  const auto& [command, name] = form.templates;
-  if (command.empty()) return "";
-  return "From a template of " + Quoted(command) + ", by its " + Quoted(name) + ": " +
-         Quoted(form.command + " from NAME:...;");
-}
-
-std::string Plain(std::string markdown) {
-  std::erase(markdown, '`');
-  return markdown;
-}
 
 void HelpAsText(const FormDefinition& form) {
   std::cout << form.command << ": " << form.title << "\n\n" << form.help << "\n\n";
+  if (const std::string example = Example(form); !example.empty()) std::cout << "    " << example << "\n\n";
   std::vector<std::vector<std::string>> rows;
   for (const auto& [parameter, names] : Parameters(form))
-    rows.push_back({Plain(names), parameter.title, Plain(Traits(form, parameter))});
+    rows.push_back({AsText(names), AsText(parameter.title), AsText(Traits(form, parameter))});
   PrintTable({"PARAMETER", "", ""}, rows);
-  std::cout << "\nActions: " << Joined(Actions(form), " ") << '\n';
-  if (!form.templates.command.empty()) std::cout << Plain(FromTemplates(form)) << '\n';
+  std::cout << "\nActions: " << workbench::Separated(Actions(form), " ") << '\n';
+  if (!form.templates.command.empty()) std::cout << AsText(FromTemplates(form)) << '\n';
   std::cout << "list: see cordboard values FILE " << form.command << " PARAMETER\n";
+  if (const std::string notes = Notes(form); !notes.empty()) std::cout << '\n' << AsText(notes);
 }
 
 void HelpAsJson(const FormDefinition& form) {
   nlohmann::json parameters = nlohmann::json::array();
-  for (const ParameterDefinition& parameter : form.parameters) {
-    nlohmann::json entry{{"name", parameter.name}, {"title", parameter.title}};
-    for (const workbench::ParameterFlag& flag : workbench::ParameterFlags()) entry[flag.key] = parameter.*flag.flag;
-    entry["list"] = parameter.list || parameter.fixed;
-    entry["releases"] = parameter.releases;
-    parameters.push_back(entry);
-  }
+  for (const workbench::ParameterDefinition& parameter : form.parameters) parameters.push_back(ToJson(parameter));
   PrintJson({{"command", form.command},
              {"title", form.title},
              {"help", form.help},
+             {"example", Example(form)},
+             {"notes", Notes(form)},
              {"parameters", parameters},
              {"templates", form.templates.command},
              {"actions",
               {{"add", form.adds}, {"edit", form.edits}, {"delete", form.deletes}, {"generate", form.generates}}}});
 }
 
-// The first line of the plans that the program carries which adds a record of the command.
-std::string Example(const FormDefinition& form) {
-  const std::regex line("(" + form.command + ":.*;)\\s*(#.*)?");
-  for (const std::string_view path : workbench::ResourcesIn("plans/")) {
-    std::istringstream plan{std::string(workbench::Resource(path))};
-    std::smatch found;
-    for (std::string text; std::getline(plan, text);) {
-      if (std::regex_match(text, found, line)) return found[1];
-    }
+int HelpOnCommand(const HelpOptions& options, const FormDefinition& form) {
+  if (options.json) {
+    HelpAsJson(form);
+  } else if (options.page) {
+    std::cout << Page(form);
+  } else {
+    HelpAsText(form);
   }
-  return "";
+  return Done;
 }
 
-// The page of the command, docs/commands/<COMMAND>.md, without the notes at its end.
-void HelpAsPage(const FormDefinition& form) {
-  std::cout << "# " << form.command << ": " << form.title << "\n\n" << form.help << "\n\n";
-  std::cout << "Actions: " << Joined(Actions(form), ", ") << '.'
-            << (form.single ? " One record for the whole exchange." : "") << "\n\n";
-  if (const std::string example = Example(form); !example.empty()) std::cout << "    " << example << "\n\n";
-  std::cout << "| Parameter | Meaning | |\n| --- | --- | --- |\n";
-  const ParameterDefinition* listed = nullptr;
-  for (const auto& [parameter, names] : Parameters(form)) {
-    const std::string traits = Traits(form, parameter);
-    std::cout << "| " << names << " | " << parameter.title << " | " << traits << (traits.empty() ? "|\n" : " |\n");
-    if (listed == nullptr && (parameter.list || parameter.fixed)) listed = &parameter;
+int HelpOnParameter(const HelpOptions& options, const FormDefinition& form) {
+  const workbench::ParameterDefinition* parameter = form.Find(options.parameter);
+  if (parameter == nullptr) throw Exit{NotFound, workbench::UnknownParameter(form, options.parameter)};
+  if (options.json) {
+    PrintJson(ParameterHelpAsJson(form, *parameter));
+  } else {
+    PrintParameterHelp(form, *parameter);
   }
-  if (listed != nullptr)
-    std::cout << "\nWhat is possible now: `cordboard values FILE " << form.command << ' ' << listed->name << "`.\n";
-  if (!form.templates.command.empty()) std::cout << '\n' << FromTemplates(form) << ".\n";
-  for (const FormDefinition* table : form.OfEachTable()) {
-    std::vector<std::string> columns;
-    for (const std::string& column : table->columns) columns.push_back(Quoted(column));
-    std::cout << '\n'
-              << (table == &form ? "Record" : "Record with " + Quoted(form.secondWith)) << ": table "
-              << Quoted(table->table) << ", columns " << Joined(columns, ", ") << ".\n";
+  return Done;
+}
+
+int HelpOnProgram(const HelpOptions& options, const Definition& definition) {
+  if (options.json) {
+    PrintJson(ToJson(definition));
+  } else {
+    std::cout << HelpText(definition);
   }
+  return Done;
+}
+
+int WritePages(const std::filesystem::path& folder) {
+  std::filesystem::create_directories(folder);
+  for (const FormDefinition* form : workbench::Forms()) {
+    std::ofstream page(folder / (form->command + ".md"));
+    page << Page(*form);
+    if (!page.flush()) throw Exit{Trouble, "the pages cannot be written to " + folder.string()};
+  }
+  return Done;
+}
+
+[[noreturn]] void FailUnknown(const std::string& name, const Definition& program) {
+  std::vector<std::string> names;
+  for (const FormDefinition* form : workbench::Forms()) names.push_back(form->command);
+  for (const Definition& subcommand : program.subcommands) names.push_back(subcommand.name);
+  throw Exit{NotFound, "there is no command " + name + "." + workbench::DidYouMean(name, names)};
 }
 
 }  // namespace
 
-int Help(const HelpOptions& options) {
-  const FormDefinition& form = FormOf(options.command);
+int Help(const HelpOptions& options, const Definition& program) {
+  if (!options.pages.empty()) return WritePages(options.pages);
+  if (options.name.empty()) return HelpOnProgram(options, program);
+  if (const FormDefinition* form = workbench::FindForm(options.name))
+    return options.parameter.empty() ? HelpOnCommand(options, *form) : HelpOnParameter(options, *form);
+  if (!options.parameter.empty()) throw Exit{NotFound, workbench::UnknownCommand(options.name)};
+  if (const Definition* subcommand = program.Find(options.name)) return HelpOnProgram(options, *subcommand);
+  const auto guide = workbench::Resources().find(options.name + ".md");
+  if (guide == workbench::Resources().end()) FailUnknown(options.name, program);
   if (options.json) {
-    HelpAsJson(form);
-  } else if (options.page) {
-    HelpAsPage(form);
+    PrintJson({{"guide", options.name}, {"text", guide->second}});
   } else {
-    HelpAsText(form);
+    std::cout << guide->second;
   }
   return Done;
 }

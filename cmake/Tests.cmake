@@ -50,6 +50,11 @@ add_test(NAME install.embed COMMAND ${CMAKE_COMMAND}
   -DCXX=${CMAKE_CXX_COMPILER} -DFLAGS=${embed_flags}
   -P ${PROJECT_SOURCE_DIR}/tests/install/embed.cmake)
 set_tests_properties(install.embed PROPERTIES LABELS slow)
+if(CORDBOARD_WORKBENCH)
+  add_test(NAME install.program COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/install/install_test.py
+                                        ${PROJECT_BINARY_DIR})
+  set_tests_properties(install.program PROPERTIES LABELS slow)
+endif()
 
 # The remote host: its own test program, and a process that the tests talk to as a peer does.
 if(TARGET cordboard_remote)

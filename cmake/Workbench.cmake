@@ -3,20 +3,37 @@ find_package(SQLite3 REQUIRED)
 find_package(nlohmann_json REQUIRED)
 find_package(CLI11 REQUIRED)
 
-# The data files are carried in the program.
+# The data files and the documentation are carried in the program.
 add_executable(embed tools/embed.cpp)
-file(GLOB_RECURSE data_files CONFIGURE_DEPENDS data/*.json data/*.plan)
+file(GLOB_RECURSE carried_files CONFIGURE_DEPENDS data/*.json data/*.plan docs/*.md)
 set(resources ${PROJECT_BINARY_DIR}/Resources_data.cpp)
-add_custom_command(OUTPUT ${resources} COMMAND embed ${PROJECT_SOURCE_DIR}/data ${resources}
-                   DEPENDS embed ${data_files} VERBATIM)
+add_custom_command(OUTPUT ${resources}
+                   COMMAND embed ${resources} ${PROJECT_SOURCE_DIR}/data ${PROJECT_SOURCE_DIR}/docs
+                   DEPENDS embed ${carried_files} VERBATIM)
 
 file(GLOB workbench_sources CONFIGURE_DEPENDS workbench/*.cpp workbench/*/*.cpp)
 add_library(cordboard_workbench STATIC ${workbench_sources} ${resources})
 target_link_libraries(cordboard_workbench PUBLIC cordboard::cordboard PRIVATE SQLite::SQLite3
                       nlohmann_json::nlohmann_json)
 
+# What the program says of its build is looked up by every build, and compiled where it has changed.
+set(version ${PROJECT_BINARY_DIR}/Version.cpp)
+add_custom_target(cordboard_version BYPRODUCTS ${version}
+  COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR} -DOUTPUT=${version} -DVERSION=${PROJECT_VERSION}
+          -DBUILD_TYPE=$<CONFIG> -P ${PROJECT_SOURCE_DIR}/cmake/Version.cmake
+  COMMENT "Looking up the version" VERBATIM)
+
 file(GLOB cli_sources CONFIGURE_DEPENDS cli/*.cpp)
-add_executable(cordboard ${cli_sources})
-target_compile_definitions(cordboard PRIVATE CORDBOARD_VERSION="${PROJECT_VERSION}")
-target_link_libraries(cordboard PRIVATE cordboard_workbench cordboard_remote CLI11::CLI11 nlohmann_json::nlohmann_json)
-install(TARGETS cordboard RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+add_executable(cordboard ${cli_sources} ${version})
+add_dependencies(cordboard cordboard_version)
+target_link_libraries(cordboard PRIVATE cordboard_workbench cordboard_remote CLI11::CLI11 nlohmann_json::nlohmann_json
+                      SQLite::SQLite3)
+
+# The manual pages, as the program prints them.
+set(man_pages ${PROJECT_BINARY_DIR}/man)
+add_custom_command(OUTPUT ${man_pages}.stamp
+                   COMMAND ${CMAKE_COMMAND} -E rm -rf ${man_pages}
+                   COMMAND cordboard man --pages ${man_pages}
+                   COMMAND ${CMAKE_COMMAND} -E touch ${man_pages}.stamp
+                   DEPENDS cordboard COMMENT "Writing the manual pages" VERBATIM)
+add_custom_target(cordboard_man ALL DEPENDS ${man_pages}.stamp)

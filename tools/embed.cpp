@@ -1,34 +1,37 @@
-// Writes the files under a folder into one C++ source, so that the program carries its data files with it.
-// Usage: embed FOLDER OUTPUT
-#include <algorithm>
+// Writes the files under some folders into one C++ source, so that the program carries them with it: each by its path
+// in its folder. Usage: embed OUTPUT FOLDER...
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <map>
 #include <string>
-#include <vector>
 
 namespace fs = std::filesystem;
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::cerr << "usage: embed FOLDER OUTPUT\n";
+  if (argc < 3) {
+    std::cerr << "usage: embed OUTPUT FOLDER...\n";
     return 2;
   }
-  std::vector<fs::path> files;
-  for (const auto& entry : fs::recursive_directory_iterator(argv[1])) {
-    if (entry.is_regular_file()) files.push_back(entry.path());
+  std::map<std::string, fs::path> files;
+  for (int i = 2; i < argc; ++i) {
+    for (const auto& entry : fs::recursive_directory_iterator(argv[i])) {
+      if (!entry.is_regular_file()) continue;
+      const std::string name = fs::relative(entry.path(), argv[i]).generic_string();
+      if (files.emplace(name, entry.path()).second) continue;
+      std::cerr << "embed: there are two files " << name << '\n';
+      return 1;
+    }
   }
-  std::sort(files.begin(), files.end());
-  std::ofstream out(argv[2]);
+  std::ofstream out(argv[1]);
   out << "#include \"workbench/data/Resources.h\"\n\nnamespace cordboard::workbench {\n\n"
          "const std::map<std::string_view, std::string_view>& Resources() {\n"
          "  static const std::map<std::string_view, std::string_view> resources = {\n";
-  for (const fs::path& file : files) {
+  for (const auto& [name, file] : files) {
     std::ifstream in(file, std::ios::binary);
     const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    out << "    {\"" << fs::relative(file, argv[1]).generic_string() << "\", std::string_view(R\"~embed~(" << text
-        << ")~embed~\", " << text.size() << ")},\n";
+    out << "    {\"" << name << "\", std::string_view(R\"~embed~(" << text << ")~embed~\", " << text.size() << ")},\n";
   }
   out << "  };\n  return resources;\n}\n\n}  // namespace cordboard::workbench\n";
   return out.good() ? 0 : 1;

@@ -4,7 +4,9 @@ import os
 import pathlib
 import pty
 import random
+import re
 import resource
+import shlex
 import shutil
 import signal
 import sqlite3
@@ -15,6 +17,8 @@ import tempfile
 import unittest
 
 PROGRAM = ""
+SOURCE = pathlib.Path(__file__).resolve().parents[2]
+SCRIPTS = SOURCE / "cli" / "completion"
 SUBCOMMANDS = ["new", "apply", "values", "show", "generate", "explain", "commands", "help"]
 DONE, USAGE, REFUSED, NOT_FOUND, TROUBLE = 0, 2, 3, 4, 5
 NOBODY = 65534
@@ -657,7 +661,8 @@ Length in all: 20
         self.assertRegex(text, r"(?m)^NUMTYP +Number type +has to be given, list, check$")
         self.assertIn("Actions: add delete generate\n", text)
         data = self.json("help", "NANSI")
-        self.assertEqual(sorted(data), ["actions", "command", "help", "parameters", "problems", "templates", "title"])
+        self.assertEqual(sorted(data), ["actions", "command", "example", "help", "notes", "parameters", "problems",
+                                        "templates", "title"])
         self.assertEqual(data["actions"], {"add": True, "edit": False, "delete": True, "generate": True})
         parameter = data["parameters"][0]
         self.assertEqual((parameter["name"], parameter["title"], parameter["releases"]), ("NUMTYP", "Number type", []))
@@ -815,7 +820,8 @@ class Usage(ProgramTest):
             self.assertEqual("--json" in ran.stdout, name != "new", ran.stdout)
 
     def test_the_version_is_told(self):
-        self.assertRegex(self.ends(DONE, "--version").stdout, r"^\d+\.\d+\.\d+\n$")
+        told = self.ends(DONE, "--version").stdout
+        self.assertRegex(told, r"^cordboard \d+\.\d+\.\d+ \(([\w.-]+, )?(Debug|Release|\w*), SQLite 3\.\d+\.\d+\)\n$")
 
     def test_a_subcommand_is_needed(self):
         self.fails(USAGE, "A subcommand is required; see cordboard --help")
@@ -827,7 +833,7 @@ class Usage(ProgramTest):
 
     def test_missing_and_surplus_arguments_are_usage(self):
         for arguments in (["new"], ["apply"], ["apply", self.exchange], ["values", self.exchange, "NANSI"], ["show"],
-                          ["generate"], ["explain", self.exchange], ["commands", "x"], ["help", "NANSI", "x"],
+                          ["generate"], ["explain", self.exchange], ["commands", "x"], ["help", "NANSI", "NUMSE", "x"],
                           ["show", self.exchange, "NANSI", "x"], ["show", self.exchange, "--nothing"], ["--nothing"]):
             ran = self.ends(USAGE, *arguments)
             self.assertEqual(ran.stdout, "")
@@ -857,6 +863,191 @@ class Usage(ProgramTest):
                    "NANSI", "NUMTIP")
         self.fails(REFUSED, "there is no parameter NUMSI in NANSI. Did you mean NUMSE?", "values", self.exchange,
                    "NANSI", "NUMTYP", "NUMSI=5")
+
+
+class Readme(ProgramTest):
+    """The README shows what happens."""
+
+    def test_its_commands_give_what_it_shows(self):
+        text = (SOURCE / "README.md").read_text()
+        shown = text[text.index("\n## A taste\n"):text.index("\n## Where to look\n")]
+        path = environment(PATH=f"{pathlib.Path(PROGRAM).parent}:{os.environ['PATH']}")
+        plan = self.folder / "office.plan"
+        self.exchange.unlink()
+        blocks = re.findall(r"(?m)^    \$ (.*)\n((?:    (?!\$).+\n)*)", shown)
+        for command, output in blocks:
+            lines = [line.removeprefix("    ") for line in output.splitlines()]
+            if command.startswith("cat "):
+                plan.write_text("\n".join(lines))
+                continue
+            ran = subprocess.run(command, shell=True, cwd=self.folder, env=path, capture_output=True, text=True)
+            told = (ran.stdout + ran.stderr).splitlines()
+            self.assertEqual([line for line in lines if line not in told], [], told)
+            if ran.returncode == REFUSED:  # it goes on without the line that is refused
+                first, _, *rest = plan.read_text().splitlines()
+                plan.write_text("\n".join([first, *rest]))
+        self.assertEqual([command.split()[1] for command, _ in blocks], ["new", "office.plan", "apply", "apply", "generate"])
+        commands = re.findall(r"(?m)^    (cordboard .*)$", shown)
+        self.assertGreater(len(commands), 5)
+        for command in commands:
+            ran = subprocess.run(command, shell=True, cwd=self.folder, env=path, capture_output=True, text=True)
+            self.assertEqual((ran.returncode, ran.stderr), (DONE, ""), command)
+            self.assertNotEqual(ran.stdout, "", command)
+
+
+class Help(ProgramTest):
+    """What is told of the program, of commands and of their parameters, in all its forms."""
+
+    def test_help_on_a_command_has_its_example_and_its_notes(self):
+        text = self.ends(DONE, "help", "KSEXI").stdout
+        self.assertRegex(text, r"(?m)^    KSEXI:DIR=.*;$")
+        self.assertIn("\nDIR and EQU go in pairs; EQU=next takes free positions.", text)
+        data = self.json("help", "KSEXI")
+        self.assertTrue(data["example"].startswith("KSEXI:DIR="), data["example"])
+        self.assertTrue(data["notes"].startswith("`DIR` and `EQU` go in pairs"), data["notes"])
+
+    def test_help_on_a_parameter_has_its_fixed_values_and_where_the_others_come_from(self):
+        text = self.ends(DONE, "help", "KSEXI", "ADC_D11").stdout
+        self.assertRegex(text, r"^KSEXI ADC_D11: Calls of the terminal\n\nlist, digit 11 of ADC, only in R7 and R8\n")
+        self.assertRegex(text, r"\nFixed values, R7 and R8:\n  0  \w")
+        text = self.ends(DONE, "help", "KSEXI", "EQU").stdout
+        self.assertIn("It goes in step with DIR: as many values of each.\n", text)
+        self.assertIn("Its values follow from what the exchange holds; those that are possible now: "
+                      "cordboard values FILE KSEXI EQU\n", text)
+        self.assertIn("Its parts can be given one by one: SERV_D1, SERV_D2, SERV_D3D4_SUB1,",
+                      self.ends(DONE, "help", "KSEXI", "SERV").stdout)
+        data = self.json("help", "NANSI", "NUMTYP")
+        self.assertEqual((data["command"], len(data["parameters"])), ("NANSI", 1))
+        self.assertEqual(data["parameters"][0]["traits"], "has to be given, list, check")
+        extensions, = [value for value in data["values"] if value["value"] == "EX"]
+        self.assertEqual((extensions["description"], len(extensions["releases"])), ("Extension numbers", 4))
+        self.fails(NOT_FOUND, "there is no parameter NUMTIP in NANSI. Did you mean NUMTYP?", "help", "NANSI", "NUMTIP")
+
+    def test_help_on_a_subcommand_is_its_own_help_and_a_guide_is_printed(self):
+        self.assertEqual(self.ends(DONE, "help", "apply").stdout, self.ends(DONE, "apply", "--help").stdout)
+        data = self.json("help", "apply")
+        self.assertEqual(data["usage"], "cordboard apply [OPTIONS] FILE PLAN...")
+        self.assertIn(["--dry-run"], [argument["names"] for argument in data["arguments"]])
+        self.assertEqual([sub["name"] for sub in self.json("help")["subcommands"] if sub["name"] in SUBCOMMANDS],
+                         SUBCOMMANDS)
+        self.assertTrue(self.ends(DONE, "help", "plans").stdout.startswith("# Plans\n"))
+        self.fails(NOT_FOUND, "there is no command aplly. Did you mean apply?", "help", "aplly")
+
+    def test_manual_pages_are_made_of_the_same_and_are_well_formed(self):
+        self.ends(DONE, "man", "--pages", self.folder / "man")
+        names = sorted(path.name for path in (self.folder / "man").rglob("*.*"))
+        self.assertLessEqual({"cordboard.1", *(f"cordboard-{name}.1" for name in SUBCOMMANDS)}, set(names))
+        self.assertEqual(len([name for name in names if name.endswith(".7")]), 87)
+        self.assertNotIn("cordboard-man.1", names)
+        page = (self.folder / "man/man1/cordboard-apply.1").read_text()
+        self.assertEqual(page, self.ends(DONE, "man", "apply").stdout)
+        self.assertRegex(page, r'^\.TH "cordboard\\-apply" 1 .*\n\.SH NAME\ncordboard\\-apply \\- Perform ')
+        self.assertIn(".TP\n\\fB\\-\\-dry\\-run\\fR\ntry everything and keep nothing\n", page)
+        for path in (self.folder / "man").rglob("cordboard*"):
+            self.assertNotRegex(path.read_text(), r"`|\*\*\w", path)
+        if shutil.which("groff"):
+            pages = [path for path in (self.folder / "man").rglob("*") if path.is_file()]
+            for begin in range(0, len(pages), 20):
+                ran = subprocess.run(["groff", "-man", "-Tutf8", "-ww", "-z", *pages[begin:begin + 20]],
+                                     capture_output=True, check=True)
+                self.assertEqual(ran.stderr, b"")
+        self.fails(NOT_FOUND, "there is no command NANSY. Did you mean NANSI?", "man", "NANSY")
+
+
+class Completion(ProgramTest):
+    """What a shell completes to, by the program's own answer and in the shells."""
+
+    def answer(self, *words):
+        ran = self.ends(DONE, "complete", "--", *words)
+        self.assertEqual(ran.stderr, "")
+        return ran.stdout.splitlines()
+
+    def words(self, *words):
+        return [line.split("\t")[0] for line in self.answer(*words)]
+
+    def test_subcommands_and_options(self):
+        self.assertEqual(self.answer("ap"), ["apply\tPerform the actions of plan files: all of them, or none"])
+        self.assertEqual(self.words("apply", self.exchange, "-", "--dry"), ["--dry-run"])
+        self.assertLessEqual(set(SUBCOMMANDS), set(self.words("")))
+        self.assertNotIn("complete", self.words(""))
+        self.assertEqual(self.words("new", "x.cbx", "--release", "R6/"), ["R6/1"])
+        self.assertEqual(self.words("new", "x.cbx", "--plant", "exam"), [":files", "example"])
+        self.assertEqual(self.words("apply", "--json", ""), [":files"])
+        self.assertEqual(self.words("generate", self.exchange, "-o", ""), [":files"])
+
+    def test_commands_parameters_and_values(self):
+        self.assertEqual(self.words("values", self.exchange, "NANS"), ["NANSI"])
+        self.assertEqual(self.words("values", self.exchange, "NANSI", "NUMT"), ["NUMTYP"])
+        self.assertEqual(self.words("help", "apl"), [])
+        self.assertEqual(self.words("help", "NANSI", "NUMS"), ["NUMSE"])
+        self.assertEqual(self.words("values", self.exchange, "NANSI", "NUMSE", "NUMT"), ["NUMTYP="])
+        self.assertEqual(self.answer("values", self.exchange, "NANSI", "NUMSE", "NUMTYP=EX"),
+                         ["NUMTYP=EX\tExtension numbers"])
+        # Numbers that are free: those of the series; stored ones: the series itself.
+        self.assertEqual(self.words("values", self.exchange, "KSEXI", "EQU", "DIR=10")[0], "DIR=100")
+        self.assertEqual(self.words("show", self.exchange, "NANSI", "NUMTYP=EX", "NUMSE=1")[0][:9], "NUMSE=100")
+
+    def test_a_line_of_a_plan(self):
+        self.assertEqual(self.words("explain", self.exchange, "NANS"), ["NANSI:"])
+        self.assertEqual(self.words("explain", self.exchange, "NANSI:NUMTYP=EX,NU"),
+                         ["NANSI:NUMTYP=EX,NUMTYP=", "NANSI:NUMTYP=EX,NUMSE="])
+        self.assertEqual(self.words("explain", self.exchange, "KSEXI:DIR=100&&10")[:2],
+                         ["KSEXI:DIR=100&&100", "KSEXI:DIR=100&&101"])
+        self.assertEqual(self.words("explain", self.exchange, "delete NANSI NUMTYP=A"), ["delete NANSI NUMTYP=AI"])
+
+    def test_nothing_is_said_where_nothing_is_known_and_secrets_are_not_told(self):
+        plan = b"GEDII:DIR=150,CUST=1;\nIPEXI:DIR=150,PASSW=Tulip;"
+        self.ends(DONE, "apply", self.exchange, "-", given=plan)
+        for words in (["nothing", ""], ["show", self.folder / "nowhere", "NANSI", "NUMTYP="],
+                      ["values", self.exchange, "NOTHING", ""], ["values", self.exchange, "NANSI", "NUMSE", "X=1"],
+                      ["show", self.exchange, "IPEXI", "PASSW="], ["explain", self.exchange, "edit IPEXI PASSW="]):
+            self.assertEqual(self.answer(*words), [])
+        self.assertEqual(self.words("show", self.exchange, "IPEXI", "DIR="), ["DIR=150"])
+
+    def test_in_bash(self):
+        """The script in a real bash, which has taken the lines apart at "=" and ":" as it does."""
+        cases = [
+            (["cordboard", " va"], ["values"]),
+            (["cordboard", " new", " x.cbx", " --rel"], ["--release"]),
+            (["cordboard", " show", " "], ["option default"]),
+            (["cordboard", " values", " office.cbx", " NANSI", " NUMSE", " NUMT"], ["option nospace", "NUMTYP="]),
+            (["cordboard", " values", " office.cbx", " NANSI", " NUMSE", " NUMTYP", "=", "C"], ["CP"]),
+            (["cordboard", " show", " ./office.cbx", " NANSI", " NUMTYP", "="], ["AI", "EX"]),
+            (["cordboard", " explain", " office.cbx", ' "NANS'], ["option nospace", "NANSI:", "NANSI: "]),
+            (["cordboard", " explain", " office.cbx", ' "NANSI:NUMTYP=C'], ["NANSI:NUMTYP=CP"]),
+        ]
+        script = f"""
+            source {shlex.quote(str(SCRIPTS / "cordboard.bash"))}
+            compopt() {{ echo "option $2"; }}
+            complete_line() {{
+              COMP_LINE=$1 COMP_POINT=${{#1}} COMP_TYPE=$2 COMP_WORDS=("${{@:3}}") COMP_CWORD=$(($# - 3)) COMPREPLY=()
+              _cordboard
+              printf '%s\\n' "${{COMPREPLY[@]}}" .
+            }}
+            """
+        calls = [shlex.join(["complete_line", "".join(pieces), "9", *(piece.lstrip(" ") for piece in pieces)])
+                 for pieces, _ in cases]
+        # The list after a second tabulator has descriptions.
+        calls.append(calls[4].replace(" 9 ", " 63 ").replace("=C", "=").replace(" C", " ''"))
+        ran = subprocess.run(["bash", "-c", script + "\n".join(calls)], cwd=self.folder, capture_output=True, text=True,
+                             env=environment(PATH=f"{pathlib.Path(PROGRAM).parent}:{os.environ['PATH']}"), timeout=60)
+        self.assertEqual(ran.stderr, "")
+        replies = [reply.strip("\n").split("\n") for reply in ran.stdout.split("\n.\n")]
+        self.assertEqual(replies[:len(cases)], [expected for _, expected in cases])
+        self.assertIn("EX  Extension numbers", replies[len(cases)])
+
+    @unittest.skipUnless(shutil.which("zsh"), "there is no zsh")
+    def test_in_zsh(self):
+        """The script in a real zsh, where what adds a reply is replaced."""
+        script = f"""
+            compadd() {{ print -r -- "$@[-1] ${{(P)@[-1]}}" }}
+            words=(cordboard values office.cbx NANSI NUMSE $1) CURRENT=6 PREFIX=$1
+            source {shlex.quote(str(SCRIPTS / "cordboard.zsh"))}
+            """
+        for typed, expected in (("NUMT", "done \non NUMTYP=\n"), ("NUMTYP=C", "done NUMTYP=CP\non \n")):
+            ran = subprocess.run(["zsh", "-fc", script, "zsh", typed], cwd=self.folder, capture_output=True, text=True,
+                                 env=environment(PATH=f"{pathlib.Path(PROGRAM).parent}:{os.environ['PATH']}"))
+            self.assertEqual((ran.stdout, ran.stderr), (expected, ""))
 
 
 class Terminal(ProgramTest):

@@ -93,7 +93,7 @@ class NewCommandBuilds(unittest.TestCase):
         with tempfile.TemporaryDirectory() as folder:
             tree = Tree(Path(folder))
             resources = tree.objects / "Resources_data.cpp"
-            run(BUILD / "embed", tree.root / "data", resources)
+            run(BUILD / "embed", resources, tree.root / "data", tree.root / "docs")
             module = tree.compile(f"commands/{FAMILY}/{NAME}.cpp", SOURCE / "entry/Registry.cpp")
             registry = tree.compile("entry/Registry.cpp", SOURCE / "entry/Registry.cpp")
             data = tree.compile(resources.relative_to(tree.root), BUILD / "Resources_data.cpp")

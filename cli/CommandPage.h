@@ -1,0 +1,30 @@
+// What users read of a command, in Markdown: its page, docs/commands/<COMMAND>.md, and the pieces of it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workbench/forms/FormDefinition.h"
+
+namespace cordboard::cli {
+
+// What is told of together: one parameter, or all that differ in a number alone, with their names.
+struct Told {
+  const workbench::ParameterDefinition& first;
+  std::string names;
+};
+std::vector<Told> Parameters(const workbench::FormDefinition& form);
+
+// What has to be known of a parameter besides its title, in one line: whether it has to be given, its digits, ...
+std::string Traits(const workbench::FormDefinition& form, const workbench::ParameterDefinition& parameter);
+std::vector<std::string> Actions(const workbench::FormDefinition& form);
+// How a record is made from a template; nothing where there are none.
+std::string FromTemplates(const workbench::FormDefinition& form);
+// The first line of the plans that the program carries which adds a record of the command.
+std::string Example(const workbench::FormDefinition& form);
+// What is written by hand at the end of the page.
+std::string Notes(const workbench::FormDefinition& form);
+// The page without the notes.
+std::string Page(const workbench::FormDefinition& form);
+
+}  // namespace cordboard::cli

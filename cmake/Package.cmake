@@ -1,0 +1,15 @@
+# The Debian package: cpack -G DEB --config build/release/CPackConfig.cmake
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_CONTACT "The Cordboard developers <cordboard@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Prepares a private telephone exchange offline")
+set(CPACK_PACKAGE_DESCRIPTION "Cordboard checks the whole configuration of a private telephone exchange offline, and\n\
+prints the command lines with which it is set up. With the program come its library and examples.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION comm)
+find_program(CORDBOARD_SHLIBDEPS dpkg-shlibdeps)
+if(CORDBOARD_SHLIBDEPS)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+endif()
+include(CPack)
