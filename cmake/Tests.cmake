@@ -11,16 +11,28 @@ set_source_files_properties(tests/support/SourceFolder.cpp PROPERTIES
 target_include_directories(cordboard_test_support PUBLIC tests)
 target_link_libraries(cordboard_test_support PUBLIC cordboard::cordboard GTest::gtest GTest::gmock GTest::gtest_main)
 
+# Where each build is a fresh one, the test library is read once and not by each test.
+function(read_gmock_once target)
+  if(CORDBOARD_PRECOMPILE_GMOCK)
+    target_precompile_headers(${target} REUSE_FROM cordboard_test_support)
+  endif()
+endfunction()
+if(CORDBOARD_PRECOMPILE_GMOCK)
+  target_precompile_headers(cordboard_test_support PRIVATE <gmock/gmock.h>)
+endif()
+
 file(GLOB library_tests CONFIGURE_DEPENDS tests/script/*.cpp tests/shared/*.cpp tests/commands/*.cpp
      tests/commands/*/*.cpp tests/entry/*.cpp tests/support/*_test.cpp)
 add_executable(library-tests ${library_tests})
 target_link_libraries(library-tests PRIVATE cordboard_test_support)
+read_gmock_once(library-tests)
 add_test(NAME library COMMAND library-tests --gtest_brief=1)
 
 if(CORDBOARD_WORKBENCH)
   file(GLOB_RECURSE workbench_tests CONFIGURE_DEPENDS tests/workbench/*.cpp)
   add_executable(workbench-tests ${workbench_tests})
   target_link_libraries(workbench-tests PRIVATE cordboard_test_support cordboard_workbench)
+  read_gmock_once(workbench-tests)
   add_test(NAME workbench COMMAND workbench-tests --gtest_brief=1)
 endif()
 
@@ -84,6 +96,7 @@ if(CORDBOARD_WORKBENCH)
   file(GLOB fault_tests CONFIGURE_DEPENDS tests/fault/*.cpp)
   add_executable(fault-tests ${fault_tests})
   target_link_libraries(fault-tests PRIVATE cordboard_test_support cordboard_workbench)
+  read_gmock_once(fault-tests)
   file(GLOB modules CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/commands commands/*/*.cpp)
   list(TRANSFORM modules REPLACE "/.*" "")
   list(REMOVE_DUPLICATES modules)
