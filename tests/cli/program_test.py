@@ -285,7 +285,7 @@ class New(ProgramTest):
 
     def test_a_plant_that_cannot_be_read_leaves_no_file(self):
         new = self.folder / "new.cbx"
-        for content in (b" ", b"{", b"\xff\xfe", b'{"name": "x"}'):
+        for content in (b" ", b"{", b"\xff\xfe", b'{"name": "x", "lims": [], "boards": []}'):
             plant = self.write("plant.json", content)
             self.fails(TROUBLE, "plant.json: ", "new", new, "--release", "R7", "--plant", plant)
         for path in (self.folder, self.write("empty.json", "")):
