@@ -70,6 +70,8 @@ class CommandLine {
     app_.footer(exitCodes);
     app_.require_subcommand(1);
     AddNew();
+    AddPlants();
+    AddPlant();
     AddApply();
     AddValues();
     AddShow();
@@ -132,6 +134,24 @@ class CommandLine {
     sub->add_option("--plant", options.plant,
                     "a built-in plant or a plant file: places, LIMs, boards, lines, customers")
         ->capture_default_str();
+  }
+
+  void AddPlants() {
+    auto [sub, options] = Add("plants", "List the built-in plants, or print one to start your own from", Plants);
+    sub->add_option("NAME", options.name, "the plant to print, as JSON");
+    sub->add_flag("--json", options.json, "print as JSON");
+  }
+
+  void AddPlant() {
+    auto [sub, options] = Add("plant", "Show the plant of an exchange, or add to it", Plant);
+    sub->add_option("FILE", options.file, "the exchange file")->required();
+    sub->add_flag("--json", options.json, "print as JSON, from which new makes the same plant");
+    CLI::App* add = sub->add_subcommand("add", "Add boards, LIMs, lines and more: all that is given, or nothing");
+    add->fallthrough();  // to --json
+    add->add_option("PIECE", options.pieces, "files with what is added, written as a plant");
+    add->add_option("--board", options.boards, "a board in a slot, such as 001-0-12=31")->allow_extra_args(false);
+    add->callback([&adds = options.add] { adds = true; });
+    sub->footer("What a plant holds, and its bounds: docs/plants.md.");
   }
 
   void AddApply() {

@@ -28,6 +28,10 @@ bool WarnOfReaders(workbench::Exchange& exchange, const std::string& file) {
   return true;
 }
 
+void Report(const workbench::PlantError& error) {
+  for (const auto& [file, message] : error.problems()) Error({.file = file}, {.message = message});
+}
+
 const workbench::FormDefinition& FormOf(const std::string& command) {
   if (const workbench::FormDefinition* form = workbench::FindForm(command)) return *form;
   throw Exit{NotFound, workbench::UnknownCommand(command)};

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "workbench/exchange/Exchange.h"
+#include "workbench/exchange/Plant.h"
 #include "workbench/forms/FormDefinition.h"
 
 namespace cordboard::cli {
@@ -20,6 +21,9 @@ std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file);
 // Warns where others can read a file that holds the secrets of the exchange: its own, or one with its lines. Gives
 // whether it did.
 bool WarnOfReaders(workbench::Exchange& exchange, const std::string& file);
+
+// Tells all that is wrong with a plant.
+void Report(const workbench::PlantError& error);
 
 // The form of a command; an unknown one ends the subcommand with NotFound and the nearest name.
 const workbench::FormDefinition& FormOf(const std::string& command);

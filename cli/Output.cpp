@@ -53,7 +53,9 @@ void Tell(const Severity& severity, const std::string& label, const std::string&
 }
 
 std::string Written(const Place& place, const workbench::Problem& problem) {
-  std::string text = place.file.empty() ? "" : place.file + ":" + std::to_string(place.line) + ": ";
+  std::string text = place.file;
+  if (place.line > 0) text += ":" + std::to_string(place.line);
+  if (!text.empty()) text += ": ";
   std::string where = place.command;
   if (!problem.parameter.empty()) where += (where.empty() ? "" : ", ") + problem.parameter;
   if (!problem.parameter.empty() && !problem.value.empty()) where += "=" + problem.value;

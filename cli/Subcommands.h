@@ -31,6 +31,21 @@ struct NewOptions {
 };
 int New(const NewOptions& options);
 
+struct PlantsOptions {
+  std::string name;  // empty: the list
+  bool json = false;
+};
+int Plants(const PlantsOptions& options);
+
+struct PlantOptions {
+  std::string file;
+  bool add = false;  // adds to the plant, and shows it otherwise
+  std::vector<std::string> pieces;
+  std::vector<std::string> boards;
+  bool json = false;
+};
+int Plant(const PlantOptions& options);
+
 struct ApplyOptions {
   std::string file;
   std::vector<std::string> plans;

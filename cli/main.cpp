@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "cli/CommandLine.h"
+#include "cli/Files.h"
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "workbench/database/Connection.h"
@@ -28,7 +29,7 @@ int RunAndReport(int argc, char** argv) {
   } catch (const workbench::ExchangeError& error) {
     Error(error.what());
   } catch (const workbench::PlantError& error) {
-    Error(error.what());
+    Report(error);
   } catch (const workbench::PlanError& error) {
     Error(error.what());
   } catch (const workbench::DatabaseError& error) {

@@ -19,10 +19,9 @@ int New(const NewOptions& options) {
                              workbench::DidYouMean(options.plant, builtIn)};
   const workbench::Plant plant = workbench::ReadPlant(options.plant);
   workbench::Exchange::Create(options.file, options.release, plant);
-  std::size_t positions = 0;
-  for (const auto& board : plant.boards) positions += static_cast<std::size_t>(board.type.positions);
   Note("made", options.file + ": release " + options.release + ", plant " + plant.name + ", " +
-                   std::to_string(plant.boards.size()) + " boards with " + std::to_string(positions) + " positions");
+                   std::to_string(plant.boards.size()) + " boards with " + std::to_string(plant.Positions()) +
+                   " positions");
   return Done;
 }
 

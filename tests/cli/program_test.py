@@ -19,7 +19,7 @@ import unittest
 PROGRAM = ""
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 SCRIPTS = SOURCE / "cli" / "completion"
-SUBCOMMANDS = ["new", "apply", "values", "show", "generate", "explain", "commands", "help"]
+SUBCOMMANDS = ["new", "plants", "plant", "apply", "values", "show", "generate", "explain", "commands", "help"]
 DONE, USAGE, REFUSED, NOT_FOUND, TROUBLE = 0, 2, 3, 4, 5
 NOBODY = 65534
 
@@ -289,7 +289,7 @@ class New(ProgramTest):
 
     def test_a_plant_that_cannot_be_read_leaves_no_file(self):
         new = self.folder / "new.cbx"
-        for content in (b" ", b"{", b"\xff\xfe", b'{"name": "x"}'):
+        for content in (b" ", b"{", b"\xff\xfe", b'{"name": "x", "lims": [], "boards": []}'):
             plant = self.write("plant.json", content)
             self.fails(TROUBLE, "plant.json: ", "new", new, "--release", "R7", "--plant", plant)
         for path in (self.folder, self.write("empty.json", "")):
@@ -311,6 +311,97 @@ class New(ProgramTest):
                         restore_signals=False)
         self.assertIn("cannot be made", ran.stderr)
         self.assertEqual([path.name for path in self.folder.iterdir()], ["office.cbx"])
+
+
+class Plants(ProgramTest):
+    """What stands in the building: the plants that there are, and that of an exchange."""
+
+    PIECE = """{"locations": [{"location": "MILL"}], "lims": [{"lim": 3, "location": "MILL"}],
+                "boards": [{"lim": 3, "magazine": 0, "slot": 1, "type": "31"}],
+                "trunkLines": [{"lim": 3, "tru": "3-01&&3-09"}], "routes": ["21"], "categories": 40}"""
+
+    def test_those_of_the_program_are_listed(self):
+        listed = self.json("plants")["plants"]
+        self.assertEqual([plant["name"] for plant in listed], ["example", "large", "small"])
+        self.assertEqual(listed[0], {"name": "example", "locations": 2, "lims": 2, "boards": 24, "positions": 368,
+                                     "customers": 2, "trunkLines": 80, "routes": 20, "categories": 32})
+        self.assertRegex(self.ends(DONE, "plants").stdout, r"(?m)^example +2 +2 +24 +368 +2 +80 +20 +32$")
+
+    def test_one_of_the_program_is_printed_to_start_from(self):
+        printed = self.ends(DONE, "plants", "small").stdout
+        document = self.json("plants", "small")
+        self.assertEqual(document, {**json.loads(printed), "problems": []})
+        self.assertIn("plant small", self.ends(DONE, "new", self.folder / "new.cbx", "--release", "R7", "--plant",
+                                               self.write("mine.json", printed)).stderr)
+        self.fails(NOT_FOUND, "there is no built-in plant 'smal'. Did you mean small?", "plants", "smal")
+
+    def test_that_of_an_exchange_is_shown_with_what_is_taken(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=b"""\
+            EXCCS:CAT=1,TRAF=1,SERV_D6=1,CDIV_D1=1,ROC_D2=1;
+            KSEXI:DIR=100&&102,ITYPE=3,EQU=next,CAT=1;
+            """)
+        self.exchange.chmod(0o400)
+        text = self.ends(DONE, "plant", self.exchange).stdout
+        self.assertTrue(text.startswith("Plant example, release R7\n\nLOCATION\nHQ        Head office\n"), text)
+        self.assertRegex(text, r"(?m)^2    WORKS +Gatehouse of the works$")
+        self.assertRegex(text, r"(?m)^001-0-10  31 +16 +3 +Line board for key telephones$")
+        self.assertRegex(text, r"(?m)^002-0-10  31 +16 +0 +Line board for key telephones$")
+        self.assertTrue(text.endswith("2    2-01&&2-40\n\nRoutes 1&&9&10&&20\nCategories 32\n"), text)
+
+    def test_that_of_an_exchange_makes_the_same_again(self):
+        self.ends(DONE, "plant", self.exchange, "add", self.write("piece.json", self.PIECE))
+        plant = self.write("plant.json", self.ends(DONE, "plant", self.exchange, "--json").stdout)
+        again = self.folder / "again.cbx"
+        self.ends(DONE, "new", again, "--release", "R7", "--plant", plant)
+        self.assertEqual(self.ends(DONE, "plant", again, "--json").stdout.encode(), plant.read_bytes())
+
+    def test_an_exchange_grows(self):
+        piece = self.write("piece.json", self.PIECE)
+        ran = self.ends(DONE, "plant", self.exchange, "add", piece, "--board", "1-0-5=31", "--board", "003-0-02=113")
+        self.assertEqual((ran.stdout, ran.stderr), ("", f"added: {self.exchange}: locations 1, lims 1, boards 3, "
+                                                        "positions 32, trunkLines 9, routes 1, categories 40\n"))
+        self.assertEqual(self.generated(), LINES)
+        values = self.ends(DONE, "values", self.exchange, "KSEXI", "EQU", "ITYPE=3", "--limit", "17").stdout.split()
+        self.assertEqual((values[0], values[16]), ("001-0-05-00", "001-0-10-00"))
+        added = self.json("plant", self.exchange, "add", "--board", "003-0-99=59")
+        self.assertEqual(added["added"]["boards"], [{"lim": 3, "magazine": 0, "slot": 99, "type": "59"}])
+        self.assertEqual(added["problems"], [])
+
+    def test_what_does_not_fit_is_refused_whole(self):
+        piece = self.write("piece.json", self.PIECE)
+        wrong = self.write("wrong.json", '{"routes": ["20&&22"], "boards": [{"lim": 4, "slot": 1, "type": "3"}]}')
+        before = self.exchange.read_bytes()
+        ran = self.ends(REFUSED, "plant", self.exchange, "add", piece, wrong, "--board", "001-0-10=31")
+        lines = ran.stderr.splitlines()
+        self.assertEqual(ran.stdout, "")
+        self.assertTrue(lines.pop(2).startswith(f"error: {wrong}: boards[0].type: there is no board type '3'. Possible"))
+        self.assertEqual(lines, [f"error: {wrong}: boards[0].lim: there is no LIM 4",
+                                 f"error: {wrong}: boards[0]: the key \"magazine\" is missing",
+                                 f"error: {wrong}: routes[0]: there already: 20&&21",
+                                 "error: --board 001-0-10=31: boards[0].slot: there is a board in 001-0-10 already"])
+        document = self.json("plant", self.exchange, "add", "--board", "001-0-10=31", code=REFUSED)
+        self.assertEqual(document, {"problems": [{"severity": "error", "file": "--board 001-0-10=31",
+                                                  "message": "boards[0].slot: there is a board in 001-0-10 already"}]})
+        self.assertEqual(self.exchange.read_bytes(), before)
+
+    def test_what_is_added_has_to_be_given(self):
+        self.fails(USAGE, "nothing is given to add", "plant", self.exchange, "add")
+        self.fails(USAGE, "--board 001-0-12: a board is given as LIM-MAGAZINE-SLOT=TYPE, such as 001-0-12=31", "plant",
+                   self.exchange, "add", "--board", "001-0-12")
+        self.fails(NOT_FOUND, "there is no plant file 'nowhere.json'", "plant", self.exchange, "add", "nowhere.json")
+
+    def test_a_plant_is_refused_with_all_that_is_wrong(self):
+        plant = self.write("plant.json", '{"lims": [{"lim": 1, "location": "HQ"}],\n "boards": [{"lm": 1}]}')
+        new = self.folder / "new.cbx"
+        ran = self.ends(TROUBLE, "new", new, "--release", "R7", "--plant", plant)
+        self.assertEqual(ran.stderr.splitlines(), [
+            f"error: {plant}: the key \"name\" is missing", f"error: {plant}: the key \"locations\" is missing",
+            f"error: {plant}: lims[0].location: there is no location 'HQ'",
+            *(f"error: {plant}: boards[0]: the key \"{key}\" is missing" for key in ("lim", "magazine", "slot", "type")),
+            f"error: {plant}: boards[0]: unknown key \"lm\". Did you mean lim?"])
+        self.fails(TROUBLE, "parse error at line 2, column 1: ", "new", new, "--release", "R7", "--plant",
+                   self.write("plant.json", "{\n"))
+        self.assertFalse(new.exists())
 
 
 def no_file_beyond(size):
@@ -816,7 +907,7 @@ class Usage(ProgramTest):
             ran = self.ends(DONE, name, "--help")
             self.assertEqual(ran.stderr, "")
             self.assertIn(f"cordboard {name} [OPTIONS]", ran.stdout)
-            self.assertEqual("FILE" in ran.stdout, name not in ("commands", "help"), ran.stdout)
+            self.assertEqual("FILE" in ran.stdout, name not in ("plants", "commands", "help"), ran.stdout)
             self.assertEqual("--json" in ran.stdout, name != "new", ran.stdout)
 
     def test_the_version_is_told(self):

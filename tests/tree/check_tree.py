@@ -4,6 +4,7 @@
 Usage: check_tree.py [ROOT]    exits with 1 when there is something to say
 """
 
+import json
 import os
 import re
 import sys
@@ -219,8 +220,17 @@ def check_words(tree):
                 yield f'{place}: "{match[0]}" must not stand in the project: say what the rule is'
 
 
+def check_board_types(tree):
+    """The page of plants tells every type of board as it is."""
+    path = "data/board-types.json"
+    for name, board in (json.loads(tree.text(path)) if path in tree.present else {}).items():
+        row = f"| {name} | {board['title']} | {board['positions']} |"
+        if row not in tree.text("docs/plants.md").splitlines():
+            yield f"docs/plants.md: the board type {name} lacks its row {row}"
+
+
 CHECKS = (check_library_includes, check_arrows, check_workbench_arrows, check_commands_apart, check_module_files, check_command_files_belong,
-          check_rows, check_unit_tests, check_tests_test, check_words)
+          check_rows, check_unit_tests, check_tests_test, check_words, check_board_types)
 
 
 def complaints(root):

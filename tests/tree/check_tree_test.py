@@ -36,6 +36,8 @@ GOOD = {
     "tests/commands/keyextensions/KSEXITemplate.transcript": "command KSEXITEMPLATE\n",
     **{f"data/forms/{name}.json": "{}\n" for name in ("EXCCS", "KSANI", "KSEXI", "KSEXITEMPLATE")},
     **{f"docs/commands/{name}.md": "# A page\n" for name in ("EXCCS", "KSANI", "KSEXI", "KSEXITEMPLATE")},
+    "data/board-types.json": '{"31": {"title": "A board", "positions": 16}}',
+    "docs/plants.md": "| 31 | A board | 16 |\n",
     "docs/picture.bin": "\0the " + "spec",
     "docs/architecture.md": "A part of the tree, in particular parts of it, 3 parts, specific to it.\n",
     "build/dev/other.cpp": "the " + "spec\n",
@@ -43,6 +45,7 @@ GOOD = {
 
 # A change to the good tree (None takes the file away), and the one sentence that follows, by its beginning.
 BAD = [
+    ("docs/plants.md", "| 31 | A board | 8 |\n", "docs/plants.md: the board type 31 lacks its row | 31 | A board | 16 |"),
     ("script/List.cpp", "#include <sqlite3.h>\n", "script/List.cpp:1: the library includes nothing but"),
     ("script/List.cpp", "#include <string.h>\n", "script/List.cpp:1: the library includes nothing but"),
     ("script/List.cpp", "\n  # include<nlohmann/json.hpp>\n", "script/List.cpp:2: the library includes nothing but"),

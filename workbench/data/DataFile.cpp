@@ -44,7 +44,7 @@ std::string Step(std::size_t index, const Json& json) {
 }  // namespace
 
 void DataItem::Fail(const std::string& complaint) const {
-  throw DataError(file_ + ": " + (place_.empty() ? "" : place_ + ": ") + complaint);
+  throw DataError(file_, (place_.empty() ? "" : place_ + ": ") + complaint);
 }
 
 void DataItem::FailAs(const char* wanted) const { Fail(std::string(wanted) + " is wanted, not " + Kind(*json_)); }
@@ -111,28 +111,35 @@ DataItem Fields::At(const char* key) {
   return *item;
 }
 
-void Fields::End() const {
+std::vector<std::string> Fields::Unknown() const {
+  std::vector<std::string> complaints;
   for (const auto& [key, value] : object_.json_->items()) {
     if (std::find(asked_.begin(), asked_.end(), key) == asked_.end())
-      object_.Fail("unknown key \"" + key + "\"." + DidYouMean(key, asked_));
+      complaints.push_back("unknown key \"" + key + "\"." + DidYouMean(key, asked_));
   }
+  return complaints;
+}
+
+void Fields::End() const {
+  const std::vector<std::string> complaints = Unknown();
+  if (!complaints.empty()) object_.Fail(complaints.front());
 }
 
 DataItem ReadData(std::string_view text, const std::string& file) {
-  if (!IsUtf8(text)) throw DataError(file + ": this is not UTF-8 text");
+  if (!IsUtf8(text)) throw DataError(file, "this is not UTF-8 text");
   // The reader of JSON would take the last of two fields with the same key in silence.
   std::vector<std::set<std::string>> open;
   const auto note = [&](int, Json::parse_event_t event, Json& parsed) {
     if (event == Json::parse_event_t::object_start) open.emplace_back();
     if (event == Json::parse_event_t::object_end) open.pop_back();
     if (event == Json::parse_event_t::key && !open.back().insert(parsed.get<std::string>()).second)
-      throw DataError(file + ": the key \"" + parsed.get<std::string>() + "\" stands there twice in one object");
+      throw DataError(file, "the key \"" + parsed.get<std::string>() + "\" stands there twice in one object");
     return true;
   };
   try {
     return DataItem(std::make_shared<const Json>(Json::parse(text, note)), file, "");
   } catch (const Json::exception& error) {
-    throw DataError(file + ": " + Complaint(error));
+    throw DataError(file, Complaint(error));
   }
 }
 

@@ -22,7 +22,13 @@ namespace cordboard::workbench {
 
 class DataError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  DataError(const std::string& file, const std::string& complaint)
+      : std::runtime_error(file + ": " + complaint), complaint_(complaint) {}
+  // What is wrong, with its place in the file and without the file.
+  const std::string& complaint() const { return complaint_; }
+
+ private:
+  std::string complaint_;
 };
 
 class Fields;
@@ -84,7 +90,9 @@ class Fields {
     return item ? item->As<T>() : std::move(otherwise);
   }
 
-  // Fails where a key was not asked for.
+  // The complaints about the keys that were not asked for.
+  std::vector<std::string> Unknown() const;
+  // Fails with the first of them.
   void End() const;
 
  private:

@@ -146,7 +146,7 @@ const Table* DatabaseSchema::Find(std::string_view table) const {
 
 const DatabaseSchema& Schema::Database(std::string_view name) const {
   if (const DatabaseSchema* database = FindNamed(databases, name)) return *database;
-  throw DataError("there is no database " + std::string(name));
+  throw DataError("schema.json", "there is no database " + std::string(name));
 }
 
 Schema ReadSchema(std::string_view json) {

@@ -13,7 +13,7 @@
 #include "script/Statement.h"
 #include "workbench/database/Schema.h"
 #include "workbench/exchange/NumberSeries.h"
-#include "workbench/exchange/Plant.h"
+#include "workbench/exchange/PlantTables.h"
 
 namespace cordboard::workbench {
 
@@ -88,7 +88,7 @@ void Exchange::Fill(const std::string& release, const Plant& plant) {
   MakeTables(dynamic_, "dynamic");
   MakeTables(dynamic_, "site");
   dynamic_.Execute("CREATE TABLE [Cordboard] ([Name] TEXT PRIMARY KEY, [Value]) WITHOUT ROWID");
-  dynamic_.Run("INSERT INTO [Cordboard] VALUES ('Release', ?), ('CmdId', 0)", {release});
+  dynamic_.Run("INSERT INTO [Cordboard] VALUES ('Release', ?), ('CmdId', 0), ('Plant', ?)", {release, plant.name});
   IndexSeries(dynamic_);
   EnterPlant(*this, plant);
   dynamic_.Execute("PRAGMA application_id = " + std::to_string(applicationId) +

@@ -49,6 +49,18 @@ std::vector<std::string> Expanded(const std::string& from, const std::string& to
   return elements;
 }
 
+// The element that comes next in a range; nothing where the digits at the end are all nines, or none.
+std::string Successor(std::string element) {
+  for (std::size_t i = element.size(); i > 0 && IsDigit(element[i - 1]); --i) {
+    if (element[i - 1] != '9') {
+      ++element[i - 1];
+      return element;
+    }
+    element[i - 1] = '0';
+  }
+  return "";
+}
+
 }  // namespace
 
 std::vector<std::vector<std::string>> ElementsByPart(const std::string& typed) {
@@ -72,6 +84,15 @@ std::vector<std::string> Elements(const std::string& typed) {
   for (std::vector<std::string>& part : ElementsByPart(typed))
     all.insert(all.end(), std::make_move_iterator(part.begin()), std::make_move_iterator(part.end()));
   return all;
+}
+
+std::vector<std::string> AsRanges(const std::vector<std::string>& elements) {
+  std::vector<std::string> ranges;
+  for (std::size_t first = 0, last = 0; first < elements.size(); first = ++last) {
+    while (last + 1 < elements.size() && elements[last + 1] == Successor(elements[last])) ++last;
+    ranges.push_back(first == last ? elements[first] : elements[first] + "&&" + elements[last]);
+  }
+  return ranges;
 }
 
 bool HoldsRange(const std::string& typed) { return typed.find("&&") != typed.npos; }

@@ -21,6 +21,8 @@ inline constexpr std::size_t mostElements = 100000;
 std::vector<std::string> Elements(const std::string& typed);
 // The same, with the values of each part between single "&" by themselves: the numbers of a range stay together.
 std::vector<std::vector<std::string>> ElementsByPart(const std::string& typed);
+// The other way round: elements that follow each other, of at most 18 digits, as ranges and the rest as they are.
+std::vector<std::string> AsRanges(const std::vector<std::string>& elements);
 
 // Whether the text holds a range, and whether it holds several values side by side.
 bool HoldsRange(const std::string& typed);

@@ -3,6 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "workbench/data/Resources.h"
 #include "workbench/support/TemporaryFolder.h"
 #include "workbench/support/TestExchange.h"
 
@@ -10,7 +14,7 @@ namespace cordboard::workbench {
 namespace {
 
 using testing::ElementsAre;
-using testing::StartsWith;
+using testing::Pair;
 
 const char* const small = R"({
   "name": "small",
@@ -22,17 +26,6 @@ const char* const small = R"({
   "routes": ["1&&3", "10&12"],
   "categories": 3
 })";
-
-// The small plant with one part replaced.
-std::string With(const std::string& part, const std::string& other) {
-  std::string text = small;
-  text.replace(text.find(part), part.size(), other);
-  return text;
-}
-
-std::string Refused(const std::string& text) {
-  return Refusal<PlantError>([&] { ParsePlant(text, "office.json"); });
-}
 
 TEST(Plant, IsReadFromItsDescription) {
   const Plant plant = ParsePlant(small, "office.json");
@@ -48,8 +41,10 @@ TEST(Plant, IsReadFromItsDescription) {
   EXPECT_EQ(plant.categories, 3);
 }
 
+const char* const bare = R"({"name": "bare", "locations": [], "lims": [], "boards": []})";
+
 TEST(Plant, NeedsNoMoreThanPlacesLimsAndBoards) {
-  const Plant plant = ParsePlant(R"({"name": "bare", "locations": [], "lims": [], "boards": []})", "bare");
+  const Plant plant = ParsePlant(bare, "bare");
   EXPECT_TRUE(plant.boards.empty());
   EXPECT_EQ(plant.categories, 0);
 }
@@ -110,7 +105,7 @@ TEST(Plant, OnesOfTheUserAreReadFromTheirFiles) {
 
 TEST(Plant, AMissingOneIsToldWithTheNamesThatThereAre) {
   EXPECT_EQ(Refusal<PlantError>([] { ReadPlant("nowhere"); }),
-            "there is no plant file 'nowhere', and no built-in plant of that name (there is: example)");
+            "there is no plant file 'nowhere', and no built-in plant of that name (there are: example, large, small)");
 }
 
 TEST(Plant, AFileThatCannotBeReadIsTold) {
@@ -121,61 +116,43 @@ TEST(Plant, AFileThatCannotBeReadIsTold) {
               "the plant file '" + file.string() + "' is empty or cannot be read");
 }
 
-// --- Descriptions that are refused.
-
-TEST(Plant, WhatIsNoDescriptionIsRefused) {
-  for (const char* text : {"", "{", "SQLite format 3"})
-    EXPECT_THAT(Refused(text), StartsWith("office.json: parse error at line 1, column ")) << text;
-  EXPECT_EQ(Refused("\xFF"), "office.json: this is not UTF-8 text");
-  EXPECT_EQ(Refused("[]"), "office.json: an object is wanted, not a list");
-  EXPECT_EQ(Refused("{}"), "office.json: the key \"name\" is missing");
+TEST(Plant, AFileThatDoesNotEndIsTold) {
+  EXPECT_EQ(Refusal<PlantError>([] { ReadPlant("/dev/zero"); }),
+            "the plant file '/dev/zero' is longer than 8 megabytes");
 }
 
-TEST(Plant, AMistakeIsRefusedWithItsPlace) {
-  EXPECT_EQ(Refused(With("\"lim\": 1, \"magazine\"", "\"lim\": \"1\", \"magazine\"")),
-            "office.json: boards[0].lim: a whole number is wanted, not a text");
-  EXPECT_EQ(Refused(With("\"slot\": 10, ", "")), "office.json: boards[1]: the key \"slot\" is missing");
-  EXPECT_EQ(Refused(With("\"description\": \"Cellar\"", "\"descripton\": \"Cellar\"")),
-            "office.json: lims[0]: unknown key \"descripton\". Did you mean description?");
-  EXPECT_EQ(Refused(With("\"trunkLines\"", "\"trunklines\"")),
-            "office.json: unknown key \"trunklines\". Did you mean trunkLines?");
-  EXPECT_EQ(Refused(With("\"customers\"", "\"name\"")),
-            "office.json: the key \"name\" stands there twice in one object");
+// --- Plants as they are written.
+
+TEST(Plant, BuiltInOnesAreWrittenAsTheyWereRead) {
+  for (const std::string& name : PlantNames())
+    EXPECT_EQ(JsonOf(ReadPlant(name)), nlohmann::json::parse(Resource("plants/" + name + ".json")));
 }
 
-TEST(Plant, AnUnknownBoardTypeIsRefused) {
-  EXPECT_EQ(Refused(With("\"70\"", "\"99\"")), "office.json: boards[0].type: there is no board type '99'");
+TEST(Plant, WhatIsNotThereIsWrittenAsNothing) {
+  const nlohmann::json json = JsonOf(ParsePlant(bare, "bare"));
+  EXPECT_EQ(json["boards"], nlohmann::json::array());
+  EXPECT_EQ(json["routes"], nlohmann::json::array());
+  EXPECT_EQ(JsonOf(ParsePlant(json.dump(), "again")), json);
 }
 
-TEST(Plant, RangesThatCannotBeTakenApartAreRefused) {
-  EXPECT_EQ(Refused(With("1&&3", "3&&1")), "office.json: routes[0]: the range 3&&1 ends before it begins");
-  EXPECT_EQ(Refused(With("001-0-20-00&&001-0-20-02", "1&&")),
-            "office.json: trunkLines[0].tru: a value is missing beside an &");
+TEST(Plant, IsCountedByTheNamesOfItsParts) {
+  const std::vector<std::pair<std::string, std::size_t>> counts = Counts(ParsePlant(small, "small"));
+  EXPECT_THAT(counts,
+              ElementsAre(Pair("locations", 2), Pair("lims", 2), Pair("boards", 2), Pair("positions", 24),
+                          Pair("customers", 2), Pair("trunkLines", 4), Pair("routes", 5), Pair("categories", 3)));
 }
 
-TEST(Plant, EverythingStandsInAPlaceThatThereIs) {
-  EXPECT_EQ(Refused(With("{\"lim\": 1, \"location\": \"HQ\"", "{\"lim\": 1, \"location\": \"X\"")),
-            "office.json: LIM 1: there is no location 'X'");
-  EXPECT_EQ(Refused(With("{\"lim\": 1, \"magazine\"", "{\"lim\": 2, \"magazine\"")),
-            "office.json: the board in LIM 2, magazine 0, slot 3: there is no such LIM");
-  EXPECT_EQ(Refused(With("{\"lim\": 12, \"tru\"", "{\"lim\": 2, \"tru\"")),
-            "office.json: trunk line 012-0-20-00: there is no LIM 2");
+// How many positions there are on boards to which telephones are connected.
+int PlacesForTelephones(const Plant& plant) {
+  int places = 0;
+  for (const auto& board : plant.boards)
+    if (std::set<std::string>{"31", "59", "77", "44", "104"}.contains(board.boardId)) places += board.type.positions;
+  return places;
 }
 
-TEST(Plant, NothingStandsInAPlaceThatIsTaken) {
-  EXPECT_EQ(Refused(With("{\"lim\": 12, \"location\"", "{\"lim\": 1, \"location\"")),
-            "office.json: LIM 1 stands there twice");
-  EXPECT_EQ(Refused(With("{\"lim\": 12, \"magazine\": 1, \"slot\": 10", "{\"lim\": 1, \"magazine\": 0, \"slot\": 3")),
-            "office.json: the board in LIM 1, magazine 0, slot 3 stands there twice");
-}
-
-TEST(Plant, PlacesHaveNumbersThatFitInAPosition) {
-  EXPECT_EQ(Refused(With("{\"lim\": 12, \"location\"", "{\"lim\": 1000, \"location\"")),
-            "office.json: LIM 1000 is not between 1 and 999");
-  EXPECT_EQ(Refused(With("\"magazine\": 1,", "\"magazine\": 10,")),
-            "office.json: the board in LIM 12, magazine 10, slot 10: a magazine is between 0 and 9");
-  EXPECT_EQ(Refused(With("\"slot\": 10", "\"slot\": 100")),
-            "office.json: the board in LIM 12, magazine 1, slot 100: a slot is between 0 and 99");
+TEST(Plant, BuiltInOnesHaveRoomForTheExtensionsOfAnOffice) {
+  EXPECT_GE(PlacesForTelephones(ReadPlant("small")), 50);
+  EXPECT_GE(PlacesForTelephones(ReadPlant("large")), 1000);
 }
 
 }  // namespace

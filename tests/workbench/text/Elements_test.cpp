@@ -74,6 +74,15 @@ TEST(Elements, OneValueStandsForAHundredThousandAtMost) {
   EXPECT_EQ(Refused("000000&&099999&100000"), "these are more than 100000 values");
 }
 
+TEST(Elements, ThoseThatFollowEachOtherAreRanges) {
+  EXPECT_THAT(AsRanges({}), ElementsAre());
+  EXPECT_THAT(AsRanges({"7"}), ElementsAre("7"));
+  EXPECT_THAT(AsRanges({"7", "8", "9", "10", "11"}), ElementsAre("7&&9", "10&&11"));
+  EXPECT_THAT(AsRanges({"1-09", "1-10", "1-12", "2-13"}), ElementsAre("1-09&&1-10", "1-12", "2-13"));
+  EXPECT_THAT(AsRanges({"3", "2", "2", "A", "B"}), ElementsAre("3", "2", "2", "A", "B"));
+  EXPECT_THAT(AsRanges(Elements("098&&101&7&1-00&&1-99")), ElementsAre("098&&101", "7", "1-00&&1-99"));
+}
+
 TEST(Elements, WhetherATextHoldsARangeOrSeveralValues) {
   EXPECT_FALSE(HoldsRange("1&2"));
   EXPECT_TRUE(HoldsRange("1&&2"));
