@@ -58,7 +58,7 @@ std::string Written(const Place& place, const workbench::Problem& problem) {
   if (!problem.parameter.empty()) where += (where.empty() ? "" : ", ") + problem.parameter;
   if (!problem.parameter.empty() && !problem.value.empty()) where += "=" + problem.value;
   text += (where.empty() ? "" : where + ": ") + problem.message;
-  if (!problem.allowed.empty()) text += (text.ends_with('.') ? " " : ". ") + ("Possible: " + problem.allowed);
+  if (problem.possible) text += (text.ends_with('.') ? " " : ". ") + ("Possible: " + InWords(*problem.possible));
   return text;
 }
 
@@ -72,7 +72,11 @@ nlohmann::json ToJson(const Place& place, const workbench::Problem& problem) {
   add("command", place.command);
   add("parameter", problem.parameter);
   add("value", problem.value);
-  add("possible", problem.allowed);
+  if (const auto& possible = problem.possible) {
+    json["possible"] = possible->values;
+    if (possible->total) json["total"] = *possible->total;
+    if (possible->numbers) json["numbers"] = {{"from", possible->numbers->from}, {"to", possible->numbers->to}};
+  }
   return json;
 }
 
