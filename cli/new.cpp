@@ -1,11 +1,13 @@
 // cordboard new: makes an exchange from a plant description.
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
+#include "workbench/text/Counted.h"
 #include "workbench/text/Nearest.h"
 
 namespace cordboard::cli {
@@ -21,8 +23,17 @@ int New(const NewOptions& options) {
   workbench::Exchange::Create(options.file, options.release, plant);
   std::size_t positions = 0;
   for (const auto& board : plant.boards) positions += static_cast<std::size_t>(board.type.positions);
-  Note("made", options.file + ": release " + options.release + ", plant " + plant.name + ", " +
-                   std::to_string(plant.boards.size()) + " boards with " + std::to_string(positions) + " positions");
+  if (options.json) {
+    PrintJson({{"file", options.file},
+               {"release", options.release},
+               {"plant", plant.name},
+               {"boards", plant.boards.size()},
+               {"positions", positions}});
+  } else {
+    Note("made", options.file + ": release " + options.release + ", plant " + plant.name + ", " +
+                     workbench::Counted(plant.boards.size(), "board") + " with " +
+                     workbench::Counted(positions, "position"));
+  }
   return Done;
 }
 
