@@ -84,14 +84,17 @@ class CommandLine {
   }
 
   int Run(int argc, char** argv) {
-    CheckSubcommand(argc, argv);
     try {
+      CheckSubcommand(argc, argv);
       app_.parse(argc, argv);
       return exitCode_;
     } catch (const CLI::ParseError& error) {
       // Help and version end well; every other complaint is about usage.
       if (error.get_exit_code() == 0) return app_.exit(error);
-      throw Exit{Usage, std::string(error.what()) + "; see cordboard" + Chosen() + " --help"};
+      throw Exit{Usage, WithHelp(Small(error.what()))};
+    } catch (const Exit& exit) {
+      if (exit.code != Usage) throw;
+      throw Exit{Usage, WithHelp(exit.message)};
     }
   }
 
@@ -106,10 +109,19 @@ class CommandLine {
     throw Exit{Usage, "there is no subcommand " + std::string(argv[1]) + "." + workbench::DidYouMean(argv[1], names)};
   }
 
-  // The subcommand that was chosen, with a blank before it.
-  std::string Chosen() const {
+  // What is wrong with the command line, and what to type for help.
+  std::string WithHelp(const std::string& complaint) const {
     const auto chosen = app_.get_subcommands();
-    return chosen.empty() ? "" : " " + chosen.front()->get_name();
+    const std::string program = "cordboard" + (chosen.empty() ? "" : " " + chosen.front()->get_name());
+    const bool isSentence = complaint.ends_with('.') || complaint.ends_with('?');
+    return complaint + (isSentence ? " See " : "; see ") + program + " --help";
+  }
+
+  // As our messages begin; names stay as they are.
+  static std::string Small(std::string text) {
+    const bool isWord = text.size() > 1 && (text[1] == ' ' || std::islower(static_cast<unsigned char>(text[1])) != 0);
+    if (isWord) text[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(text[0])));
+    return text;
   }
 
   // A subcommand and the options that its own description fills in.
@@ -125,6 +137,12 @@ class CommandLine {
     sub->add_flag("--secrets", secrets, "show passwords, in the place of ***");
   }
 
+  // Gives what is wrong with the text, or nothing.
+  static std::string IsCount(const std::string& text) {
+    const bool digits = text.find_first_not_of("0123456789") == text.npos && text.size() <= 9;
+    return digits ? "" : text + " is not a whole number from 0 to 999999999";
+  }
+
   void AddNew() {
     auto [sub, options] = Add("new", "Make an exchange file from a plant description", New);
     sub->add_option("FILE", options.file, "the exchange file to make, such as office.cbx")->required();
@@ -134,6 +152,7 @@ class CommandLine {
     sub->add_option("--plant", options.plant,
                     "a built-in plant or a plant file: places, LIMs, boards, lines, customers")
         ->capture_default_str();
+    sub->add_flag("--json", options.json, "report as JSON on standard output");
   }
 
   void AddPlants() {
@@ -172,7 +191,10 @@ class CommandLine {
     sub->add_option("COMMAND", options.command, "the command, such as NANSI")->required();
     sub->add_option("PARAM", options.parameter, "its parameter, such as NUMTYP")->required();
     sub->add_option("NAME=VALUE", options.given, "what else the form holds, in the order in which it is filled in");
-    sub->add_option("--limit", options.limit, "the first so many values")->check(CLI::PositiveNumber);
+    sub->add_option("--of", options.of,
+                    "the values in an edit of the record that has this NAME=VALUE; may be given several times")
+        ->allow_extra_args(false);
+    sub->add_option("--limit", options.limit, "the first so many values; 0 for all of them")->check(IsCount);
     sub->add_flag("--json", options.json, "print as JSON");
   }
 
@@ -188,6 +210,7 @@ class CommandLine {
   void AddGenerate() {
     auto [sub, options] = Add("generate", "Print the exchange's command lines", Generate);
     sub->add_option("FILE", options.file, "the exchange file")->required();
+    sub->add_option("COMMAND", options.commands, "the lines of these commands alone");
     auto* output =
         sub->add_option("-o,--output", options.output,
                         "write the lines, passwords among them, to this file, which its owner alone can read");

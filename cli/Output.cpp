@@ -6,10 +6,13 @@
 #include <cstdlib>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <sstream>
+#include <string_view>
 #include <utility>
 
 #include "script/Conversions.h"
 #include "script/Text.h"
+#include "workbench/text/Escaped.h"
 
 namespace cordboard::cli {
 
@@ -19,6 +22,8 @@ namespace {
 struct Document {
   bool gathers = false;
   bool printed = false;
+  bool listing = false;  // a list is open
+  bool listed = false;   // and has an element
   nlohmann::json problems = nlohmann::json::array();
 };
 
@@ -27,9 +32,14 @@ Document& TheDocument() {
   return document;
 }
 
+std::string_view Environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
 bool Coloured() {
-  const char* refused = std::getenv("NO_COLOR");
-  static const bool coloured = isatty(STDERR_FILENO) == 1 && (refused == nullptr || *refused == '\0');
+  static const bool coloured =
+      isatty(STDERR_FILENO) == 1 && Environment("NO_COLOR").empty() && Environment("TERM") != "dumb";
   return coloured;
 }
 
@@ -46,9 +56,9 @@ void Tell(const Severity& severity, const std::string& label, const std::string&
     problem["severity"] = severity.name;
     TheDocument().problems.push_back(std::move(problem));
   } else if (Coloured()) {
-    std::cerr << severity.colour << label << "\033[0m: " << text << '\n';
+    std::cerr << severity.colour << label << "\033[0m: " << workbench::Escaped(text) << '\n';
   } else {
-    std::cerr << label << ": " << text << '\n';
+    std::cerr << label << ": " << workbench::Escaped(text) << '\n';
   }
 }
 
@@ -60,7 +70,7 @@ std::string Written(const Place& place, const workbench::Problem& problem) {
   if (!problem.parameter.empty()) where += (where.empty() ? "" : ", ") + problem.parameter;
   if (!problem.parameter.empty() && !problem.value.empty()) where += "=" + problem.value;
   text += (where.empty() ? "" : where + ": ") + problem.message;
-  if (!problem.allowed.empty()) text += (text.ends_with('.') ? " " : ". ") + ("Possible: " + problem.allowed);
+  if (problem.possible) text += (text.ends_with('.') ? " " : ". ") + ("Possible: " + InWords(*problem.possible));
   return text;
 }
 
@@ -74,8 +84,28 @@ nlohmann::json ToJson(const Place& place, const workbench::Problem& problem) {
   add("command", place.command);
   add("parameter", problem.parameter);
   add("value", problem.value);
-  add("possible", problem.allowed);
+  if (const auto& possible = problem.possible) {
+    json["possible"] = possible->values;
+    if (possible->total) json["total"] = *possible->total;
+    if (possible->numbers) json["numbers"] = {{"from", possible->numbers->from}, {"to", possible->numbers->to}};
+  }
   return json;
+}
+
+// The layout of JSON has no control characters but line ends, and of those in its texts some are not escaped.
+std::string Dumped(const nlohmann::json& data, const std::string& indentation = "") {
+  std::istringstream lines(data.dump(2, ' ', false, nlohmann::json::error_handler_t::replace));
+  std::string text;
+  for (std::string line; std::getline(lines, line);)
+    text += (text.empty() ? "" : "\n") + indentation + workbench::Escaped(line);
+  return text;
+}
+
+void EndList() {
+  const nlohmann::json problems = std::exchange(TheDocument().problems, nlohmann::json::array());
+  TheDocument().printed = true;
+  std::cout << (TheDocument().listed ? "\n  " : "") << "],\n  \"problems\": " << TrimLeftBlanks(Dumped(problems, "  "))
+            << "\n}\n";
 }
 
 }  // namespace
@@ -95,15 +125,31 @@ void Warning(const Place& place, const workbench::Problem& problem) {
   Tell(warning, warning.name, Written(place, problem), ToJson(place, problem));
 }
 
+void Note(const Place& place, const workbench::Problem& problem) {
+  Tell(note, note.name, Written(place, problem), ToJson(place, problem));
+}
+
 void PrintJson(nlohmann::json document) {
   document["problems"] = std::exchange(TheDocument().problems, nlohmann::json::array());
   TheDocument().printed = true;
-  std::cout << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+  std::cout << Dumped(document) << '\n';
 }
 
-void PrintProblemsAlone() {
-  if (TheDocument().gathers && !TheDocument().printed) PrintJson(nlohmann::json::object());
+void PrintProblemsLeft() {
+  if (!TheDocument().gathers || TheDocument().printed) return;
+  TheDocument().listing ? EndList() : PrintJson(nlohmann::json::object());
 }
+
+JsonList::JsonList(const std::string& name) {
+  TheDocument().listing = true;
+  std::cout << "{\n  " << Dumped(name) << ": [";
+}
+
+void JsonList::Add(const nlohmann::json& element) {
+  std::cout << (std::exchange(TheDocument().listed, true) ? ",\n" : "\n") << Dumped(element, "    ");
+}
+
+void JsonList::End() { EndList(); }
 
 nlohmann::json ToJson(const Value& value) {
   switch (value.kind()) {
@@ -118,22 +164,35 @@ nlohmann::json ToJson(const Value& value) {
   }
 }
 
+std::string Printed(const std::string& text) {
+  static const bool terminal = isatty(STDOUT_FILENO) == 1;
+  return terminal ? workbench::Escaped(text) : text;
+}
+
+Table::Table(const std::vector<std::string>& headings, std::vector<std::size_t> widths) : widths_(std::move(widths)) {
+  widths_.resize(headings.size());
+  for (std::size_t i = 0; i < headings.size(); ++i) widths_[i] = std::max(widths_[i], Length(headings[i]));
+  Print(headings);
+}
+
+void Table::Print(const std::vector<std::string>& cells) const {
+  std::string line;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    const std::string cell = Printed(cells[i]);
+    line += cell;
+    // A cell that has grown since the widths were taken, or by escapes, keeps its distance all the same.
+    if (i + 1 < cells.size()) line += std::string(std::max(widths_[i], Length(cell)) - Length(cell) + 2, ' ');
+  }
+  std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
+}
+
 void PrintTable(const std::vector<std::string>& headings, const std::vector<std::vector<std::string>>& rows) {
   std::vector<std::size_t> widths(headings.size());
-  std::ranges::transform(headings, widths.begin(), Length);
   for (const auto& row : rows) {
     for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], Length(row[i]));
   }
-  const auto print = [&widths](const std::vector<std::string>& cells) {
-    std::string line;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-      line += cells[i];
-      if (i + 1 < cells.size()) line += std::string(widths[i] - Length(cells[i]) + 2, ' ');
-    }
-    std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
-  };
-  print(headings);
-  for (const auto& row : rows) print(row);
+  const Table table(headings, widths);
+  for (const auto& row : rows) table.Print(row);
 }
 
 }  // namespace cordboard::cli

@@ -16,8 +16,8 @@ void GatherMessages();
 // From now on they go to standard error: the document cannot be written.
 void TellOnStandardError();
 
-// A message: a line on standard error, its label in colour where that is a terminal and NO_COLOR is not set to
-// anything; or a problem of the document.
+// A message: a line on standard error, its label in colour where that is a terminal that has them (TERM) and NO_COLOR
+// is not set to anything; or a problem of the document. Control characters are shown escaped.
 void Note(const std::string& label, const std::string& text);
 void Error(const std::string& text);
 void Warning(const std::string& text);
@@ -32,15 +32,37 @@ struct Place {
 // A problem as a message: "error: office.plan:2: KSEXI, DIR=100: this value is not possible here. Possible: 101, 102".
 void Error(const Place& place, const workbench::Problem& problem);
 void Warning(const Place& place, const workbench::Problem& problem);
+void Note(const Place& place, const workbench::Problem& problem);
 
 // Prints the document of a subcommand, an object: its data, and under "problems" the messages that were gathered.
 void PrintJson(nlohmann::json document);
-// Prints a document of nothing but its problems, unless there was one: that of a subcommand that ended early.
-void PrintProblemsAlone();
+// Ends the document of a subcommand that ended early: prints the problems, unless that was done.
+void PrintProblemsLeft();
+
+// A document of one list, which may be long: its elements are printed one after the other.
+class JsonList {
+ public:
+  explicit JsonList(const std::string& name);
+  void Add(const nlohmann::json& element);
+  void End();
+};
 
 nlohmann::json ToJson(const Value& value);
 
-// Columns under headings, each as wide as its widest cell.
+// A text of data as it is printed: on a terminal with its control characters escaped.
+std::string Printed(const std::string& text);
+
+// Columns under headings, each as wide as is said: that is, as its widest cell.
+class Table {
+ public:
+  // Prints the headings.
+  Table(const std::vector<std::string>& headings, std::vector<std::size_t> widths);
+  void Print(const std::vector<std::string>& cells) const;
+
+ private:
+  std::vector<std::size_t> widths_;
+};
+// The same for rows that are all there.
 void PrintTable(const std::vector<std::string>& headings, const std::vector<std::vector<std::string>>& rows);
 
 }  // namespace cordboard::cli

@@ -28,6 +28,7 @@ struct NewOptions {
   std::string file;
   std::string release;
   std::string plant = "example";
+  bool json = false;
 };
 int New(const NewOptions& options);
 
@@ -60,7 +61,8 @@ struct ValuesOptions {
   std::string command;
   std::string parameter;
   std::vector<std::string> given;
-  std::size_t limit = 0;  // 0: all of them
+  std::vector<std::string> of;  // which record is edited; nothing for one that is added
+  std::size_t limit = 0;        // 0: all of them
   bool json = false;
 };
 int Values(const ValuesOptions& options);
@@ -76,7 +78,8 @@ int Show(const ShowOptions& options);
 
 struct GenerateOptions {
   std::string file;
-  std::string output;  // empty: standard output
+  std::vector<std::string> commands;  // nothing: all of them
+  std::string output;                 // empty: standard output
   bool templates = false;
   bool json = false;
 };

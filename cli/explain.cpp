@@ -15,8 +15,8 @@ namespace {
 
 void Print(const std::vector<TracedCall>& calls, const workbench::Outcome& outcome) {
   for (const TracedCall& call : calls) {
-    std::cout << std::string(static_cast<std::size_t>(call.depth) * 2, ' ') << call.call;
-    if (!call.answer.empty()) std::cout << "  ->  " << call.answer;
+    std::cout << std::string(static_cast<std::size_t>(call.depth) * 2, ' ') << Printed(call.call);
+    if (!call.answer.empty()) std::cout << "  ->  " << Printed(call.answer);
     std::cout << '\n';
   }
   std::cout << (outcome.done ? "done" : "refused") << '\n';

@@ -50,7 +50,7 @@ int main(int argc, char** argv) {
   // Also what the command line itself has wrong belongs to the document.
   if (std::find(argv, argv + argc, std::string_view("--json")) != argv + argc) GatherMessages();
   const int exitCode = RunAndReport(argc, argv);
-  if (exitCode != Done) PrintProblemsAlone();
+  if (exitCode != Done) PrintProblemsLeft();
   if (std::cout.flush()) return exitCode;
   TellOnStandardError();
   Error("standard output could not be written");

@@ -1,11 +1,13 @@
 // cordboard new: makes an exchange from a plant description.
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
+#include "workbench/text/Counted.h"
 #include "workbench/text/Nearest.h"
 
 namespace cordboard::cli {
@@ -19,9 +21,18 @@ int New(const NewOptions& options) {
                              workbench::DidYouMean(options.plant, builtIn)};
   const workbench::Plant plant = workbench::ReadPlant(options.plant);
   workbench::Exchange::Create(options.file, options.release, plant);
-  Note("made", options.file + ": release " + options.release + ", plant " + plant.name + ", " +
-                   std::to_string(plant.boards.size()) + " boards with " + std::to_string(plant.Positions()) +
-                   " positions");
+  const std::size_t positions = plant.Positions();
+  if (options.json) {
+    PrintJson({{"file", options.file},
+               {"release", options.release},
+               {"plant", plant.name},
+               {"boards", plant.boards.size()},
+               {"positions", positions}});
+  } else {
+    Note("made", options.file + ": release " + options.release + ", plant " + plant.name + ", " +
+                     workbench::Counted(plant.boards.size(), "board") + " with " +
+                     workbench::Counted(positions, "position"));
+  }
   return Done;
 }
 

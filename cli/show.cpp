@@ -3,136 +3,131 @@
 #include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "cli/Files.h"
 #include "cli/Output.h"
+#include "cli/ShownLists.h"
 #include "cli/Subcommands.h"
 #include "script/Conversions.h"
+#include "workbench/actions/RecordPages.h"
 #include "workbench/actions/Records.h"
 #include "workbench/database/Schema.h"
-#include "workbench/host/Session.h"
+#include "workbench/text/Counted.h"
+#include "workbench/text/Names.h"
 
 namespace cordboard::cli {
 
 namespace {
 
-void ShowTables(workbench::Exchange& exchange, bool json) {
+// The tables spell it in two ways.
+const char* const identifier = "CmdId";
+
+void ShowCommands(workbench::Exchange& exchange, bool json) {
   nlohmann::json data = nlohmann::json::array();
   std::vector<std::vector<std::string>> rows;
   for (const workbench::FormDefinition* form : workbench::Forms()) {
-    double records = 0;
-    for (const workbench::FormDefinition* table : form->OfEachTable())
-      records += exchange.Dynamic().Single("SELECT COUNT(*) FROM " + table->Rows()).number();
-    const Value count = records;
-    data.push_back({{"command", form->command}, {"title", form->title}, {"records", ToJson(count)}});
-    rows.push_back({form->command, Joined(count), form->title});
+    const auto [records, blank] = CountRecords(exchange, *form);
+    data.push_back({{"command", form->command}, {"title", form->title}, {"count", records}, {"blank", blank}});
+    const std::string besides = blank == 0 ? "" : " (and " + workbench::Counted(blank, "blank row") + ")";
+    rows.push_back({form->command, std::to_string(records), form->title + besides});
   }
-  if (json) return PrintJson({{"release", exchange.release()}, {"tables", data}});
+  if (json) return PrintJson({{"release", exchange.release()}, {"commands", data}});
   std::cout << "Release " << exchange.release() << "\n\n";
   PrintTable({"COMMAND", "RECORDS", ""}, rows);
 }
 
-void ShowRecords(workbench::Exchange& exchange, const workbench::FormDefinition& form,
-                 const std::vector<workbench::Assignment>& selection, bool secrets, nlohmann::json* json) {
-  // Nothing but a table has a rowid: the rows of a view stand in the order of its tables.
-  const std::string order = form.Database().IsView(form.table) ? "" : " ORDER BY rowid";
-  const RowSet records = SelectRecords(exchange, form, "*", selection, order);
-  std::vector<std::string> names;
-  for (const workbench::Column& column : form.Database().Find(form.table)->columns) names.push_back(column.name);
-  std::vector<std::vector<std::string>> rows;
-  for (std::size_t row = 0; row < records.RowCount(); ++row) {
-    nlohmann::json record;
-    std::vector<std::string> cells;
-    for (std::size_t column = 0; column < names.size(); ++column) {
-      const Value& stored = records[column][row];
-      const bool hidden = !secrets && !stored.IsNull() && form.IsSecret(names[column]);
-      const Value value = hidden ? workbench::hiddenValue : stored;
-      record[names[column]] = ToJson(value);
-      cells.push_back(value.IsNull() ? "-" : Joined(value));
-    }
-    if (json != nullptr) json->push_back(record);
-    rows.push_back(cells);
-  }
-  if (json == nullptr) PrintTable(names, rows);
-}
-
-// The folding of the form whose whole is a list; null for a form without one.
-const workbench::Folding* ListOf(const workbench::FormDefinition& form) {
-  const auto found = std::ranges::find_if(form.foldings, &workbench::Folding::isList);
-  return found == form.foldings.end() ? nullptr : &*found;
-}
-
-// The value, with its description where the list of the parameter has one.
-std::string InWords(workbench::Session& session, const std::string& parameter) {
-  std::string value = Joined(session.form().Get(parameter));
-  const workbench::ValueList* list = value.empty() ? nullptr : session.host().FreshList(parameter);
-  if (list == nullptr) return value;
-  const std::vector<workbench::ValidValue> all = list->All();
-  const auto found = std::ranges::find(all, value, &workbench::ValidValue::value);
-  return found == all.end() || found->description.empty() ? value : value + " (" + found->description + ")";
-}
-
-// The parts of a list by the first thing that each tells, such as their positions.
-void PrintList(workbench::Session& session, const workbench::Folding& list) {
-  const workbench::FormDefinition& form = session.form().definition();
-  std::vector<std::string> headings = {"ITEM"};
-  std::vector<std::vector<std::string>> rows;
-  for (const workbench::DigitPlace& place : list.places) {
-    const std::string& part = place.parameters.front();
-    if (session.form().Get(part).IsBlank()) continue;
-    rows.push_back({part});
-    const workbench::Folding* own = form.FoldingOf(part);
-    for (const workbench::DigitPlace& digits : own->places) {
-      const std::string& parameter = digits.parameters.front();
-      if (rows.size() == 1) headings.push_back(form.Find(parameter)->title);
-      rows.back().push_back(InWords(session, parameter));
+// The records of one table, as far as they are told: secrets are hidden from who does not ask for them.
+class Records {
+ public:
+  Records(workbench::Exchange& exchange, const workbench::FormDefinition& form,
+          const std::vector<workbench::Assignment>& selection, bool secrets)
+      : pages_(exchange, form, selection), columns_(form.Database().Find(form.table)->columns) {
+    for (const workbench::Column& column : columns_) {
+      names_.push_back(workbench::SameName(column.name, identifier) ? identifier : column.name);
+      hidden_.push_back(!secrets && form.IsSecret(column.name));
     }
   }
-  std::ranges::stable_sort(rows, {}, [](const auto& row) { return NumericValue(row[1]); });
-  PrintTable(headings, rows);
-  double sum = 0;
-  for (const std::string& parameter : list.sum) sum += NumericValue(session.form().Get(parameter));
-  if (!list.sum.empty()) std::cout << form.Find(list.sum.front())->title << " in all: " << Joined(Value(sum)) << '\n';
-}
 
-// Records with a list, one below the other: the other columns, then the parts of the list.
-void ShowLists(workbench::Exchange& exchange, const workbench::FormDefinition& form, const workbench::Folding& list,
-               const std::vector<workbench::Assignment>& selection) {
-  const RowSet records = SelectRecords(exchange, form, "[CmdId]", selection, " ORDER BY rowid");
-  workbench::Session session(exchange);
-  for (std::size_t row = 0; row < records.RowCount(); ++row) {
-    const workbench::Form& open = session.host().OpenForm(form);
-    LoadRecord(exchange, form, ToInt32(records[0][row]), session.form());
-    if (row > 0) std::cout << '\n';
-    for (const std::string& column : form.columns) {
-      const Value value = open.Get(column);
-      if (column == list.parameter || list.Has(column) || value.IsBlank()) continue;
-      std::cout << column << ' ' << Joined(value) << '\n';
+  void PrintAsTable() {
+    const Table table(names_, Widths());
+    for (RowSet page = pages_.Next(); !page.IsEmpty(); page = pages_.Next()) {
+      for (std::size_t row = 0; row < page.RowCount(); ++row) {
+        std::vector<std::string> cells;
+        for (std::size_t i = 0; i < names_.size(); ++i) {
+          const Value value = Told(page, i, row);
+          cells.push_back(value.IsNull() ? "-" : Joined(value));
+        }
+        table.Print(cells);
+      }
     }
-    PrintList(session, list);
+    WarnOfChanges();
   }
+
+  void AddTo(JsonList& list) {
+    for (RowSet page = pages_.Next(); !page.IsEmpty(); page = pages_.Next()) {
+      for (std::size_t row = 0; row < page.RowCount(); ++row) {
+        nlohmann::json record;
+        for (std::size_t i = 0; i < names_.size(); ++i) record[names_[i]] = ToJson(Told(page, i, row));
+        list.Add(record);
+      }
+    }
+    WarnOfChanges();
+  }
+
+ private:
+  Value Told(const RowSet& page, std::size_t column, std::size_t row) const {
+    const Value& stored = page[column][row];
+    return hidden_[column] && !stored.IsNull() ? Value(workbench::hiddenValue) : stored;
+  }
+
+  // A secret must not be told by its length either, and a truth is printed as a word.
+  std::vector<std::size_t> Widths() {
+    std::vector<std::size_t> widths = pages_.Widths();
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+      if (hidden_[i]) widths[i] = std::string(workbench::hiddenValue).size();
+      if (columns_[i].type == workbench::Column::Type::Truth) widths[i] = std::string("False").size();
+    }
+    return widths;
+  }
+
+  void WarnOfChanges() {
+    if (pages_.IsChangedMeanwhile()) Warning("the exchange was changed while it was shown: show it again");
+  }
+
+  workbench::RecordPages pages_;
+  const std::vector<workbench::Column>& columns_;
+  std::vector<std::string> names_;
+  std::vector<bool> hidden_;
+};
+
+void ShowRecords(workbench::Exchange& exchange, const ShowOptions& options) {
+  auto selection = AssignmentsOf(options.selection);
+  for (workbench::Assignment& each : selection) {
+    if (each.name == identifier) each.name = "CMDID";  // as forms have it
+  }
+  const auto tables = TablesWith(FormOf(options.command), selection);
+  if (const auto* problem = std::get_if<workbench::Problem>(&tables)) throw Exit{NotFound, problem->message};
+  std::optional<JsonList> json;
+  if (options.json) json.emplace("records");
+  for (const workbench::FormDefinition* table : std::get<0>(tables)) {
+    const workbench::Folding* list = ListOf(*table);
+    if (json) {
+      Records(exchange, *table, selection, options.secrets).AddTo(*json);
+    } else if (list != nullptr) {
+      ShowLists(exchange, *table, *list, selection);
+    } else {
+      Records(exchange, *table, selection, options.secrets).PrintAsTable();
+    }
+  }
+  if (json) json->End();
 }
 
 }  // namespace
 
 int Show(const ShowOptions& options) {
   const auto exchange = OpenExchange(options.file);
-  if (options.command.empty()) {
-    ShowTables(*exchange, options.json);
-  } else {
-    const auto selection = AssignmentsOf(options.selection);
-    const auto tables = TablesWith(FormOf(options.command), selection);
-    if (const auto* problem = std::get_if<workbench::Problem>(&tables)) throw Exit{NotFound, problem->message};
-    nlohmann::json data = nlohmann::json::array();
-    for (const workbench::FormDefinition* table : std::get<0>(tables)) {
-      if (const workbench::Folding* list = options.json ? nullptr : ListOf(*table)) {
-        ShowLists(*exchange, *table, *list, selection);
-      } else {
-        ShowRecords(*exchange, *table, selection, options.secrets, options.json ? &data : nullptr);
-      }
-    }
-    if (options.json) PrintJson({{"records", data}});
-  }
+  options.command.empty() ? ShowCommands(*exchange, options.json) : ShowRecords(*exchange, options);
   return Done;
 }
 

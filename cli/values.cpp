@@ -6,7 +6,10 @@
 #include "cli/Files.h"
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
-#include "workbench/actions/Filling.h"
+#include "workbench/actions/EmptyList.h"
+#include "workbench/actions/FormRules.h"
+#include "workbench/actions/Records.h"
+#include "workbench/actions/ShownValues.h"
 #include "workbench/forms/Unknown.h"
 
 namespace cordboard::cli {
@@ -20,6 +23,33 @@ void CheckParameter(const workbench::FormDefinition& form, const std::string& na
     throw Exit{NotFound, "the release " + release + " does not have the parameter " + name + " in " + form.command};
 }
 
+// The form of a record that is edited, with the new values.
+workbench::Filling FillFormOf(workbench::Session& session, const workbench::FormDefinition& form,
+                              const std::vector<workbench::Assignment>& selection,
+                              const std::vector<workbench::Assignment>& given) {
+  if (!form.edits) throw Exit{Refused, "records of " + form.command + " cannot be changed"};
+  const auto found = FindRecord(session.exchange(), form, selection);
+  if (const auto* problem = std::get_if<workbench::Problem>(&found)) throw Exit{NotFound, problem->message};
+  const auto& [table, CmdId] = std::get<workbench::StoredRecord>(found);
+  workbench::Filling filling(session, *table, given);
+  ShowRecord(session, *table, CmdId);
+  CheckEdit(filling);
+  filling.SetGiven();
+  return filling;
+}
+
+void Print(const std::vector<workbench::ValidValue>& values, bool json) {
+  nlohmann::json data = nlohmann::json::array();
+  for (const auto& [value, description] : values) {
+    if (json) {
+      data.push_back({{"value", value}, {"description", description}});
+    } else {
+      std::cout << Printed(value) << (description.empty() ? "" : "\t" + Printed(description)) << '\n';
+    }
+  }
+  if (json) PrintJson({{"values", data}});
+}
+
 }  // namespace
 
 int Values(const ValuesOptions& options) {
@@ -27,24 +57,26 @@ int Values(const ValuesOptions& options) {
   const workbench::FormDefinition& form = FormOf(options.command);
   CheckParameter(form, options.parameter, exchange->release());
   const std::vector<workbench::Assignment> given = AssignmentsOf(options.given);
+  const std::vector<workbench::Assignment> selection = AssignmentsOf(options.of);
 
-  workbench::Session session(*exchange);
-  workbench::Filling filling = FillForm(session, form, given);
+  std::shared_ptr<workbench::ListSources> sources;
+  workbench::Session session(*exchange, [&sources](std::shared_ptr<Host> host) {
+    return sources = std::make_shared<workbench::ListSources>(std::move(host));
+  });
+  workbench::Filling filling =
+      selection.empty() ? FillForm(session, form, given) : FillFormOf(session, form, selection, given);
+  sources->Forget();
   const workbench::ValueList* list = filling.IsRefused() ? nullptr : filling.ListOf(options.parameter);
   for (const auto& problem : filling.problems()) Error({.command = form.command}, problem);
   if (filling.IsRefused()) return Refused;
   if (list == nullptr)
     throw Exit{NotFound, form.command + " has no list of values for " + options.parameter + "; any value may be typed"};
 
-  const std::vector<workbench::ValidValue> all = options.limit > 0 ? list->First(options.limit) : list->All();
-  if (options.json) {
-    nlohmann::json data = nlohmann::json::array();
-    for (const auto& [value, description] : all) data.push_back({{"value", value}, {"description", description}});
-    PrintJson({{"values", data}});
-    return Done;
-  }
-  for (const auto& [value, description] : all)
-    std::cout << value << (description.empty() ? "" : "\t" + description) << '\n';
+  const std::vector<workbench::ValidValue> values = options.limit > 0 ? list->First(options.limit) : list->All();
+  if (values.empty())
+    Note({.command = form.command},
+         {.parameter = options.parameter, .message = WhyEmpty(filling, options.parameter, *sources)});
+  Print(values, options.json);
   return Done;
 }
 

@@ -28,6 +28,8 @@ PLAN = """\
 NANSI:NUMTYP=EX,NUMSE=100&&199;
 NANSI:NUMTYP=AI,NUMSE=9;
 """
+CATEGORY = b"EXCCS:CAT=1,TRAF=11,SERV_D6=1,CDIV_D1=1,ROC_D2=1;\n"
+STEERING = "\033[2J\x9b\x7f"
 LINES = "NANSI:NUMTYP=EX,NUMSE=100&&199;\nNANSI:NUMTYP=AI,NUMSE=9;\n"
 
 
@@ -471,7 +473,9 @@ class Apply(ProgramTest):
         ran = self.ends(REFUSED, "apply", self.exchange, plan, "--json")
         self.assertEqual(ran.stderr, "")
         report = json.loads(ran.stdout)
-        self.assertTrue(report["problems"][0].pop("possible").startswith("AC, AI"))
+        possible = report["problems"][0].pop("possible")
+        self.assertEqual(possible[:2], ["AC", "AI"])
+        self.assertGreater(report["problems"][0].pop("total"), len(possible))
         self.assertEqual(report, {"done": 1, "refused": 1, "kept": False, "problems": [
             {"severity": "error", "file": str(plan), "line": 3, "command": "NANSI", "parameter": "NUMTYP", "value": "XX",
              "message": "this value is not possible here"}]})
@@ -582,7 +586,8 @@ class Data(ProgramTest):
     def test_generate_prints_the_lines(self):
         self.prints(LINES, "generate", self.exchange)
         self.assertEqual(self.json("generate", self.exchange),
-                         {"lines": [{"command": "NANSI", "line": line} for line in LINES.splitlines()], "problems": []})
+                         {"lines": [{"command": "NANSI", "text": line} for line in LINES.splitlines()], "without": [],
+                          "problems": []})
 
     def test_generate_writes_the_lines_to_a_file(self):
         out = self.folder / "lines.txt"
@@ -615,7 +620,7 @@ class Data(ProgramTest):
         self.assertRegex(text, r"(?m)^NANSI +101 +Number series$")
         data = self.json("show", self.exchange)
         self.assertEqual(data["release"], "R7")
-        self.assertIn({"command": "NANSI", "records": 101, "title": "Number series"}, data["tables"])
+        self.assertIn({"command": "NANSI", "count": 101, "blank": 0, "title": "Number series"}, data["commands"])
 
     def test_show_tells_what_a_list_of_a_record_says(self):
         self.ends(DONE, "apply", self.exchange, "-", given=b"""\
@@ -649,7 +654,7 @@ Length in all: 20
                          [["AUTH", "CHECK"], ["1111", "1"], ["AUTH", "DIR"], ["2222", "100"]])
         records = self.json("show", self.exchange, "AUCOI")["records"]
         self.assertEqual([record["AUTH"] for record in records], ["1111", "2222"])
-        counted = {table["command"]: table["records"] for table in self.json("show", self.exchange)["tables"]}
+        counted = {table["command"]: table["count"] for table in self.json("show", self.exchange)["commands"]}
         self.assertEqual(counted["AUCOI"], 2)
 
     def test_show_lists_the_records_of_a_command(self):
@@ -670,7 +675,7 @@ Length in all: 20
             CHGMI:GRP=8,DIR=103;
             """)
         lines = [line.split() for line in self.ends(DONE, "show", self.exchange, "CHGMI", "GRP=7").stdout.splitlines()]
-        self.assertEqual(lines[0], ["CMDID", "NUMTYP", "GRP", "DIR"])
+        self.assertEqual(lines[0], ["CmdId", "NUMTYP", "GRP", "DIR"])
         self.assertEqual([line[3] for line in lines[1:]], ["100", "101", "102"])
         records = self.json("show", self.exchange, "CHGMI", "NUMTYP=EX", "DIR=103")["records"]
         self.assertEqual([record["GRP"] for record in records], ["8"])
@@ -704,7 +709,10 @@ Length in all: 20
                    "NUMSE")
         self.fails(USAGE, "not UTF-8", "values", self.exchange, "NANSI", "NUMTYP", b"NUMSE=\xff".decode(
             errors="surrogateescape"))
-        self.ends(USAGE, "values", self.exchange, "NANSI", "NUMTYP", "--limit", "0")
+        self.fails(USAGE, "--limit: -1 is not a whole number", "values", self.exchange, "NANSI", "NUMTYP", "--limit",
+                   "-1")
+        self.assertEqual(len(self.json("values", self.exchange, "NANSI", "NUMTYP", "--limit", "0")["values"]),
+                         len(self.json("values", self.exchange, "NANSI", "NUMTYP")["values"]))
 
     def test_values_of_a_parameter_without_a_list_are_not_found(self):
         self.fails(NOT_FOUND, "no list of values for NUMSE", "values", self.exchange, "NANSI", "NUMSE")
@@ -908,18 +916,19 @@ class Usage(ProgramTest):
             self.assertEqual(ran.stderr, "")
             self.assertIn(f"cordboard {name} [OPTIONS]", ran.stdout)
             self.assertEqual("FILE" in ran.stdout, name not in ("plants", "commands", "help"), ran.stdout)
-            self.assertEqual("--json" in ran.stdout, name != "new", ran.stdout)
+            self.assertIn("--json", ran.stdout)
 
     def test_the_version_is_told(self):
         told = self.ends(DONE, "--version").stdout
         self.assertRegex(told, r"^cordboard \d+\.\d+\.\d+ \(([\w.-]+, )?(Debug|Release|\w*), SQLite 3\.\d+\.\d+\)\n$")
 
     def test_a_subcommand_is_needed(self):
-        self.fails(USAGE, "A subcommand is required; see cordboard --help")
+        self.fails(USAGE, "a subcommand is required; see cordboard --help")
         self.fails(USAGE, "FILE is required; see cordboard show --help", "show")
 
     def test_a_mistyped_subcommand_gets_the_nearest_one(self):
-        self.fails(USAGE, "there is no subcommand aply. Did you mean apply?", "aply", self.exchange, "-")
+        self.fails(USAGE, "there is no subcommand aply. Did you mean apply? See cordboard --help", "aply",
+                   self.exchange)
         self.fails(USAGE, "there is no subcommand office.cbx.", "office.cbx")
 
     def test_missing_and_surplus_arguments_are_usage(self):
@@ -928,7 +937,7 @@ class Usage(ProgramTest):
                           ["show", self.exchange, "NANSI", "x"], ["show", self.exchange, "--nothing"], ["--nothing"]):
             ran = self.ends(USAGE, *arguments)
             self.assertEqual(ran.stdout, "")
-            self.assertRegex(ran.stderr, "^error: .*\n$")
+            self.assertRegex(ran.stderr, r"^error: .*[; ][sS]ee cordboard( [a-z]+)? --help\n$")
 
     def test_with_json_what_goes_wrong_is_a_document(self):
         for code, message, arguments in ((USAGE, "--limit", ["values", "x", "NANSI", "NUMTYP", "--limit", "x"]),
@@ -1142,13 +1151,13 @@ class Completion(ProgramTest):
 
 
 class Terminal(ProgramTest):
-    """Standard error on a terminal."""
+    """Standard error on a terminal, and with `data` standard output as well."""
 
-    def on_terminal(self, *arguments, given=b"", **changes):
+    def on_terminal(self, *arguments, given=b"", data=False, **changes):
         leader, follower = pty.openpty()
         changed = {name: value for name, value in environment(**changes).items() if value is not None}
-        apply = subprocess.Popen([PROGRAM, *map(str, arguments)], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
-                                 stderr=follower, env=changed)
+        apply = subprocess.Popen([PROGRAM, *map(str, arguments)], stdin=subprocess.PIPE,
+                                 stdout=follower if data else subprocess.DEVNULL, stderr=follower, env=changed)
         os.close(follower)
         apply.stdin.write(given)
         apply.stdin.close()
@@ -1171,6 +1180,28 @@ class Terminal(ProgramTest):
         text = self.on_terminal("show", self.folder / "nowhere.cbx", NO_COLOR="1")
         self.assertTrue(text.startswith("error: there is no file "), text)
 
+    def test_a_dumb_terminal_has_no_colours(self):
+        text = self.on_terminal("show", self.folder / "nowhere.cbx", NO_COLOR=None, TERM="dumb")
+        self.assertTrue(text.startswith("error: there is no file "), text)
+
+    def test_control_characters_do_not_reach_it(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=CATEGORY)
+        connection = sqlite3.connect(self.exchange)
+        connection.execute("UPDATE EXCCS SET DESCRIPTION = ?, TRAF = ? WHERE CAT = '1'", (STEERING, "1\n1"))
+        connection.commit()
+        connection.close()
+        for arguments in (["show", self.exchange, "EXCCS", "CAT=1"],
+                          ["values", self.exchange, "KSEXITEMPLATE", "CAT"],
+                          ["generate", self.exchange, "EXCCS"]):
+            shown = self.on_terminal(*arguments, data=True)
+            self.assertEqual([character for character in shown if character < " " or "\x7f" <= character < "\xa0"],
+                             [character for character in shown if character in "\r\n\t"], shown)
+        self.assertIn("1\\n1", self.on_terminal("show", self.exchange, "EXCCS", "CAT=1", data=True))
+        self.assertIn("\\u001b[2J\\u009b\\u007f",
+                      self.on_terminal("show", self.exchange, "EXCCS", "CAT=1", data=True))
+        self.assertIn(STEERING, self.ends(DONE, "show", self.exchange, "EXCCS", "CAT=1").stdout, "data stays as it is")
+        self.assertIn("no command NAN\\u001b[2JSI", self.ends(NOT_FOUND, "help", "NAN\033[2JSI").stderr)
+
     def test_without_a_terminal_there_are_no_colours(self):
         ran = self.ends(NOT_FOUND, "show", self.folder / "nowhere.cbx", env=environment(NO_COLOR=""))
         self.assertNotIn("\033", ran.stderr)
@@ -1180,6 +1211,182 @@ class Terminal(ProgramTest):
         text = self.on_terminal("apply", self.exchange, "-", given=plan, NO_COLOR="1")
         self.assertEqual(text, "500 lines\r1000 lines\rplan: 0 done, 0 refused; nothing was kept\r\n")
         self.assertEqual(self.on_terminal("apply", self.exchange, "-", "--json", given=plan), "")
+
+
+class Generate(ProgramTest):
+    def test_commands_without_lines_are_told_once(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=b"SYTDS:PGIV=3;\nNACDS:NUM=12,CDCAT=3;\n")
+        ran = self.ends(DONE, "generate", self.exchange)
+        self.assertEqual(ran.stdout, LINES)
+        self.assertEqual(ran.stderr, "note: the records of 2 commands give no lines, by the rules of the exchange: "
+                                     "NACDS, SYTDS\n")
+        document = self.json("generate", self.exchange)
+        self.assertEqual(document["without"], ["NACDS", "SYTDS"])
+        self.assertEqual([problem["severity"] for problem in document["problems"]], ["note"])
+
+    def test_gives_the_lines_of_some_commands(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=CATEGORY + b"KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;\n"
+                                                           b"KSFKC:DIR=100,KEY=1,FCN=DND;\nSYTDS:PGIV=3;\n")
+        ran = self.ends(DONE, "generate", self.exchange, "KSFKC", "NANSI")
+        self.assertEqual((ran.stdout, ran.stderr), (LINES + "KSFKC:DIR=100,KEY=1,FCN=TNS;\n"
+                                                            "KSFKC:DIR=100,KEY=1,FCN=DND;\n", ""))
+        self.assertEqual([line["text"] for line in self.json("generate", self.exchange, "KSFKC")["lines"]],
+                         ["KSFKC:DIR=100,KEY=1,FCN=TNS;", "KSFKC:DIR=100,KEY=1,FCN=DND;"])
+        self.assertIn("records of 1 command give", self.ends(DONE, "generate", self.exchange, "SYTDS").stderr)
+        self.fails(NOT_FOUND, "Did you mean NANSI?", "generate", self.exchange, "NANSY")
+        self.fails(USAGE, "KSEXITEMPLATE has templates: give --templates; see cordboard generate --help", "generate",
+                   self.exchange, "KSEXITEMPLATE")
+
+
+class Show(ProgramTest):
+    def test_blank_rows_are_counted_apart(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=CATEGORY)
+        self.assertRegex(self.ends(DONE, "show", self.exchange).stdout,
+                         r"(?m)^EXCCS +1 +Extension categories \(and 31 blank rows\)$")
+        counted = {entry["command"]: (entry["count"], entry["blank"])
+                   for entry in self.json("show", self.exchange)["commands"]}
+        self.assertEqual((counted["EXCCS"], counted["NANSI"]), ((1, 31), (101, 0)))
+
+    def test_the_identifier_is_called_the_same_everywhere(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=CATEGORY + b"KSEXI:DIR=100&101,ITYPE=3,EQU=next,CAT=1;")
+        CmdId = self.json("show", self.exchange, "KSEXI", "DIR=101")["records"][0]["CmdId"]
+        records = self.json("show", self.exchange, "KSEXI", f"CmdId={CmdId}")["records"]
+        self.assertEqual([record["DIR"] for record in records], ["101"])
+
+    def test_the_width_of_a_column_does_not_tell_of_a_secret(self):
+        def shown(key):
+            self.ends(DONE, "apply", self.exchange, "-", given=f"edit CXAKI DIR=155:AUTKEY={key};".encode())
+            return self.ends(DONE, "show", self.exchange, "CXAKI").stdout
+
+        self.ends(DONE, "apply", self.exchange, "-", given=b"GEDII:DIR=155,CUST=1;\nCXAKI:DIR=155,AUTKEY=Tulip;")
+        self.assertEqual(shown("Tulip-" * 5), shown("T"))
+
+    def test_many_records_take_no_more_memory(self):
+        connection = sqlite3.connect(self.exchange)
+        connection.execute("DELETE FROM EXCCS")
+        connection.executemany("INSERT INTO EXCCS (CmdId, CAT, DESCRIPTION) VALUES (?, ?, ?)",
+                               [(number, str(number), "x" * 1000) for number in range(20_000)])
+        connection.commit()
+        connection.close()
+        few, many = (self.memory("show", self.exchange, "EXCCS", *selection, "--json")
+                     for selection in (["CAT=1"], []))
+        self.assertLess(many - few, 30_000, "kilobytes, of records that have 20,000")
+
+    def test_a_list_that_breaks_off_is_a_document_all_the_same(self):
+        connection = sqlite3.connect(self.exchange)
+        connection.executemany("INSERT INTO EXCCS (CmdId, CAT, DESCRIPTION) VALUES (?, ?, ?)",
+                               [(number, str(number), "x" * 1000) for number in range(6000)])
+        connection.commit()
+        connection.close()
+        content = self.exchange.read_bytes()
+        self.exchange.write_bytes(content[:-200_000] + bytes(200_000))
+        document = self.json("show", self.exchange, "EXCCS", code=TROUBLE)
+        self.assertEqual(len(document["records"]), 5000)
+        self.assertIn("the database refuses", document["problems"][0]["message"])
+
+    def memory(self, *arguments):
+        """The most that the program has in memory at once, in kilobytes. A sanitizer keeps what is freed."""
+        ran = subprocess.Popen([PROGRAM, *map(str, arguments)], stdout=subprocess.DEVNULL,
+                               env=environment(ASAN_OPTIONS="quarantine_size_mb=1"))
+        _, status, usage = os.wait4(ran.pid, 0)
+        ran.returncode = os.waitstatus_to_exitcode(status)
+        self.assertEqual(ran.returncode, DONE)
+        return usage.ru_maxrss
+
+
+class Values(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.ends(DONE, "apply", self.exchange, "-", given=CATEGORY + b"KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;")
+
+    def test_of_a_record_that_is_edited(self):
+        # Positions that suit the instrument of the record, and the new one.
+        of = [self.json("values", self.exchange, "KSEXI", "EQU", "--of", "DIR=100", *given, "--limit", "1")["values"]
+              for given in ([], ["ITYPE=12"])]
+        added = [self.json("values", self.exchange, "KSEXI", "EQU", *given, "--limit", "1")["values"]
+                 for given in (["ITYPE=3"], ["ITYPE=12"])]
+        self.assertEqual(of, added)
+        self.assertNotEqual(*of)
+        self.fails(NOT_FOUND, "there is no record of KSEXI with DIR=101", "values", self.exchange, "KSEXI", "EQU",
+                   "--of", "DIR=101")
+        self.fails(REFUSED, "records of NANSI cannot be changed", "values", self.exchange, "NANSI", "NUMTYP", "--of",
+                   "NUMSE=9")
+
+    def test_where_nothing_is_possible_the_reason_is_told(self):
+        ran = self.ends(DONE, "values", self.exchange, "GHGMI", "GRP")
+        self.assertEqual((ran.stdout, ran.stderr),
+                         ("", "note: GHGMI, GRP: no value is possible at present: there is nothing in GHGRI\n"))
+        document = self.json("values", self.exchange, "GHGMI", "DIR")
+        self.assertEqual(document["values"], [])
+        self.assertEqual(document["problems"],
+                         [{"severity": "note", "command": "GHGMI", "parameter": "DIR",
+                           "message": "no value is possible at present; it depends on GRP (not given)"}])
+
+
+class SmallThings(ProgramTest):
+    def test_one_is_not_several(self):
+        plant = self.write("plant.json", """{"name": "one", "locations": [{"location": "HQ", "description": "x"}],
+            "lims": [{"lim": 1, "location": "HQ"}], "boards": [{"lim": 1, "magazine": 0, "slot": 10, "type": "31"}]}""")
+        ran = self.ends(DONE, "new", self.folder / "one.cbx", "--release", "R7", "--plant", plant)
+        self.assertIn("1 board with 16 positions", ran.stderr)
+
+    def test_a_mistake_of_notation_tells_how_it_is_written(self):
+        plan = b"EDIT SYTDS:PGIV=3;\nEXCCS:CAT=1,DESCRIPTION=Mill, gate 2;\n"
+        verb, comma, _ = self.ends(REFUSED, "apply", self.exchange, "-", given=plan).stderr.splitlines()
+        self.assertTrue(verb.endswith("the word edit is written in small letters"), verb)
+        self.assertTrue(comma.endswith("; a value that holds a comma stands in double quotes"), comma)
+
+    def test_every_complaint_about_usage_says_where_help_is(self):
+        for arguments in (["show", self.exchange, "NANSI", "x"], ["explain", self.exchange, "# nothing"],
+                          ["values", self.exchange, "NANSI", "NUMTYP", "--limit", "x"], ["help", "--json"]):
+            ran = self.ends(USAGE, *arguments)
+            told = ran.stderr or json.loads(ran.stdout)["problems"][0]["message"]
+            self.assertTrue(told.rstrip().endswith(f"; see cordboard {arguments[0]} --help"), told)
+
+
+class JsonPage(ProgramTest):
+    """docs/json.md shows what the program prints: each example has the names and kinds of the real document."""
+
+    def setUp(self):
+        super().setUp()
+        self.exchange.unlink()
+        (self.folder / "cordboard").symlink_to(PROGRAM)
+        self.page = (pathlib.Path(__file__).parents[2] / "docs" / "json.md").read_text()
+
+    def examples(self):
+        return re.findall(r"(?m)^    \$ (.*)\n\n((?:    .*\n)+)", self.page)
+
+    def assert_fits(self, shown, printed, where):
+        self.assertEqual(type(shown), type(printed), where)
+        if isinstance(shown, dict):
+            self.assertEqual(sorted(shown), sorted(printed), where)
+            for name in shown:
+                self.assert_fits(shown[name], printed[name], f"{where}, {name}")
+        elif isinstance(shown, list):
+            self.assertEqual(bool(shown), bool(printed), where)
+            for element in shown:
+                self.assertTrue(any(self.fits(element, other) for other in printed), f"{where}: {element}")
+
+    def fits(self, shown, printed):
+        try:
+            self.assert_fits(shown, printed, "")
+            return True
+        except AssertionError:
+            return False
+
+    def test_its_examples_are_those_of_the_program(self):
+        path = f"{self.folder}:{os.environ['PATH']}"
+        for line, shown in self.examples():
+            ran = subprocess.run(["sh", "-c", line], cwd=self.folder, env=environment(PATH=path), timeout=120,
+                                 capture_output=True, text=True)
+            self.assertEqual(ran.stderr, "", line)
+            self.assert_fits(json.loads(shown), json.loads(ran.stdout), line)
+
+    def test_it_has_an_example_of_every_subcommand_that_prints_data(self):
+        listed = re.findall(r"(?m)^  ([a-z]+) ", self.ends(DONE, "--help").stdout.split("Subcommands:")[1])
+        self.assertIn("show", listed)
+        shown = {re.search(r"cordboard ([a-z]+) ", line)[1] for line, _ in self.examples()}
+        self.assertEqual(sorted(shown), sorted(set(listed) - {"serve"}))
 
 
 if __name__ == "__main__":

@@ -81,7 +81,7 @@ class Road {
   static std::string Written(const Problem& problem) {
     std::string text = problem.parameter.empty() ? "" : problem.parameter + "=" + problem.value + ": ";
     text += problem.message;
-    return problem.allowed.empty() ? text : text + " [" + problem.allowed + "]";
+    return problem.possible ? text + " [" + InWords(*problem.possible) + "]" : text;
   }
 
   std::unique_ptr<Exchange> exchange_;

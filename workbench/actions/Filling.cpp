@@ -11,7 +11,6 @@
 #include "workbench/actions/ShownValues.h"
 #include "workbench/actions/Templates.h"
 #include "workbench/text/Elements.h"
-#include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 
@@ -19,17 +18,12 @@ namespace {
 
 constexpr std::size_t shownValues = 10;
 
-// "10, 20, 30 ... (57 in all)"; a list of nothing says so.
-std::string Shown(const ValueList& list, bool mandatory) {
+Possible PossibleOf(const ValueList& list, const ParameterDefinition& parameter, bool mandatory) {
   const std::vector<ValidValue> all = list.All();
-  if (all.empty()) return mandatory ? "no value at present" : "no value at present; leave it out";
-  const auto few = std::span(all).first(std::min(all.size(), shownValues));
-  const std::string first = Separated(few, ", ", &ValidValue::value);
-  return all.size() <= shownValues ? first : first + ", ... (" + std::to_string(all.size()) + " in all)";
-}
-
-std::string Shown(const std::optional<Numbers>& beside) {
-  return beside ? ", or a number from " + std::to_string(beside->from) + " to " + std::to_string(beside->to) : "";
+  Possible possible{.total = all.size(), .numbers = parameter.beside, .canBeLeftOut = !mandatory};
+  for (const ValidValue& entry : std::span(all).first(std::min(all.size(), shownValues)))
+    possible.values.push_back(entry.value);
+  return possible;
 }
 
 // The first of the elements that was there before, or nothing.
@@ -164,7 +158,7 @@ void Filling::CheckAgainst(const ValueList& list, const Assignment& assignment,
                    .message = !parameter.TakesElements() && HoldsSeveral(element)
                                   ? "several values are not possible here; give one value"
                                   : "this value is not possible here",
-                   .allowed = Shown(list, form().IsMandatory(name)) + Shown(parameter.beside)});
+                   .possible = PossibleOf(list, parameter, form().IsMandatory(name))});
   }
 }
 

@@ -1,7 +1,11 @@
 #include "workbench/actions/Generation.h"
 
+#include <algorithm>
+#include <sstream>
+
 #include "script/Conversions.h"
 #include "workbench/actions/Filling.h"
+#include "workbench/actions/Records.h"
 #include "workbench/data/DataFile.h"
 #include "workbench/database/Schema.h"
 
@@ -15,6 +19,34 @@ std::string After(std::size_t lines) {
   return lines == 1 ? "after 1 line" : "after " + std::to_string(lines) + " lines";
 }
 
+// Some records give a text of several lines.
+void Append(std::vector<GeneratedLine>& lines, const std::string& command, const std::string& text) {
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back({command, line});
+}
+
+void GenerateCommand(Session& session, const FormDefinition& definition, int number, Generated& generated) {
+  const std::string& command = definition.command;
+  session.host().OpenForm(definition);
+  const RunResult result = session.Run("GenerateCmd", 0, {std::to_string(number)});
+  for (Problem& problem : TakeMessages(session)) generated.problems.emplace_back(command, std::move(problem));
+  const RowSet rows = session.exchange().Dynamic().Run(
+      "SELECT [Line] FROM " + definition.Database().Stored("BuiltCmd") + " WHERE [OrderNo] = ? ORDER BY rowid",
+      {number});
+  if (result.failure) {
+    const std::string message =
+        "lines are missing: the generation ended " + After(rows.RowCount()) + " (" + *result.failure + ")";
+    generated.problems.emplace_back(command, Problem{.message = message});
+  }
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) Append(generated.lines, command, Joined(rows[0][row]));
+}
+
+bool SpeaksOf(const Generated& generated, const std::string& command) {
+  return std::ranges::find(generated.lines, command, &GeneratedLine::command) != generated.lines.end() ||
+         std::ranges::find(generated.problems, command, &std::pair<std::string, Problem>::first) !=
+             generated.problems.end();
+}
+
 }  // namespace
 
 const std::vector<std::string>& GenerationOrder() {
@@ -22,29 +54,24 @@ const std::vector<std::string>& GenerationOrder() {
   return order;
 }
 
-Generated Generate(Session& session, const std::string& database) {
+Generated Generate(Session& session, const std::string& database, const std::vector<std::string>& commands) {
+  const auto isWanted = [&](const FormDefinition* form) {
+    return form != nullptr && form->database == database &&
+           (commands.empty() || std::ranges::find(commands, form->command) != commands.end());
+  };
   Generated generated;
-  Exchange& exchange = session.exchange();
   // The lines go by way of a table of the exchange; they are taken from there and the table is left empty.
-  Transaction transaction(exchange);
+  Transaction transaction(session.exchange());
   int number = 0;
   for (const std::string& command : GenerationOrder()) {
     const FormDefinition* definition = FindForm(command);
-    if (definition == nullptr || !definition->generates || definition->database != database) continue;
-    session.host().OpenForm(*definition);
-    const RunResult result = session.Run("GenerateCmd", 0, {std::to_string(++number)});
-    for (Problem& problem : TakeMessages(session)) generated.problems.emplace_back(command, std::move(problem));
-    const RowSet rows = exchange.Dynamic().Run(
-        "SELECT [Line] FROM " + definition->Database().Stored("BuiltCmd") + " WHERE [OrderNo] = ? ORDER BY rowid",
-        {number});
-    if (result.failure) {
-      const std::string message =
-          "lines are missing: the generation ended " + After(rows.RowCount()) + " (" + *result.failure + ")";
-      generated.problems.emplace_back(command, Problem{.message = message});
-    }
-    for (std::size_t row = 0; row < rows.RowCount(); ++row) generated.lines.push_back({command, Joined(rows[0][row])});
+    if (isWanted(definition) && definition->generates) GenerateCommand(session, *definition, ++number, generated);
   }
   transaction.RollBack();
+  for (const FormDefinition* form : Forms()) {
+    if (isWanted(form) && !SpeaksOf(generated, form->command) && CountRecords(session.exchange(), *form).records > 0)
+      generated.without.push_back(form->command);
+  }
   return generated;
 }
 

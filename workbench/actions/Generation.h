@@ -12,20 +12,22 @@ namespace cordboard::workbench {
 
 struct GeneratedLine {
   std::string command;
-  std::string text;
+  std::string text;  // one line, without its end
 };
 
 struct Generated {
   std::vector<GeneratedLine> lines;
   std::vector<std::pair<std::string, Problem>> problems;  // by command
+  std::vector<std::string> without;  // the commands that have records, of which their rules make no line
 };
 
 // The commands that generate lines, in the order of their lines: what others build on comes first
 // (data/generation-order.json).
 const std::vector<std::string>& GenerationOrder();
 
-// All command lines of the exchange, or, for the database "site", those of its templates, which no exchange takes. The
-// exchange is left as it is.
-Generated Generate(Session& session, const std::string& database = "dynamic");
+// The command lines of the exchange, or, for the database "site", those of its templates, which no exchange takes: all,
+// or those of the commands that are named. The exchange is left as it is.
+Generated Generate(Session& session, const std::string& database = "dynamic",
+                   const std::vector<std::string>& commands = {});
 
 }  // namespace cordboard::workbench

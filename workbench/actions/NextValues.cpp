@@ -82,8 +82,8 @@ std::optional<std::string> MeantValue(Filling& filling, const Assignment& assign
       *count, {.accept = [&](const std::string& offered) { return IsFree(exchange, parameter->pool, offered); },
                .unusedOf = parameter->pool ? parameter->pool->table : ""});
   if (free.size() < *count)
-    return refuse("of the values that are free there are " + std::to_string(free.size()) + " and not " +
-                  std::to_string(*count));
+    return refuse("of the values that are free there " + std::string(free.size() == 1 ? "is " : "are ") +
+                  std::to_string(free.size()) + " and not " + std::to_string(*count));
 
   return Separated(free, "&", &ValidValue::value);
 }

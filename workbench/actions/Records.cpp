@@ -15,6 +15,14 @@ bool HasColumn(const FormDefinition& definition, const std::string& name) {
   return std::ranges::find(definition.columns, name) != definition.columns.end();
 }
 
+// What is true of a prepared row that nobody has filled in.
+std::string IsBlankRow(const FormDefinition& table) {
+  std::vector<std::string> filled;
+  std::ranges::copy_if(table.columns, std::back_inserter(filled),
+                       [&](const std::string& column) { return column != "CMDID" && column != table.prepared; });
+  return Separated(filled, " AND ", [](const std::string& column) { return "COALESCE([" + column + "], '') = ''"; });
+}
+
 }  // namespace
 
 std::variant<std::vector<const FormDefinition*>, Problem> TablesWith(const FormDefinition& definition,
@@ -58,6 +66,20 @@ std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDef
   const std::string records = definition.command + (selection.empty() ? "" : " with " + described);
   if (found.empty()) return Problem{.message = "there is no record of " + records};
   return Problem{.message = "there are several records of " + records + "; select one by more of its parameters"};
+}
+
+RecordCount CountRecords(Exchange& exchange, const FormDefinition& definition) {
+  const auto rows = [&exchange](const FormDefinition& table, const std::string& condition = "") {
+    const Value count = exchange.Dynamic().Single("SELECT COUNT(*) FROM " + table.Rows() + condition);
+    return static_cast<std::size_t>(count.number());
+  };
+  RecordCount count;
+  for (const FormDefinition* table : definition.OfEachTable()) {
+    count.records += rows(*table);
+    if (!table->prepared.empty()) count.blank += rows(*table, " WHERE " + IsBlankRow(*table));
+  }
+  count.records -= count.blank;
+  return count;
 }
 
 bool HoldsSecrets(Exchange& exchange) {

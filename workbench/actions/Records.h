@@ -2,6 +2,7 @@
 // after an action.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -29,6 +30,13 @@ RowSet SelectRecords(Exchange& exchange, const FormDefinition& table, const std:
 // The one record that has these values, in whichever table of the form, or why there is not one.
 std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
                                                const std::vector<Assignment>& selection);
+
+struct RecordCount {
+  std::size_t records = 0;
+  std::size_t blank = 0;  // rows that were prepared for a record, and that nobody has filled in
+};
+// Of a command, in all its tables.
+RecordCount CountRecords(Exchange& exchange, const FormDefinition& definition);
 
 // Whether there is a record with a secret, of any command.
 bool HoldsSecrets(Exchange& exchange);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "script/Conversions.h"
+#include "workbench/actions/Records.h"
 
 namespace cordboard::workbench {
 
@@ -23,6 +24,16 @@ std::vector<std::string> GivenColumns(const Filling& filling) {
     for (const DigitPlace& place : list->places) add(place.parameters.front());
   }
   return given;
+}
+
+void ShowRecord(Session& session, const FormDefinition& definition, std::int32_t CmdId) {
+  LoadRecord(session.exchange(), definition, CmdId, session.form());
+  for (const ParameterDefinition& parameter : definition.parameters) {
+    if (parameter.check && !session.form().Get(parameter.name).IsBlank()) session.Check(parameter.name);
+  }
+  session.host().TakeMessages();
+  LoadRecord(session.exchange(), definition, CmdId, session.form());
+  session.form().ShowOneRecord();
 }
 
 ShownValues::ShownValues(const Form& form) {

@@ -1,6 +1,7 @@
 // What a form shows before the user's values are set: a stored record, or a template.
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <vector>
@@ -8,6 +9,11 @@
 #include "workbench/actions/Filling.h"
 
 namespace cordboard::workbench {
+
+// Puts a stored record on the form that is open. The checks of its values run, since they set up the rest of the form
+// (the values that belong to an instrument, what has to be given); but whatever they think of the values, those are the
+// stored ones.
+void ShowRecord(Session& session, const FormDefinition& definition, std::int32_t CmdId);
 
 class ShownValues {
  public:

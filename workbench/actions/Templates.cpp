@@ -24,13 +24,14 @@ std::vector<Assignment> ValuesOf(Exchange& exchange, const FormDefinition& ofTem
 }
 
 // The names that there are, the first few of them.
-std::string NamesOf(Exchange& exchange, const FormDefinition& ofTemplate, const std::string& key) {
+Possible NamesOf(Exchange& exchange, const FormDefinition& ofTemplate, const std::string& key) {
   constexpr std::size_t shown = 10;
   const RowSet names = SelectRecords(exchange, ofTemplate, "[" + key + "]", {}, " LIMIT " + std::to_string(shown + 1));
-  std::string text;
-  for (std::size_t row = 0; row < names.RowCount(); ++row)
-    text += (row == 0 ? "" : ", ") + (row < shown ? Joined(names[0][row]) : "...");
-  return text.empty() ? "no template yet" : text;
+  Possible possible;
+  for (std::size_t row = 0; row < std::min(names.RowCount(), shown); ++row)
+    possible.values.push_back(Joined(names[0][row]));
+  if (names.RowCount() <= shown) possible.total = names.RowCount();
+  return possible;
 }
 
 void Put(Filling& filling, const std::string& name, const Assignment& value) {
@@ -61,7 +62,7 @@ void PutTemplate(Filling& filling, const std::string& name) {
   const std::string& key = definition.templates.name;
   const auto found = FindRecord(exchange, *ofTemplate, {{key, name}});
   if (const auto* problem = std::get_if<Problem>(&found))
-    return filling.Refuse({.message = problem->message, .allowed = NamesOf(exchange, *ofTemplate, key)});
+    return filling.Refuse({.message = problem->message, .possible = NamesOf(exchange, *ofTemplate, key)});
   for (const Assignment& value : ValuesOf(exchange, *ofTemplate, std::get<StoredRecord>(found).CmdId)) {
     if (value.name != key && !filling.IsGiven(value.name)) Put(filling, name, value);
   }

@@ -43,19 +43,6 @@ Outcome Add(Session& session, const FormDefinition& definition, const UserAction
   return outcome;
 }
 
-// Puts a stored record on the form. The checks of its values run, since they set up the rest of the form (the values
-// that belong to an instrument, what has to be given); but whatever they think of the values, those are the stored
-// ones.
-void ShowRecord(Session& session, const FormDefinition& definition, std::int32_t CmdId) {
-  LoadRecord(session.exchange(), definition, CmdId, session.form());
-  for (const ParameterDefinition& parameter : definition.parameters) {
-    if (parameter.check && !session.form().Get(parameter.name).IsBlank()) session.Check(parameter.name);
-  }
-  session.host().TakeMessages();
-  LoadRecord(session.exchange(), definition, CmdId, session.form());
-  session.form().ShowOneRecord();
-}
-
 Outcome Edit(Session& session, const StoredRecord& record, const UserAction& action) {
   const FormDefinition& definition = *record.definition;
   const std::int32_t CmdId = record.CmdId;

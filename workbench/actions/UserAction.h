@@ -1,9 +1,11 @@
 // One action of a user: open the form, set the values with the checks that a form runs, act, keep the record in order.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "workbench/actions/Possible.h"
 #include "workbench/host/Session.h"
 
 namespace cordboard::workbench {
@@ -23,7 +25,7 @@ struct Problem {
   std::string parameter = {};  // empty where it concerns the action as a whole
   std::string value = {};
   std::string message;
-  std::string allowed = {};  // what would be allowed, where that can be said
+  std::optional<Possible> possible = {};  // in the place of the value, where that can be said
 };
 
 struct Outcome {

@@ -180,6 +180,7 @@ struct FormDefinition {
   std::string secondWith = {};
   std::vector<std::string> elsewhere = {};  // parameters that only the records of the other table have
   std::vector<Assignment> assumed = {};     // what rules read or reset though the form does not show it
+  std::string prepared = {};                // where rows stand before they are filled in: the one column they have
   bool ordered = false;  // values are set in the order of the parameters, whatever the order in which they are typed
   bool single = false;   // one record for the whole exchange: an add shows and changes the record that stands
   bool adds = false;

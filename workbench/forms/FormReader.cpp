@@ -83,7 +83,10 @@ void ReadRecord(FormDefinition& form, Fields& fields, const DataItem& file) {
   const Table* table = form.Database().Find(form.table);
   if (table == nullptr) file.Fail("there is no table " + form.table);
   form.columns = fields.Get("columns", ColumnsOf(*table));
-  for (const std::string& column : form.columns) {
+  form.prepared = fields.Get<std::string>("prepared", "");
+  std::vector<std::string> named = form.columns;
+  if (!form.prepared.empty()) named.push_back(form.prepared);
+  for (const std::string& column : named) {
     if (table->Find(column) == nullptr) file.Fail("the table " + form.table + " has no column " + column);
   }
 }

@@ -1,6 +1,7 @@
 #include "workbench/plans/PlanLine.h"
 
 #include "script/Text.h"
+#include "workbench/text/Names.h"
 #include "workbench/text/Utf8.h"
 
 namespace cordboard::workbench {
@@ -58,9 +59,9 @@ class Reader {
 
   // Refuses the line for what stands next. Its text is not told: in a line that cannot be read it may be part of a
   // secret.
-  [[noreturn]] void Refuse(const std::string& message) const {
+  [[noreturn]] void Refuse(const std::string& message, const std::string& hint = "") const {
     const std::size_t column = Length(line_.substr(0, line_.size() - rest_.size())) + 1;
-    throw PlanLineError(message + " at column " + std::to_string(column));
+    throw PlanLineError(message + " at column " + std::to_string(column) + hint);
   }
 
  private:
@@ -92,13 +93,23 @@ class Reader {
 std::vector<Assignment> Assignments(Reader& reader, std::string_view ends) {
   std::vector<Assignment> assignments;
   if (reader.AtEnd() || ends.find(reader.rest().front()) != ends.npos) return assignments;
+  std::string hint;
   do {
     const std::string name = reader.Name();
     if (name.empty()) reader.Refuse("a parameter name is missing");
-    if (!reader.Take('=')) reader.Refuse("an equals sign is missing");
+    if (!reader.Take('=')) reader.Refuse("an equals sign is missing", hint);
+    hint = "; a value that holds a comma stands in double quotes";
     assignments.push_back({name, reader.Content(std::string(ends) + ",")});
   } while (reader.Take(','));
   return assignments;
+}
+
+// A hint for who has typed EDIT or DELETE, which is taken for a command.
+std::string SmallLetters(const std::string& command) {
+  for (const char* verb : {"edit", "delete"}) {
+    if (SameName(command, verb)) return std::string("; the word ") + verb + " is written in small letters";
+  }
+  return "";
 }
 
 void End(Reader& reader) {
@@ -133,7 +144,7 @@ std::optional<UserAction> ParsePlanLine(std::string_view line) {
     if (action.from.empty()) throw PlanLineError("after from the name of a template is missing");
   }
   if (action.kind != UserAction::Kind::Delete) {
-    if (!reader.Take(':')) reader.Refuse("a colon is missing");
+    if (!reader.Take(':')) reader.Refuse("a colon is missing", SmallLetters(action.command));
     action.values = Assignments(reader, ";");
   }
   End(reader);

@@ -97,6 +97,34 @@ TEST_F(GenerationTest, GeneratedLinesCanBeApplied) {
   EXPECT_EQ(Rows(*other, "SELECT NUMSE, NUMTYP FROM NANSI"), Rows(*exchange_, "SELECT NUMSE, NUMTYP FROM NANSI"));
 }
 
+TEST_F(GenerationTest, ARecordThatGivesTwoLinesGivesTwo) {
+  Apply(
+      "NANSI:NUMTYP=EX,NUMSE=100;\nEXCCS:CAT=1,TRAF=11,SERV_D6=1,CDIV_D1=1,ROC_D2=1;\n"
+      "KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;\nKSFKC:DIR=100,KEY=1,FCN=DND;\n");
+  const auto lines = Generate(session_, "dynamic", {"KSFKC"}).lines;
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(lines[0].text, "KSFKC:DIR=100,KEY=1,FCN=TNS;");
+  EXPECT_EQ(lines[1].text, "KSFKC:DIR=100,KEY=1,FCN=DND;");
+}
+
+TEST_F(GenerationTest, LinesOfSomeCommandsComeInTheOrderOfGeneration) {
+  Apply(
+      "NANSI:NUMTYP=EX,NUMSE=100;\nEXCCS:CAT=1,TRAF=11,SERV_D6=1,CDIV_D1=1,ROC_D2=1;\n"
+      "KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;\n");
+  std::vector<std::string> commands;
+  for (const GeneratedLine& line : Generate(session_, "dynamic", {"KSEXI", "NANSI"}).lines)
+    commands.push_back(line.command);
+  EXPECT_THAT(commands, ElementsAre("NANSI", "KSEXI"));
+}
+
+TEST_F(GenerationTest, CommandsWithRecordsAndWithoutLinesAreTold) {
+  EXPECT_THAT(Generate(session_).without, IsEmpty()) << "the rows of categories are blank";
+  Apply("NANSI:NUMTYP=EX,NUMSE=100;\nNACDS:NUM=12,CDCAT=3;\nSYTDS:PGIV=3;\n");
+  EXPECT_THAT(Generate(session_).without, ElementsAre("NACDS", "SYTDS"));
+  EXPECT_THAT(Generate(session_, "dynamic", {"SYTDS", "NANSI"}).without, ElementsAre("SYTDS"));
+  EXPECT_THAT(Generate(session_, "site").without, IsEmpty());
+}
+
 TEST_F(GenerationTest, WhatGoesWrongIsToldByCommand) {
   Apply("NANSI:NUMTYP=EX,NUMSE=100;\n");
   faulty_->refuseLines = true;

@@ -33,7 +33,7 @@ TEST_F(TemplatesTest, WhatTheLineGivesGoesOverTheTemplate) {
 
 TEST_F(TemplatesTest, ATemplateThatIsNotThereIsToldWithThoseThatAre) {
   EXPECT_EQ(road_.Do("ITNUI from Fax:DIR=200,EQU=002-0-12-00;"),
-            "there is no record of ITNUITEMPLATE with TEMPLATENAME=Fax [no template yet]");
+            "there is no record of ITNUITEMPLATE with TEMPLATENAME=Fax [no value at present]");
   EXPECT_EQ(road_.Do("KSEXITEMPLATE:TEMPLATENAME=Shop,CAT=1;"), "done");
   EXPECT_EQ(road_.Do("KSEXI from office:DIR=200,ITYPE=3,EQU=next;"),
             "there is no record of KSEXITEMPLATE with TEMPLATENAME=office [Office, Shop]");

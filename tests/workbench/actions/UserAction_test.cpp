@@ -53,11 +53,11 @@ class UserActionTest : public testing::Test {
   std::string Told(const Outcome& outcome) {
     std::string text = outcome.done ? "done" : "";
     for (const auto* problems : {&outcome.problems, &outcome.warnings}) {
-      for (const auto& [parameter, value, message, allowed] : *problems) {
+      for (const auto& [parameter, value, message, possible] : *problems) {
         if (!text.empty()) text += "\n";
         if (problems == &outcome.warnings) text += "warning: ";
         if (!parameter.empty()) text += parameter + "=" + value + ": ";
-        text += message + (allowed.empty() ? "" : " [" + allowed + "]");
+        text += message + (possible ? " [" + InWords(*possible) + "]" : "");
       }
     }
     return text;

@@ -34,10 +34,11 @@ std::string Names(const std::vector<std::string>& names) {
 // --- What a form says.
 
 TEST(FormReader, ReadsWhatTheFormSays) {
-  const FormDefinition form = Read("KSEXI",
-                                   R"({"name": "EQU", "title": "Position", "mandatory": true, "releases": ["R7"],
+  const FormDefinition form =
+      Read("KSEXI",
+           R"({"name": "EQU", "title": "Position", "mandatory": true, "releases": ["R7"],
            "pool": {"table": "Equipment", "column": "EQU"}, "narrowed": {"by": "LOCATION", "without": "SELECT"}})",
-                                   R"(, "ordered": true, "inStep": [["DIR", "EQU"]], "oneOf": [["CAT"], ["TRAF"]],
+           R"(, "ordered": true, "prepared": "DIR", "inStep": [["DIR", "EQU"]], "oneOf": [["CAT"], ["TRAF"]],
            "after": {"removeRowAfterDelete": true, "writeAfterEdit": ["DIR"]})");
   EXPECT_EQ(form.command + form.title + form.help, "KSEXITH.");
   const ParameterDefinition& parameter = form.parameters.at(0);
@@ -46,6 +47,7 @@ TEST(FormReader, ReadsWhatTheFormSays) {
   EXPECT_EQ(parameter.pool->table + parameter.pool->column, "EquipmentEQU");
   EXPECT_EQ(parameter.narrowing->by + parameter.narrowing->without, "LOCATIONSELECT");
   EXPECT_TRUE(form.ordered);
+  EXPECT_EQ(form.prepared, "DIR");
   EXPECT_FALSE(form.single);
   EXPECT_THAT(form.inStep, ElementsAre(ElementsAre("DIR", "EQU")));
   EXPECT_THAT(form.oneOf, ElementsAre(ElementsAre("CAT"), ElementsAre("TRAF")));

@@ -126,6 +126,8 @@ TEST(PlanLine, EveryLineEndsWithASemicolon) {
 }
 
 TEST(PlanLine, AColonStandsBehindTheCommandOfAnAddAndTheSelectionOfAnEdit) {
+  EXPECT_EQ(Refused("EDIT A B=1:C=2;"), "a colon is missing at column 6; the word edit is written in small letters");
+  EXPECT_EQ(Refused("Delete A B=1;"), "a colon is missing at column 8; the word delete is written in small letters");
   EXPECT_EQ(Refused("A;"), "a colon is missing at column 2");
   EXPECT_EQ(Refused("A B=1;"), "a colon is missing at column 3");
   EXPECT_EQ(Refused("edit A B=1;"), "a colon is missing at column 11");
@@ -149,7 +151,8 @@ TEST(PlanLine, AParameterIsNamed) {
 TEST(PlanLine, AnEqualsSignStandsBehindAName) {
   EXPECT_EQ(Refused("A:B;"), "an equals sign is missing at column 4");
   EXPECT_EQ(Refused("A:B 1;"), "an equals sign is missing at column 5");
-  EXPECT_EQ(Refused("A:B=1,C;"), "an equals sign is missing at column 8");
+  EXPECT_EQ(Refused("A:B=1,C;"),
+            "an equals sign is missing at column 8; a value that holds a comma stands in double quotes");
   EXPECT_EQ(Refused("delete A B;"), "an equals sign is missing at column 11");
 }
 
@@ -165,7 +168,8 @@ TEST(PlanLine, AColumnCountsCharactersFromTheBeginningOfTheLine) {
 }
 
 TEST(PlanLine, TheTextOfALineThatCannotBeReadIsNotTold) {
-  EXPECT_EQ(Refused("A:B=red,green#blue;"), "an equals sign is missing at column 14");
+  EXPECT_EQ(Refused("A:B=red,green#blue;"),
+            "an equals sign is missing at column 14; a value that holds a comma stands in double quotes");
   EXPECT_EQ(Refused("A:B=\"red\"\"gre\"en;"), "a comma or the semicolon is missing at column 15");
   EXPECT_EQ(Refused("green\";"), "a colon is missing at column 6");
 }

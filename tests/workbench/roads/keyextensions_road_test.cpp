@@ -333,7 +333,7 @@ TEST_F(KeyExtensions, TheThreeCommandsShareTheKeys) {
   EXPECT_THAT(Valid("KSFKC", "KEY", {{"DIR", "100&101"}}), ElementsAre("4"));
   // A number takes the place of a stored number.
   Prepare({"KSMDI:DIR=100,KEY=next,MDN=101;", "KSMDI:DIR=100,KEY=next,MDN=150;"});
-  EXPECT_THAT(Lines("KSFKC"), ElementsAre("KSFKC:DIR=100,KEY=1,FCN=TNS;\nKSFKC:DIR=100,KEY=1,FCN=DND;"));
+  EXPECT_THAT(Lines("KSFKC"), ElementsAre("KSFKC:DIR=100,KEY=1,FCN=TNS;", "KSFKC:DIR=100,KEY=1,FCN=DND;"));
   EXPECT_FALSE(Do("KSANI:DIR=100,KEY=next,ADN=next,CAT=1;"));
   EXPECT_THAT(
       texts(),
@@ -367,12 +367,11 @@ TEST_F(KeyExtensions, AFixedKeyIsReleasedInFront) {
   Prepare({"KSEXI:DIR=100,ITYPE=12,EQU=next,CAT=1;", "KSEXI:DIR=101,ITYPE=15,EQU=next,CAT=1;",
            "KSFKC:DIR=100,KEY=1,FCN=LNR;", "KSFKC:DIR=100,KEY=13,FCN=DND;", "KSFKC:DIR=101,KEY=A1,FCN=DND;",
            "KSFKC:DIR=101,KEY=13,FCN=LNR;", "KSMDI:DIR=100,KEY=12,MDN=101;", "KSANI:DIR=101,KEY=2,ADN=150,CAT=1;"});
-  EXPECT_THAT(
-      Lines("KSFKC"),
-      ElementsAre("KSFKC:DIR=100,KEY=1,FCN=LNR;", "KSFKC:DIR=100,KEY=13,FCN=TNS;\nKSFKC:DIR=100,KEY=13,FCN=DND;",
-                  "KSFKC:DIR=101,KEY=A1,FCN=TNS;\nKSFKC:DIR=101,KEY=A1,FCN=DND;", "KSFKC:DIR=101,KEY=13,FCN=LNR;"));
-  EXPECT_THAT(Lines("KSMDI"), ElementsAre("KSFKC:DIR=100,KEY=12,FCN=TNS;\nKSMDI:DIR=100,KEY=12,MDN=101;"));
-  EXPECT_THAT(Lines("KSANI"), ElementsAre(StartsWith("KSFKC:DIR=101,KEY=2,FCN=TNS;\nKSANI:DIR=101,ADN=150,")));
+  EXPECT_THAT(Lines("KSFKC"), ElementsAre("KSFKC:DIR=100,KEY=1,FCN=LNR;", "KSFKC:DIR=100,KEY=13,FCN=TNS;",
+                                          "KSFKC:DIR=100,KEY=13,FCN=DND;", "KSFKC:DIR=101,KEY=A1,FCN=TNS;",
+                                          "KSFKC:DIR=101,KEY=A1,FCN=DND;", "KSFKC:DIR=101,KEY=13,FCN=LNR;"));
+  EXPECT_THAT(Lines("KSMDI"), ElementsAre("KSFKC:DIR=100,KEY=12,FCN=TNS;", "KSMDI:DIR=100,KEY=12,MDN=101;"));
+  EXPECT_THAT(Lines("KSANI"), ElementsAre("KSFKC:DIR=101,KEY=2,FCN=TNS;", StartsWith("KSANI:DIR=101,ADN=150,")));
 }
 
 TEST_F(KeyExtensions, ANumberAndKeyTogetherTakeThePlaceOfBoth) {
@@ -395,7 +394,7 @@ TEST_F(KeyExtensions, AnExtensionHasThirtyFurtherNumbers) {
   EXPECT_FALSE(Do("KSMDI:DIR=199,KEY=next,MDN=130;"));
   EXPECT_THAT(texts(), ElementsAre("The limit of 30 MDNs is reached for DIR. Remove one before you add another."));
   Prepare({"delete KSMDI DIR=199,MDN=100;", "KSMDI:DIR=199,KEY=next,MDN=130;"});
-  EXPECT_THAT(Lines("KSMDI"), SizeIs(30));
+  EXPECT_THAT(Lines("KSMDI"), SizeIs(32)) << "two of the keys are released first";
 }
 
 TEST_F(KeyExtensions, AFurtherNumberIsOpenAndOfAnotherExtension) {

@@ -39,7 +39,7 @@ class RoadTest : public testing::Test {
     for (const auto& problems : {outcome.problems, outcome.warnings}) {
       for (const Problem& problem : problems)
         texts_.push_back(problem.parameter + (problem.parameter.empty() ? "" : ": ") + problem.message +
-                         (problem.allowed.empty() ? "" : " Possible: " + problem.allowed));
+                         (problem.possible ? " Possible: " + InWords(*problem.possible) : ""));
     }
     return outcome.done;
   }
