@@ -105,6 +105,20 @@ std::string FromTemplates(const FormDefinition& form) {
          Quoted(form.command + " from NAME:...;");
 }
 
+// In what the lines of an exchange differ from what the form takes, in Markdown; nothing where they do not.
+std::string OfLines(const FormDefinition& form) {
+  const auto& lines = form.lines;
+  const auto named = [](std::vector<std::string> names) {
+    for (std::string& name : names) name = Quoted(name);
+    return Joined(names, ", ");
+  };
+  std::string text;
+  if (!lines.derived.empty()) text = "have " + named(lines.derived);
+  if (!lines.untold.empty()) text += " in the place of " + named(lines.untold) + ", from which they follow";
+  if (!lines.from.empty()) text += (text.empty() ? "" : ", and ") + ("come from the records of " + Quoted(lines.from));
+  return text.empty() ? "" : "Lines of the exchange " + text + ".";
+}
+
 std::string Plain(std::string markdown) {
   std::erase(markdown, '`');
   return markdown;
@@ -118,6 +132,7 @@ void HelpAsText(const FormDefinition& form) {
   PrintTable({"PARAMETER", "", ""}, rows);
   std::cout << "\nActions: " << Joined(Actions(form), " ") << '\n';
   if (!form.templates.command.empty()) std::cout << Plain(FromTemplates(form)) << '\n';
+  if (const std::string lines = OfLines(form); !lines.empty()) std::cout << Plain(lines) << '\n';
   std::cout << "list: see cordboard values FILE " << form.command << " PARAMETER\n";
 }
 
@@ -135,6 +150,7 @@ void HelpAsJson(const FormDefinition& form) {
              {"help", form.help},
              {"parameters", parameters},
              {"templates", form.templates.command},
+             {"lines", {{"derived", form.lines.derived}, {"untold", form.lines.untold}, {"from", form.lines.from}}},
              {"actions",
               {{"add", form.adds}, {"edit", form.edits}, {"delete", form.deletes}, {"generate", form.generates}}}});
 }
@@ -168,6 +184,7 @@ void HelpAsPage(const FormDefinition& form) {
   if (listed != nullptr)
     std::cout << "\nWhat is possible now: `cordboard values FILE " << form.command << ' ' << listed->name << "`.\n";
   if (!form.templates.command.empty()) std::cout << '\n' << FromTemplates(form) << ".\n";
+  if (const std::string lines = OfLines(form); !lines.empty()) std::cout << '\n' << lines << '\n';
   for (const FormDefinition* table : form.OfEachTable()) {
     std::vector<std::string> columns;
     for (const std::string& column : table->columns) columns.push_back(Quoted(column));

@@ -27,5 +27,7 @@ const std::vector<std::string>& GenerationOrder();
 // All command lines of the exchange, or, for the database "site", those of its templates, which no exchange takes. The
 // exchange is left as it is.
 Generated Generate(Session& session, const std::string& database = "dynamic");
+// The lines of one command, as far as they come: what its generation reports is left out.
+std::vector<std::string> LinesOf(Session& session, const FormDefinition& definition);
 
 }  // namespace cordboard::workbench
