@@ -89,6 +89,16 @@ std::string FromTemplates(const FormDefinition& form) {
          Quoted(form.command + " from NAME:...;");
 }
 
+std::string OfLines(const FormDefinition& form) {
+  const auto& lines = form.lines;
+  std::string text;
+  if (!lines.derived.empty()) text = "have " + Separated(lines.derived, ", ", Quoted);
+  if (!lines.untold.empty())
+    text += " in the place of " + Separated(lines.untold, ", ", Quoted) + ", from which they follow";
+  if (!lines.from.empty()) text += (text.empty() ? "" : ", and ") + ("come from the records of " + Quoted(lines.from));
+  return text.empty() ? "" : "Lines of the exchange " + text + ".";
+}
+
 std::string Example(const FormDefinition& form) {
   const std::string start = form.command + ":";
   const std::regex line("(.*;)\\s*(#.*)?");
@@ -128,6 +138,7 @@ std::string Page(const FormDefinition& form) {
   if (listed != nullptr)
     page << "\nWhat is possible now: `cordboard values FILE " << form.command << ' ' << listed->name << "`.\n";
   if (!form.templates.command.empty()) page << '\n' << FromTemplates(form) << ".\n";
+  if (const std::string lines = OfLines(form); !lines.empty()) page << '\n' << lines << '\n';
   for (const FormDefinition* table : form.OfEachTable()) {
     std::vector<std::string> columns;
     for (const std::string& column : table->columns) columns.push_back(Quoted(column));

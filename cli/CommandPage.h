@@ -20,6 +20,8 @@ std::string Traits(const workbench::FormDefinition& form, const workbench::Param
 std::vector<std::string> Actions(const workbench::FormDefinition& form);
 // How a record is made from a template; nothing where there are none.
 std::string FromTemplates(const workbench::FormDefinition& form);
+// In what the lines of an exchange differ from what the form takes; nothing where they do not.
+std::string OfLines(const workbench::FormDefinition& form);
 // The first line of the plans that the program carries which adds a record of the command.
 std::string Example(const workbench::FormDefinition& form);
 // What is written by hand at the end of the page.

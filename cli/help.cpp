@@ -32,6 +32,7 @@ void HelpAsText(const FormDefinition& form) {
   PrintTable({"PARAMETER", "", ""}, rows);
   std::cout << "\nActions: " << workbench::Separated(Actions(form), " ") << '\n';
   if (!form.templates.command.empty()) std::cout << AsText(FromTemplates(form)) << '\n';
+  if (const std::string lines = OfLines(form); !lines.empty()) std::cout << AsText(lines) << '\n';
   std::cout << "list: see cordboard values FILE " << form.command << " PARAMETER\n";
   if (const std::string notes = Notes(form); !notes.empty()) std::cout << '\n' << AsText(notes);
 }
@@ -46,6 +47,7 @@ void HelpAsJson(const FormDefinition& form) {
              {"notes", Notes(form)},
              {"parameters", parameters},
              {"templates", form.templates.command},
+             {"lines", {{"derived", form.lines.derived}, {"untold", form.lines.untold}, {"from", form.lines.from}}},
              {"actions",
               {{"add", form.adds}, {"edit", form.edits}, {"delete", form.deletes}, {"generate", form.generates}}}});
 }

@@ -760,7 +760,7 @@ Length in all: 20
         self.assertRegex(text, r"(?m)^NUMTYP +Number type +has to be given, list, check$")
         self.assertIn("Actions: add delete generate\n", text)
         data = self.json("help", "NANSI")
-        self.assertEqual(sorted(data), ["actions", "command", "example", "help", "notes", "parameters", "problems",
+        self.assertEqual(sorted(data), ["actions", "command", "example", "help", "lines", "notes", "parameters", "problems",
                                         "templates", "title"])
         self.assertEqual(data["actions"], {"add": True, "edit": False, "delete": True, "generate": True})
         parameter = data["parameters"][0]
@@ -800,6 +800,37 @@ Length in all: 20
         ran = cordboard("generate", self.exchange, stdout=None, preexec_fn=lambda: os.close(1))
         self.assertEqual(ran.returncode, TROUBLE)
         self.assertEqual(self.generated(), LINES)
+
+
+class ExchangeLines(ProgramTest):
+    PLAN = """\
+NANSI:NUMTYP=EX,NUMSE=200&&209;
+EXCCS:CAT=1,TRAF=11,SERV_D1=1,CDIV_D1=1,ROC_D2=1;
+KSEXI:DIR=200&&201,ITYPE=3,EQU=next,CAT=1;
+KSFKC:DIR=200&&201,KEY=1,FCN=PCK;
+ROCAI:ROU=1,PROTOCOL=ISDN,MARKET=DE,TRAF=01020304;
+"""
+
+    def test_they_are_read_by_a_new_exchange_which_has_them_then(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=self.PLAN.encode())
+        lines, copy = self.folder / "office.lines", self.folder / "copy.cbx"
+        self.ends(DONE, "generate", self.exchange, "-o", lines)
+        self.ends(DONE, "new", copy, "--release", "R7")
+        ran = self.ends(DONE, "apply", copy, lines, "--json")
+        self.assertEqual(json.loads(ran.stdout), {"done": 12, "refused": 0, "kept": True, "problems": []})
+        self.assertEqual(self.ends(DONE, "generate", copy).stdout, lines.read_text())
+
+    def test_a_value_that_follows_from_the_record_otherwise_is_a_warning(self):
+        line = b"ROCAI:ROU=1,PROTOCOL=CAS,MARKET=DE,SEL=1000000001,SIG=9,TRAF=01,TRM=2,SERV=1000,NODG=4;"
+        ran = self.ends(DONE, "apply", self.exchange, "-", given=line)
+        self.assertEqual(ran.stderr, "warning: standard input:1: ROCAI, SIG=9: the exchange's line will have "
+                                     "100100000030 here, which follows from the record\n"
+                                     "plan: 1 done, 0 refused\n")
+
+    def test_the_help_names_what_lines_have_and_leave_out(self):
+        lines = json.loads(self.ends(DONE, "help", "IVMAI", "--json").stdout)["lines"]
+        self.assertEqual(lines, {"derived": ["EQU"], "untold": ["BPOS", "NOIND"], "from": ""})
+        self.assertIn("\nLines of the exchange come from the records of ICFUI.\n", self.ends(DONE, "help", "ICFUC").stdout)
 
 
 class BadFile(ProgramTest):

@@ -1,6 +1,7 @@
 #include "workbench/actions/Generation.h"
 
 #include <algorithm>
+#include <optional>
 #include <sstream>
 
 #include "script/Conversions.h"
@@ -19,6 +20,24 @@ std::string After(std::size_t lines) {
   return lines == 1 ? "after 1 line" : "after " + std::to_string(lines) + " lines";
 }
 
+// What one command gives. It goes by way of a table of the exchange, from which the caller rolls it back.
+struct Built {
+  std::optional<std::string> failure;
+  std::vector<Problem> messages;
+  std::vector<std::string> texts;
+};
+
+Built Build(Session& session, const FormDefinition& definition, int number) {
+  session.host().OpenForm(definition);
+  const RunResult result = session.Run("GenerateCmd", 0, {std::to_string(number)});
+  Built built{.failure = result.failure, .messages = TakeMessages(session), .texts = {}};
+  const RowSet rows = session.exchange().Dynamic().Run(
+      "SELECT [Line] FROM " + definition.Database().Stored("BuiltCmd") + " WHERE [OrderNo] = ? ORDER BY rowid",
+      {number});
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) built.texts.push_back(Joined(rows[0][row]));
+  return built;
+}
+
 // Some records give a text of several lines.
 void Append(std::vector<GeneratedLine>& lines, const std::string& command, const std::string& text) {
   std::istringstream in(text);
@@ -27,18 +46,14 @@ void Append(std::vector<GeneratedLine>& lines, const std::string& command, const
 
 void GenerateCommand(Session& session, const FormDefinition& definition, int number, Generated& generated) {
   const std::string& command = definition.command;
-  session.host().OpenForm(definition);
-  const RunResult result = session.Run("GenerateCmd", 0, {std::to_string(number)});
-  for (Problem& problem : TakeMessages(session)) generated.problems.emplace_back(command, std::move(problem));
-  const RowSet rows = session.exchange().Dynamic().Run(
-      "SELECT [Line] FROM " + definition.Database().Stored("BuiltCmd") + " WHERE [OrderNo] = ? ORDER BY rowid",
-      {number});
-  if (result.failure) {
+  Built built = Build(session, definition, number);
+  for (Problem& problem : built.messages) generated.problems.emplace_back(command, std::move(problem));
+  if (built.failure) {
     const std::string message =
-        "lines are missing: the generation ended " + After(rows.RowCount()) + " (" + *result.failure + ")";
+        "lines are missing: the generation ended " + After(built.texts.size()) + " (" + *built.failure + ")";
     generated.problems.emplace_back(command, Problem{.message = message});
   }
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) Append(generated.lines, command, Joined(rows[0][row]));
+  for (const std::string& text : built.texts) Append(generated.lines, command, text);
 }
 
 bool SpeaksOf(const Generated& generated, const std::string& command) {
@@ -60,7 +75,6 @@ Generated Generate(Session& session, const std::string& database, const std::vec
            (commands.empty() || std::ranges::find(commands, form->command) != commands.end());
   };
   Generated generated;
-  // The lines go by way of a table of the exchange; they are taken from there and the table is left empty.
   Transaction transaction(session.exchange());
   int number = 0;
   for (const std::string& command : GenerationOrder()) {
@@ -73,6 +87,13 @@ Generated Generate(Session& session, const std::string& database, const std::vec
       generated.without.push_back(form->command);
   }
   return generated;
+}
+
+std::vector<std::string> LinesOf(Session& session, const FormDefinition& definition) {
+  Transaction transaction(session.exchange());
+  std::vector<std::string> lines = Build(session, definition, 1).texts;
+  transaction.RollBack();
+  return lines;
 }
 
 }  // namespace cordboard::workbench

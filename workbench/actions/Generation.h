@@ -29,5 +29,7 @@ const std::vector<std::string>& GenerationOrder();
 // or those of the commands that are named. The exchange is left as it is.
 Generated Generate(Session& session, const std::string& database = "dynamic",
                    const std::vector<std::string>& commands = {});
+// The lines of one command, as far as they come: what its generation reports is left out.
+std::vector<std::string> LinesOf(Session& session, const FormDefinition& definition);
 
 }  // namespace cordboard::workbench

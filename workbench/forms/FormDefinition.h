@@ -161,6 +161,22 @@ struct Assignment {
   std::string value;
 };
 
+// A line that stands beside another one of the same record. It has these parameters alone.
+struct SideLine {
+  std::vector<std::string> key;  // in which the two lines agree; none: records of the command have one line each
+  Assignment with;               // by which such a line is known
+  std::string further = {};      // whose values it adds to those of the other line
+};
+
+// In what the lines of a command differ from what its form takes, so that an exchange's lines can be read.
+struct LineForm {
+  std::vector<std::string> derived = {};  // parameters of lines alone: their values follow from the record
+  std::vector<std::string> untold = {};   // parameters that lines do not tell, and on which the derived ones depend
+  std::string from = {};                  // the command whose records give the lines, where it is another one
+  SideLine release = {};                  // in front of a line that uses a key: it takes the function off the key
+  SideLine continued = {};                // behind a line that is full
+};
+
 struct FormDefinition {
   std::string command;
   std::string title;
@@ -171,6 +187,7 @@ struct FormDefinition {
   std::vector<ParameterDefinition> parameters = {};
   FoldingList foldings = {};
   RecordHandling handling = {};
+  LineForm lines = {};
   TemplatesOf templates = {};                         // no command: records are not made from templates
   std::vector<std::vector<std::string>> inStep = {};  // parameters whose values go together by their place
   std::vector<std::vector<std::string>> oneOf = {};   // sets of parameters, of which one has to be given whole

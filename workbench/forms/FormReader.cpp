@@ -118,6 +118,41 @@ void ReadSecondTable(FormDefinition& form, const DataItem& item) {
   form.second = second;
 }
 
+SideLine ReadSideLine(Fields& fields) {
+  SideLine line{.key = fields.Get<Texts>("key"), .with = {}, .further = fields.Get<std::string>("further", "")};
+  for (const auto& [name, value] : fields.At("with").Entries()) line.with = {name, value.Text()};
+  return line;
+}
+
+Texts NamesOf(const SideLine& line) {
+  Texts names = line.key;
+  for (const std::string& name : {line.with.name, line.further}) {
+    if (!name.empty()) names.push_back(name);
+  }
+  return names;
+}
+
+// Derived parameters are in no form: what the form takes would be read as the exchange's word.
+LineForm ReadLines(const FormDefinition& form, const DataItem& item) {
+  LineForm lines = item.Object([](Fields& fields) {
+    LineForm read{.derived = fields.Get("derived", Texts()),
+                  .untold = fields.Get("untold", Texts()),
+                  .from = fields.Get<std::string>("from", "")};
+    if (const auto release = fields.Find("release")) read.release = release->Object(ReadSideLine);
+    if (const auto continued = fields.Find("continued")) read.continued = continued->Object(ReadSideLine);
+    return read;
+  });
+  const auto isParameter = [&form](const std::string& name) { return form.Find(name) != nullptr; };
+  if (const auto found = std::ranges::find_if(lines.derived, isParameter); found != lines.derived.end())
+    item.Fail(*found + " is a parameter of the form, so that no line derives it");
+  Texts named = lines.untold;
+  for (const SideLine& line : {lines.release, lines.continued})
+    std::ranges::copy(NamesOf(line), std::back_inserter(named));
+  if (const auto other = std::ranges::find_if_not(named, isParameter); other != named.end())
+    item.Fail(*other + " is no parameter of the form");
+  return lines;
+}
+
 void ReadActions(FormDefinition& form) {
   const Module* module = FindModule(form.command);
   if (module == nullptr) return;
@@ -156,6 +191,7 @@ FormDefinition ReadForm(const std::string& command, std::string_view json, const
                               .writeAfterEdit = of.Get("writeAfterEdit", Texts())};
       });
     }
+    if (const auto lines = fields.Find("lines")) form.lines = ReadLines(form, *lines);
     if (const auto templates = fields.Find("templates")) {
       form.templates = templates->Object([](Fields& of) {
         return TemplatesOf{.command = of.Get<std::string>("command"), .name = of.Get<std::string>("name")};

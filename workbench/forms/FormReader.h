@@ -12,6 +12,12 @@
 // though the form does not show it, and, where records stand in two tables, "second" {"table", "with"}: the other
 // table, and the parameter that its records have.
 //
+// Where lines of the exchange differ from what the form takes, "lines" says so: "derived", parameters that lines alone
+// have; "untold", parameters that lines do not have, of those that decide on the derived ones; "from", the command
+// whose records give the lines, where it is another one; and lines that some records have besides, each {"key":
+// [names], "with": {name: value}}: "release", in front of a line that uses a key, and "continued", behind a line that
+// is full, with "further", the parameter with whose values it goes on.
+//
 // Parameters that differ in a number alone are one entry: with "each": "01&&40" it stands for forty parameters, and %
 // in its name for the number of each.
 //

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "workbench/plans/ExchangeLine.h"
 #include "workbench/plans/PlanLine.h"
 
 namespace cordboard::workbench {
@@ -24,23 +25,63 @@ void DropByteOrderMark(std::string& line) {
   if (line.starts_with("\xEF\xBB\xBF")) line.erase(0, 3);
 }
 
-// Performs one line in a transaction of its own, so that a refused one leaves nothing.
-std::optional<LineReport> ApplyLine(Session& session, const std::string& line) {
+// The lines of a file, each with the one behind it.
+class Lines {
+ public:
+  explicit Lines(std::istream& in) : in_(in), hasNext_(ReadLine(in, behind_)) { DropByteOrderMark(behind_); }
+
+  bool Next() {
+    if (!hasNext_) return false;
+    std::swap(line_, behind_);
+    hasNext_ = ReadLine(in_, behind_);
+    ++number_;
+    return true;
+  }
+
+  const std::string& line() const { return line_; }
+  const std::string& behind() const { return behind_; }  // blank behind the last
+  std::size_t number() const { return number_; }
+
+ private:
+  std::istream& in_;
+  std::string line_;
+  std::string behind_;
+  bool hasNext_;
+  std::size_t number_ = 0;
+};
+
+// Performs an add or a line in a transaction of its own, so that a refused one leaves nothing.
+LineReport Apply(Session& session, const UserAction& action) {
   LineReport report;
+  report.command = action.command;
+  Transaction transaction(session.exchange());
+  Outcome outcome = PerformLine(session, action);
+  report.refused = !outcome.done;
+  report.problems = outcome.done ? std::move(outcome.warnings) : std::move(outcome.problems);
+  if (outcome.done) transaction.Commit();
+  return report;
+}
+
+// Performs the line, or the two lines of one record that begin here. Where those are refused together, each is on its
+// own, so that what is wrong is told of the right one. Nothing for a line without an action.
+std::optional<LineReport> ApplyNext(Session& session, Lines& at) {
   try {
-    const auto action = ParsePlanLine(line);
+    const auto action = ParsePlanLine(at.line());
     if (!action) return std::nullopt;
-    report.command = action->command;
-    Transaction transaction(session.exchange());
-    Outcome outcome = Perform(session, *action);
-    report.refused = !outcome.done;
-    report.problems = outcome.done ? std::move(outcome.warnings) : std::move(outcome.problems);
-    if (outcome.done) transaction.Commit();
+    if (const auto together = Together(*action, at.behind())) {
+      LineReport report = Apply(session, *together);
+      if (!report.refused) {
+        at.Next();
+        return report;
+      }
+    }
+    return Apply(session, *action);
   } catch (const PlanLineError& error) {
+    LineReport report;
     report.refused = true;
     report.problems.push_back({.message = error.what()});
+    return report;
   }
-  return report;
 }
 
 }  // namespace
@@ -48,18 +89,18 @@ std::optional<LineReport> ApplyLine(Session& session, const std::string& line) {
 PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const PlanOptions& options) {
   PlanResult result;
   Transaction whole(session.exchange());
-  std::size_t lines = 0;
+  std::size_t seen = 0;
   for (const PlanFile& file : files) {
-    std::string line;
-    for (std::size_t number = 1; ReadLine(file.in, line); ++number) {
-      if (number == 1) DropByteOrderMark(line);
-      auto report = ApplyLine(session, line);
-      if (options.progress) options.progress(++lines);
+    for (Lines at(file.in); at.Next();) {
+      const std::size_t first = at.number();
+      auto report = ApplyNext(session, at);
+      const std::size_t lines = at.number() - first + 1;
+      for (std::size_t line = 0; options.progress && line < lines; ++line) options.progress(++seen);
       if (!report) continue;
-      ++(report->refused ? result.refused : result.done);
+      (report->refused ? result.refused : result.done) += lines;
       if (!report->refused && report->problems.empty()) continue;
       report->file = file.name;
-      report->line = number;
+      report->line = at.number();
       result.reports.push_back(std::move(*report));
     }
     if (file.in.bad()) throw PlanError(file.name + " cannot be read to its end; nothing was kept");

@@ -151,6 +151,14 @@ std::optional<UserAction> ParsePlanLine(std::string_view line) {
   return action;
 }
 
+std::optional<UserAction> ReadableLine(std::string_view line) {
+  try {
+    return ParsePlanLine(line);
+  } catch (const PlanLineError&) {
+    return std::nullopt;
+  }
+}
+
 Assignment ParseAssignment(std::string_view text) {
   if (!IsUtf8(text)) throw PlanLineError("is not UTF-8 text");
   const std::size_t equals = text.find('=');

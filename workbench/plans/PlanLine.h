@@ -30,6 +30,9 @@ inline constexpr std::size_t longestLine = 65536;
 // Reads a line. Nothing for a blank line or a comment.
 std::optional<UserAction> ParsePlanLine(std::string_view line);
 
+// The same; nothing for a line that cannot be read as well.
+std::optional<UserAction> ReadableLine(std::string_view line);
+
 // A parameter as the command line of the program takes it: NAME=value. The message says what is wrong, not with which.
 Assignment ParseAssignment(std::string_view text);
 

@@ -55,6 +55,32 @@ TEST(FormReader, ReadsWhatTheFormSays) {
   EXPECT_THAT(form.handling.writeAfterEdit, ElementsAre("DIR"));
 }
 
+TEST(FormReader, ReadsInWhatLinesDiffer) {
+  const LineForm lines = Read("KSFKC", Names({"DIR", "KEY", "FCN", "DIG"}),
+                              R"(, "lines": {"derived": ["SIG"], "untold": ["FCN"], "from": "ROCAI",
+              "release": {"key": ["DIR", "KEY"], "with": {"FCN": "TNS"}},
+              "continued": {"key": ["DIR"], "with": {"KEY": "1"}, "further": "DIG"}})")
+                             .lines;
+  EXPECT_THAT(lines.derived, ElementsAre("SIG"));
+  EXPECT_THAT(lines.untold, ElementsAre("FCN"));
+  EXPECT_EQ(lines.from, "ROCAI");
+  EXPECT_THAT(lines.release.key, ElementsAre("DIR", "KEY"));
+  EXPECT_EQ(lines.release.with.name + "=" + lines.release.with.value, "FCN=TNS");
+  EXPECT_THAT(lines.continued.key, ElementsAre("DIR"));
+  EXPECT_EQ(lines.continued.further, "DIG");
+}
+
+TEST(FormReader, LinesDeriveNoParameterOfTheFormAndNameNoOther) {
+  const std::string place = "forms/KSFKC.json: lines: ";
+  EXPECT_EQ(Refused("KSFKC", Names({"DIR"}), R"(, "lines": {"derived": ["DIR"]})"),
+            place + "DIR is a parameter of the form, so that no line derives it");
+  for (const char* lines : {R"({"untold": ["KEY"]})", R"({"release": {"key": ["DIR", "KEY"], "with": {"DIR": "1"}}})",
+                            R"({"release": {"key": ["DIR"], "with": {"KEY": "1"}}})",
+                            R"({"continued": {"key": ["DIR"], "with": {"DIR": "1"}, "further": "KEY"}})"})
+    EXPECT_EQ(Refused("KSFKC", Names({"DIR"}), R"(, "lines": )" + std::string(lines)),
+              place + "KEY is no parameter of the form");
+}
+
 TEST(FormReader, EveryFlagOfTheFormIsReadAndNoOther) {
   for (const ParameterFlag& flag : ParameterFlags()) {
     const std::string json = R"({"name": "NONE", "title": "t", ")" + std::string(flag.key) + R"(": true})";
