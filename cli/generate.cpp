@@ -22,7 +22,7 @@ namespace {
 
 // The database of the commands whose lines are asked for.
 std::string DatabaseOf(const GenerateOptions& options) {
-  const std::string database = options.templates ? "site" : "dynamic";
+  std::string database = options.templates ? "site" : "dynamic";
   for (const std::string& command : options.commands) {
     if (FormOf(command).database == database) continue;
     throw Exit{Usage, command + (options.templates ? " has no templates: leave out --templates"
