@@ -140,7 +140,7 @@ std::string Add(const std::string& line, const std::string& behind) {
   const auto together = Together(*ParsePlanLine(line), behind);
   if (!together) return "";
   std::string text = together->command;
-  for (const auto& [name, value] : together->values) text += " " + name + "=" + value;
+  for (const auto& [name, value] : together->values) text.append(" ").append(name).append("=").append(value);
   return text;
 }
 
