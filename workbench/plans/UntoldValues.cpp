@@ -89,11 +89,15 @@ std::string Nearest(const std::vector<Candidate>& candidates) {
 Problem NotFound(const Names& parameters, const std::vector<Candidate>& candidates,
                  const std::vector<Candidate>& fitting) {
   const std::string untold = "the line does not tell " + And(parameters) + ", and ";
-  if (fitting.empty())
-    return {.message = untold + "no record gives a line with these values; give them, and what is different is told",
-            .allowed = candidates.empty() ? "" : Nearest(candidates)};
-  return {.message = untold + "several records give this line; give them as well",
-          .allowed = Separated(fitting, " or ", [](const Candidate& each) { return Written(each.values); })};
+  if (fitting.empty()) {
+    Problem problem{.message =
+                        untold + "no record gives a line with these values; give them, and what is different is told"};
+    if (!candidates.empty()) problem.possible = Possible{.values = {Nearest(candidates)}, .total = 1};
+    return problem;
+  }
+  Possible possible{.total = fitting.size()};
+  for (const Candidate& each : fitting) possible.values.push_back(Written(each.values));
+  return {.message = untold + "several records give this line; give them as well", .possible = std::move(possible)};
 }
 
 }  // namespace
