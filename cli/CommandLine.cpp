@@ -179,6 +179,7 @@ class CommandLine {
     sub->add_option("PLAN", options.plans, "plan files with one action a line; - reads standard input")->required();
     sub->add_flag("--dry-run", options.dryRun, "try everything and keep nothing");
     sub->add_flag("--keep-going", options.keepGoing, "keep the good lines where others are refused");
+    sub->add_flag("--verbose", options.verbose, "print what becomes of each record, and what next takes");
     sub->add_flag("--json", options.json, "report as JSON on standard output");
     sub->footer(
         "A line adds (NANSI:NUMTYP=EX,NUMSE=100&&199;), changes (edit KSEXI DIR=100:CUST=3;) or removes\n"

@@ -2,13 +2,17 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <list>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "cli/Files.h"
 #include "cli/Output.h"
+#include "cli/PlanReport.h"
+#include "cli/Progress.h"
 #include "cli/Subcommands.h"
 #include "workbench/plans/Plan.h"
 
@@ -18,22 +22,30 @@ namespace {
 
 using workbench::PlanResult;
 
-constexpr std::size_t linesBetweenNotes = 500;
-
-// A count that is written over itself; what is written after it begins on its line.
-std::function<void(std::size_t)> Progress() {
-  if (isatty(STDERR_FILENO) != 1) return {};
-  return [](std::size_t lines) {
-    if (lines % linesBetweenNotes == 0) std::cerr << lines << " lines\r" << std::flush;
-  };
+bool IsTyped(const std::vector<std::string>& plans) {
+  return std::ranges::find(plans, "-") != plans.end() && isatty(STDIN_FILENO) == 1;
 }
 
-void Report(const PlanResult& result) {
-  for (const workbench::LineReport& report : result.reports) {
-    const Place place{.command = report.command, .file = report.file, .line = report.line};
-    for (const workbench::Problem& problem : report.problems)
-      report.refused ? Error(place, problem) : Warning(place, problem);
+// Applies the plan and tells meanwhile, where somebody looks on: how far it is, or that lines are awaited.
+PlanResult ApplyAndTell(workbench::Session& session, const std::vector<workbench::PlanFile>& files,
+                        const ApplyOptions& options, nlohmann::json& document) {
+  workbench::PlanOptions how{.dryRun = options.dryRun, .keepGoing = options.keepGoing};
+  std::optional<Progress> progress;
+  if (!options.json && IsTyped(options.plans)) {
+    Note("standard input", "type the lines of the plan; Ctrl-D on a line of its own ends it");
+  } else if (!options.json) {
+    progress.emplace(options.plans);
+    how.progress = [&progress](std::size_t lines) { progress->Reached(lines); };
   }
+  if (options.verbose) {
+    how.done = [&](const workbench::LineReport& report) {
+      if (options.json) return AddChanges(document, report);
+      if (progress) progress->Clear();
+      PrintChanges(report);
+      std::cout.flush();
+    };
+  }
+  return ApplyPlan(session, files, how);
 }
 
 std::string Summary(const PlanResult& result, bool dryRun) {
@@ -61,15 +73,19 @@ int Apply(const ApplyOptions& options) {
 
   const bool warned = WarnOfReaders(*exchange, options.file);
   workbench::Session session(*exchange);
-  const PlanResult result = ApplyPlan(
-      session, files,
-      {.dryRun = options.dryRun, .keepGoing = options.keepGoing, .progress = options.json ? nullptr : Progress()});
+  nlohmann::json document;
+  if (options.verbose) document = {{"changes", nlohmann::json::array()}, {"taken", nlohmann::json::array()}};
+  const PlanResult result = ApplyAndTell(session, files, options, document);
   if (!warned) WarnOfReaders(*exchange, options.file);
-  Report(result);
   if (options.json) {
-    PrintJson({{"done", result.done}, {"refused", result.refused}, {"kept", result.kept}});
+    TellProblems(result);
+    document.update({{"done", result.done}, {"refused", result.refused}, {"kept", result.kept}});
+    document["commands"] = CommandsOf(result);
+    PrintJson(std::move(document));
   } else {
+    TellCauses(result);
     Note("plan", Summary(result, options.dryRun));
+    if (result.kept || options.dryRun) TellCommands(result);
   }
   return result.refused == 0 ? Done : Refused;
 }

@@ -91,6 +91,7 @@ void Filling::SetGiven() {
     if (&first != &assignment) {
       Refuse(assignment, "this parameter is given twice");
     } else if (const auto meant = MeantValue(*this, assignment)) {
+      if (*meant != assignment.value) taken_.push_back({assignment.name, *meant});
       assignment.value = *meant;
       if (meant->empty() || Joined(form().Get(assignment.name)) != *meant) Set(assignment);
     }

@@ -40,6 +40,8 @@ class Filling {
   bool IsRefused() const { return !problems_.empty(); }
   const std::vector<Problem>& problems() const { return problems_; }
   const std::vector<Problem>& warnings() const { return warnings_; }
+  // The values that "next" stood for.
+  const std::vector<Assignment>& taken() const { return taken_; }
 
  private:
   Problem Told(Problem problem) const;
@@ -52,6 +54,7 @@ class Filling {
   std::vector<Assignment> given_;
   std::vector<Problem> problems_;
   std::vector<Problem> warnings_;
+  std::vector<Assignment> taken_;
 };
 
 // The form of a record to be added, with these values. Where one record stands for the whole exchange, the form shows

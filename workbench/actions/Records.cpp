@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <iterator>
+#include <nlohmann/json.hpp>
 
 #include "script/Conversions.h"
 #include "workbench/forms/Unknown.h"
+#include "workbench/text/Elements.h"
 #include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
@@ -23,6 +25,20 @@ std::string IsBlankRow(const FormDefinition& table) {
   return Separated(filled, " AND ", [](const std::string& column) { return "COALESCE([" + column + "], '') = ''"; });
 }
 
+// Whether the text can stand for several values: not where the sign is part of it, as in a name.
+bool CanBeSeveral(const FormDefinition& definition, const Assignment& given) {
+  const ParameterDefinition* parameter = definition.Find(given.name);
+  return parameter != nullptr && !parameter->secret && given.value.find('&') != given.value.npos &&
+         (parameter->TakesElements() || parameter->list || parameter->fixed);
+}
+
+// "KSEXI with DIR=100"
+std::string Described(const FormDefinition& definition, const std::vector<Assignment>& selection) {
+  const std::string given =
+      Separated(selection, ",", [&](const Assignment& each) { return each.name + "=" + definition.Told(each); });
+  return definition.command + (given.empty() ? "" : " with " + given);
+}
+
 }  // namespace
 
 std::variant<std::vector<const FormDefinition*>, Problem> TablesWith(const FormDefinition& definition,
@@ -32,6 +48,11 @@ std::variant<std::vector<const FormDefinition*>, Problem> TablesWith(const FormD
     if (std::ranges::none_of(tables, [&](const FormDefinition* table) { return HasColumn(*table, each.name); }))
       return Problem{
           .parameter = each.name, .value = definition.Told(each), .message = UnknownColumn(definition, each.name)};
+    try {
+      if (CanBeSeveral(definition, each)) Elements(each.value);
+    } catch (const ElementsError& error) {
+      return Problem{.parameter = each.name, .value = each.value, .message = error.what()};
+    }
   }
   std::vector<const FormDefinition*> with;
   std::ranges::copy_if(tables, std::back_inserter(with), [&](const FormDefinition* table) {
@@ -40,15 +61,27 @@ std::variant<std::vector<const FormDefinition*>, Problem> TablesWith(const FormD
   return with;
 }
 
-// The names are columns of the table, so that they can stand in a statement.
+std::vector<std::string> SelectedValues(Exchange& exchange, const FormDefinition& definition, const Assignment& given) {
+  const auto isHeld = [&](const FormDefinition* table) {
+    return HasColumn(*table, given.name) && IsHeld(exchange, *table, given.name, given.value);
+  };
+  if (!CanBeSeveral(definition, given) || std::ranges::any_of(definition.OfEachTable(), isHeld)) return {given.value};
+  return Elements(given.value);
+}
+
+// The names are columns of the table, so that they can stand in a statement. However many values there are, one
+// statement looks for them all.
 RowSet SelectRecords(Exchange& exchange, const FormDefinition& table, const std::string& what,
                      const std::vector<Assignment>& selection, const std::string& end) {
-  std::vector<Value> values(selection.size());
-  std::ranges::transform(selection, values.begin(), &Assignment::value);
-  const std::string condition =
-      Separated(selection, " AND ", [](const Assignment& each) { return "[" + each.name + "] = ?"; });
+  std::vector<Value> values;
+  const auto condition = [&](const Assignment& each) {
+    const std::vector<std::string> several = SelectedValues(exchange, table, each);
+    values.emplace_back(several.size() == 1 ? several.front() : nlohmann::json(several).dump());
+    return "[" + each.name + (several.size() == 1 ? "] = ?" : "] IN (SELECT [value] FROM json_each(?))");
+  };
+  const std::string conditions = Separated(selection, " AND ", condition);
   return exchange.Dynamic().Run(
-      "SELECT " + what + " FROM " + table.Rows() + (selection.empty() ? "" : " WHERE " + condition) + end, values);
+      "SELECT " + what + " FROM " + table.Rows() + (selection.empty() ? "" : " WHERE " + conditions) + end, values);
 }
 
 std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
@@ -61,11 +94,13 @@ std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDef
     for (std::size_t row = 0; row < rows.RowCount(); ++row) found.push_back({table, ToInt32(rows[0][row])});
   }
   if (found.size() == 1) return found.front();
-  const std::string described = Separated(
-      selection, ",", [&definition](const Assignment& each) { return each.name + "=" + definition.Told(each); });
-  const std::string records = definition.command + (selection.empty() ? "" : " with " + described);
-  if (found.empty()) return Problem{.message = "there is no record of " + records};
-  return Problem{.message = "there are several records of " + records + "; select one by more of its parameters"};
+  if (found.empty()) return Problem{.message = NoRecord(definition, selection)};
+  return Problem{.message = "there are several records of " + Described(definition, selection) +
+                            "; select one by more of its parameters"};
+}
+
+std::string NoRecord(const FormDefinition& definition, const std::vector<Assignment>& selection) {
+  return "there is no record of " + Described(definition, selection);
 }
 
 RecordCount CountRecords(Exchange& exchange, const FormDefinition& definition) {
@@ -112,9 +147,7 @@ std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinit
 void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form) {
   for (const std::string& column : definition.columns) {
     // A whole comes even where the form shows its digits alone: an edit of one digit keeps the others.
-    if (definition.Find(column) == nullptr && definition.FoldingOf(column) == nullptr) continue;
-    // A part of a list comes with the list.
-    if (const Folding* folding = definition.FoldingWith(column); folding != nullptr && folding->isList) continue;
+    if (!definition.Shows(column)) continue;
     const Value stored =
         exchange.Dynamic().Single("SELECT [" + column + "] FROM " + definition.Rows() + " WHERE [CmdId] = ?", {CmdId});
     // Some commands write the empty text for nothing: on the form neither was given.

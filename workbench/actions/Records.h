@@ -19,17 +19,25 @@ struct StoredRecord {
   std::int32_t CmdId;
 };
 
-// The tables of the form that have all parameters of the selection, or which parameter none of them has.
+// The tables of the form that have all parameters of the selection, or what is wrong with one of these.
 std::variant<std::vector<const FormDefinition*>, Problem> TablesWith(const FormDefinition& definition,
                                                                      const std::vector<Assignment>& selection);
 
-// What a SELECT gives of the records of one table that have these values; `end` stands behind the condition.
+// The values that one of a selection stands for: several where the parameter is one of lists, unless a record has the
+// text as it stands. Fails with ElementsError, but not for what TablesWith has let pass.
+std::vector<std::string> SelectedValues(Exchange& exchange, const FormDefinition& definition, const Assignment& given);
+
+// What a SELECT gives of the records of one table that have these values, of several one; `end` stands behind the
+// condition.
 RowSet SelectRecords(Exchange& exchange, const FormDefinition& table, const std::string& what,
                      const std::vector<Assignment>& selection, const std::string& end);
 
 // The one record that has these values, in whichever table of the form, or why there is not one.
 std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDefinition& definition,
                                                const std::vector<Assignment>& selection);
+
+// That no record has these values.
+std::string NoRecord(const FormDefinition& definition, const std::vector<Assignment>& selection);
 
 struct RecordCount {
   std::size_t records = 0;

@@ -1,11 +1,12 @@
 #include "workbench/actions/UserAction.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "script/Conversions.h"
 #include "workbench/actions/Filling.h"
 #include "workbench/actions/FormRules.h"
-#include "workbench/actions/Records.h"
+#include "workbench/actions/Selection.h"
 #include "workbench/actions/ShownValues.h"
 #include "workbench/forms/Unknown.h"
 
@@ -26,6 +27,7 @@ Outcome Act(Filling& filling, const std::string& function, std::int32_t CmdId, c
   return {.done = result.answer,
           .problems = filling.problems(),
           .warnings = filling.warnings(),
+          .taken = filling.taken(),
           .debugLines = session.host().TakeDebugLines()};
 }
 
@@ -71,6 +73,38 @@ Outcome Delete(Session& session, const StoredRecord& record) {
   return outcome;
 }
 
+Outcome PerformOn(Session& session, const StoredRecord& record, const UserAction& action) {
+  return action.kind == UserAction::Kind::Edit ? Edit(session, record, action) : Delete(session, record);
+}
+
+// Adds what there is to tell of one of several records.
+void Tell(std::vector<Problem>& told, std::vector<Problem> problems, const std::string& record) {
+  for (Problem& problem : problems) {
+    problem.message = "record " + record + ": " + problem.message;
+    told.push_back(std::move(problem));
+  }
+}
+
+// Each record for itself, so that all that is wrong with any is told. They are done together, or refused.
+Outcome PerformOnAll(Session& session, const Selection& selection, const UserAction& action) {
+  Outcome whole{.done = true, .warnings = selection.notThere};
+  for (const auto& [record, name] : selection.records) {
+    Transaction transaction(session.exchange());
+    if (!IsHeld(session.exchange(), *record.definition, "CmdId", std::to_string(record.CmdId))) {
+      Tell(whole.warnings, {{.message = "it has gone with one before it"}}, name);
+      continue;
+    }
+    Outcome outcome = PerformOn(session, record, action);
+    if (outcome.done) transaction.Commit();
+    whole.done = whole.done && outcome.done;
+    Tell(whole.problems, std::move(outcome.problems), name);
+    Tell(whole.warnings, std::move(outcome.warnings), name);
+    std::ranges::move(outcome.taken, std::back_inserter(whole.taken));
+    std::ranges::move(outcome.debugLines, std::back_inserter(whole.debugLines));
+  }
+  return whole;
+}
+
 }  // namespace
 
 Outcome Perform(Session& session, const UserAction& action) {
@@ -87,10 +121,11 @@ Outcome Perform(Session& session, const FormDefinition& definition, const UserAc
   const bool edit = action.kind == UserAction::Kind::Edit;
   if (edit && !definition.edits) return cannot("changed");
   if (!edit && !definition.deletes) return cannot("deleted");
-  const auto found = FindRecord(session.exchange(), definition, action.selection);
+  const auto found = FindRecords(session.exchange(), definition, action.selection);
   if (const auto* problem = std::get_if<Problem>(&found)) return Refused({*problem});
-  const StoredRecord& record = std::get<StoredRecord>(found);
-  return edit ? Edit(session, record, action) : Delete(session, record);
+  const auto& selection = std::get<Selection>(found);
+  return selection.several ? PerformOnAll(session, selection, action)
+                           : PerformOn(session, selection.records.front().record, action);
 }
 
 }  // namespace cordboard::workbench

@@ -32,6 +32,7 @@ struct Outcome {
   bool done = false;
   std::vector<Problem> problems = {};  // why it was refused
   std::vector<Problem> warnings = {};  // messages of an action that was done
+  std::vector<Assignment> taken = {};  // the values that "next" stood for
   std::vector<std::string> debugLines = {};
 };
 

@@ -136,6 +136,11 @@ sqlite3_stmt* Connection::PreparedRule(const std::string& sql) {
   return Prepared(sql, keptRules_);
 }
 
+void Connection::ForgetStatements() {
+  kept_.clear();
+  keptRules_.clear();
+}
+
 int Connection::PrepareRule(const std::string& sql) { return sqlite3_column_count(PreparedRule(sql)); }
 
 RowSet Connection::Run(const std::string& sql, const std::vector<Value>& parameters) {

@@ -55,6 +55,8 @@ class Connection {
   bool IsReadOnly() const { return readOnly_; }
 
  private:
+  friend class RowWatch;  // puts a hook on the database
+
   struct CloseDatabase {
     void operator()(sqlite3* database) const;
   };
@@ -69,6 +71,7 @@ class Connection {
   sqlite3_stmt* Prepared(const std::string& sql, Statements& kept);
   sqlite3_stmt* PreparedRule(const std::string& sql);
   RowSet Step(sqlite3_stmt* statement, const std::vector<Value>& parameters);
+  void ForgetStatements();
   bool IsTransactionLost() const;
   [[noreturn]] void Fail() const;
 

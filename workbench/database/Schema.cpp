@@ -69,6 +69,7 @@ Kinds ReadKinds(const DataItem& item, Table& table) {
 
 Table ReadTable(Fields& fields) {
   Table table{.name = ReadName(fields.At("name"))};
+  table.command = fields.Get<std::string>("command", table.name);
   const DataItem columns = fields.At("columns");
   ReadColumns(columns, false, table);
   if (table.columns.empty()) columns.Fail("the table has no columns");

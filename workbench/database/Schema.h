@@ -4,6 +4,7 @@
 //   {"name": "NANSI", "columns": ["CmdId", "NUMSE", "NUMTYP", "USED"],  in the order of an insert without names
 //    "further": [],                             columns after these, which only some statement or the host names
 //    "types": {"CmdId": "whole", "USED": "truth"},                       every other column is text
+//    "command": "NANSI",                        whose records stand there, where it has another name
 //    "unique": [],                              for tables alone that the host fills: no rule adds a row there
 //    "indexes": [["NUMSE"], ["NUMTYP", "USED", "NUMSE"]],
 //    "patterns": [],                            text columns that are found by how they begin, with LIKE
@@ -46,6 +47,7 @@ struct Kinds {
 
 struct Table {
   std::string name;
+  std::string command = {};  // whose records stand there; of the name of the table itself there may be no command
   std::vector<Column> columns = {};
   std::vector<std::vector<std::string>> unique = {};   // what no two rows share, by the names of its columns
   std::vector<std::vector<std::string>> indexes = {};  // by the names of their columns

@@ -91,6 +91,12 @@ bool FormDefinition::Knows(std::string_view name) const {
   return Find(name) != nullptr || std::ranges::find(assumed, name, &Assignment::name) != assumed.end();
 }
 
+bool FormDefinition::Shows(std::string_view column) const {
+  // A whole is shown by its digits, and a part of a list by the list.
+  const Folding* folding = FoldingWith(column);
+  return (Find(column) != nullptr || FoldingOf(column) != nullptr) && (folding == nullptr || !folding->isList);
+}
+
 std::size_t FormDefinition::Place(std::string_view name) const {
   return static_cast<std::size_t>(std::ranges::find(parameters, name, &ParameterDefinition::name) - parameters.begin());
 }

@@ -185,6 +185,7 @@ struct FormDefinition {
   std::string database = "dynamic";  // in which the table stands: "site" for templates
   std::vector<std::string> columns;  // the columns that "SetInfo" is given, "CMDID" first
   std::vector<ParameterDefinition> parameters = {};
+  std::vector<std::string> key = {};  // the parameters that tell one record from another, as far as it has them
   FoldingList foldings = {};
   RecordHandling handling = {};
   LineForm lines = {};
@@ -209,6 +210,7 @@ struct FormDefinition {
   std::string Rows() const;  // what stands in a FROM for the rows of its records
   const ParameterDefinition* Find(std::string_view name) const;
   bool Knows(std::string_view name) const;         // whether it is a parameter, or assumed
+  bool Shows(std::string_view column) const;       // whether the column is a parameter, or a whole of such
   std::size_t Place(std::string_view name) const;  // of a parameter in the order; after all for an unknown one
   bool IsSecret(std::string_view name) const;
   // The value as a message may tell it: *** for a secret, and nothing where the form does not have the name, which may

@@ -98,6 +98,21 @@ Texts WithoutThoseOf(const Texts& columns, const Texts& others) {
   return rest;
 }
 
+// Where one record stands for the whole exchange, nothing has to tell it.
+Texts ReadKey(const FormDefinition& form, const std::optional<DataItem>& item) {
+  if (!item) {
+    const auto stored = [&form](const ParameterDefinition& parameter) {
+      return std::ranges::find(form.columns, parameter.name) != form.columns.end();
+    };
+    const auto first = std::ranges::find_if(form.parameters, stored);
+    return form.single || first == form.parameters.end() ? Texts() : Texts{first->name};
+  }
+  for (const DataItem& name : item->List()) {
+    if (form.Find(name.Text()) == nullptr) name.Fail("there is no parameter " + name.Text());
+  }
+  return item->As<Texts>();
+}
+
 // The second table takes everything else from the form as it has been read.
 void ReadSecondTable(FormDefinition& form, const DataItem& item) {
   auto second = std::make_shared<FormDefinition>(form);
@@ -185,6 +200,7 @@ FormDefinition ReadForm(const std::string& command, std::string_view json, const
     form.oneOf = fields.Get("oneOf", std::vector<Texts>());
     form.ordered = fields.Get("ordered", false);
     form.single = fields.Get("single", false);
+    form.key = ReadKey(form, fields.Find("key"));
     if (const auto after = fields.Find("after")) {
       form.handling = after->Object([](Fields& of) {
         return RecordHandling{.removeRowAfterDelete = of.Get("removeRowAfterDelete", false),

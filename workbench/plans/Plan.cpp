@@ -1,6 +1,8 @@
 #include "workbench/plans/Plan.h"
 
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "workbench/plans/ExchangeLine.h"
 #include "workbench/plans/PlanLine.h"
@@ -51,31 +53,36 @@ class Lines {
 };
 
 // Performs an add or a line in a transaction of its own, so that a refused one leaves nothing.
-LineReport Apply(Session& session, const UserAction& action) {
+LineReport Apply(Session& session, const UserAction& action, Changes& changes) {
   LineReport report;
   report.command = action.command;
+  changes.Forget();
   Transaction transaction(session.exchange());
   Outcome outcome = PerformLine(session, action);
   report.refused = !outcome.done;
   report.problems = outcome.done ? std::move(outcome.warnings) : std::move(outcome.problems);
-  if (outcome.done) transaction.Commit();
+  report.taken = std::move(outcome.taken);
+  if (outcome.done) {
+    report.changes = changes.Take();
+    transaction.Commit();
+  }
   return report;
 }
 
 // Performs the line, or the two lines of one record that begin here. Where those are refused together, each is on its
 // own, so that what is wrong is told of the right one. Nothing for a line without an action.
-std::optional<LineReport> ApplyNext(Session& session, Lines& at) {
+std::optional<LineReport> ApplyNext(Session& session, Lines& at, Changes& changes) {
   try {
     const auto action = ParsePlanLine(at.line());
     if (!action) return std::nullopt;
     if (const auto together = Together(*action, at.behind())) {
-      LineReport report = Apply(session, *together);
+      LineReport report = Apply(session, *together, changes);
       if (!report.refused) {
         at.Next();
         return report;
       }
     }
-    return Apply(session, *action);
+    return Apply(session, *action, changes);
   } catch (const PlanLineError& error) {
     LineReport report;
     report.refused = true;
@@ -84,24 +91,49 @@ std::optional<LineReport> ApplyNext(Session& session, Lines& at) {
   }
 }
 
+void Count(const std::vector<RecordChange>& changes, std::map<std::string, RecordCounts>& commands) {
+  for (const RecordChange& change : changes) {
+    RecordCounts& counts = commands[change.command()];
+    const RecordChange::Kind kind = change.kind();
+    ++(kind == RecordChange::Kind::Added     ? counts.added
+       : kind == RecordChange::Kind::Changed ? counts.changed
+                                             : counts.removed);
+  }
+}
+
+// Keeps the problems of a line, as far as there is room for them.
+void Keep(LineReport report, PlanResult& result) {
+  ProblemCount& count = report.refused ? result.errors : result.warnings;
+  const std::size_t told = std::min(report.problems.size(), mostProblems - count.told);
+  count.told += told;
+  count.untold += report.problems.size() - told;
+  if (told == 0) return;
+  report.problems.resize(told);
+  report.changes.clear();
+  report.taken.clear();
+  result.reports.push_back(std::move(report));
+}
+
 }  // namespace
 
 PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const PlanOptions& options) {
   PlanResult result;
   Transaction whole(session.exchange());
+  Changes changes(session.exchange());
   std::size_t seen = 0;
   for (const PlanFile& file : files) {
     for (Lines at(file.in); at.Next();) {
       const std::size_t first = at.number();
-      auto report = ApplyNext(session, at);
+      auto report = ApplyNext(session, at, changes);
       const std::size_t lines = at.number() - first + 1;
       for (std::size_t line = 0; options.progress && line < lines; ++line) options.progress(++seen);
       if (!report) continue;
       (report->refused ? result.refused : result.done) += lines;
-      if (!report->refused && report->problems.empty()) continue;
       report->file = file.name;
       report->line = at.number();
-      result.reports.push_back(std::move(*report));
+      Count(report->changes, result.commands);
+      if (options.done && !report->refused) options.done(*report);
+      Keep(std::move(*report), result);
     }
     if (file.in.bad()) throw PlanError(file.name + " cannot be read to its end; nothing was kept");
   }

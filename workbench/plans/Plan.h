@@ -3,10 +3,12 @@
 
 #include <functional>
 #include <istream>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "workbench/actions/Changes.h"
 #include "workbench/actions/UserAction.h"
 #include "workbench/host/Session.h"
 
@@ -23,26 +25,47 @@ struct PlanFile {
   std::istream& in;
 };
 
-// What happened to one line: why it was refused, or what its user should know.
+// What happened to one line: why it was refused, or what it did and its user should know.
 struct LineReport {
   std::string file;
   std::size_t line = 0;
   std::string command;
   bool refused = false;
   std::vector<Problem> problems;
+  std::vector<RecordChange> changes;
+  std::vector<Assignment> taken;  // the values that "next" stood for
+};
+
+struct RecordCounts {
+  std::size_t added = 0;
+  std::size_t changed = 0;
+  std::size_t removed = 0;
 };
 
 struct PlanOptions {
   bool dryRun = false;     // the same road, rolled back
   bool keepGoing = false;  // keeps the good lines where others are refused
   std::function<void(std::size_t lines)> progress = {};
+  std::function<void(const LineReport& report)> done = {};  // after each line that was done
+};
+
+// As many problems are told, of refused lines and of others. The rest is counted alone, so that no plan costs more
+// memory than that.
+inline constexpr std::size_t mostProblems = 100000;
+
+struct ProblemCount {
+  std::size_t told = 0;  // in reports
+  std::size_t untold = 0;
 };
 
 struct PlanResult {
   std::size_t done = 0;
   std::size_t refused = 0;
-  bool kept = false;  // whether the exchange was changed
-  std::vector<LineReport> reports;
+  bool kept = false;                                  // whether the exchange was changed
+  std::map<std::string, RecordCounts> commands = {};  // what became of the records of each, by the lines that were done
+  std::vector<LineReport> reports = {};               // of the lines with problems, without what they did
+  ProblemCount errors = {};
+  ProblemCount warnings = {};
 };
 
 // Applies the lines in order. A refused line leaves nothing; with one or more of them nothing at all is kept,

@@ -159,6 +159,13 @@ std::optional<UserAction> ReadableLine(std::string_view line) {
   }
 }
 
+std::string WrittenValue(const std::string& value) {
+  if (value.find_first_of("\",:;#") == value.npos) return value;
+  std::string quoted = "\"";
+  for (const char c : value) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+  return quoted + '"';
+}
+
 Assignment ParseAssignment(std::string_view text) {
   if (!IsUtf8(text)) throw PlanLineError("is not UTF-8 text");
   const std::size_t equals = text.find('=');

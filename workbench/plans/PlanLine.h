@@ -33,6 +33,9 @@ std::optional<UserAction> ParsePlanLine(std::string_view line);
 // The same; nothing for a line that cannot be read as well.
 std::optional<UserAction> ReadableLine(std::string_view line);
 
+// A value as a line has it: in double quotes where it holds a sign of the notation.
+std::string WrittenValue(const std::string& value);
+
 // A parameter as the command line of the program takes it: NAME=value. The message says what is wrong, not with which.
 Assignment ParseAssignment(std::string_view text);
 

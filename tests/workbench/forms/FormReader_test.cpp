@@ -14,6 +14,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
 
 // A form with these parameters and more fields after them.
 FormDefinition Read(const std::string& command, const std::string& parameters, const std::string& more = "") {
@@ -164,6 +165,19 @@ TEST(FormReader, ASecondTableIsThereAndItsParameterIsItsOwn) {
   EXPECT_THAT(refused(R"({"table": "AUCOI_Local", "with": "DIR"})"), HasSubstr("there is no table AUCOI_Local"));
   EXPECT_THAT(refused(R"({"table": "AUCOI_Regional", "with": "AUTH"})"),
               HasSubstr("only the records of AUCOI_Regional may have AUTH"));
+}
+
+TEST(FormReader, ARecordIsToldByTheFirstParameterThatIsStoredUnlessTheFormSaysAnother) {
+  const std::string parameters = Names({"ITYPE", "KEY", "DIR"});
+  EXPECT_THAT(Read("KSANI", parameters).key, ElementsAre("KEY"));
+  EXPECT_THAT(Read("KSANI", parameters, R"(, "key": ["DIR", "KEY"])").key, ElementsAre("DIR", "KEY"));
+  EXPECT_THAT(Read("KSANI", parameters, R"(, "single": true)").key, IsEmpty()) << "there is no other";
+  EXPECT_EQ(Refused("KSANI", parameters, R"(, "key": ["DIR", "KEI"])"),
+            "forms/KSANI.json: key[1]: there is no parameter KEI");
+  const FormDefinition two = Read("AUCOI", Names({"AUTH", "DIR"}),
+                                  R"(, "key": ["AUTH", "DIR"], "table": "AUCOI_Central",
+                                       "second": {"table": "AUCOI_Regional", "with": "DIR"})");
+  EXPECT_EQ(two.second->key, two.key);
 }
 
 TEST(FormReader, AFormMayAssumeAValueThatItDoesNotShow) {

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <ranges>
 
 #include "support/Road.h"
@@ -106,6 +107,22 @@ TEST_P(WholeExample, GivesTheLinesOfAllPlans) {
   std::string lines;
   for (const std::string& line : road.Lines()) lines += line + "\n";
   EXPECT_EQ(lines, Golden("example-" + GetParam() + ".txt"));
+}
+
+TEST_P(WholeExample, HasNoTwoRecordsWithTheSameKey) {
+  for (const char* name : plans) Apply(name);
+  for (const FormDefinition* form : Forms()) {
+    for (const FormDefinition* table : form->OfEachTable()) {
+      std::string key = "'' AS [none]";
+      for (const std::string& name : table->key) {
+        if (std::ranges::find(table->columns, name) != table->columns.end()) key += ", [" + name + "]";
+      }
+      const std::string rows = " FROM " + table->Rows();
+      EXPECT_EQ(road.Rows("SELECT COUNT(*) FROM (SELECT DISTINCT " + key + rows + ")"),
+                road.Rows("SELECT COUNT(*)" + rows))
+          << table->command << " " << table->table;
+    }
+  }
 }
 
 TEST_P(ExamplePlan, GivesTheLinesOfTheSeriesAndTheParameters) {

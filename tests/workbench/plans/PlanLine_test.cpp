@@ -220,5 +220,12 @@ TEST(Assignment, OneWithoutANameOrWithoutAnEqualsSignIsRefused) {
   EXPECT_EQ(refused("A=\xFF"), "is not UTF-8 text");
 }
 
+TEST(PlanLine, AValueIsWrittenAsItIsRead) {
+  EXPECT_EQ(WrittenValue("100&&199"), "100&&199");
+  EXPECT_EQ(WrittenValue("Mill, gate 2"), "\"Mill, gate 2\"");
+  for (const std::string value : {"", "a b", "a,b", "a:b", "a;b", "a#b", "say \"so\"", "\"", "10.0.0.1"})
+    EXPECT_EQ(ParsePlanLine("GESPI:CSP=1,DESCRIPTION=" + WrittenValue(value) + ";")->values[1].value, value);
+}
+
 }  // namespace
 }  // namespace cordboard::workbench

@@ -162,6 +162,31 @@ TEST_F(PlanTest, ProgressIsToldLineByLine) {
   EXPECT_THAT(lines, ElementsAre(1, 2, 3, 4));
 }
 
+TEST_F(PlanTest, WhatTheLinesDidIsCountedByCommandAndToldLineByLine) {
+  std::string told;
+  const PlanResult result = Apply(
+      {good + tooLong + "# x\nNANSI:NUMTYP=EX,NUMSE=20&&22;\ndelete NANSI NUMSE=20&22;\nCDCOI:CUST=next;\n"},
+      {.dryRun = true, .done = [&](const LineReport& report) {
+         told += report.file + ":" + std::to_string(report.line) + " " + std::to_string(report.changes.size()) + "; ";
+       }});
+  EXPECT_EQ(told, "plan1:1 1; plan1:4 3; plan1:5 2; ");
+  ASSERT_EQ(result.commands.size(), 1);
+  const RecordCounts& counts = result.commands.at("NANSI");
+  EXPECT_THAT((std::vector{counts.added, counts.changed, counts.removed}), ElementsAre(4, 0, 2));
+}
+
+TEST_F(PlanTest, NoMoreThanSoManyProblemsAreKept) {
+  std::string plan = good + "delete NANSI NUMSE=10&11;\n";
+  for (std::size_t i = 0; i < mostProblems + 7; ++i) plan += "x\n";
+  const PlanResult result = Apply({plan + good + "delete NANSI NUMSE=10&11;\n"});
+  EXPECT_EQ(result.refused, mostProblems + 7);
+  EXPECT_EQ(result.errors.told, mostProblems);
+  EXPECT_EQ(result.errors.untold, 7);
+  EXPECT_EQ(result.warnings.told, 2) << "they have room of their own";
+  EXPECT_EQ(result.reports.size(), mostProblems + 2);
+  EXPECT_EQ(result.reports.back().line, mostProblems + 11);
+}
+
 // A stream that breaks off after its first line.
 class BrokenOff : public std::streambuf {
  public:

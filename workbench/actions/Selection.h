@@ -1,0 +1,27 @@
+// Which records an edit or a delete is about. Its parameters have one value each, and one record has them; or some have
+// several ("DIR=200&&219"), and every record is meant that has one of them.
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "workbench/actions/Records.h"
+
+namespace cordboard::workbench {
+
+struct Selection {
+  struct Each {
+    StoredRecord record;
+    std::string name;  // by what tells it from the others: "DIR=205"
+  };
+  std::vector<Each> records;           // in the order typed
+  bool several = false;                // whether any number of records was possible
+  std::vector<Problem> notThere = {};  // the values that no record has
+};
+
+// The records that are selected, in whichever table of the form, or why there is none.
+std::variant<Selection, Problem> FindRecords(Exchange& exchange, const FormDefinition& definition,
+                                             const std::vector<Assignment>& selection);
+
+}  // namespace cordboard::workbench

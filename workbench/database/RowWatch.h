@@ -1,0 +1,77 @@
+// Watches rows: which of them statements touch, how each was before the first touch, and how it is at the end.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "workbench/database/Connection.h"
+#include "workbench/database/Schema.h"
+
+struct sqlite3;
+struct sqlite3_value;
+
+namespace cordboard::workbench {
+
+// What is watched of a table: columns, by their places in it. The first is the identifier of the row: where it differs
+// one row has gone and another has come in its place.
+struct WatchedTable {
+  const Table* table;
+  std::vector<std::size_t> columns;
+};
+
+// The watched columns, in their order. Null and the empty text are the same nothing.
+using RowImage = std::vector<Value>;
+
+// A row that has come, gone or changed.
+struct RowDifference {
+  const WatchedTable* table;
+  std::optional<RowImage> before;
+  std::optional<RowImage> now;
+};
+
+// A connection has one watch at a time, and nothing else that asks the database for its hook before an update. The
+// differences that it gives refer to it.
+class RowWatch {
+ public:
+  // What is to be watched of a table, asked when it is first touched. Nothing where nothing is.
+  using Find = std::function<std::optional<WatchedTable>(const std::string& stored)>;
+
+  RowWatch(Connection& connection, Find find);
+  ~RowWatch();
+  RowWatch(const RowWatch&) = delete;
+  RowWatch& operator=(const RowWatch&) = delete;
+
+  // What has come of the rows that were touched since the last Take or Forget, table by table. Rows that are as they
+  // were, since what was done to them was undone or rolled back, are no difference.
+  std::vector<RowDifference> Take();
+  void Forget();
+
+ private:
+  using Touched = std::map<std::int64_t, std::optional<RowImage>>;
+  struct Watched {
+    std::optional<WatchedTable> table;
+    std::string select;  // the rows between two places
+    Touched touched = {};
+  };
+  using Tables = std::map<std::string, Watched, std::less<>>;
+
+  static void BeforeChange(void* watch, sqlite3* database, int operation, const char* selector, const char* table,
+                           long long before, long long after) noexcept;
+  Watched& Named(const char* stored);
+  RowImage ImageBefore(const WatchedTable& table) const;
+  bool IsAltered(const WatchedTable& table) const;
+  void Compare(const Watched& watched, Touched::const_iterator from, Touched::const_iterator to,
+               std::vector<RowDifference>& differences);
+
+  Connection& connection_;
+  Find find_;
+  Tables tables_;
+};
+
+}  // namespace cordboard::workbench
