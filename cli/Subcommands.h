@@ -52,6 +52,7 @@ struct ApplyOptions {
   std::vector<std::string> plans;
   bool dryRun = false;
   bool keepGoing = false;
+  bool strict = false;
   bool json = false;
 };
 int Apply(const ApplyOptions& options);

@@ -33,6 +33,7 @@ void Report(const PlanResult& result) {
     const Place place{.command = report.command, .file = report.file, .line = report.line};
     for (const workbench::Problem& problem : report.problems)
       report.refused ? Error(place, problem) : Warning(place, problem);
+    Debug(report.debugLines);
   }
 }
 
@@ -61,9 +62,11 @@ int Apply(const ApplyOptions& options) {
 
   const bool warned = WarnOfReaders(*exchange, options.file);
   workbench::Session session(*exchange);
-  const PlanResult result = ApplyPlan(
-      session, files,
-      {.dryRun = options.dryRun, .keepGoing = options.keepGoing, .progress = options.json ? nullptr : Progress()});
+  const PlanResult result = ApplyPlan(session, files,
+                                      {.dryRun = options.dryRun,
+                                       .keepGoing = options.keepGoing,
+                                       .strict = options.strict,
+                                       .progress = options.json ? nullptr : Progress()});
   if (!warned) WarnOfReaders(*exchange, options.file);
   Report(result);
   if (options.json) {

@@ -51,31 +51,32 @@ class Lines {
 };
 
 // Performs an add or a line in a transaction of its own, so that a refused one leaves nothing.
-LineReport Apply(Session& session, const UserAction& action) {
+LineReport Apply(Session& session, const UserAction& action, bool strict) {
   LineReport report;
   report.command = action.command;
   Transaction transaction(session.exchange());
   Outcome outcome = PerformLine(session, action);
-  report.refused = !outcome.done;
+  report.refused = !outcome.done || (strict && !outcome.warnings.empty());
   report.problems = outcome.done ? std::move(outcome.warnings) : std::move(outcome.problems);
-  if (outcome.done) transaction.Commit();
+  report.debugLines = std::move(outcome.debugLines);
+  if (!report.refused) transaction.Commit();
   return report;
 }
 
 // Performs the line, or the two lines of one record that begin here. Where those are refused together, each is on its
 // own, so that what is wrong is told of the right one. Nothing for a line without an action.
-std::optional<LineReport> ApplyNext(Session& session, Lines& at) {
+std::optional<LineReport> ApplyNext(Session& session, Lines& at, bool strict) {
   try {
     const auto action = ParsePlanLine(at.line());
     if (!action) return std::nullopt;
     if (const auto together = Together(*action, at.behind())) {
-      LineReport report = Apply(session, *together);
+      LineReport report = Apply(session, *together, strict);
       if (!report.refused) {
         at.Next();
         return report;
       }
     }
-    return Apply(session, *action);
+    return Apply(session, *action, strict);
   } catch (const PlanLineError& error) {
     LineReport report;
     report.refused = true;
@@ -93,7 +94,7 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
   for (const PlanFile& file : files) {
     for (Lines at(file.in); at.Next();) {
       const std::size_t first = at.number();
-      auto report = ApplyNext(session, at);
+      auto report = ApplyNext(session, at, options.strict);
       const std::size_t lines = at.number() - first + 1;
       for (std::size_t line = 0; options.progress && line < lines; ++line) options.progress(++seen);
       if (!report) continue;

@@ -30,11 +30,13 @@ struct LineReport {
   std::string command;
   bool refused = false;
   std::vector<Problem> problems;
+  std::vector<std::string> debugLines = {};  // what the library traced
 };
 
 struct PlanOptions {
   bool dryRun = false;     // the same road, rolled back
   bool keepGoing = false;  // keeps the good lines where others are refused
+  bool strict = false;     // refuses a line of which its user would be warned
   std::function<void(std::size_t lines)> progress = {};
 };
 

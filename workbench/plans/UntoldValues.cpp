@@ -91,9 +91,10 @@ Problem NotFound(const Names& parameters, const std::vector<Candidate>& candidat
   const std::string untold = "the line does not tell " + And(parameters) + ", and ";
   if (fitting.empty())
     return {.message = untold + "no record gives a line with these values; give them, and what is different is told",
-            .allowed = candidates.empty() ? "" : Nearest(candidates)};
-  return {.message = untold + "several records give this line; give them as well",
-          .allowed = Separated(fitting, " or ", [](const Candidate& each) { return Written(each.values); })};
+            .possible = candidates.empty() ? std::nullopt : std::optional(Possible{.values = {Nearest(candidates)}})};
+  Possible possible;
+  for (const Candidate& each : fitting) possible.values.push_back(Written(each.values));
+  return {.message = untold + "several records give this line; give them as well", .possible = possible};
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ std::string Told(Session& session, const std::string& lines) {
     for (const Problem& problem : report.problems)
       text += std::to_string(report.line) + (report.refused ? " refused: " : " done: ") + problem.parameter +
               (problem.parameter.empty() ? "" : "=" + problem.value + ": ") + problem.message +
-              (problem.allowed.empty() ? "" : " [" + problem.allowed + "]") + "\n";
+              (problem.possible ? " [" + InWords(*problem.possible) + "]" : "") + "\n";
   }
   return text;
 }
@@ -91,7 +91,7 @@ TEST_F(ExchangeLine, WhereSeveralGiveTheLineTheyAreNamed) {
   ASSERT_EQ(problems.size(), 1u);
   EXPECT_EQ(problems[0].message,
             "the line does not tell PROTOCOL and MARKET, and several records give this line; give them as well");
-  EXPECT_EQ(problems[0].allowed, "PROTOCOL=CAS,MARKET=DE or PROTOCOL=CAS,MARKET=UK");
+  EXPECT_EQ(InWords(*problems[0].possible), "PROTOCOL=CAS,MARKET=DE, PROTOCOL=CAS,MARKET=UK");
   EXPECT_EQ(add.values.size(), 2u);
   EXPECT_EQ(Routes(), "");
 }
