@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "cli/Definition.h"
+#include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "cli/Version.h"
 #include "workbench/exchange/Exchange.h"
@@ -137,6 +138,10 @@ class CommandLine {
     sub->add_flag("--secrets", secrets, "show passwords, in the place of ***");
   }
 
+  static void AddDebug(CLI::App* sub) {
+    sub->add_flag_callback("--debug", TellCauses, "tell the technical cause of a failure as well");
+  }
+
   // Gives what is wrong with the text, or nothing.
   static std::string IsCount(const std::string& text) {
     const bool digits = text.find_first_not_of("0123456789") == text.npos && text.size() <= 9;
@@ -180,6 +185,8 @@ class CommandLine {
     sub->add_flag("--dry-run", options.dryRun, "try everything and keep nothing");
     sub->add_flag("--keep-going", options.keepGoing, "keep the good lines where others are refused");
     sub->add_flag("--verbose", options.verbose, "print what becomes of each record, and what next takes");
+    sub->add_flag("--strict", options.strict, "refuse a line instead of warning of it");
+    AddDebug(sub);
     sub->add_flag("--json", options.json, "report as JSON on standard output");
     sub->footer(
         "A line adds (NANSI:NUMTYP=EX,NUMSE=100&&199;), changes (edit KSEXI DIR=100:CUST=3;) or removes\n"
@@ -196,6 +203,7 @@ class CommandLine {
                     "the values in an edit of the record that has this NAME=VALUE; may be given several times")
         ->allow_extra_args(false);
     sub->add_option("--limit", options.limit, "the first so many values; 0 for all of them")->check(IsCount);
+    AddDebug(sub);
     sub->add_flag("--json", options.json, "print as JSON");
   }
 
@@ -216,6 +224,7 @@ class CommandLine {
         sub->add_option("-o,--output", options.output,
                         "write the lines, passwords among them, to this file, which its owner alone can read");
     sub->add_flag("--templates", options.templates, "the lines of the templates, which no exchange takes");
+    AddDebug(sub);
     sub->add_flag("--json", options.json, "print as JSON")->excludes(output);
   }
 
@@ -224,6 +233,7 @@ class CommandLine {
     sub->add_option("FILE", options.file, "the exchange file")->required();
     sub->add_option("LINE", options.line, "the action, as a line of a plan")->required();
     AddSecrets(sub, options.secrets);
+    AddDebug(sub);
     sub->add_flag("--json", options.json, "print as JSON");
   }
 

@@ -18,12 +18,13 @@ namespace cordboard::cli {
 
 namespace {
 
-// What --json makes of messages. A program has one document.
+// How messages are told, and what --json makes of them. A program has one document.
 struct Document {
   bool gathers = false;
   bool printed = false;
   bool listing = false;  // a list is open
   bool listed = false;   // and has an element
+  bool tellsCauses = false;
   nlohmann::json problems = nlohmann::json::array();
 };
 
@@ -70,6 +71,8 @@ std::string Written(const Place& place, const workbench::Problem& problem) {
   if (!problem.parameter.empty()) where += (where.empty() ? "" : ", ") + problem.parameter;
   if (!problem.parameter.empty() && !problem.value.empty()) where += "=" + problem.value;
   text += (where.empty() ? "" : where + ": ") + problem.message;
+  if (!problem.reason.empty()) text += text.ends_with('.') ? " (" + problem.reason + ")" : ": " + problem.reason;
+  if (TheDocument().tellsCauses && !problem.cause.empty()) text += " [" + problem.cause + "]";
   if (problem.possible) text += (text.ends_with('.') ? " " : ". ") + ("Possible: " + InWords(*problem.possible));
   return text;
 }
@@ -84,11 +87,13 @@ nlohmann::json ToJson(const Place& place, const workbench::Problem& problem) {
   add("command", place.command);
   add("parameter", problem.parameter);
   add("value", problem.value);
+  add("reason", problem.reason);
   if (const auto& possible = problem.possible) {
     json["possible"] = possible->values;
     if (possible->total) json["total"] = *possible->total;
     if (possible->numbers) json["numbers"] = {{"from", possible->numbers->from}, {"to", possible->numbers->to}};
   }
+  if (TheDocument().tellsCauses) add("cause", problem.cause);
   return json;
 }
 
@@ -113,6 +118,8 @@ void EndList() {
 void GatherMessages() { TheDocument().gathers = true; }
 void TellOnStandardError() { TheDocument().gathers = false; }
 
+void TellCauses() { TheDocument().tellsCauses = true; }
+
 void Note(const std::string& label, const std::string& text) { Tell(note, label, text, {{"message", text}}); }
 void Error(const std::string& text) { Tell(error, error.name, text, {{"message", text}}); }
 void Warning(const std::string& text) { Tell(warning, warning.name, text, {{"message", text}}); }
@@ -127,6 +134,11 @@ void Warning(const Place& place, const workbench::Problem& problem) {
 
 void Note(const Place& place, const workbench::Problem& problem) {
   Tell(note, note.name, Written(place, problem), ToJson(place, problem));
+}
+
+void Debug(const std::vector<std::string>& lines) {
+  if (!TheDocument().tellsCauses) return;
+  for (const std::string& line : lines) Note("debug", line);
 }
 
 void PrintJson(nlohmann::json document) {

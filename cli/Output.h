@@ -16,6 +16,9 @@ void GatherMessages();
 // From now on they go to standard error: the document cannot be written.
 void TellOnStandardError();
 
+// From now on a problem is told with the technical cause of a failure behind it, and Debug tells what it is given.
+void TellCauses();
+
 // A message: a line on standard error, its label in colour where that is a terminal that has them (TERM) and NO_COLOR
 // is not set to anything; or a problem of the document. Control characters are shown escaped.
 void Note(const std::string& label, const std::string& text);
@@ -33,6 +36,8 @@ struct Place {
 void Error(const Place& place, const workbench::Problem& problem);
 void Warning(const Place& place, const workbench::Problem& problem);
 void Note(const Place& place, const workbench::Problem& problem);
+// Lines that the library traced, where causes are told.
+void Debug(const std::vector<std::string>& lines);
 
 // Prints the document of a subcommand, an object: its data, and under "problems" the messages that were gathered.
 void PrintJson(nlohmann::json document);

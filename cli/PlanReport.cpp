@@ -118,11 +118,12 @@ nlohmann::json ToJson(const LineReport& report, const RecordChange& change) {
 void TellProblems(const PlanResult& result) {
   for (const LineReport& report : result.reports) {
     for (const Problem& problem : report.problems) Tell(report, problem);
+    Debug(report.debugLines);
   }
   TellUntold(result);
 }
 
-void TellCauses(const PlanResult& result) {
+void TellByCause(const PlanResult& result) {
   std::map<std::string, Rest> causes;
   for (const LineReport& report : result.reports) {
     for (const Problem& problem : report.problems) {
@@ -133,12 +134,15 @@ void TellCauses(const PlanResult& result) {
   }
   std::map<std::string, std::size_t> told;
   for (const LineReport& report : result.reports) {
+    bool isTold = false;
     for (const Problem& problem : report.problems) {
       const std::string cause = CauseOf(report, problem);
       const std::size_t number = ++told[cause];
+      isTold = isTold || number <= toldOfOneCause;
       if (number <= toldOfOneCause) Tell(report, problem);
       if (number == toldOfOneCause && causes[cause].first != nullptr) TellRest(causes[cause]);
     }
+    if (isTold) Debug(report.debugLines);
   }
   TellUntold(result);
 }

@@ -11,7 +11,7 @@ namespace cordboard::cli {
 void TellProblems(const workbench::PlanResult& result);
 // For a reader: of those with the same cause the first few, and how many there are besides. Two have the same cause
 // where they differ in values and other numbers alone.
-void TellCauses(const workbench::PlanResult& result);
+void TellByCause(const workbench::PlanResult& result);
 
 // What a line did, on standard output: a line for each record and for each "next".
 void PrintChanges(const workbench::LineReport& report);

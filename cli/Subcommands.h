@@ -53,6 +53,7 @@ struct ApplyOptions {
   bool dryRun = false;
   bool keepGoing = false;
   bool verbose = false;  // tells each record
+  bool strict = false;
   bool json = false;
 };
 int Apply(const ApplyOptions& options);

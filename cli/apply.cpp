@@ -29,7 +29,7 @@ bool IsTyped(const std::vector<std::string>& plans) {
 // Applies the plan and tells meanwhile, where somebody looks on: how far it is, or that lines are awaited.
 PlanResult ApplyAndTell(workbench::Session& session, const std::vector<workbench::PlanFile>& files,
                         const ApplyOptions& options, nlohmann::json& document) {
-  workbench::PlanOptions how{.dryRun = options.dryRun, .keepGoing = options.keepGoing};
+  workbench::PlanOptions how{.dryRun = options.dryRun, .keepGoing = options.keepGoing, .strict = options.strict};
   std::optional<Progress> progress;
   if (!options.json && IsTyped(options.plans)) {
     Note("standard input", "type the lines of the plan; Ctrl-D on a line of its own ends it");
@@ -83,7 +83,7 @@ int Apply(const ApplyOptions& options) {
     document["commands"] = CommandsOf(result);
     PrintJson(std::move(document));
   } else {
-    TellCauses(result);
+    TellByCause(result);
     Note("plan", Summary(result, options.dryRun));
     if (result.kept || options.dryRun) TellCommands(result);
   }

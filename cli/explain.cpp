@@ -56,6 +56,7 @@ int Explain(const ExplainOptions& options) {
 
   for (const auto& problem : outcome.problems) Error({.command = action.command}, problem);
   for (const auto& problem : outcome.warnings) Warning({.command = action.command}, problem);
+  Debug(outcome.debugLines);
   if (options.json) {
     PrintAsJson(trace->calls(), outcome);
   } else {

@@ -427,7 +427,7 @@ class Apply(ProgramTest):
         bad = self.write("bad.plan", "# nothing\nNANSI:NUMTYP=EC,NUMSE=1000;\n")
         ran = self.ends(REFUSED, "apply", self.exchange, good, bad)
         self.assertEqual(ran.stderr,
-                         f"error: {bad}:2: NANSI: The number is too long. Type EC takes at most 3 digits.\n"
+                         f"error: {bad}:2: NANSI, NUMSE=1000: The number is too long. Type EC takes at most 3 digits.\n"
                          "plan: 1 done, 1 refused; nothing was kept\n")
         self.assertEqual(self.generated(), LINES)
 
@@ -573,6 +573,44 @@ class Apply(ProgramTest):
     def test_nothing_is_kept_of_an_apply_that_was_interrupted(self):
         self.interrupted(signal.SIGINT)
         self.assertEqual(self.generated(), LINES)
+
+
+class Refusals(ProgramTest):
+    def test_a_refusal_tells_the_value_and_why(self):
+        plan = self.write("bad.plan", "EXCCS:CAT=1,TRAF=11,SERV_D6=1;\n"
+                                      "KSEXI:DIR=100,ITYPE=3,EQU=next,CAT=1;\n"
+                                      "GEDII:DIR=100&101&900;\n"
+                                      "KSEXI:DIR=102,ITYPE=3,EQU=001-0-99-00,CAT=1;\n")
+        lines = self.ends(REFUSED, "apply", self.exchange, plan).stderr.splitlines()
+        self.assertIn(f"error: {plan}:3: GEDII, DIR=100&900: these values are not possible here: 100 is used by the key "
+                      "extension DIR=100 (KSEXI); no series holds 900 (NANSI). Possible: 101, ", lines[0])
+        self.assertIn("EQU=001-0-99-00: this value is not possible here: there is no board with the position "
+                      "001-0-99-00. Possible: ", lines[1])
+        problem = self.json("apply", self.exchange, plan, code=REFUSED)["problems"][0]
+        self.assertEqual({name: problem[name] for name in ("line", "command", "parameter", "value", "message", "reason")},
+                         {"line": 3, "command": "GEDII", "parameter": "DIR", "value": "100&900",
+                          "message": "these values are not possible here",
+                          "reason": "100 is used by the key extension DIR=100 (KSEXI); no series holds 900 (NANSI)"})
+
+    def test_a_failure_of_the_rules_is_told_in_words_and_with_its_cause_on_demand(self):
+        plan = self.write("twice.plan", "SYDAS:NTC=1;\nSYDAS:NTC=2;\n")
+        said = f"error: {plan}:2: SYDAS: the rules of SYDAS found fewer or more values than they need; "
+        told = self.ends(REFUSED, "apply", self.exchange, plan).stderr
+        self.assertIn(said, told)
+        self.assertNotIn("row set", told)
+        told = self.ends(REFUSED, "apply", self.exchange, plan, "--debug").stderr
+        self.assertIn(said, told)
+        self.assertIn(" [SubscriptOutOfRange: no column 5 in the row set]\n", told)
+        problem = self.json("apply", self.exchange, plan, "--debug", code=REFUSED)["problems"][0]
+        self.assertEqual(problem["cause"], "SubscriptOutOfRange: no column 5 in the row set")
+
+    def test_a_value_that_makes_a_wrong_line_is_warned_of_and_refused_by_strict(self):
+        plan = self.write("wrong.plan", 'OPNEI:NEXGNO="1,2";\n')
+        wrong = f"{plan}:1: OPNEI, NEXGNO=1,2: the sign , in this value makes a wrong command line, where it separates\n"
+        self.assertEqual(self.ends(REFUSED, "apply", self.exchange, plan, "--strict").stderr,
+                         "error: " + wrong + "plan: 0 done, 1 refused; nothing was kept\n")
+        self.assertEqual(self.ends(DONE, "apply", self.exchange, plan).stderr,
+                         "warning: " + wrong + "plan: 1 done, 0 refused\n")
 
 
 class Data(ProgramTest):
@@ -729,14 +767,14 @@ Length in all: 20
     def test_explain_tells_why_an_action_is_refused(self):
         ran = self.ends(REFUSED, "explain", self.exchange, "NANSI:NUMTYP=EC,NUMSE=1000;")
         self.assertEqual(ran.stdout.splitlines()[-1], "refused")
-        self.assertEqual(ran.stderr, "error: NANSI: The number is too long. Type EC takes at most 3 digits.\n")
+        self.assertEqual(ran.stderr, "error: NANSI, NUMSE=1000: The number is too long. Type EC takes at most 3 digits.\n")
 
     def test_explain_as_json(self):
         ran = self.ends(REFUSED, "explain", self.exchange, "NANSI:NUMTYP=EC,NUMSE=1000;", "--json")
         data = json.loads(ran.stdout)
         self.assertEqual(sorted(data), ["calls", "done", "problems"])
         self.assertFalse(data["done"])
-        self.assertEqual(data["problems"], [{"severity": "error", "command": "NANSI",
+        self.assertEqual(data["problems"], [{"severity": "error", "command": "NANSI", "parameter": "NUMSE", "value": "1000",
                                              "message": "The number is too long. Type EC takes at most 3 digits."}])
         self.assertIn({"call": 'scGetParamValue("NUMTYP")', "answer": '"EC"', "depth": 0}, data["calls"])
 

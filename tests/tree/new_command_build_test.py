@@ -23,6 +23,7 @@ BUILD = Path()
 FAMILY, NAME = "system", "XTEST"
 TABLE = {"name": NAME, "columns": ["CMDID", "DIR", "CUST"], "types": {"CMDID": "whole"},
          "indexes": [["CMDID"]]}
+RECORDS = {"table": NAME, "is": "record of a test", "key": ["DIR"]}
 
 
 def run(*arguments, folder=None, check=True):
@@ -49,6 +50,9 @@ class Tree:
         schema = self.root / "data/schema.json"
         tables = schema.read_text()
         schema.write_text(tables.replace('"dynamic": [', f'"dynamic": [{json.dumps(TABLE)},', 1))
+        references = self.root / "data/references.json"
+        text = references.read_text().replace('"records": [', f'"records": [{json.dumps(RECORDS)},', 1)
+        references.write_text(text.replace('"namedBy": [', f'"namedBy": ["{NAME}.DIR", ', 1))
 
     def compile(self, source, like):
         """Compiles a file with the options of one that the build has."""

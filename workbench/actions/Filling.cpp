@@ -7,6 +7,7 @@
 #include "script/Conversions.h"
 #include "workbench/actions/FormRules.h"
 #include "workbench/actions/NextValues.h"
+#include "workbench/actions/Reasons.h"
 #include "workbench/actions/Records.h"
 #include "workbench/actions/ShownValues.h"
 #include "workbench/actions/Templates.h"
@@ -26,6 +27,12 @@ Possible PossibleOf(const ValueList& list, const ParameterDefinition& parameter,
   return possible;
 }
 
+std::string NotPossible(const ParameterDefinition& parameter, const std::vector<std::string>& wrong) {
+  if (!parameter.TakesElements() && HoldsSeveral(wrong.front()))
+    return "several values are not possible here; give one value";
+  return wrong.size() == 1 ? "this value is not possible here" : "these values are not possible here";
+}
+
 // The first of the elements that was there before, or nothing.
 std::string GivenTwice(const std::vector<std::string>& elements) {
   std::unordered_set<std::string> seen;
@@ -40,7 +47,10 @@ std::string GivenTwice(const std::vector<std::string>& elements) {
 std::vector<Problem> TakeMessages(Session& session, const Assignment& about) {
   std::vector<Problem> problems;
   for (ReportedMessage& message : session.host().TakeMessages())
-    problems.push_back({.parameter = about.name, .value = about.value, .message = std::move(message.text)});
+    problems.push_back({.parameter = about.name,
+                        .value = about.value,
+                        .message = std::move(message.text),
+                        .reason = std::move(message.reason)});
   return problems;
 }
 
@@ -70,8 +80,30 @@ bool Filling::IsGiven(const std::string& name) const {
   return std::ranges::find(given_, name, &Assignment::name) != given_.end();
 }
 
+std::string Filling::WithoutSecrets(std::string text) const {
+  const auto hide = [&text](const std::string& secret) {
+    if (secret.empty()) return;
+    for (std::size_t at = text.find(secret); at != text.npos; at = text.find(secret, at + 3))
+      text.replace(at, secret.size(), hiddenValue);
+  };
+  for (const ParameterDefinition& parameter : definition().parameters) {
+    if (parameter.secret) hide(Joined(form().Get(parameter.name)));
+  }
+  for (const Assignment& given : given_) {
+    if (definition().IsSecret(given.name)) hide(given.value);
+  }
+  return text;
+}
+
+std::vector<std::string> Filling::TakeDebugLines() {
+  std::vector<std::string> lines = session_.host().TakeDebugLines();
+  for (std::string& line : lines) line = WithoutSecrets(std::move(line));
+  return lines;
+}
+
 Problem Filling::Told(Problem problem) const {
   problem.value = definition().Told({problem.parameter, std::move(problem.value)});
+  problem.cause = WithoutSecrets(std::move(problem.cause));
   return problem;
 }
 
@@ -81,6 +113,10 @@ void Filling::Warn(Problem problem) { warnings_.push_back(Told(std::move(problem
 
 void Filling::Refuse(const Assignment& assignment, std::string message) {
   Refuse({.parameter = assignment.name, .value = assignment.value, .message = std::move(message)});
+}
+
+void Filling::Warn(const Assignment& assignment, std::string message) {
+  Warn({.parameter = assignment.name, .value = assignment.value, .message = std::move(message)});
 }
 
 void Filling::SetGiven() {
@@ -116,12 +152,14 @@ void Filling::Set(const Assignment& assignment) {
 // A check may find that values of one parameter exclude each other: it takes them out of the list.
 void Filling::CheckTogether(const Assignment& assignment) {
   if (IsRefused() || !HoldsSeveral(assignment.value)) return;
-  for (const std::string& element : Elements(assignment.value)) {
-    if (session_.host().IsTakenOut(assignment.name, element))
-      return Refuse({.parameter = assignment.name,
-                     .value = element,
-                     .message = "this value does not go together with the others of " + assignment.name});
-  }
+  std::vector<std::string> excluded = Elements(assignment.value);
+  std::erase_if(excluded,
+                [&](const std::string& element) { return !session_.host().IsTakenOut(assignment.name, element); });
+  if (excluded.empty()) return;
+  Refuse({.parameter = assignment.name,
+          .value = Separated(AsRanges(excluded), "&"),
+          .message = (excluded.size() == 1 ? "this value does" : "these values do") +
+                     std::string(" not go together with the others of ") + assignment.name});
 }
 
 bool Filling::IsPossible(const ParameterDefinition& parameter, const Assignment& assignment) {
@@ -151,22 +189,30 @@ void Filling::CheckAgainst(const ValueList& list, const Assignment& assignment,
   const ParameterDefinition& parameter = *definition().Find(name);
   if (const std::string twice = GivenTwice(elements); !twice.empty())
     Refuse({.parameter = name, .value = twice, .message = "this value is given twice"});
-  for (const std::string& element : elements) {
-    if (list.Contains(element) || (parameter.beside && parameter.beside->Has(element))) continue;
-    if (parameter.reuse && IsHeld(session_.exchange(), definition(), name, element)) continue;
-    return Refuse({.parameter = name,
-                   .value = element,
-                   .message = !parameter.TakesElements() && HoldsSeveral(element)
-                                  ? "several values are not possible here; give one value"
-                                  : "this value is not possible here",
-                   .possible = PossibleOf(list, parameter, form().IsMandatory(name))});
+  std::vector<std::string> wrong = elements;
+  std::erase_if(wrong, [&](const std::string& element) {
+    return list.Contains(element) || (parameter.beside && parameter.beside->Has(element)) ||
+           (parameter.reuse && IsHeld(session_.exchange(), definition(), name, element));
+  });
+  if (wrong.empty()) {
+    fromList_.insert(name);
+    return;
   }
+  Refuse({.parameter = name,
+          .value = Separated(AsRanges(wrong), "&"),
+          .message = NotPossible(parameter, wrong),
+          .reason = WhyRefused(*this, name, wrong),
+          .possible = PossibleOf(list, parameter, form().IsMandatory(name))});
 }
 
 // A check stops the user where it answers False and says why; one that answers False in silence found nothing.
 void Filling::RunCheck(const Assignment& assignment) {
   const RunResult check = session_.Check(assignment.name);
-  if (check.failure) Refuse(assignment, "the check failed (" + *check.failure + ")");
+  if (check.failure)
+    Refuse({.parameter = assignment.name,
+            .value = assignment.value,
+            .message = "the check of this value came to no end: " + WithoutSecrets(check.failure->inWords),
+            .cause = check.failure->cause});
   for (Problem& message : TakeMessages(session_, assignment))
     check.answer ? Warn(std::move(message)) : Refuse(std::move(message));
 }

@@ -2,6 +2,7 @@
 // at as a whole. What stands in the way, and what the user should know of, is gathered on the way.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -32,10 +33,19 @@ class Filling {
   // it builds the list is a problem of the value, and there is no list then.
   const ValueList* ListOf(const std::string& parameter, const std::string& value = "");
 
+  // Whether the values of a parameter were found in its list.
+  bool IsFromList(const std::string& parameter) const { return fromList_.contains(parameter); }
+
   // Neither tells the value of a parameter that is secret, or that the form does not have.
   void Refuse(Problem problem);
   void Refuse(const Assignment& assignment, std::string message);
   void Warn(Problem problem);
+  void Warn(const Assignment& assignment, std::string message);
+
+  // A text of the library with *** in the place of each secret that the form holds or is given.
+  std::string WithoutSecrets(std::string text) const;
+  // What the library has traced since the form was opened, without secrets.
+  std::vector<std::string> TakeDebugLines();
 
   bool IsRefused() const { return !problems_.empty(); }
   const std::vector<Problem>& problems() const { return problems_; }
@@ -55,6 +65,7 @@ class Filling {
   std::vector<Problem> problems_;
   std::vector<Problem> warnings_;
   std::vector<Assignment> taken_;
+  std::set<std::string> fromList_;
 };
 
 // The form of a record to be added, with these values. Where one record stands for the whole exchange, the form shows

@@ -7,6 +7,7 @@
 #include "script/Text.h"
 #include "workbench/actions/Filling.h"
 #include "workbench/actions/Records.h"
+#include "workbench/actions/ValueWarnings.h"
 #include "workbench/forms/Unknown.h"
 #include "workbench/text/Elements.h"
 #include "workbench/text/Separated.h"
@@ -166,6 +167,7 @@ std::string IsKeptByChecks(const Filling& filling, const Assignment& assignment)
   if (std::ranges::find(columns, assignment.name) == columns.end() && !isDigit) return "";
   const std::string present = Joined(filling.form().Get(assignment.name));
   if (present == assignment.value) return "";
+  if (std::string wrong = WrongLength(filling, assignment); !wrong.empty()) return wrong;
   return present.empty() ? "a check of the values after it has cleared this value, since the two do not go together"
                          : "a check has changed this value to " +
                                filling.definition().Told({assignment.name, present}) + "; give that, or leave it out";

@@ -22,7 +22,7 @@ std::string After(std::size_t lines) {
 
 // What one command gives. It goes by way of a table of the exchange, from which the caller rolls it back.
 struct Built {
-  std::optional<std::string> failure;
+  std::optional<Failure> failure;
   std::vector<Problem> messages;
   std::vector<std::string> texts;
 };
@@ -50,8 +50,8 @@ void GenerateCommand(Session& session, const FormDefinition& definition, int num
   for (Problem& problem : built.messages) generated.problems.emplace_back(command, std::move(problem));
   if (built.failure) {
     const std::string message =
-        "lines are missing: the generation ended " + After(built.texts.size()) + " (" + *built.failure + ")";
-    generated.problems.emplace_back(command, Problem{.message = message});
+        "lines are missing: the generation ended " + After(built.texts.size()) + "; " + built.failure->inWords;
+    generated.problems.emplace_back(command, Problem{.message = message, .cause = built.failure->cause});
   }
   for (const std::string& text : built.texts) Append(generated.lines, command, text);
 }

@@ -6,29 +6,36 @@
 #include "script/Conversions.h"
 #include "workbench/actions/Filling.h"
 #include "workbench/actions/FormRules.h"
+#include "workbench/actions/Reasons.h"
 #include "workbench/actions/Selection.h"
 #include "workbench/actions/ShownValues.h"
+#include "workbench/actions/ValueWarnings.h"
 #include "workbench/forms/Unknown.h"
 
 namespace cordboard::workbench {
 
 namespace {
 
-Outcome Refused(std::vector<Problem> problems) { return {.problems = std::move(problems)}; }
+Outcome Refused(Problem problem) { return {.problems = {std::move(problem)}}; }
+Outcome Refused(Filling& filling) { return {.problems = filling.problems(), .debugLines = filling.TakeDebugLines()}; }
 
 // Runs the action and turns its answer and messages into the outcome.
 Outcome Act(Filling& filling, const std::string& function, std::int32_t CmdId, const List& ParamList) {
   Session& session = filling.session();
   const RunResult result = session.Run(function, CmdId, ParamList);
-  for (Problem& message : TakeMessages(session))
-    result.answer ? filling.Warn(std::move(message)) : filling.Refuse(std::move(message));
-  if (result.failure) filling.Refuse({.message = "the action failed (" + *result.failure + ")"});
-  if (!result.answer && !filling.IsRefused()) filling.Refuse({.message = "the action was refused without a message"});
+  for (Problem& problem : Explained(filling, session.host().TakeMessages()))
+    result.answer ? filling.Warn(std::move(problem)) : filling.Refuse(std::move(problem));
+  // Where the rules fail at a value, it is mostly one of those that they would have to refuse.
+  for (std::size_t i = 0; result.failure && i < filling.warnings().size(); ++i) filling.Refuse(filling.warnings()[i]);
+  if (result.failure)
+    filling.Refuse({.message = filling.WithoutSecrets(result.failure->inWords), .cause = result.failure->cause});
+  if (!result.answer && !filling.IsRefused())
+    filling.Refuse({.message = "the rules of " + filling.definition().command + " refuse this and do not say why"});
   return {.done = result.answer,
           .problems = filling.problems(),
           .warnings = filling.warnings(),
           .taken = filling.taken(),
-          .debugLines = session.host().TakeDebugLines()};
+          .debugLines = filling.TakeDebugLines()};
 }
 
 List Names(const std::vector<std::string>& names) { return List(std::vector<Value>(names.begin(), names.end())); }
@@ -36,7 +43,8 @@ List Names(const std::vector<std::string>& names) { return List(std::vector<Valu
 Outcome Add(Session& session, const FormDefinition& definition, const UserAction& action) {
   Filling filling = FillForm(session, definition, action.values, action.from);
   CheckWholeForm(filling);
-  if (filling.IsRefused()) return Refused(filling.problems());
+  if (filling.IsRefused()) return Refused(filling);
+  WarnOfValues(filling);
   Outcome outcome = Act(filling, "SetInfo", 0, Names(filling.definition().columns));
   if (!outcome.done && StandingRecord(session.exchange(), definition))
     outcome.problems.push_back({.message = "there is one record of " + definition.command +
@@ -57,7 +65,8 @@ Outcome Edit(Session& session, const StoredRecord& record, const UserAction& act
   std::vector<std::string> changed = GivenColumns(filling);
   if (!filling.IsRefused() && changed.empty())
     filling.Refuse({.message = "nothing is changed: give the new values after the colon"});
-  if (filling.IsRefused()) return Refused(filling.problems());
+  if (filling.IsRefused()) return Refused(filling);
+  WarnOfValues(filling);
   for (const std::string& column : shown.ChangedByChecks(filling)) changed.push_back(column);
   Outcome outcome = Act(filling, "EditInfo", CmdId, Names(changed));
   if (outcome.done) WriteKeysAfterEdit(session.exchange(), definition, CmdId, changed, session.form());
@@ -69,6 +78,8 @@ Outcome Delete(Session& session, const StoredRecord& record) {
   Filling filling(session, definition);
   LoadRecord(session.exchange(), definition, record.CmdId, session.form());
   Outcome outcome = Act(filling, "DeleteInfo", record.CmdId, List());
+  if (!outcome.done && !outcome.problems.empty() && outcome.problems.back().reason.empty())
+    outcome.problems.back().reason = WhoNames(session.exchange(), definition, session.form());
   if (outcome.done && definition.handling.removeRowAfterDelete) RemoveRow(session.exchange(), definition, record.CmdId);
   return outcome;
 }
@@ -109,20 +120,20 @@ Outcome PerformOnAll(Session& session, const Selection& selection, const UserAct
 
 Outcome Perform(Session& session, const UserAction& action) {
   const FormDefinition* definition = FindForm(action.command);
-  if (definition == nullptr) return Refused({{.message = UnknownCommand(action.command)}});
+  if (definition == nullptr) return Refused(Problem{.message = UnknownCommand(action.command)});
   return Perform(session, *definition, action);
 }
 
 Outcome Perform(Session& session, const FormDefinition& definition, const UserAction& action) {
   const auto cannot = [&](const std::string& what) {
-    return Refused({{.message = "records of " + action.command + " cannot be " + what}});
+    return Refused(Problem{.message = "records of " + action.command + " cannot be " + what});
   };
   if (action.kind == UserAction::Kind::Add) return definition.adds ? Add(session, definition, action) : cannot("added");
   const bool edit = action.kind == UserAction::Kind::Edit;
   if (edit && !definition.edits) return cannot("changed");
   if (!edit && !definition.deletes) return cannot("deleted");
   const auto found = FindRecords(session.exchange(), definition, action.selection);
-  if (const auto* problem = std::get_if<Problem>(&found)) return Refused({*problem});
+  if (const auto* problem = std::get_if<Problem>(&found)) return Refused(*problem);
   const auto& selection = std::get<Selection>(found);
   return selection.several ? PerformOnAll(session, selection, action)
                            : PerformOn(session, selection.records.front().record, action);

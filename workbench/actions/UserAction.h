@@ -24,8 +24,10 @@ struct UserAction {
 struct Problem {
   std::string parameter = {};  // empty where it concerns the action as a whole
   std::string value = {};
-  std::string message;
+  std::string message;                    // the same for all values of which the same is wrong
+  std::string reason = {};                // what the exchange tells of the value: who has it, or that it is not there
   std::optional<Possible> possible = {};  // in the place of the value, where that can be said
+  std::string cause = {};                 // of a failure within the rules: where it struck, for their developer
 };
 
 struct Outcome {

@@ -21,13 +21,18 @@ Value Found(const std::map<std::string, Value>& values, const std::string& name)
   return found == values.end() ? Value() : found->second;
 }
 
-// The last digits of a sum. One digit holds up to 15, as a letter from 10 on.
-std::string SumText(long long sum, int width) {
-  if (width == 1 && sum >= 10 && sum <= 15) return std::string(1, static_cast<char>('A' + (sum - 10)));
-  return std::to_string(sum);
+std::string InWidth(std::string text, int width) {
+  const auto digits = static_cast<std::size_t>(width);
+  if (text.size() < digits) text.insert(0, digits - text.size(), '0');
+  return text.substr(text.size() - digits);
 }
 
 }  // namespace
+
+std::string DigitsOf(long long sum, int width) {
+  if (width == 1 && sum >= 10 && sum <= 15) return std::string(1, static_cast<char>('A' + (sum - 10)));
+  return InWidth(std::to_string(sum), width);
+}
 
 bool Form::IsActive(const Folding& folding) const {
   return folding.definition == 0 || folding.definition == ActiveDefinition(folding.parameter);
@@ -64,22 +69,17 @@ const DigitPlace* Form::PlaceOf(const std::string& name) const {
 
 // What is given for a place: as many digits as it has, or nothing.
 std::string Form::Digits(const DigitPlace& place) const {
-  const auto width = static_cast<std::size_t>(place.width);
-  std::string text = Joined(Found(values_, place.digit));
-  if (text.empty()) {
-    long long sum = 0;
-    bool given = false;
-    for (const std::string& parameter : place.parameters) {
-      const Value part = Found(values_, parameter);
-      if (part.IsBlank()) continue;
-      given = true;
-      sum += static_cast<long long>(std::clamp(NumericValue(part), 0.0, greatestPart));
-    }
-    if (!given) return "";
-    text = SumText(sum, place.width);
+  const std::string text = Joined(Found(values_, place.digit));
+  if (!text.empty()) return InWidth(text, place.width);
+  long long sum = 0;
+  bool given = false;
+  for (const std::string& parameter : place.parameters) {
+    const Value part = Found(values_, parameter);
+    if (part.IsBlank()) continue;
+    given = true;
+    sum += static_cast<long long>(std::clamp(NumericValue(part), 0.0, greatestPart));
   }
-  if (text.size() < width) text.insert(0, width - text.size(), '0');
-  return text.substr(text.size() - width);
+  return given ? DigitsOf(sum, place.width) : "";
 }
 
 std::string Form::Folded(const Folding& folding) const {

@@ -10,6 +10,9 @@
 
 namespace cordboard::workbench {
 
+// The digits of a sum in a place of this width: the last ones. One digit holds up to 15, as a letter from 10 on.
+std::string DigitsOf(long long sum, int width);
+
 class Form {
  public:
   explicit Form(const FormDefinition& definition) : definition_(&definition) {}

@@ -37,6 +37,9 @@ struct Numbers {
   bool Has(std::string_view text) const;
 };
 
+// What a value is made of where no list says so. A word has no sign of the line language, whatever else it holds.
+enum class Characters { Word, Any, Digits, Dialled, Hexadecimal };
+
 struct ParameterDefinition {
   std::string name;
   std::string title;
@@ -57,7 +60,8 @@ struct ParameterDefinition {
   bool addOnly = false;       // is given when a record is added; an edit cannot change it
   bool address = false;       // is an address of the data network, "10.0.0.5"
   bool secret = false;        // is shown as ***, unless a user asks for it
-  std::size_t ofSeries = 1;   // how many parameters, of which the form speaks as one, differ in a number alone
+  Characters characters = Characters::Word;
+  std::size_t ofSeries = 1;  // how many parameters, of which the form speaks as one, differ in a number alone
 
   // Whether its value is taken apart at "&": elsewhere the sign is part of the value.
   bool TakesElements() const { return multiple || range; }

@@ -35,6 +35,17 @@ Texts ReadReleases(Fields& fields) {
   return item->As<Texts>();
 }
 
+Characters ReadCharacters(Fields& fields) {
+  const auto item = fields.Find("characters");
+  if (!item) return Characters::Word;
+  const std::string kind = item->Text();
+  if (kind == "any") return Characters::Any;
+  if (kind == "digits") return Characters::Digits;
+  if (kind == "dialled") return Characters::Dialled;
+  if (kind == "hexadecimal") return Characters::Hexadecimal;
+  item->Fail("characters are \"any\", \"digits\", \"dialled\" or \"hexadecimal\"");
+}
+
 ParameterDefinition ReadParameter(const std::string& command, Fields& fields, const std::string& number) {
   ParameterDefinition parameter{.name = WithNumber(fields.Get<std::string>("name"), number),
                                 .title = fields.Get<std::string>("title")};
@@ -46,6 +57,7 @@ ParameterDefinition ReadParameter(const std::string& command, Fields& fields, co
     parameter.check = module->CheckOf(parameter.name) != nullptr;
   }
   parameter.fixed = !parameter.list && HasFixedValues(command, parameter.name);
+  parameter.characters = ReadCharacters(fields);
   parameter.releases = ReadReleases(fields);
   fields.Find("each");
   if (const auto pool = fields.Find("pool")) {

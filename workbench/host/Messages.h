@@ -12,10 +12,11 @@ namespace cordboard::workbench {
 // A message as the library reported it, with the text that a user sees.
 struct ReportedMessage {
   int third = 2;  // the last of the three leading numbers; 1 marks a report of lesser weight
-  std::string context;
-  std::string code;
-  std::vector<Value> arguments;
-  std::string text;
+  std::string context = {};
+  std::string code = {};
+  std::vector<Value> arguments = {};
+  std::string text = {};
+  std::string reason = {};  // which number or range it is about, where the workbench reported it
 };
 
 // The text of a message: its place-holders {1}, {2}, ... filled with the arguments. A code or a number of arguments

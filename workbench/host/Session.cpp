@@ -1,5 +1,6 @@
 #include "workbench/host/Session.h"
 
+#include <regex>
 #include <string_view>
 #include <utility>
 
@@ -11,27 +12,38 @@ namespace cordboard::workbench {
 
 namespace {
 
-// What a failure means for the user whose action it ended.
-const char* InWords(RunTimeFailure::Cause cause) {
+// What a query looked for, where it asks one table: "ROUTEDATA with PROTOCOL='CAS' AND MARKET='NO'".
+std::string LookedFor(const std::string& query) {
+  static const std::regex plain(R"(\s*SELECT .* FROM\s+(\w+)\s+WHERE\s+(.*?)\s*(ORDER BY.*)?)", std::regex::icase);
+  std::smatch parts;
+  return std::regex_match(query, parts, plain) ? parts[1].str() + " with " + parts[2].str() : "";
+}
+
+// What a failure means for the user whose action it ended. A rule that counts on a row fails at the first look at what
+// its query found: `foundNothing` is such a query, or nothing.
+std::string InWords(RunTimeFailure::Cause cause, const std::string& foundNothing) {
   switch (cause) {
-    case RunTimeFailure::Cause::Overflow: return "a number is too large";
-    case RunTimeFailure::Cause::SubscriptOutOfRange:
-      return "a value that it needs was not found, or there are too many";
-    case RunTimeFailure::Cause::TypeMismatch: return "a value is not a number";
-    case RunTimeFailure::Cause::InvalidUseOfNull: return "a value that it needs is missing";
-    default: return "its rules broke off";
+    case RunTimeFailure::Cause::Overflow: return "take no number as large as one of these";
+    case RunTimeFailure::Cause::SubscriptOutOfRange: {
+      if (foundNothing.empty())
+        return "found fewer or more values than they need; check the values and the records that they refer to";
+      const std::string what = LookedFor(foundNothing);
+      return "found no row of " + (what.empty() ? "those that they need" : what) +
+             "; a record that it belongs to may be missing, or have been changed by hand";
+    }
+    case RunTimeFailure::Cause::TypeMismatch: return "need a number where a value is none";
+    case RunTimeFailure::Cause::InvalidUseOfNull: return "need a value that is not given, or that a record does not have";
+    default: return "broke off";
   }
 }
 
-// Why a call failed, for its user. A rule that counts on a row fails at the first look at what its query found: the
-// query tells what is missing.
-std::string Reason(const RunTimeFailure& failure, std::string foundNothing) {
-  const bool inRows = std::string_view(failure.what()).find("row set") != std::string_view::npos;
-  if (!inRows || foundNothing.empty())
-    return std::string(InWords(failure.cause())) + "; " + std::string(Name(failure.cause())) + ": " + failure.what();
+Failure Explained(const RunTimeFailure& failure, const std::string& command, std::string foundNothing) {
+  if (std::string_view(failure.what()).find("row set") == std::string_view::npos) foundNothing.clear();
   for (std::size_t at = foundNothing.find("\r\n"); at != foundNothing.npos; at = foundNothing.find("\r\n", at))
     foundNothing.replace(at, 2, " ");
-  return "a row that has to be there was not found by " + foundNothing;
+  return {.inWords = "the rules of " + command + " " + InWords(failure.cause(), foundNothing),
+          .cause = std::string(Name(failure.cause())) + ": " + failure.what() +
+                   (foundNothing.empty() ? "" : "; nothing was found by " + foundNothing)};
 }
 
 // Shows the library's boxes elsewhere while it lives.
@@ -56,7 +68,7 @@ Session::Session(Exchange& exchange, const Decorate& decorate)
     const RunResult result = Run(action, 0, {parameter}, parameter);
     // A list that failed is not a list that was left to the form.
     if (result.failure) {
-      host_->scPrintToDebugWindow(action + " of " + parameter + " failed (" + *result.failure + ")");
+      host_->scPrintToDebugWindow(action + " of " + parameter + " failed: " + result.failure->cause);
       host_->scErrorMessage(0, 2, 2, action, static_cast<int>(Message::ListNotBuilt), {parameter});
     }
     return result.answer;
@@ -75,7 +87,7 @@ RunResult Session::Run(const std::string& function, std::int32_t CmdId, const Li
   try {
     result.answer = script_.Run(definition, exchange_.release(), function, open.definition().command, CmdId, ParamList);
   } catch (const RunTimeFailure& failure) {
-    result.failure = Reason(failure, host_->FoundNothing());
+    result.failure = Explained(failure, open.definition().command, host_->FoundNothing());
   }
   while (exchange_.OpenTransactions() > openBefore) exchange_.RollBack();
   host_->Enclose(enclosing);

@@ -12,9 +12,15 @@
 
 namespace cordboard::workbench {
 
+// Why a call failed: what its user has to know, and where it struck, for the developer of the rules.
+struct Failure {
+  std::string inWords;
+  std::string cause;
+};
+
 struct RunResult {
   bool answer = false;
-  std::optional<std::string> failure;  // why the call failed, where it did
+  std::optional<Failure> failure;
 };
 
 class Session {

@@ -252,13 +252,16 @@ void WorkbenchHost::scFilterEQU(const Value&, const Value&) {}
 
 void WorkbenchHost::scErrorMessage(int, int, int third, const std::string& context, const Value& code,
                                    const std::vector<Value>& arguments) {
-  std::string text = MessageText(code, arguments);
   // A code of the host's own creation of number series comes without arguments; its reason names the number.
-  if (arguments.empty() && !seriesRefusal_.empty()) text += " (" + std::exchange(seriesRefusal_, "") + ")";
-  messages_.push_back({third, context, Joined(code), arguments, text});
+  messages_.push_back({.third = third,
+                       .context = context,
+                       .code = Joined(code),
+                       .arguments = arguments,
+                       .text = MessageText(code, arguments),
+                       .reason = arguments.empty() ? std::exchange(seriesRefusal_, "") : ""});
 }
 
-void WorkbenchHost::ShowBox(const std::string& text) { messages_.push_back({2, "", "", {}, text}); }
+void WorkbenchHost::ShowBox(const std::string& text) { messages_.push_back({.text = text}); }
 
 void WorkbenchHost::scPrintToDebugWindow(const std::string& line) { debugLines_.push_back(line); }
 

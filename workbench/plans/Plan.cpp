@@ -53,16 +53,17 @@ class Lines {
 };
 
 // Performs an add or a line in a transaction of its own, so that a refused one leaves nothing.
-LineReport Apply(Session& session, const UserAction& action, Changes& changes) {
+LineReport Apply(Session& session, const UserAction& action, bool strict, Changes& changes) {
   LineReport report;
   report.command = action.command;
   changes.Forget();
   Transaction transaction(session.exchange());
   Outcome outcome = PerformLine(session, action);
-  report.refused = !outcome.done;
+  report.refused = !outcome.done || (strict && !outcome.warnings.empty());
   report.problems = outcome.done ? std::move(outcome.warnings) : std::move(outcome.problems);
   report.taken = std::move(outcome.taken);
-  if (outcome.done) {
+  report.debugLines = std::move(outcome.debugLines);
+  if (!report.refused) {
     report.changes = changes.Take();
     transaction.Commit();
   }
@@ -71,18 +72,18 @@ LineReport Apply(Session& session, const UserAction& action, Changes& changes) {
 
 // Performs the line, or the two lines of one record that begin here. Where those are refused together, each is on its
 // own, so that what is wrong is told of the right one. Nothing for a line without an action.
-std::optional<LineReport> ApplyNext(Session& session, Lines& at, Changes& changes) {
+std::optional<LineReport> ApplyNext(Session& session, Lines& at, bool strict, Changes& changes) {
   try {
     const auto action = ParsePlanLine(at.line());
     if (!action) return std::nullopt;
     if (const auto together = Together(*action, at.behind())) {
-      LineReport report = Apply(session, *together, changes);
+      LineReport report = Apply(session, *together, strict, changes);
       if (!report.refused) {
         at.Next();
         return report;
       }
     }
-    return Apply(session, *action, changes);
+    return Apply(session, *action, strict, changes);
   } catch (const PlanLineError& error) {
     LineReport report;
     report.refused = true;
@@ -124,7 +125,7 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
   for (const PlanFile& file : files) {
     for (Lines at(file.in); at.Next();) {
       const std::size_t first = at.number();
-      auto report = ApplyNext(session, at, changes);
+      auto report = ApplyNext(session, at, options.strict, changes);
       const std::size_t lines = at.number() - first + 1;
       for (std::size_t line = 0; options.progress && line < lines; ++line) options.progress(++seen);
       if (!report) continue;

@@ -32,8 +32,9 @@ struct LineReport {
   std::string command;
   bool refused = false;
   std::vector<Problem> problems;
-  std::vector<RecordChange> changes;
-  std::vector<Assignment> taken;  // the values that "next" stood for
+  std::vector<RecordChange> changes = {};
+  std::vector<Assignment> taken = {};        // the values that "next" stood for
+  std::vector<std::string> debugLines = {};  // what the library traced
 };
 
 struct RecordCounts {
@@ -45,6 +46,7 @@ struct RecordCounts {
 struct PlanOptions {
   bool dryRun = false;     // the same road, rolled back
   bool keepGoing = false;  // keeps the good lines where others are refused
+  bool strict = false;     // refuses a line of which its user would be warned
   std::function<void(std::size_t lines)> progress = {};
   std::function<void(const LineReport& report)> done = {};  // after each line that was done
 };

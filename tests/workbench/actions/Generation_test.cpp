@@ -140,7 +140,8 @@ TEST_F(GenerationTest, AFailureOfTheCallIsToldToo) {
   const Generated generated = Generate(session_);
   const auto ofNANSI = std::ranges::find(generated.problems, "NANSI", &std::pair<std::string, Problem>::first);
   ASSERT_NE(ofNANSI, generated.problems.end());
-  EXPECT_THAT(ofNANSI->second.message, HasSubstr("the host is gone"));
+  EXPECT_THAT(ofNANSI->second.message, testing::EndsWith("the rules of NANSI broke off"));
+  EXPECT_THAT(ofNANSI->second.cause, HasSubstr("the host is gone"));
   EXPECT_EQ(exchange_->OpenTransactions(), 0);
 }
 

@@ -112,7 +112,8 @@ TEST_F(NextValues, AreRefusedWithoutANumberBehindTheColon) {
 }
 
 TEST_F(NextValues, AreAWordLikeAnyOtherElsewhere) {
-  EXPECT_THAT(Refusals({"EXCCS:CAT=2,TRAF=next,SERV_D6=1,DESCRIPTION=next:3;"}), IsEmpty());
+  EXPECT_THAT(Refusals({"EXCCS:CAT=2,TRAF=next,SERV_D6=1,DESCRIPTION=next:3;"}),
+              ElementsAre("TRAF: this value should be a number: digits alone"));
   EXPECT_EQ(exchange().Dynamic().Single("SELECT TRAF || ' ' || DESCRIPTION FROM EXCCS WHERE CAT = '2'"),
             Value("next next:3"));
   EXPECT_THAT(Refusals({"KSEXI:DIR=100,ITYPE=next,EQU=next,CAT=1;"}),

@@ -40,7 +40,7 @@ class UserActionTest : public testing::Test {
     // Service profiles, with one digit string that is given digit by digit.
     gespi_ = TestForm("GESPI", {"CMDID", "CSP", "TRAF", "DESCRIPTION"},
                       {Mandatory(Parameter("CSP")), Parameter("TRAF_D1"), Parameter("TRAF_D2"), Parameter("TRAF_D3"),
-                       Parameter("DESCRIPTION")});
+                       FreeText("DESCRIPTION")});
     gespi_.foldings = {
         {.parameter = "TRAF", .length = 3, .places = {{1, 1, {"TRAF_D1"}}, {2, 1, {"TRAF_D2"}}, {3, 1, {"TRAF_D3"}}}}};
     sytds_ = TestForm("SYTDS", {"CMDID", "CDNAL", "CDNAS"},
@@ -53,11 +53,12 @@ class UserActionTest : public testing::Test {
   std::string Told(const Outcome& outcome) {
     std::string text = outcome.done ? "done" : "";
     for (const auto* problems : {&outcome.problems, &outcome.warnings}) {
-      for (const auto& [parameter, value, message, possible] : *problems) {
+      for (const Problem& problem : *problems) {
         if (!text.empty()) text += "\n";
         if (problems == &outcome.warnings) text += "warning: ";
-        if (!parameter.empty()) text += parameter + "=" + value + ": ";
-        text += message + (possible ? " [" + InWords(*possible) + "]" : "");
+        if (!problem.parameter.empty()) text += problem.parameter + "=" + problem.value + ": ";
+        text += problem.message + (problem.reason.empty() ? "" : " (" + problem.reason + ")") +
+                (problem.possible ? " [" + InWords(*problem.possible) + "]" : "");
       }
     }
     return text;
@@ -161,9 +162,9 @@ TEST_F(UserActionTest, AValueOutsideItsListIsRefusedWithWhatWouldBeAllowed) {
   EXPECT_EQ(Add(sytds_, {{"CDNAL", "3"}, {"CDNAS", "2"}}), "done");
 }
 
-TEST_F(UserActionTest, OfSeveralValuesTheFirstThatIsNotPossibleIsNamed) {
+TEST_F(UserActionTest, OfSeveralValuesThoseThatAreNotPossibleAreNamed) {
   sytds_.parameters[0] = WithElements(sytds_.parameters[0]);
-  EXPECT_THAT(Add(sytds_, {{"CDNAL", "5&29&&31&40"}}), StartsWith("CDNAL=31: this value is not possible here"));
+  EXPECT_THAT(Add(sytds_, {{"CDNAL", "5&29&&31&40"}}), StartsWith("CDNAL=31&40: these values are not possible here"));
 }
 
 TEST_F(UserActionTest, AnAmpersandIsPartOfAValueThatIsNotTakenApart) {
@@ -191,7 +192,7 @@ TEST_F(UserActionTest, AListThatCannotBeBuiltRefusesTheValue) {
   host_->meddle = [](const std::string& sql) {
     return sql.starts_with(" SELECT CSP") ? std::optional(false) : std::nullopt;
   };
-  EXPECT_THAT(Add(gespi_, {{"CSP", "0"}}), StartsWith("CSP=0: The database refused a statement."));
+  EXPECT_THAT(Add(gespi_, {{"CSP", "0"}}), StartsWith("CSP=0: The database refused what the rules asked of it."));
   EXPECT_EQ(Count(*exchange_, "GESPI"), 0);
 }
 
@@ -220,7 +221,8 @@ TEST_F(UserActionTest, ACheckThatAnswersFalseInSilenceFoundNothing) {
 
 TEST_F(UserActionTest, ACheckThatFailsRefusesTheValue) {
   sytds_.parameters[1].list = false;
-  EXPECT_THAT(Add(sytds_, {{"CDNAS", "x"}}), StartsWith("CDNAS=x: the check failed ("));
+  EXPECT_THAT(Add(sytds_, {{"CDNAS", "x"}}),
+              StartsWith("CDNAS=x: the check of this value came to no end: the rules of SYTDS need a number"));
 }
 
 TEST_F(UserActionTest, AStoredValueIsNotClearedInSilence) {
@@ -249,10 +251,10 @@ TEST_F(UserActionTest, AMessageOfAnActionThatWasDoneIsAWarning) {
 
 TEST_F(UserActionTest, AnActionThatIsRefusedTellsItsMessages) {
   EXPECT_EQ(AddNumbers({{"NUMTYP", "EC"}, {"NUMSE", "1000"}}),
-            "The number is too long. Type EC takes at most 3 digits.");
+            "NUMSE=1000: The number is too long. Type EC takes at most 3 digits.");
   AddNumbers({{"NUMTYP", "EX"}, {"NUMSE", "100&&199"}});
   EXPECT_EQ(AddNumbers({{"NUMTYP", "EX"}, {"NUMSE", "150"}}),
-            "A number of this series lies in a range that is already in use. Give other numbers. "
+            "NUMSE=150: A number of this series lies in a range that is already in use. Give other numbers. "
             "(150 collides with the series 100&&199)");
 }
 
@@ -261,14 +263,14 @@ TEST_F(UserActionTest, AnActionThatIsRefusedInSilenceSaysSo) {
   host_->meddle = [](const std::string& sql) {
     return sql.starts_with("SELECT CDNAL, CDNAS") ? std::optional(false) : std::nullopt;
   };
-  EXPECT_EQ(Edit(sytds_, {}, {{"CDNAL", "4"}}), "the action was refused without a message");
+  EXPECT_EQ(Edit(sytds_, {}, {{"CDNAL", "4"}}), "the rules of SYTDS refuse this and do not say why");
 }
 
 TEST_F(UserActionTest, AnActionThatFailsSaysWhy) {
   const FormDefinition sydas =
       TestForm("SYDAS", {"CMDID", "NTC", "PGJOB", "PGSTA", "DIVPRI", "TBA", "CNFREL"}, {Parameter("NTC")});
   EXPECT_EQ(Add(sydas, {{"NTC", "1"}}), "done");
-  EXPECT_THAT(Add(sydas, {{"NTC", "1"}}), StartsWith("the action failed ("));
+  EXPECT_THAT(Add(sydas, {{"NTC", "1"}}), StartsWith("the rules of SYDAS found fewer or more values than they need"));
   EXPECT_EQ(exchange_->OpenTransactions(), 0);
 }
 

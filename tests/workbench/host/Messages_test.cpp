@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
 #include <nlohmann/json.hpp>
 #include <regex>
 #include <set>
@@ -60,6 +61,30 @@ TEST(Messages, EveryTextIsOneOrMoreSentencesWithAllItsPlacesFilled) {
       EXPECT_THAT(text, testing::EndsWith(".")) << code;
       EXPECT_THAT(text, testing::Not(testing::ContainsRegex("[{}]"))) << code;
     }
+  }
+}
+
+// Which table, parameter or value it is about is told, but for arguments that tell nothing more.
+TEST(Messages, EveryTextTellsAllItsArguments) {
+  const std::map<std::string, std::set<int>> silent = {{"60000 2", {2}}, {"60004 3", {1}}, {"60017 4", {2, 3}}};
+  for (const auto& [code, texts] : Catalogue().items()) {
+    for (const auto& [count, entry] : texts.items()) {
+      std::set<int> untold;
+      for (int number = 1; number <= std::stoi(count); ++number) {
+        if (std::string(entry).find("{" + std::to_string(number) + "}") == std::string::npos) untold.insert(number);
+      }
+      const auto listed = silent.find(code + " " + count);
+      EXPECT_EQ(untold, listed == silent.end() ? std::set<int>() : listed->second) << code << " " << count;
+    }
+  }
+}
+
+// A text says what is wrong, and then what to do.
+TEST(Messages, EveryTextSaysWhatToDo) {
+  const std::regex twoSentences(R"([A-Z{].*[^.]\. [A-Z].*\.)");
+  for (const auto& [code, texts] : Catalogue().items()) {
+    for (const auto& [count, entry] : texts.items())
+      EXPECT_TRUE(std::regex_match(std::string(entry), twoSentences)) << code << ": " << entry;
   }
 }
 

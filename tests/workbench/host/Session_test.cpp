@@ -52,7 +52,9 @@ class SessionTest : public testing::Test {
   }
   std::string RunOpen(const std::string& function, std::int32_t CmdId, const List& ParamList) {
     const RunResult result = session_.Run(function, CmdId, ParamList);
-    std::string text = result.failure ? "failed: " + *result.failure : result.answer ? "True" : "False";
+    std::string text = result.failure  ? "failed: " + result.failure->inWords + " (" + result.failure->cause + ")"
+                       : result.answer ? "True"
+                                       : "False";
     for (const ReportedMessage& message : session_.host().TakeMessages()) text += " " + message.code;
     return text;
   }
@@ -153,7 +155,7 @@ TEST_F(SessionTest, AListWhoseCommandFailsIsReported) {
   ASSERT_EQ(messages.size(), 1u);
   EXPECT_EQ(messages[0].code, "61020");
   EXPECT_EQ(messages[0].arguments, std::vector<Value>{"CDNAL"});
-  EXPECT_THAT(session_.host().TakeDebugLines().back(), HasSubstr("GetValidValForParam of CDNAL failed ("));
+  EXPECT_THAT(session_.host().TakeDebugLines().back(), HasSubstr("GetValidValForParam of CDNAL failed: "));
 }
 
 // --- The host of the process.

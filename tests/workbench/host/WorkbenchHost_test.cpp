@@ -571,11 +571,9 @@ TEST_F(WorkbenchHostTest, ASeriesThatIsRefusedGivesTheCodeOfAMessageThatNamesThe
   EXPECT_FALSE(host_.scNANSIinitiate("150", "OI", code));
   EXPECT_EQ(TraceText(code), "60008");
   host_.scErrorMessage(0, 2, 2, "Add: NANSI", code, {});
-  EXPECT_EQ(host_.TakeMessages()[0].text,
-            "A number of this series lies in a range that is already in use. Give other numbers. "
-            "(150 collides with the series 100&&199)");
+  EXPECT_EQ(host_.TakeMessages()[0].reason, "150 collides with the series 100&&199");
   host_.scErrorMessage(0, 2, 2, "Add: NANSI", code, {});
-  EXPECT_THAT(host_.TakeMessages()[0].text, testing::EndsWith("Give other numbers.")) << "the reason is told once";
+  EXPECT_EQ(host_.TakeMessages()[0].reason, "") << "the reason is told once";
   EXPECT_FALSE(host_.scNANSIinitiate("5&&4", "OI", code));
   EXPECT_EQ(TraceText(code), "60049");
 }

@@ -53,8 +53,8 @@ TEST_F(AOCOIRoad, ACodeIsAddedChangedAndDeleted) {
 TEST_F(AOCOIRoad, ACodeThatIsInUseIsRefusedEvenForItsOwnRecord) {
   ASSERT_EQ(Do("AOCOI:ACO=4711;"), "done");
   const std::string inUse = "The code 4711 is already in use. Give another code.";
-  EXPECT_EQ(Do("AOCOI:ACO=4711;"), inUse);
-  EXPECT_EQ(Do("edit AOCOI ACO=4711:ACO=4711;"), inUse);
+  EXPECT_EQ(Do("AOCOI:ACO=4711;"), "ACO=4711: " + inUse);
+  EXPECT_EQ(Do("edit AOCOI ACO=4711:ACO=4711;"), "ACO=4711: " + inUse);
   EXPECT_EQ(Do("AOCOI:;"), "ACO=: this parameter has to be given (Authorisation code, one that no record has)");
   EXPECT_EQ(Rows(codes), "4711");
 }
@@ -77,7 +77,7 @@ TEST_F(CDINIRoad, EachNumberGetsItsDivisionAndLeavesTheList) {
 }
 
 TEST_F(CDINIRoad, ADivisionThatIsTooLongIsRefusedWithoutAMessageAndAnEditTakesIt) {
-  EXPECT_EQ(Do("CDINI:DIR=200,DIV=12345678901;"), "the action was refused without a message");
+  EXPECT_EQ(Do("CDINI:DIR=200,DIV=12345678901;"), "the rules of CDINI refuse this and do not say why");
   EXPECT_EQ(Rows(divisions), "");
   EXPECT_EQ(Do("CDINI:DIR=200,DIV=1234567890;"), "done");
   EXPECT_EQ(Do("edit CDINI DIR=200:DIV=12345678901;"), "done");
@@ -96,18 +96,20 @@ TEST_F(ADINIRoad, ANumberGetsAbbreviatedNumbersOfItsOwn) {
   EXPECT_EQ(Values("ADINI", "IADTYP"), "AO AU RA");
   EXPECT_EQ(Do("ADINI:DIR=200,ABB=1,TRA=4711,IADTYP=AO;"), "done");
   EXPECT_EQ(Do("ADINI:DIR=200,ABB=2,TRA=0123;"), "done");
-  EXPECT_EQ(Do("ADINI:DIR=200,ABB=1,TRA=0124;"), "This combination of DIR and ABB exists already. Give another ABB.");
-  EXPECT_EQ(Do("ADINI:DIR=200,TRA=0124;"), "This number has records already, and ABB is empty. Give a value for ABB.");
+  EXPECT_EQ(Do("ADINI:DIR=200,ABB=1,TRA=0124;"),
+            "DIR=200: This combination of DIR and ABB exists already. Give another ABB.");
+  EXPECT_EQ(Do("ADINI:DIR=200,TRA=0124;"),
+            "ABB=: This number has records already, and ABB is empty. Give a value for ABB.");
   EXPECT_EQ(Rows(individual), "EX|200|1|4711|AO|- EX|200|2|0123|-|-");
 }
 
 TEST_F(ADINIRoad, SeveralNumbersTakeNoCodesAndTheirRecordsGiveWayLater) {
   EXPECT_EQ(Do("ADINI:DIR=200&201,ABB=1;"),
-            "DIR has several values, and ABB is given. Give one DIR, or leave ABB empty.");
+            "DIR=200&201: DIR has several values, and ABB is given. Give one DIR, or leave ABB empty.");
   EXPECT_EQ(Do("ADINI:DIR=200&201,TRA=0123;"),
-            "DIR has several values, and TRA is given. Give one DIR, or leave TRA empty.");
+            "DIR=200&201: DIR has several values, and TRA is given. Give one DIR, or leave TRA empty.");
   EXPECT_EQ(Do("ADINI:DIR=200&201,IADTYP=AO;"),
-            "DIR has several values, and IADTYP is given. Give one DIR, or leave IADTYP empty.");
+            "DIR=200&201: DIR has several values, and IADTYP is given. Give one DIR, or leave IADTYP empty.");
   EXPECT_EQ(Rows(individual), "");
   EXPECT_EQ(Do("ADINI:DIR=200&201,DESCRIPTION=Later;"), "done");
   EXPECT_EQ(Do("ADINI:DIR=201,ABB=1,TRA=0123;"), "done");
@@ -116,13 +118,13 @@ TEST_F(ADINIRoad, SeveralNumbersTakeNoCodesAndTheirRecordsGiveWayLater) {
 
 TEST_F(ADINIRoad, ACodeHasToBeDefined) {
   const std::string missing = "The value of TRA is not defined in AOCOI. Define it there first, or give another value.";
-  EXPECT_EQ(Do("ADINI:DIR=200,ABB=1,TRA=4711,IADTYP=AO;"), missing);
+  EXPECT_EQ(Do("ADINI:DIR=200,ABB=1,TRA=4711,IADTYP=AO;"), "TRA=4711: " + missing);
   EXPECT_THAT(Do("ADINI:DIR=200,ABB=1,TRA=4711,IADTYP=AU;"), HasSubstr("not defined in AUCOI_Central"));
   EXPECT_THAT(Do("ADINI:DIR=200,ABB=1,TRA=4711,IADTYP=RA;"), HasSubstr("not defined in AUCOI_Regional"));
   EXPECT_EQ(Rows(individual), "");
   ASSERT_EQ(Do("AOCOI:ACO=4711;"), "done");
   ASSERT_EQ(Do("ADINI:DIR=200,ABB=1,TRA=4711,IADTYP=AO;"), "done");
-  EXPECT_EQ(Do("edit ADINI DIR=200:TRA=4712;"), missing);
+  EXPECT_EQ(Do("edit ADINI DIR=200:TRA=4712;"), "TRA=4712: " + missing);
   EXPECT_EQ(Do("edit ADINI DIR=200:IADTYP=,TRA=4712,ABB=3;"), "done");
   EXPECT_EQ(Rows(individual), "EX|200|3|4712||-");
   EXPECT_EQ(Do("delete ADINI DIR=200;"), "done");
@@ -155,13 +157,13 @@ TEST_F(ADCOIRoad, ATranslationThatLeadsBackToAnAbbreviatedNumberIsRefused) {
   const std::string refused =
       "TRA is outside its range, or begins with or holds a code that is in use. Give another "
       "value.";
-  EXPECT_EQ(Do("ADCOI:ABB=70,TRA=7012;"), refused);
+  EXPECT_EQ(Do("ADCOI:ABB=70,TRA=7012;"), "TRA=7012: " + refused);
   EXPECT_EQ(Rows(common), "");
-  EXPECT_EQ(Do("ADCOI:ABB=71,TRA=7512;"), refused);
+  EXPECT_EQ(Do("ADCOI:ABB=71,TRA=7512;"), "TRA=7512: " + refused);
   EXPECT_EQ(Do("ADCOI:ABB=72,TRA=0172;"), "done");
-  EXPECT_EQ(Do("edit ADCOI ABB=72:TRA=0272;"), refused) << "an edit looks anywhere in the translation";
+  EXPECT_EQ(Do("edit ADCOI ABB=72:TRA=0272;"), "TRA=0272: " + refused) << "an edit looks anywhere in the translation";
   EXPECT_EQ(Do("edit ADCOI ABB=72:TRA=7512;"), "done") << "and for the own number alone";
-  EXPECT_EQ(Do("edit ADCOI ABB=72:ABB=75;"), refused);
+  EXPECT_EQ(Do("edit ADCOI ABB=72:ABB=75;"), "TRA=7512: " + refused);
   EXPECT_EQ(Rows(common), "AC|72|7512|-");
 }
 
@@ -201,9 +203,9 @@ TEST_F(AUCOIRoad, TheListsOfferWhatIsPossible) {
 
 TEST_F(AUCOIRoad, ACordlessNumberTakesAProfileAndAnyOtherACategory) {
   EXPECT_EQ(Do("AUCOI:AUTH=2222,DIR=200,CSP=0;"),
-            "A number of the kind Normal takes CAT. Give CAT, and leave the other category empty.");
+            "CAT=: A number of the kind Normal takes CAT. Give CAT, and leave the other category empty.");
   EXPECT_EQ(Do("AUCOI:AUTH=2222,DIR=205,CAT=1;"),
-            "A number of the kind Cordless takes CSP. Give CSP, and leave the other category empty.");
+            "CSP=: A number of the kind Cordless takes CSP. Give CSP, and leave the other category empty.");
   EXPECT_EQ(Do("AUCOI:AUTH=2222,DIR=200;"), "CAT=: give CAT, or CSP");
   EXPECT_EQ(Rows(regionalCodes), "");
 }

@@ -44,7 +44,8 @@ TEST_F(CXSYIRoad, TheSystemIsAddedAndTakesItsNumber) {
 TEST_F(CXSYIRoad, TheIdentityHasEightCharactersAtLeast) {
   EXPECT_EQ(road.Do("CXSYI:SARI=1234567;"), "SARI=1234567: SARI is too short. Give at least 8 characters.");
   EXPECT_EQ(road.Do("CXSYI:SARI=;"), "SARI=: give SARI, or SMSN");
-  EXPECT_EQ(road.Do("CXSYI:SARI=\"not a number\";"), "done");
+  EXPECT_EQ(road.Do("CXSYI:SARI=\"not a number\";"),
+            "done\nSARI=not a number: this value should be of hexadecimal digits: 0 to 9 and A to F");
   EXPECT_EQ(System(), "not a number|-");
 }
 
@@ -115,20 +116,22 @@ TEST_F(CXAKIRoad, AnExtensionIsAddedChangedAndDeleted) {
 }
 
 TEST_F(CXAKIRoad, TheIdentityOfTheTelephoneHasSixToNineCharacters) {
-  EXPECT_EQ(road.Do("CXAKI:DIR=340,IPEI=12345;"), "IPEI is too short. Give at least 6 characters.");
-  EXPECT_EQ(road.Do("CXAKI:DIR=340,IPEI=1234567890;"), "IPEI is too long. Give at most 9 characters.");
+  EXPECT_EQ(road.Do("CXAKI:DIR=340,IPEI=12345;"), "IPEI=12345: IPEI is too short. Give at least 6 characters.");
+  EXPECT_EQ(road.Do("CXAKI:DIR=340,IPEI=1234567890;"), "IPEI=1234567890: IPEI is too long. Give at most 9 characters.");
   EXPECT_EQ(Extensions(), "");
   EXPECT_EQ(Taken(), "");
   Prepare({"CXAKI:DIR=340,IPEI=123456;"});
-  EXPECT_EQ(road.Do("edit CXAKI DIR=340:IPEI=12345;"), "IPEI is too short. Give at least 6 characters.");
+  EXPECT_EQ(road.Do("edit CXAKI DIR=340:IPEI=12345;"), "IPEI=12345: IPEI is too short. Give at least 6 characters.");
   EXPECT_EQ(Extensions(), "340|-|123456|-");
 }
 
 TEST_F(CXAKIRoad, AnAuthenticationParameterOfAnotherLengthIsAddedWithAWarningAndRefusedInAnEdit) {
-  EXPECT_EQ(road.Do("CXAKI:DIR=340,AUTPAR=1234;"), "done\nAUTPAR is too short. Give at least 48 characters.");
+  EXPECT_EQ(road.Do("CXAKI:DIR=340,AUTPAR=1234;"),
+            "done\nAUTPAR=***: AUTPAR is too short. Give at least 48 characters.");
   EXPECT_EQ(Extensions(), "340|-|-|1234");
   EXPECT_EQ(Taken(), "340|CX");
-  EXPECT_EQ(road.Do("edit CXAKI DIR=340:AUTPAR=12345;"), "AUTPAR is too short. Give at least 48 characters.");
+  EXPECT_EQ(road.Do("edit CXAKI DIR=340:AUTPAR=12345;"),
+            "AUTPAR=***: AUTPAR is too short. Give at least 48 characters.");
   EXPECT_EQ(Extensions(), "340|-|-|1234");
 }
 
@@ -168,10 +171,10 @@ TEST_F(CXCFIRoad, ABoardIsAddedChangedAndDeleted) {
 TEST_F(CXCFIRoad, TheNumberOfABoardIsItsOwn) {
   Prepare({"CXSYI:SARI=31100411;", "CXCFI:FPI=1,BPOS=next;"});
   EXPECT_EQ(road.Do("CXCFI:FPI=1,BPOS=next;"),
-            "The value 1 is already in use, and the record was not written. Give another value.");
+            "FPI=1: The value 1 is already in use, and the record was not written. Give another value.");
   EXPECT_EQ(road.Do("edit CXCFI FPI=1:FPI=1;"),
-            "The value 1 is already in use, and the record was not written. Give another value.\n"
-            "FPI could not be written. Check the value and try again.");
+            "FPI=1: The value 1 is already in use, and the record was not written. Give another value.\n"
+            "FPI=1: FPI could not be written. Check the value and try again.");
   EXPECT_EQ(road.Do("edit CXCFI FPI=1:FPI=7;"), "done");
   EXPECT_EQ(Boards(), "7|001-0-18|-");
 }
@@ -207,7 +210,6 @@ TEST_F(CXRFIRoad, OnlyThePortsOfTheFirstRecordOfABoardAreLeftOut) {
 
 TEST_F(CXRFIRoad, ABoardHasToBeKnown) {
   EXPECT_EQ(road.Do("CXRFI:FPI=9,RPN=1&2;"),
-            "The record, or one that it depends on, was not found. Check that it exists, then try again.\n"
             "The record, or one that it depends on, was not found. Check that it exists, then try again.");
   EXPECT_EQ(Units(), "");
 }

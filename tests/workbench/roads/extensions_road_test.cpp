@@ -241,7 +241,7 @@ TEST_F(EXTEIFurtherRoad, AFurtherNumberIsChangedAndNeverWithoutMainNumber) {
   EXPECT_EQ(Do("edit EXTEI AUX=411:DIR_AUX=401;"),
             "done\nEQU=001-0-13-00: a check has changed this value to 001-0-13-01");
   EXPECT_EQ(Do("edit EXTEI AUX=411:DIR_AUX=;"),
-            "done\nA value that belongs to DIR was removed and is needed. Give it again.");
+            "done\nDIR=: A value that belongs to DIR was removed and is needed. Give it again.");
   EXPECT_EQ(Rows(furtherNumbers), "411|001-0-13-01|401|1");
   EXPECT_EQ(Used(), "400 401 411 on 001-0-13-00 001-0-13-01");
 }

@@ -18,8 +18,8 @@ std::string Full(int limit) {
   return "The limit of " + std::to_string(limit) +
          " groups for a LIM is reached. Choose another LIM, or delete a group there.";
 }
-std::string NoRoom(int limit) {
-  return Full(limit) + "\nLIM was not changed, as the new one has no room. Choose another LIM.";
+std::string NoRoom(int limit, const std::string& given) {
+  return Full(limit) + "\n" + given + "LIM was not changed, as the new one has no room. Choose another LIM.";
 }
 
 // An exchange with the numbers 300 to 319, and where a table can be filled by as many groups as a test needs.
@@ -110,7 +110,7 @@ TEST_F(ACGRIRoad, ALIMTakesSixteenGroupsByAddsAndAHundredByMoves) {
   EXPECT_EQ(road.Do("edit ACGRI GRP=301:LIM=1;"), "done");
   EXPECT_EQ(road.Do("ACGRI:GRP=302,LIM=1;"), "done") << "beyond the limit a LIM takes more";
   Insert("ACGRI", "LIM", "2", 100);
-  EXPECT_EQ(road.Do("edit ACGRI GRP=301:LIM=2;"), NoRoom(100));
+  EXPECT_EQ(road.Do("edit ACGRI GRP=301:LIM=2;"), NoRoom(100, "LIM=2: "));
   EXPECT_EQ(road.Rows("SELECT LIM FROM ACGRI WHERE GRP = '301'"), "1");
   EXPECT_EQ(road.Do("edit ACGRI GRP=301:LIM=1,DESCRIPTION=Orders;"), "done");
 }
@@ -167,7 +167,7 @@ TEST_F(GHGRIRoad, TheLimitsOfALIMAndOfTheSystemRefuseAnAdd) {
   Insert("GHGRI", "LIM", "1", 100);
   EXPECT_EQ(road.Do("GHGRI:GRP=300,LIM=1;"), Full(100));
   EXPECT_EQ(road.Do("GHGRI:GRP=300,LIM=2;"), "done");
-  EXPECT_EQ(road.Do("edit GHGRI GRP=300:LIM=1;"), NoRoom(100));
+  EXPECT_EQ(road.Do("edit GHGRI GRP=300:LIM=1;"), NoRoom(100, "LIM=1: "));
   Insert("GHGRI", "LIM", "3", 399);
   EXPECT_EQ(road.Do("GHGRI:GRP=301,LIM=2;"),
             "The limit of 500 records for the system is reached. Delete one before you add another.");
@@ -216,7 +216,7 @@ TEST_F(CBELIRoad, FiftyGroupsAreTheLimit) {
 TEST_F(CBELIRoad, AMoveNeedsRoomInTheOtherLIM) {
   ASSERT_EQ(road.Do("CBELI:GRP=300,EQU=002-0-15-00;"), "done");
   Insert("CBELI", "EQU", "001-0-17-07", 50);
-  EXPECT_EQ(road.Do("edit CBELI GRP=300:EQU=001-0-17-00;"), NoRoom(50));
+  EXPECT_EQ(road.Do("edit CBELI GRP=300:EQU=001-0-17-00;"), NoRoom(50, ""));
   EXPECT_EQ(road.Do("edit CBELI GRP=300:EQU=002-0-15-01,SERV=1;"), "done");
   EXPECT_EQ(road.Rows("SELECT EQU, SERV FROM CBELI WHERE GRP = '300'"), "002-0-15-01|1");
   EXPECT_EQ(road.Rows(positionsInUse), "002-0-15-01");

@@ -61,9 +61,9 @@ TEST_F(IPBOIRoad, TheRouterHasToBeInTheSubnet) {
 
 TEST_F(IPBOIRoad, AnAddressIsTakenOnceAndNotByItsOwnRecordAgain) {
   ASSERT_EQ(road.Do("IPBOI:BPOS=001-0-19,IP=10.0.0.5,MASK=255.0.0.0;"), "done");
-  const char* const used = "The IP address is already in use. Give another address.";
-  EXPECT_EQ(road.Do("IPBOI:BPOS=002-0-17,IP=10.0.0.5,MASK=255.0.0.0;"), used);
-  EXPECT_EQ(road.Do("edit IPBOI BPOS=001-0-19:IP=10.0.0.5,ROUTER=10.0.0.1;"), used);
+  const std::string used = "The IP address is already in use. Give another address.";
+  EXPECT_EQ(road.Do("IPBOI:BPOS=002-0-17,IP=10.0.0.5,MASK=255.0.0.0;"), "IP=10.0.0.5: " + used);
+  EXPECT_EQ(road.Do("edit IPBOI BPOS=001-0-19:IP=10.0.0.5,ROUTER=10.0.0.1;"), "IP=10.0.0.5: " + used);
   EXPECT_EQ(road.Do("edit IPBOI BPOS=001-0-19:IP=10.0.0.6,ROUTER=10.0.0.1;"), "done");
   EXPECT_EQ(Boards(), "001-0-19|10.0.0.6|255.0.0.0|10.0.0.1");
 }
@@ -110,12 +110,14 @@ TEST_F(IPEXIRoad, APasswordIsPrintedInDoubleQuotes) {
 }
 
 TEST_F(IPEXIRoad, APasswordThatIsRefusedIsNotTold) {
-  EXPECT_EQ(road.Do("IPEXI:DIR=350,PASSW=\"my secret\";"), "PASSW holds a blank or a quote character. Leave it out.");
+  EXPECT_EQ(road.Do("IPEXI:DIR=350,PASSW=\"my secret\";"),
+            "PASSW=***: PASSW holds a blank or a quote character. Leave it out.");
   EXPECT_EQ(road.Do("IPEXI:DIR=350,PASSW=my'secret;"), "PASSW=***: a value must not hold a quote character (')");
   EXPECT_EQ(road.Do("IPEXI:DIR=350,PASSW=schön;"),
-            "PASSW holds a character that cannot be used. Use unaccented letters, digits and signs, and no blanks.");
+            "PASSW=***: PASSW holds a character that cannot be used. Use unaccented letters, digits and signs, and no "
+            "blanks.");
   EXPECT_EQ(road.Do("IPEXI:DIR=350,PASSW=1234567890123456789012345678901;"),
-            "The text of PASSW is too long. Give a shorter one.");
+            "PASSW=***: The text of PASSW is too long. Give a shorter one.");
   EXPECT_EQ(road.Do("IPEXI:DIR=350,PASSW=secret,PASSW=secrets;"), "PASSW=***: this parameter is given twice");
   EXPECT_EQ(road.Do("edit IPEXI PASSW=secret:DIR=351;"), "there is no record of IPEXI with PASSW=***");
   EXPECT_EQ(Marks(), "350|- 351|- 352|- 353|-");
@@ -149,12 +151,12 @@ TEST_F(IPGDIRoad, EachLIMGetsARecordOfItsOwn) {
 }
 
 TEST_F(IPGDIRoad, APairIsTakenOnce) {
-  const char* const taken = "This combination of LIM and DOMAIN exists already. Give another DOMAIN.";
+  const std::string taken = "This combination of LIM and DOMAIN exists already. Give another DOMAIN.";
   ASSERT_EQ(road.Do("IPGDI:LIM=2,DOMAIN=a;"), "done");
-  EXPECT_EQ(road.Do("IPGDI:LIM=1&2,DOMAIN=a;"), taken);
+  EXPECT_EQ(road.Do("IPGDI:LIM=1&2,DOMAIN=a;"), "LIM=1&2: " + taken);
   EXPECT_EQ(Domains(), "2|a") << "the record of LIM 1 is taken back";
   ASSERT_EQ(road.Do("IPGDI:LIM=1,DOMAIN=b;"), "done");
-  EXPECT_EQ(road.Do("edit IPGDI LIM=1:LIM=2,DOMAIN=a;"), taken);
+  EXPECT_EQ(road.Do("edit IPGDI LIM=1:LIM=2,DOMAIN=a;"), "LIM=2: " + taken);
   EXPECT_EQ(road.Do("edit IPGDI LIM=1:DOMAIN=b;"), "done");
   EXPECT_EQ(road.Do("edit IPGDI LIM=1:LIM=2;"), "done");
   EXPECT_EQ(Domains(), "2|a 2|b");
@@ -171,10 +173,10 @@ TEST_F(IPGKCRoad, ALIMHasOneIdentityOfItsOwn) {
   EXPECT_EQ(road.Values("IPGKC", "LIM"), "1 2");
   EXPECT_EQ(road.Do("IPGKC:LIM=1,GKID=HQ,TMLOAD=30,TIMNET=120;"), "done");
   EXPECT_EQ(road.Values("IPGKC", "LIM"), "2");
-  const char* const used = "The value of GKID is already used. Give another value.";
-  EXPECT_EQ(road.Do("IPGKC:LIM=2,GKID=HQ;"), used);
+  const std::string used = "The value of GKID is already used. Give another value.";
+  EXPECT_EQ(road.Do("IPGKC:LIM=2,GKID=HQ;"), "GKID=HQ: " + used);
   EXPECT_EQ(road.Do("IPGKC:LIM=2,GKID=WORKS;"), "done");
-  EXPECT_EQ(road.Do("edit IPGKC LIM=2:GKID=HQ;"), used);
+  EXPECT_EQ(road.Do("edit IPGKC LIM=2:GKID=HQ;"), "GKID=HQ: " + used);
   EXPECT_EQ(road.Do("edit IPGKC LIM=1:TMLOAD=;"), "done");
   EXPECT_EQ(Gatekeepers(), "1|HQ|-|120 2|WORKS|-|-");
   EXPECT_THAT(road.Lines(),

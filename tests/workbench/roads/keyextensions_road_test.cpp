@@ -358,7 +358,7 @@ TEST_F(KeyExtensions, FunctionsFollowTheExtension) {
   EXPECT_THAT(Valid("KSFKC", "FCN", {{"DIR", "100"}}), Not(Contains("DND")));
   EXPECT_THAT(Valid("KSFKC", "FCN", {{"DIR", "100"}}), Contains("TNS"));
   EXPECT_FALSE(Do("KSFKC:DIR=100,KEY=6,FCN=LNR,DIG=7;"));
-  EXPECT_THAT(texts(), ElementsAre("DIG is given, and FCN is not TNS. Leave DIG empty, or set FCN to TNS."));
+  EXPECT_THAT(texts(), ElementsAre("DIG: DIG is given, and FCN is not TNS. Leave DIG empty, or set FCN to TNS."));
   Prepare({"delete KSFKC DIR=100,KEY=3;"});
   EXPECT_THAT(Valid("KSFKC", "FCN", {{"DIR", "100"}}), Contains("DND"));
 }
@@ -392,7 +392,7 @@ TEST_F(KeyExtensions, AnExtensionHasThirtyFurtherNumbers) {
   Prepare({"KSEXI:DIR=100&&131,ITYPE=3,EQU=next,CAT=1;", "KSEXI:DIR=199,ITYPE=12,EQU=next,CAT=1;"});
   for (int MDN = 100; MDN < 130; ++MDN) Prepare({"KSMDI:DIR=199,KEY=next,MDN=" + std::to_string(MDN) + ";"});
   EXPECT_FALSE(Do("KSMDI:DIR=199,KEY=next,MDN=130;"));
-  EXPECT_THAT(texts(), ElementsAre("The limit of 30 MDNs is reached for DIR. Remove one before you add another."));
+  EXPECT_THAT(texts(), ElementsAre("DIR: The limit of 30 MDNs is reached for DIR. Remove one before you add another."));
   Prepare({"delete KSMDI DIR=199,MDN=100;", "KSMDI:DIR=199,KEY=next,MDN=130;"});
   EXPECT_THAT(Lines("KSMDI"), SizeIs(32)) << "two of the keys are released first";
 }
@@ -575,7 +575,7 @@ TEST(GEDIIRoad, AnEditMovesTheNumber) {
   EXPECT_EQ(road.Rows(takenNumbers), "104");
   EXPECT_EQ(road.Rows(usedNumbers), "104|EX");
   EXPECT_EQ(road.Do("edit GEDII DIR=104:CUST=1,DIR=200000;"),
-            "The value of DIR is not valid: it is too long, or not of the right kind. Give another value.");
+            "DIR=200000: The value of DIR is not valid: it is too long, or not of the right kind. Give another value.");
   EXPECT_EQ(road.Rows(directoryRecords), "104|EX|-|2|-|-|-|-|-");
 }
 
@@ -645,7 +645,8 @@ TEST_F(SPEXIRoad, TheOptionsNAndDExcludeEachOtherAndNeedANumber) {
   const std::string missing = "NDC=: this parameter has to be given (Number that the options N and D dial)";
   EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=N;"), missing);
   EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=L&D;"), missing);
-  EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=N&D,NDC=101;"), "OPT=N: this value does not go together with the others of OPT");
+  EXPECT_EQ(road.Do("SPEXI:DIR=100,OPT=N&D,NDC=101;"),
+            "OPT=N&D: these values do not go together with the others of OPT");
   EXPECT_EQ(road.Rows(speedOptions), "");
   EXPECT_EQ(road.Do("SPEXI:DIR=100,NDC=101,OPT=N&L;"), "done");
   EXPECT_EQ(road.Rows(speedOptions), "100|EX|N&L|101");
@@ -832,14 +833,14 @@ TEST_F(ITNUIRoad, ATerminalNeedsACategoryOrAllClassStrings) {
 TEST_F(ITNUIRoad, ATerminalBesideATelephoneHasNoAccessTypeOfItsOwn) {
   const std::string refused =
       "ACCTYP cannot be used at this equipment position. Leave ACCTYP empty, or choose another position.";
-  EXPECT_EQ(road.Do("ITNUI:DIR=150,EQU=001-0-11-00,ACCTYP=1,CAT=1;"), refused);
+  EXPECT_EQ(road.Do("ITNUI:DIR=150,EQU=001-0-11-00,ACCTYP=1,CAT=1;"), "ACCTYP=1: " + refused);
   EXPECT_EQ(IsUsed("150", "002-0-12-00"), "False|False");
   EXPECT_EQ(road.Do("ITNUI:DIR=150,EQU=002-0-12-00,ACCTYP=1,CAT=1;"), "done");
-  EXPECT_EQ(road.Do("edit ITNUI DIR=150:CUST=1,EQU=001-0-11-00;"), refused);
+  EXPECT_EQ(road.Do("edit ITNUI DIR=150:CUST=1,EQU=001-0-11-00;"), "ACCTYP=1: " + refused);
   EXPECT_EQ(road.Rows("SELECT EQU, CUST FROM ITNUI"), "002-0-12-00|-");
   EXPECT_EQ(road.Do("edit ITNUI DIR=150:EQU=001-0-11-00,ACCTYP=;"), "done");
   EXPECT_EQ(road.Rows(terminals), "150|001-0-11-00||1");
-  EXPECT_EQ(road.Do("edit ITNUI DIR=150:ACCTYP=2;"), refused);
+  EXPECT_EQ(road.Do("edit ITNUI DIR=150:ACCTYP=2;"), "ACCTYP=2: " + refused);
 }
 
 TEST_F(ITNUIRoad, APositionTakesUpTo32Terminals) {
@@ -913,8 +914,9 @@ TEST_F(ITNUIRoad, ATemplateOccupiesNothingAndTerminalsAreMadeFromIt) {
             "ACCTYP=2: the ACCTYP of a record cannot be changed; add another record");
 
   EXPECT_EQ(road.Do("ITNUI from Fax:DIR=150,EQU=001-0-11-00;"), "done");
-  EXPECT_EQ(road.Do("ITNUI from Data:DIR=151,EQU=001-0-11-00;"),
-            "ACCTYP cannot be used at this equipment position. Leave ACCTYP empty, or choose another position.");
+  EXPECT_EQ(
+      road.Do("ITNUI from Data:DIR=151,EQU=001-0-11-00;"),
+      "ACCTYP=1: ACCTYP cannot be used at this equipment position. Leave ACCTYP empty, or choose another position.");
   EXPECT_EQ(road.Do("ITNUI from Data:DIR=151,EQU=001-0-11-00,ACCTYP=;"), "done");
   EXPECT_EQ(road.Do("ITNUI from Data:DIR=152,EQU=002-0-12-00;"), "done");
   EXPECT_EQ(road.Rows(terminals), "150|001-0-11-00|-|1 151|001-0-11-00|-|1 152|002-0-12-00|1|1");

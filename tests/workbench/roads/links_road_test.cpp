@@ -128,19 +128,19 @@ TEST_P(VoiceMailRoad, ANumberHasItsPortAndAGroupNeedsNone) {
   EXPECT_EQ(road.Values("VMPOI", "GRP"), "");
   EXPECT_EQ(Ports(), "400|-|1000|2 -|310|-|2 -|311|-|2");
   EXPECT_EQ(Do("VMPOI:DIR=401,LINK=2;"), "DIR=: give DIR and PORT, or GRP");
-  EXPECT_EQ(Do("VMPOI:DIR=401,PORT=1000,LINK=2;"), "PORT is already taken. Give another value.");
+  EXPECT_EQ(Do("VMPOI:DIR=401,PORT=1000,LINK=2;"), "PORT=1000: PORT is already taken. Give another value.");
   EXPECT_EQ(Do("delete VMPOI DIR=400;"), "done");
   EXPECT_EQ(Do("VMPOI:DIR=401,PORT=1000,LINK=2;"), "done");
 }
 
 TEST_P(VoiceMailRoad, APortIsAsLongAsTheFormatOfItsLink) {
   const std::string refused = "PORT does not have the number of digits that POFMT tells. Change PORT or POFMT.";
-  EXPECT_EQ(Do("VMPOI:DIR=400,PORT=100,LINK=2;"), refused);
+  EXPECT_EQ(Do("VMPOI:DIR=400,PORT=100,LINK=2;"), "PORT=100: " + refused);
   EXPECT_EQ(Ports(), "");
   ASSERT_EQ(Do("VMPOI:DIR=400,PORT=1000,LINK=2;"), "done");
-  EXPECT_EQ(Do("edit VMPOI DIR=400:PORT=100;"), refused);
+  EXPECT_EQ(Do("edit VMPOI DIR=400:PORT=100;"), "PORT=100: " + refused);
   EXPECT_EQ(Do("edit VMPOI DIR=400:PORT=1001;"), "done");
-  EXPECT_EQ(Do("edit VMFUI LINK=2:POFMT=3;"), refused);
+  EXPECT_EQ(Do("edit VMFUI LINK=2:POFMT=3;"), "POFMT=3: " + refused);
   EXPECT_EQ(Systems(), "2|1|4");
   ASSERT_EQ(Do("delete VMPOI DIR=400;"), "done");
   EXPECT_EQ(Do("edit VMFUI LINK=2:POFMT=3;"), "done");
@@ -166,7 +166,7 @@ TEST(VMPOIRoad, R8TakesAnyLinkAndRefusesOneWithoutVoiceMail) {
   road.Rows("INSERT INTO EXTEIDIR (CmdId, DIR) VALUES (1, '400')");
   EXPECT_EQ(road.Values("VMPOI", "IFCIND"), "no list");
   EXPECT_EQ(road.Do("VMPOI:DIR=400,PORT=1000,IFCIND=9;"),
-            "The database refused a statement. Check the values for quote characters, then try again.");
+            "The database refused what the rules asked of it. Check the values; --debug tells what was asked.");
   Road before;
   before.Rows("INSERT INTO EXTEIDIR (CmdId, DIR) VALUES (1, '400')");
   EXPECT_EQ(before.Values("VMPOI", "IFCIND"), "");
@@ -182,13 +182,13 @@ TEST(ICMWCRoad, DigitsGoWithMWC) {
   EXPECT_EQ(road.Do("ICMWC:SID=99,KFCN=MWC;"),
             "DIG=: this parameter has to be given (Digits that the function MWC dials)");
   EXPECT_EQ(road.Do("ICMWC:SID=99,KFCN=MWR,DIG=1;"),
-            "DIG is given, and KFCN is not MWC. Leave DIG empty, or set KFCN to MWC.");
+            "DIG=1: DIG is given, and KFCN is not MWC. Leave DIG empty, or set KFCN to MWC.");
   EXPECT_EQ(road.Do("ICMWC:SID=99,KFCN=MWR;"), "done");
   EXPECT_EQ(road.Rows(functions), "0|MWC|310 99|MWR|-");
   EXPECT_EQ(road.Do("edit ICMWC SID=99:KFCN=MWD,SID=1;"), "done");
   EXPECT_EQ(road.Rows(functions), "0|MWC|310 1|MWD|-");
   EXPECT_EQ(road.Do("edit ICMWC SID=0:KFCN=MWR;"),
-            "DIG is given, and KFCN is not MWC. Leave DIG empty, or set KFCN to MWC.");
+            "DIG=310: DIG is given, and KFCN is not MWC. Leave DIG empty, or set KFCN to MWC.");
   EXPECT_EQ(road.Do("edit ICMWC SID=0:KFCN=MWR,DIG=;"), "done");
   EXPECT_EQ(road.Rows(functions), "0|MWR|- 1|MWD|-");
   EXPECT_EQ(road.Do("delete ICMWC SID=0;"), "done");

@@ -106,11 +106,11 @@ TEST_F(ACGMIRoad, TheSystemTakes4000Members) {
   Fill("ACGMI", "301", 3999);
   EXPECT_EQ(Do("ACGMI:GRP=300,DIR=111&112;"),
             "The system has 3999 members, and 2 more would exceed its limit of 4000. Add fewer members.\n"
-            "The members were not added: the system does not take them.");
+            "The members were not added: the system has no room for them. Add fewer, or remove some first.");
   EXPECT_EQ(Do("ACGMI:GRP=300,DIR=111;"), "done");
   EXPECT_EQ(Do("ACGMI:GRP=300,DIR=112;"),
             "The limit of 4000 members for the system is reached. Remove a member before you add another.\n"
-            "The members were not added: the system does not take them.");
+            "The members were not added: the system has no room for them. Add fewer, or remove some first.");
 }
 
 // --- GHGMI.
@@ -173,11 +173,11 @@ TEST_F(CBGMIRoad, AGroupTakes30MembersAndALineOfThem) {
   EXPECT_EQ(Do("CBGMI:GRP=304,DIR=150&&180;"),
             "Group 304 has 0 members, and 31 more would exceed its limit of 30. Add fewer members, or the last ones "
             "one by one.\n"
-            "The members were not added: the group does not take them.");
+            "The members were not added: the group has no room for them. Add fewer, or remove some first.");
   EXPECT_EQ(Do("CBGMI:GRP=304,DIR=150&&179;"), "done");
   EXPECT_EQ(Do("CBGMI:GRP=304,DIR=180;"),
             "Group 304 has its limit of 30 members. Remove a member before you add another.\n"
-            "The members were not added: the group does not take them.");
+            "The members were not added: the group has no room for them. Add fewer, or remove some first.");
   EXPECT_EQ(Count("CBGMI"), "30");
 }
 
@@ -186,7 +186,7 @@ TEST_F(CBGMIRoad, TheSystemTakes1500Members) {
   Fill("CBGMI", "305", 1500);
   EXPECT_EQ(Do("CBGMI:GRP=304,DIR=100;"),
             "The limit of 1500 members for the system is reached. Remove a member before you add another.\n"
-            "The members were not added: the system does not take them.");
+            "The members were not added: the system has no room for them. Add fewer, or remove some first.");
 }
 
 TEST(CBGMIOfR6, OffersTheExtensionsOfAdditionalNumbersAndNoDirectoryRecords) {

@@ -104,7 +104,7 @@ TEST_F(OPERIRoad, ANumberOfSixDigitsIsNotTakenInAnEdit) {
   ASSERT_EQ(road.Do("NANSI:NUMTYP=OI,NUMSE=123456;"), "done");
   ASSERT_EQ(road.Do("OPERI:DIR=900,TYPE=1,EQU=next;"), "done");
   EXPECT_EQ(road.Do("edit OPERI DIR=900:MODE=1,DIR=123456;"),
-            "The value of DIR is not valid: it is too long, or not of the right kind. Give another value.");
+            "DIR=123456: The value of DIR is not valid: it is too long, or not of the right kind. Give another value.");
   EXPECT_EQ(road.Rows("SELECT DIR, MODE FROM OPERI"), "900|-");
   EXPECT_EQ(road.Rows(numbersInUse), "900");
 }

@@ -71,8 +71,8 @@ TEST(SYDASRoad, ASecondAddAlwaysFailsAndPointsToTheEdit) {
   Road road;
   ASSERT_EQ(road.Do("SYDAS:NTC=1,PGJOB=3,CNFREL=1;"), "done");
   EXPECT_EQ(road.Do("SYDAS:NTC=2;"),
-            "the action failed (a value that it needs was not found, or there are too many; SubscriptOutOfRange: no "
-            "column 5 in the row set)\n"
+            "the rules of SYDAS found fewer or more values than they need; check the values and the records that they "
+            "refer to\n"
             "there is one record of SYDAS, and it stands already; change it with: edit SYDAS:NAME=value;");
   EXPECT_EQ(road.Rows(systemData), "1|3|-|-|-|1");
   EXPECT_EQ(road.Do("edit SYDAS:NTC=2,PGJOB=,CNFREL=0;"), "done");
@@ -190,12 +190,15 @@ TEST(ASPACRoad, OnlyParametersInUseThatHaveNoRecordAreOffered) {
 
 TEST(ASPACRoad, AValueOnABoundPassesAndOneBeyondIsRefused) {
   Road road;
-  EXPECT_EQ(road.Do("ASPAC:PARNUM=12,PARVAL=4;"), "PARVAL is outside its limits. Give a value from 5 to 120.");
-  EXPECT_EQ(road.Do("ASPAC:PARNUM=12,PARVAL=121;"), "PARVAL is outside its limits. Give a value from 5 to 120.");
+  EXPECT_EQ(road.Do("ASPAC:PARNUM=12,PARVAL=4;"),
+            "PARVAL=4: PARVAL is outside its limits. Give a value from 5 to 120.");
+  EXPECT_EQ(road.Do("ASPAC:PARNUM=12,PARVAL=121;"),
+            "PARVAL=121: PARVAL is outside its limits. Give a value from 5 to 120.");
   EXPECT_EQ(road.Do("ASPAC:PARNUM=12,PARVAL=5;"), "done");
   EXPECT_EQ(road.Do("ASPAC:PARNUM=28,PARVAL=-10;"), "done");
   EXPECT_EQ(road.Do("edit ASPAC PARNUM=12:PARVAL=120;"), "done");
-  EXPECT_EQ(road.Do("edit ASPAC PARNUM=12:PARVAL=121;"), "PARVAL is outside its limits. Give a value from 5 to 120.");
+  EXPECT_EQ(road.Do("edit ASPAC PARNUM=12:PARVAL=121;"),
+            "PARVAL=121: PARVAL is outside its limits. Give a value from 5 to 120.");
   EXPECT_EQ(road.Rows(exchangeParameters), "12|120 28|-10");
 }
 

@@ -27,6 +27,12 @@ inline ParameterDefinition Parameter(const std::string& name) {
   return parameter;
 }
 
+inline ParameterDefinition FreeText(const std::string& name) {
+  ParameterDefinition parameter = Parameter(name);
+  parameter.characters = Characters::Any;
+  return parameter;
+}
+
 inline ParameterDefinition Mandatory(ParameterDefinition parameter) {
   parameter.mandatory = true;
   return parameter;

@@ -1,0 +1,20 @@
+// Why a value is refused, as far as the exchange can tell: there is no such thing, or a record has it. Costs some
+// look-ups, and is asked when a value has been refused.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workbench/actions/Filling.h"
+
+namespace cordboard::workbench {
+
+// "300 is used by the key extension DIR=300 (KSEXI); no series holds 999". Nothing where nothing can be told.
+std::string WhyRefused(Filling& filling, const std::string& parameter, const std::vector<std::string>& values);
+// What the library has reported, as problems of a parameter where the message names one, with the reason where it is
+// about values that are used or not there.
+std::vector<Problem> Explained(Filling& filling, std::vector<ReportedMessage> messages);
+// Which records name the one that could not be deleted; nothing where none does.
+std::string WhoNames(Exchange& exchange, const FormDefinition& definition, const Form& form);
+
+}  // namespace cordboard::workbench
