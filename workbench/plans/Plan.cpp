@@ -4,6 +4,7 @@
 
 #include "workbench/plans/ExchangeLine.h"
 #include "workbench/plans/PlanLine.h"
+#include "workbench/system/Signals.h"
 
 namespace cordboard::workbench {
 
@@ -30,6 +31,7 @@ class Lines {
  public:
   explicit Lines(std::istream& in) : in_(in), hasNext_(ReadLine(in, behind_)) { DropByteOrderMark(behind_); }
 
+  bool HasNext() const { return hasNext_; }
   bool Next() {
     if (!hasNext_) return false;
     std::swap(line_, behind_);
@@ -88,10 +90,14 @@ std::optional<LineReport> ApplyNext(Session& session, Lines& at) {
 
 PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const PlanOptions& options) {
   PlanResult result;
-  Transaction whole(session.exchange());
+  // The exchange is held from the first line on, so that nobody is kept out by a plan that is still to come.
+  std::optional<Transaction> whole;
   std::size_t seen = 0;
   for (const PlanFile& file : files) {
-    for (Lines at(file.in); at.Next();) {
+    Lines at(file.in);
+    if (at.HasNext() && !whole) whole.emplace(session.exchange());
+    while (at.Next()) {
+      EndOnSignal();
       const std::size_t first = at.number();
       auto report = ApplyNext(session, at);
       const std::size_t lines = at.number() - first + 1;
@@ -103,14 +109,11 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
       report->line = at.number();
       result.reports.push_back(std::move(*report));
     }
+    EndOnSignal();
     if (file.in.bad()) throw PlanError(file.name + " cannot be read to its end; nothing was kept");
   }
   result.kept = !options.dryRun && result.done > 0 && (result.refused == 0 || options.keepGoing);
-  if (result.kept) {
-    whole.Commit();
-  } else {
-    whole.RollBack();
-  }
+  if (whole) result.kept ? whole->Commit() : whole->RollBack();
   return result;
 }
 
