@@ -182,7 +182,7 @@ void InARow(Session& session, const Growth::Work& work) {
 
 // The shortest of several times: the machine can only add to it.
 double Shortest(const std::string& file, const Growth::Work& work) {
-  const std::unique_ptr<Exchange> exchange = Exchange::Open(file);
+  const std::unique_ptr<Exchange> exchange = Exchange::OpenForWriting(file);
   Session session(*exchange);
   std::vector<double> times;
   for (int i = 0; i < repetitions; ++i) {
@@ -222,7 +222,7 @@ void Print(const std::string& what, const char* unit, const std::vector<int>& co
 }  // namespace
 
 void DoOnce(const std::string& file, std::size_t recipe, const std::string& what) {
-  const std::unique_ptr<Exchange> exchange = Exchange::Open(file);
+  const std::unique_ptr<Exchange> exchange = Exchange::OpenForWriting(file);
   Session session(*exchange);
   const json& wanted = Recipes().at(recipe);
   const int records = std::stoi(std::filesystem::path(file).stem());

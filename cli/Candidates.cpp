@@ -72,7 +72,7 @@ Candidates FormValues(const std::string& file, const FormDefinition& form, const
   }
   const std::string parameter = word.substr(0, equals);
   if (form.Find(parameter) == nullptr) return {};
-  const auto exchange = OpenExchange(file);
+  const auto exchange = OpenToRead(file);
   workbench::Session session(*exchange);
   workbench::Filling filling = FillForm(session, form, AssignmentsOf(given));
   const workbench::ValueList* list = filling.IsRefused() ? nullptr : filling.ListOf(parameter);
@@ -98,7 +98,7 @@ Candidates StoredValues(const std::string& file, const FormDefinition& form, con
   const auto tables = TablesWith(form, selection);
   if (form.IsSecret(column) || !std::holds_alternative<std::vector<const FormDefinition*>>(tables)) return {};
   selection.pop_back();
-  const auto exchange = OpenExchange(file);
+  const auto exchange = OpenToRead(file);
   Candidates candidates;
   for (const FormDefinition* table : std::get<0>(tables)) {
     const RowSet stored = SelectRecords(*exchange, *table, "DISTINCT [" + column + "]", selection, "");

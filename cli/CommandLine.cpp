@@ -20,7 +20,9 @@ namespace cordboard::cli {
 namespace {
 
 const char* const exitCodes =
-    "Exit codes: 0 done, 1 a fault of the program, 2 usage, 3 refused, 4 not found, 5 file or database trouble.";
+    "Exit codes: 0 done, 1 a fault of the program, 2 usage, 3 refused, 4 not found, 5 file or database trouble.\n"
+    "An apply that a signal ends has kept nothing: 129 where its terminal is gone, 130 after Ctrl-C, 143 after "
+    "SIGTERM.";
 
 ArgumentDefinition Define(const CLI::Option& option) {
   ArgumentDefinition argument{.names = {},
@@ -78,6 +80,7 @@ class CommandLine {
     AddShow();
     AddGenerate();
     AddExplain();
+    AddCheck();
     AddServe();
     AddCommands();
     AddHelp();
@@ -187,6 +190,8 @@ class CommandLine {
     sub->add_flag("--verbose", options.verbose, "print what becomes of each record, and what next takes");
     sub->add_flag("--strict", options.strict, "refuse a line instead of warning of it");
     AddDebug(sub);
+    sub->add_option("--wait", options.wait, "the seconds for which a file is waited for that another process holds")
+        ->capture_default_str();
     sub->add_flag("--json", options.json, "report as JSON on standard output");
     sub->footer(
         "A line adds (NANSI:NUMTYP=EX,NUMSE=100&&199;), changes (edit KSEXI DIR=100:CUST=3;) or removes\n"
@@ -235,6 +240,12 @@ class CommandLine {
     AddSecrets(sub, options.secrets);
     AddDebug(sub);
     sub->add_flag("--json", options.json, "print as JSON");
+  }
+
+  void AddCheck() {
+    auto [sub, options] = Add("check", "Look whether an exchange file is whole", Check);
+    sub->add_option("FILE", options.file, "the exchange file")->required();
+    sub->add_flag("--json", options.json, "report as JSON on standard output");
   }
 
   void AddServe() {

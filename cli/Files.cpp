@@ -8,15 +8,22 @@
 
 namespace cordboard::cli {
 
-std::unique_ptr<workbench::Exchange> OpenExchange(const std::string& file) {
+namespace {
+
+void CheckThere(const std::string& file) {
   if (!std::filesystem::exists(file)) throw Exit{NotFound, "there is no file " + file};
-  return workbench::Exchange::Open(file);
 }
 
-std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file) {
-  auto exchange = OpenExchange(file);
-  if (exchange->IsReadOnly()) throw Exit{Trouble, file + " may not be written"};
-  return exchange;
+}  // namespace
+
+std::unique_ptr<workbench::Exchange> OpenToRead(const std::string& file) {
+  CheckThere(file);
+  return workbench::Exchange::OpenForReading(file);
+}
+
+std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file, unsigned wait) {
+  CheckThere(file);
+  return workbench::Exchange::OpenForWriting(file, std::chrono::seconds(wait));
 }
 
 bool WarnOfReaders(workbench::Exchange& exchange, const std::string& file) {

@@ -5,18 +5,17 @@
 #include <string>
 #include <vector>
 
+#include "cli/Subcommands.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
 #include "workbench/forms/FormDefinition.h"
 
 namespace cordboard::cli {
 
-// Opens an exchange; a missing file ends the subcommand with NotFound.
-std::unique_ptr<workbench::Exchange> OpenExchange(const std::string& file);
-
-// The same for a subcommand that performs actions, be it for a trial: a file that may not be written ends it with
-// Trouble.
-std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file);
+// Opens an exchange, as a copy that may be changed, or to write it; a missing file ends the subcommand with NotFound.
+// One that another process holds is waited for so many seconds.
+std::unique_ptr<workbench::Exchange> OpenToRead(const std::string& file);
+std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file, unsigned wait = usualWait);
 
 // Warns where others can read a file that holds the secrets of the exchange: its own, or one with its lines. Gives
 // whether it did.

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <iostream>
 #include <nlohmann/json.hpp>
@@ -150,6 +151,12 @@ void PrintJson(nlohmann::json document) {
 void PrintProblemsLeft() {
   if (!TheDocument().gathers || TheDocument().printed) return;
   TheDocument().listing ? EndList() : PrintJson(nlohmann::json::object());
+}
+
+int FlushOutput() {
+  static int first = 0;
+  if (!std::cout.flush() && first == 0) first = errno;
+  return first;
 }
 
 JsonList::JsonList(const std::string& name) {

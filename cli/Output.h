@@ -52,6 +52,9 @@ class JsonList {
   void End();
 };
 
+// Writes what was printed so far. Gives 0, or the error with which that failed the first time.
+int FlushOutput();
+
 nlohmann::json ToJson(const Value& value);
 
 // A text of data as it is printed: on a terminal with its control characters escaped.

@@ -11,11 +11,12 @@ struct Definition;
 
 enum ExitCode {
   Done = 0,
-  Internal = 1,  // a fault of the program
-  Usage = 2,     // the command line is wrong
-  Refused = 3,   // the exchange refuses: a line of a plan, an action, a generation
-  NotFound = 4,  // a file, a command or a parameter that there is not
-  Trouble = 5,   // a file or a database that cannot be read or written
+  Internal = 1,       // a fault of the program
+  Usage = 2,          // the command line is wrong
+  Refused = 3,        // the exchange refuses: a line of a plan, an action, a generation
+  NotFound = 4,       // a file, a command or a parameter that there is not
+  Trouble = 5,        // a file or a database that cannot be read or written
+  AfterSignal = 128,  // and the number of the signal that ended the subcommand: 130 after Ctrl-C
 };
 
 // Ends a subcommand with an exit code and one line on standard error.
@@ -47,6 +48,9 @@ struct PlantOptions {
 };
 int Plant(const PlantOptions& options);
 
+// The seconds for which a file is waited for that another process holds.
+inline constexpr unsigned usualWait = 5;
+
 struct ApplyOptions {
   std::string file;
   std::vector<std::string> plans;
@@ -54,6 +58,7 @@ struct ApplyOptions {
   bool keepGoing = false;
   bool verbose = false;  // tells each record
   bool strict = false;
+  unsigned wait = usualWait;
   bool json = false;
 };
 int Apply(const ApplyOptions& options);
@@ -94,6 +99,12 @@ struct ExplainOptions {
   bool json = false;
 };
 int Explain(const ExplainOptions& options);
+
+struct CheckOptions {
+  std::string file;
+  bool json = false;
+};
+int Check(const CheckOptions& options);
 
 struct CommandsOptions {
   bool json = false;

@@ -1,17 +1,19 @@
 // cordboard apply: performs the actions of plan files, all or nothing.
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <fstream>
 #include <iostream>
 #include <list>
 #include <nlohmann/json.hpp>
 #include <optional>
 
+#include "cli/AllOrNothing.h"
 #include "cli/Files.h"
 #include "cli/Output.h"
 #include "cli/PlanReport.h"
+#include "cli/PlanStream.h"
 #include "cli/Progress.h"
 #include "cli/Subcommands.h"
 #include "workbench/plans/Plan.h"
@@ -54,39 +56,43 @@ std::string Summary(const PlanResult& result, bool dryRun) {
   return counts + (dryRun ? "; nothing was kept, since this is a dry run" : "; nothing was kept");
 }
 
+int OpenPlan(const std::string& plan) {
+  if (plan == "-") return STDIN_FILENO;
+  if (!std::filesystem::exists(plan)) throw Exit{NotFound, "there is no plan file " + plan};
+  const int file = std::filesystem::is_directory(plan) ? -1 : open(plan.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) throw Exit{Trouble, "the plan file " + plan + " cannot be read"};
+  return file;
+}
+
 }  // namespace
 
 int Apply(const ApplyOptions& options) {
-  const auto exchange = OpenToWrite(options.file);
-  std::list<std::ifstream> open;
+  // A dry run is performed on a copy: it needs no right to write, and keeps nobody out.
+  const auto exchange = options.dryRun ? OpenToRead(options.file) : OpenToWrite(options.file, options.wait);
+  std::list<PlanStream> open;
   std::vector<workbench::PlanFile> files;
-  for (const std::string& plan : options.plans) {
-    if (plan == "-") {
-      files.push_back({"standard input", std::cin});
-      continue;
-    }
-    if (!std::filesystem::exists(plan)) throw Exit{NotFound, "there is no plan file " + plan};
-    std::ifstream& in = open.emplace_back(plan, std::ios::binary);
-    if (!in || std::filesystem::is_directory(plan)) throw Exit{Trouble, "the plan file " + plan + " cannot be read"};
-    files.push_back({plan, in});
-  }
+  for (const std::string& plan : options.plans)
+    files.push_back({plan == "-" ? "standard input" : plan, open.emplace_back(OpenPlan(plan))});
 
   const bool warned = WarnOfReaders(*exchange, options.file);
   workbench::Session session(*exchange);
   nlohmann::json document;
   if (options.verbose) document = {{"changes", nlohmann::json::array()}, {"taken", nlohmann::json::array()}};
-  const PlanResult result = ApplyAndTell(session, files, options, document);
+  const PlanResult result = AllOrNothing([&] { return ApplyAndTell(session, files, options, document); });
   if (!warned) WarnOfReaders(*exchange, options.file);
   if (options.json) {
     TellProblems(result);
     document.update({{"done", result.done}, {"refused", result.refused}, {"kept", result.kept}});
     document["commands"] = CommandsOf(result);
     PrintJson(std::move(document));
+    if (FlushOutput() == 0) return result.refused == 0 ? Done : Refused;
+    // What was kept is told all the same.
+    TellOnStandardError();
   } else {
     TellByCause(result);
-    Note("plan", Summary(result, options.dryRun));
-    if (result.kept || options.dryRun) TellCommands(result);
   }
+  Note("plan", Summary(result, options.dryRun));
+  if (result.kept || options.dryRun) TellCommands(result);
   return result.refused == 0 ? Done : Refused;
 }
 

@@ -42,7 +42,7 @@ workbench::UserAction Parsed(const std::string& line) {
 
 int Explain(const ExplainOptions& options) {
   const workbench::UserAction action = Parsed(options.line);
-  const auto exchange = OpenToWrite(options.file);
+  const auto exchange = OpenToRead(options.file);
   const workbench::FormDefinition& form = FormOf(action.command);
   WarnOfReaders(*exchange, options.file);
   std::shared_ptr<TracingHost> trace;
@@ -50,9 +50,7 @@ int Explain(const ExplainOptions& options) {
     return trace = options.secrets ? std::make_shared<TracingHost>(std::move(host))
                                    : std::make_shared<workbench::HidingTrace>(std::move(host), form);
   });
-  workbench::Transaction transaction(*exchange);
   const workbench::Outcome outcome = Perform(session, action);
-  transaction.RollBack();
 
   for (const auto& problem : outcome.problems) Error({.command = action.command}, problem);
   for (const auto& problem : outcome.warnings) Warning({.command = action.command}, problem);

@@ -1,11 +1,6 @@
 // cordboard generate: the exchange's command lines.
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
@@ -13,6 +8,8 @@
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "workbench/actions/Generation.h"
+#include "workbench/system/SystemMessage.h"
+#include "workbench/system/WholeFile.h"
 #include "workbench/text/Counted.h"
 #include "workbench/text/Separated.h"
 
@@ -38,24 +35,22 @@ void NoteThoseWithout(const workbench::Generated& generated) {
                    " give no lines, by the rules of the exchange: " + workbench::Separated(generated.without, ", "));
 }
 
-void Write(const workbench::Generated& generated, std::ostream& out) {
-  for (const workbench::GeneratedLine& line : generated.lines) out << line.text << '\n';
+std::string Lines(const workbench::Generated& generated) {
+  std::string lines;
+  for (const workbench::GeneratedLine& line : generated.lines) lines += line.text + '\n';
+  return lines;
 }
 
-// A file of lines is for its owner alone, also one that there was before. A device keeps its rights.
-void MakePrivate(const std::string& file) {
-  const int made = open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-  if (made < 0) return;
-  close(made);
-  std::error_code ignored;
-  if (std::filesystem::is_regular_file(file, ignored))
-    std::filesystem::permissions(file, std::filesystem::perms(S_IRUSR | S_IWUSR), ignored);
+void WriteTo(const std::string& file, const std::string& lines) try {
+  workbench::WriteWholeFile(file, lines, workbench::Existing::Replaced);
+} catch (const std::filesystem::filesystem_error& error) {
+  throw Exit{Trouble, "the lines cannot be written to " + file + ": " + workbench::SystemMessage(error.code().value())};
 }
 
 }  // namespace
 
 int Generate(const GenerateOptions& options) {
-  const auto exchange = OpenExchange(options.file);
+  const auto exchange = OpenToRead(options.file);
   std::error_code ignored;
   if (std::filesystem::equivalent(options.file, options.output, ignored))
     throw Exit{Usage, "the lines cannot be written over the exchange itself"};
@@ -71,11 +66,7 @@ int Generate(const GenerateOptions& options) {
   } else if (options.output.empty()) {
     for (const auto& line : generated.lines) std::cout << Printed(line.text) << '\n';
   } else {
-    MakePrivate(options.output);
-    std::ofstream out(options.output, std::ios::binary);
-    Write(generated, out);
-    out.close();
-    if (!out) throw Exit{Trouble, "the lines cannot be written to " + options.output};
+    WriteTo(options.output, Lines(generated));
     WarnOfReaders(*exchange, options.output);
     Note("lines", std::to_string(generated.lines.size()) + " written to " + options.output);
   }

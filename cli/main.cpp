@@ -1,6 +1,7 @@
 // cordboard: prepare a telephone exchange offline, and get its command lines.
 
 #include <algorithm>
+#include <csignal>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -14,6 +15,7 @@
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
 #include "workbench/plans/Plan.h"
+#include "workbench/system/SystemMessage.h"
 
 namespace {
 
@@ -32,10 +34,12 @@ int RunAndReport(int argc, char** argv) {
     Report(error);
   } catch (const workbench::PlanError& error) {
     Error(error.what());
+  } catch (const workbench::StorageError& error) {
+    Error(error.what());
   } catch (const workbench::DatabaseError& error) {
     Error(std::string("the database refuses: ") + error.what());
   } catch (const std::filesystem::filesystem_error& error) {
-    Error(error.path1().string() + ": " + error.code().message());
+    Error(error.path1().string() + ": " + workbench::SystemMessage(error.code().value()));
   } catch (const std::exception& error) {
     Error(std::string("this is a fault of the program: ") + error.what());
     return Internal;
@@ -47,12 +51,15 @@ int RunAndReport(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
+  // A file that may not grow any further is a full disk, and told as one.
+  std::signal(SIGXFSZ, SIG_IGN);
   // Also what the command line itself has wrong belongs to the document.
   if (std::find(argv, argv + argc, std::string_view("--json")) != argv + argc) GatherMessages();
   const int exitCode = RunAndReport(argc, argv);
   if (exitCode != Done) PrintProblemsLeft();
-  if (std::cout.flush()) return exitCode;
+  const int error = FlushOutput();
+  if (error == 0) return exitCode;
   TellOnStandardError();
-  Error("standard output could not be written");
+  Error("standard output could not be written: " + workbench::SystemMessage(error));
   return Trouble;
 }

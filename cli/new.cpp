@@ -13,14 +13,16 @@
 namespace cordboard::cli {
 
 int New(const NewOptions& options) {
-  if (std::filesystem::exists(options.file))
-    throw Exit{Refused, options.file + " exists already; choose another name or remove it"};
   const std::vector<std::string> builtIn = workbench::PlantNames();
   if (std::ranges::find(builtIn, options.plant) == builtIn.end() && !std::filesystem::exists(options.plant))
     throw Exit{NotFound, "there is no plant file '" + options.plant + "', and no built-in plant of that name." +
                              workbench::DidYouMean(options.plant, builtIn)};
   const workbench::Plant plant = workbench::ReadPlant(options.plant);
-  workbench::Exchange::Create(options.file, options.release, plant);
+  try {
+    workbench::Exchange::Create(options.file, options.release, plant);
+  } catch (const workbench::ExistsAlready& error) {
+    throw Exit{Refused, error.what()};
+  }
   const std::size_t positions = plant.Positions();
   if (options.json) {
     PrintJson({{"file", options.file},

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <regex>
 
+#include "cli/AllOrNothing.h"
 #include "cli/Files.h"
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
@@ -68,7 +69,7 @@ void PrintTables(workbench::Exchange& exchange, const workbench::Plant& plant) {
 }
 
 int ShowPlant(const PlantOptions& options) {
-  const auto exchange = OpenExchange(options.file);
+  const auto exchange = OpenToRead(options.file);
   const workbench::Plant plant = workbench::PlantOf(*exchange);
   if (options.json) {
     PrintJson(JsonOf(plant));
@@ -115,7 +116,7 @@ int AddPieces(const PlantOptions& options) {
 
   const auto exchange = OpenToWrite(options.file);
   try {
-    const workbench::Plant added = workbench::AddToPlant(*exchange, pieces);
+    const workbench::Plant added = AllOrNothing([&] { return workbench::AddToPlant(*exchange, pieces); });
     if (options.json) {
       PrintJson({{"added", JsonOf(added)}});
     } else {

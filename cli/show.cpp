@@ -61,7 +61,6 @@ class Records {
         table.Print(cells);
       }
     }
-    WarnOfChanges();
   }
 
   void AddTo(JsonList& list) {
@@ -72,7 +71,6 @@ class Records {
         list.Add(record);
       }
     }
-    WarnOfChanges();
   }
 
  private:
@@ -89,10 +87,6 @@ class Records {
       if (columns_[i].type == workbench::Column::Type::Truth) widths[i] = std::string("False").size();
     }
     return widths;
-  }
-
-  void WarnOfChanges() {
-    if (pages_.IsChangedMeanwhile()) Warning("the exchange was changed while it was shown: show it again");
   }
 
   workbench::RecordPages pages_;
@@ -126,7 +120,7 @@ void ShowRecords(workbench::Exchange& exchange, const ShowOptions& options) {
 }  // namespace
 
 int Show(const ShowOptions& options) {
-  const auto exchange = OpenExchange(options.file);
+  const auto exchange = OpenToRead(options.file);
   options.command.empty() ? ShowCommands(*exchange, options.json) : ShowRecords(*exchange, options);
   return Done;
 }

@@ -53,7 +53,7 @@ void Print(const std::vector<workbench::ValidValue>& values, bool json) {
 }  // namespace
 
 int Values(const ValuesOptions& options) {
-  const auto exchange = OpenExchange(options.file);
+  const auto exchange = OpenToRead(options.file);
   const workbench::FormDefinition& form = FormOf(options.command);
   CheckParameter(form, options.parameter, exchange->release());
   const std::vector<workbench::Assignment> given = AssignmentsOf(options.given);

@@ -14,12 +14,13 @@ import stat
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 PROGRAM = ""
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 SCRIPTS = SOURCE / "cli" / "completion"
-SUBCOMMANDS = ["new", "plants", "plant", "apply", "values", "show", "generate", "explain", "commands", "help"]
+SUBCOMMANDS = ["new", "plants", "plant", "apply", "values", "show", "generate", "explain", "check", "commands", "help"]
 DONE, USAGE, REFUSED, NOT_FOUND, TROUBLE = 0, 2, 3, 4, 5
 NOBODY = 65534
 
@@ -47,6 +48,20 @@ def cordboard(*arguments, given=b"", **options):
     ran.stdout = (ran.stdout or b"").decode()
     ran.stderr = (ran.stderr or b"").decode()
     return ran
+
+
+def until(happened):
+    """Waits for something that another process does."""
+    last = time.monotonic() + 60
+    while not happened():
+        assert time.monotonic() < last, "it does not happen"
+        time.sleep(0.005)
+
+
+def ended(process):
+    """Whatever it does, it is gone, and with it what it was connected by."""
+    process.kill()
+    process.communicate()
 
 
 class ProgramTest(unittest.TestCase):
@@ -101,6 +116,16 @@ class ProgramTest(unittest.TestCase):
         self.assertIn(message, report)
         self.assertTrue(summary.startswith("plan: "), summary)
         self.assertEqual(self.exchange.read_bytes(), before)
+
+    def applying(self, exchange):
+        """An apply that holds the exchange and has performed a line, and waits for the end of standard input."""
+        apply = subprocess.Popen([PROGRAM, "apply", exchange, "-"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                 stderr=subprocess.PIPE, text=True)
+        self.addCleanup(ended, apply)
+        apply.stdin.write("NANSI:NUMTYP=OI,NUMSE=900;\n# A line is performed when the one behind it is known.\n")
+        apply.stdin.flush()
+        until(pathlib.Path(f"{exchange}-journal").exists)
+        return apply
 
     def generated(self):
         return self.ends(DONE, "generate", self.exchange).stdout
@@ -262,16 +287,15 @@ class New(ProgramTest):
         made = self.folder / "new.cbx"
         self.ends(DONE, "new", made, "--release", "R7", umask=0)
         self.assertEqual(stat.S_IMODE(made.stat().st_mode), 0o600)
-        reader = sqlite3.connect(made)
-        self.addCleanup(reader.close)
-        reader.execute("BEGIN").execute("SELECT COUNT(*) FROM NANSI").fetchall()
-        self.ends(DONE, "apply", made, "-", given=PLAN.encode(), umask=0)
+        writer = self.applying(made)
         rights = {path.name: stat.S_IMODE(path.stat().st_mode) for path in self.folder.glob("new.cbx*")}
-        self.assertEqual(rights, {"new.cbx": 0o600, "new.cbx-wal": 0o600, "new.cbx-shm": 0o600})
+        self.assertEqual(rights, {"new.cbx": 0o600, "new.cbx-journal": 0o600})
+        writer.communicate(timeout=60)
+        self.assertEqual(stat.S_IMODE(made.stat().st_mode), 0o600)
 
     def test_does_not_make_what_a_link_leads_to(self):
         (self.folder / "new.cbx").symlink_to(self.folder / "elsewhere.cbx")
-        self.fails(TROUBLE, "cannot be made", "new", self.folder / "new.cbx", "--release", "R7")
+        self.fails(REFUSED, "exists already", "new", self.folder / "new.cbx", "--release", "R7")
         self.assertFalse((self.folder / "elsewhere.cbx").exists())
 
     def test_leaves_an_existing_file_alone(self):
@@ -311,7 +335,7 @@ class New(ProgramTest):
         new = self.folder / "new.cbx"
         ran = self.ends(TROUBLE, "new", new, "--release", "R7", preexec_fn=no_file_beyond(100_000),
                         restore_signals=False)
-        self.assertIn("cannot be made", ran.stderr)
+        self.assertIn("new.cbx cannot be made: the disk is full", ran.stderr)
         self.assertEqual([path.name for path in self.folder.iterdir()], ["office.cbx"])
 
 
@@ -538,41 +562,9 @@ class Apply(ProgramTest):
         ran = cordboard("apply", self.exchange, "-", "--keep-going", given=plan.encode(),
                         preexec_fn=no_file_beyond(size + 20_000), restore_signals=False)
         self.assertEqual(ran.returncode, TROUBLE, ran.stderr)
-        self.assertTrue(ran.stderr.splitlines()[-1].startswith("error: the database refuses: "), ran.stderr)
+        self.assertEqual(ran.stderr, f"error: {self.exchange}: the disk is full: no file may grow larger here; "
+                                     "nothing was kept\n")
         self.assertEqual(self.generated(), before)
-
-    def test_a_locked_exchange_is_trouble(self):
-        holder = sqlite3.connect(self.exchange, isolation_level=None)
-        self.addCleanup(holder.close)
-        holder.execute("BEGIN IMMEDIATE")
-        self.fails(TROUBLE, "the database refuses: database is locked", "apply", self.exchange, "-",
-                   given=b"NANSI:NUMTYP=OI,NUMSE=900;\n")
-        self.assertIn("NANSI", self.ends(DONE, "show", self.exchange).stdout, "one writes, others read")
-        holder.execute("ROLLBACK")
-        self.assertEqual(self.generated(), LINES)
-
-    def interrupted(self, how):
-        """Ends an apply by a signal when most of its lines have been performed, and before the last."""
-        apply = subprocess.Popen([PROGRAM, "apply", self.exchange, "-"], stdin=subprocess.PIPE,
-                                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        # Once all of this is written, all but what a pipe holds has been read.
-        for number in range(1000, 1150):
-            apply.stdin.write(f"NANSI:NUMTYP=EX,NUMSE={number}000&&{number}299; #{'x' * 2000}\n".encode())
-        apply.stdin.flush()
-        written = self.folder / "office.cbx-wal"
-        self.assertGreater(written.stat().st_size, 100_000, "not all is in memory")
-        apply.send_signal(how)
-        self.assertEqual(apply.wait(timeout=60), -how)
-        apply.stdin.close()
-
-    def test_nothing_is_kept_of_an_apply_that_was_killed(self):
-        self.interrupted(signal.SIGKILL)
-        self.assertEqual(self.generated(), LINES)
-        self.ends(DONE, "apply", self.exchange, "-", given=b"NANSI:NUMTYP=EX,NUMSE=1000;\n")
-
-    def test_nothing_is_kept_of_an_apply_that_was_interrupted(self):
-        self.interrupted(signal.SIGINT)
-        self.assertEqual(self.generated(), LINES)
 
 
 class Refusals(ProgramTest):
@@ -828,7 +820,7 @@ Length in all: 20
                           ["help", "NANSI"], ["values", self.exchange, "NANSI", "NUMTYP"], ["--help"]):
             with open("/dev/full", "wb") as full:
                 ran = self.ends(TROUBLE, *arguments, stdout=full)
-            self.assertEqual(ran.stderr, "error: standard output could not be written\n")
+            self.assertEqual(ran.stderr, "error: standard output could not be written: the disk is full\n")
 
     def test_a_full_disk_behind_a_file_of_lines_is_trouble(self):
         self.fails(TROUBLE, "cannot be written to /dev/full", "generate", self.exchange, "-o", "/dev/full")
@@ -876,7 +868,7 @@ class BadFile(ProgramTest):
 
     def each(self, file):
         return (["apply", file, "-"], ["show", file], ["show", file, "NANSI"], ["generate", file],
-                ["values", file, "NANSI", "NUMTYP"], ["explain", file, "NANSI:NUMTYP=OI,NUMSE=900;"])
+                ["values", file, "NANSI", "NUMTYP"], ["explain", file, "NANSI:NUMTYP=OI,NUMSE=900;"], ["check", file])
 
     def check(self, code, message, file):
         before = file.read_bytes() if os.path.isfile(file) else None
@@ -892,7 +884,7 @@ class BadFile(ProgramTest):
         self.assertFalse(missing.exists())
 
     def test_a_text_is_not_an_exchange(self):
-        self.check(TROUBLE, "file is not a database", self.write("text.cbx", "NANSI:NUMTYP=EX;\n" * 100))
+        self.check(TROUBLE, "is not an exchange", self.write("text.cbx", "NANSI:NUMTYP=EX;\n" * 100))
 
     def test_an_empty_file_is_not_an_exchange(self):
         self.check(TROUBLE, "is not an exchange", self.write("empty.cbx", ""))
@@ -915,7 +907,7 @@ class BadFile(ProgramTest):
 
     def test_a_damaged_exchange_is_not_opened(self):
         damaged = self.write("damaged.cbx", self.exchange.read_bytes()[:5000])
-        self.check(TROUBLE, "cannot be opened as an exchange", damaged)
+        self.check(TROUBLE, "damaged.cbx is damaged (", damaged)
 
     def test_a_name_that_is_too_long_is_trouble(self):
         self.check(TROUBLE, "File name too long", self.folder / ("x" * 300))
@@ -936,38 +928,225 @@ class ReadOnly(ProgramTest):
             except PermissionError:
                 self.skipTest("another user cannot run the program")
 
-    def test_a_file_that_may_not_be_written_can_be_read(self):
-        self.exchange.chmod(0o444)
-        self.folder.chmod(0o777)
-        self.assertEqual(self.ends(DONE, "generate", self.exchange, **self.as_reader).stdout, LINES)
-        self.assertIn("NANSI", self.ends(DONE, "show", self.exchange, **self.as_reader).stdout)
-        self.ends(DONE, "values", self.exchange, "NANSI", "NUMTYP", **self.as_reader)
+    def each_reads(self):
+        """Every subcommand that reads does so, and leaves the folder as it is."""
+        before = sorted(self.folder.iterdir()), self.exchange.read_bytes()
+        plan = b"NANSI:NUMTYP=OI,NUMSE=900;\n"
+        for arguments in (["show"], ["values", "NANSI", "NUMTYP"], ["generate"], ["explain", "NANSI:NUMTYP=OI,NUMSE=900;"],
+                          ["apply", "-", "--dry-run"], ["check"]):
+            self.ends(DONE, arguments[0], self.exchange, *arguments[1:], given=plan, **self.as_reader)
+        ran = self.ends(DONE, "generate", self.exchange, **self.as_reader)
+        self.assertEqual((ran.stdout, ran.stderr), (LINES, ""))
+        self.assertEqual((sorted(self.folder.iterdir()), self.exchange.read_bytes()), before)
 
-    def test_no_action_is_performed_on_a_file_that_may_not_be_written(self):
+    def test_reading_needs_no_other_right_and_leaves_nothing(self):
+        self.exchange.chmod(0o444)
+        for rights in (0o555, 0o777):
+            self.folder.chmod(rights)
+            self.addCleanup(self.folder.chmod, 0o755)
+            self.each_reads()
+
+    def test_what_a_killed_writer_left_is_in_no_readers_way(self):
+        self.exchange.chmod(0o644)
+        writer = self.applying(self.exchange)
+        self.each_reads()
+        ended(writer)
+        self.assertEqual(len(list(self.folder.iterdir())), 2)
+        for rights in (0o555, 0o777):
+            self.folder.chmod(rights)
+            self.addCleanup(self.folder.chmod, 0o755)
+            self.each_reads()
+        self.folder.chmod(0o755)
+        self.ends(DONE, "apply", self.exchange, "-", given=b"NANSI:NUMTYP=OI,NUMSE=900;\n")
+        self.assertEqual(list(self.folder.iterdir()), [self.exchange])
+
+    def test_no_plan_is_applied_where_the_file_or_its_folder_may_not_be_written(self):
         before = self.exchange.read_bytes()
+        apply = ["apply", self.exchange, "-"]
+        line = b"NANSI:NUMTYP=OI,NUMSE=900;"
         self.exchange.chmod(0o444)
         self.folder.chmod(0o777)
-        line = b"NANSI:NUMTYP=OI,NUMSE=900;"
-        self.fails(TROUBLE, "may not be written", "apply", self.exchange, "-", given=line, **self.as_reader)
-        self.fails(TROUBLE, "may not be written", "explain", self.exchange, line.decode(), **self.as_reader)
-        self.assertEqual(self.exchange.read_bytes(), before)
-
-    def test_a_folder_that_may_not_be_written_is_told(self):
-        self.exchange.chmod(0o444)
+        self.fails(TROUBLE, "may not be written", *apply, given=line, **self.as_reader)
+        self.exchange.chmod(0o666)
         self.folder.chmod(0o555)
         self.addCleanup(self.folder.chmod, 0o755)
-        self.fails(TROUBLE, "an open exchange writes beside its file", "show", self.exchange, **self.as_reader)
+        self.fails(TROUBLE, f"the folder {self.folder} may not be written", *apply, given=line, **self.as_reader)
         self.fails(TROUBLE, "cannot be made", "new", self.folder / "new.cbx", "--release", "R7", **self.as_reader)
+        self.assertEqual(self.exchange.read_bytes(), before)
 
     def test_a_file_that_may_not_be_read_is_trouble(self):
         self.exchange.chmod(0)
         self.folder.chmod(0o777)
-        self.fails(TROUBLE, "cannot be opened as an exchange", "show", self.exchange, **self.as_reader)
+        self.fails(TROUBLE, f"{self.exchange}: Permission denied", "show", self.exchange, **self.as_reader)
 
     def test_a_folder_that_may_not_be_entered_is_trouble(self):
         self.folder.chmod(0)
         self.addCleanup(self.folder.chmod, 0o755)
         self.fails(TROUBLE, "Permission denied", "show", self.exchange, **self.as_reader)
+
+
+class Processes(ProgramTest):
+    """Several processes at one file, and those that come to no good end."""
+
+    LINE = b"NANSI:NUMTYP=EX,NUMSE=200&&299;\n"
+
+    def apply(self, *options, given=LINE, code=DONE, **further):
+        return self.ends(code, "apply", self.exchange, "-", *options, given=given, **further)
+
+    def alone(self):
+        """Nothing stands beside the exchange."""
+        return list(self.folder.iterdir()) == [self.exchange]
+
+    def test_one_writes_and_the_others_read_and_are_told_who_it_is(self):
+        first = self.applying(self.exchange)
+        told = self.apply("--wait", "0", code=TROUBLE).stderr
+        self.assertRegex(told, rf"^error: {self.exchange} is held by \S.* \(process {first.pid}, \w*cordboard apply\) "
+                               r"since [-0-9 ]*\d\d:\d\d; nothing was kept\n$")
+        self.assertEqual(self.generated(), LINES)
+        self.assertIn("nothing was kept, since this is a dry run", self.apply("--dry-run").stderr)
+        waiting = subprocess.Popen([PROGRAM, "apply", self.exchange, "-", "--wait", "60"], stdin=subprocess.PIPE,
+                                   stderr=subprocess.PIPE)
+        self.addCleanup(ended, waiting)
+        waiting.stdin.write(self.LINE)
+        waiting.stdin.flush()
+        self.assertEqual(first.communicate(timeout=60)[1], "plan: 1 done, 0 refused\n")
+        self.assertEqual(waiting.communicate(timeout=60)[1], b"plan: 1 done, 0 refused\n")
+        self.assertEqual(self.generated().count("\n"), 4)
+        self.assertTrue(self.alone())
+
+    def test_who_waits_for_the_first_line_keeps_nobody_out(self):
+        waiting = subprocess.Popen([PROGRAM, "apply", self.exchange, "-"], stdin=subprocess.PIPE,
+                                   stderr=subprocess.PIPE)
+        self.addCleanup(ended, waiting)
+        until(lambda: held_back(waiting))
+        self.apply("--wait", "0")
+        self.assertEqual(waiting.communicate(b"delete NANSI NUMSE=9;\n", timeout=60)[1], b"plan: 1 done, 0 refused\n")
+        self.assertIn("200&&299", self.generated())
+
+    def test_a_signal_ends_an_apply_which_has_kept_nothing(self):
+        before = self.exchange.read_bytes()
+        for how in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            apply = self.applying(self.exchange)
+            apply.send_signal(how)
+            told = apply.stderr.read()
+            self.assertEqual(apply.wait(timeout=60), 128 + how)
+            self.assertEqual(told, "error: interrupted; nothing was kept\n")
+            self.assertTrue(self.alone())
+        waiting = subprocess.Popen([PROGRAM, "apply", self.exchange, "-", "--json"], stdin=subprocess.PIPE,
+                                   stdout=subprocess.PIPE)
+        self.addCleanup(ended, waiting)
+        until(lambda: held_back(waiting))
+        waiting.send_signal(signal.SIGINT)
+        self.assertEqual(waiting.wait(timeout=60), 130)
+        self.assertEqual(json.load(waiting.stdout)["problems"],
+                         [{"severity": "error", "message": "interrupted; nothing was kept"}])
+        self.assertEqual(self.exchange.read_bytes(), before)
+
+    def test_a_signal_ends_a_line_that_takes_long_and_the_waiting_for_another_process(self):
+        for busy, plan in ((False, b"NANSI:NUMTYP=EX,NUMSE=200000&&299999;\n"), (True, self.LINE)):
+            holder = self.applying(self.exchange) if busy else None
+            apply = subprocess.Popen([PROGRAM, "apply", self.exchange, "-", "--wait", "600"], stdin=subprocess.PIPE,
+                                     stderr=subprocess.PIPE)
+            self.addCleanup(ended, apply)
+            apply.stdin.write(plan)
+            apply.stdin.close()
+            until(lambda: held_back(apply))
+            if not busy:
+                until(pathlib.Path(f"{self.exchange}-journal").exists)
+            apply.send_signal(signal.SIGINT)
+            self.assertEqual(apply.wait(timeout=60), 130)
+            self.assertEqual(apply.stderr.read(), b"error: interrupted; nothing was kept\n")
+            apply.stdin = None
+            if holder:
+                ended(holder)
+        self.assertEqual(self.generated(), LINES)
+
+    def test_an_apply_that_is_killed_at_any_moment_has_kept_all_or_nothing(self):
+        plan = self.write("long.plan", "".join(f"NANSI:NUMTYP=EX,NUMSE={n}00&&{n}99;\n" for n in range(200, 260)))
+        took = time.monotonic()
+        self.ends(DONE, "apply", self.exchange, plan)
+        took = time.monotonic() - took
+        new = self.generated()
+        moments = 12
+        for moment in range(moments + 1):
+            shutil.copy(self.template, self.exchange)
+            apply = subprocess.Popen([PROGRAM, "apply", self.exchange, plan], stderr=subprocess.DEVNULL)
+            time.sleep(took * moment / moments)
+            ended(apply)
+            self.assertIn(self.generated(), (LINES, new))
+            self.ends(DONE, "apply", self.exchange, "-", given=b"NANSI:NUMTYP=OI,NUMSE=900;\n")
+            self.assertIn(self.generated(), [lines + "NANSI:NUMTYP=OI,NUMSE=900;\n" for lines in (LINES, new)])
+            self.assertFalse(pathlib.Path(f"{self.exchange}-journal").exists())
+
+    def test_of_several_that_make_an_exchange_at_once_one_does(self):
+        new = self.folder / "new.cbx"
+        makers = [subprocess.Popen([PROGRAM, "new", new, "--release", release], stderr=subprocess.PIPE)
+                  for release in ("R6", "R7", "R8")]
+        told = [maker.communicate(timeout=60)[1].decode() for maker in makers]
+        self.assertEqual(sorted(maker.returncode for maker in makers), [DONE, REFUSED, REFUSED])
+        made = next(text for text in told if text.startswith("made: "))
+        self.assertIn("release " + self.json("show", new)["release"] + ",", made)
+        self.assertEqual(sum("exists already" in text for text in told), 2)
+        self.ends(DONE, "check", new)
+
+    def test_what_is_killed_while_it_makes_a_file_stands_in_nobodys_way(self):
+        out = self.write("lines.txt", "old\n")
+        for name, arguments in (("new.cbx", ["new", self.folder / "new.cbx", "--release", "R7"]),
+                                ("lines.txt", ["generate", self.exchange, "-o", out])):
+            for moment in range(8):
+                maker = subprocess.Popen([PROGRAM, *arguments], stderr=subprocess.DEVNULL)
+                time.sleep(moment * 0.01)
+                ended(maker)
+                if name == "lines.txt":
+                    self.assertIn(out.read_text(), ("old\n", LINES))
+                elif (self.folder / name).exists():
+                    self.ends(DONE, "check", self.folder / name)
+                    (self.folder / name).unlink()
+            self.ends(DONE, *arguments)
+        self.assertEqual(out.read_text(), LINES)
+
+    def test_the_old_file_of_lines_stays_where_the_new_one_has_no_room(self):
+        out = self.write("lines.txt", "old\n")
+        ran = self.ends(TROUBLE, "generate", self.exchange, "-o", out, preexec_fn=no_file_beyond(10),
+                        restore_signals=False)
+        self.assertIn("lines.txt: the disk is full", ran.stderr)
+        self.assertEqual(out.read_text(), "old\n")
+        self.assertEqual(len(list(self.folder.iterdir())), 2)
+
+    def test_a_file_that_may_not_grow_is_a_full_disk(self):
+        with open(self.folder / "out", "wb") as out:
+            ran = self.ends(TROUBLE, "generate", self.exchange, stdout=out, preexec_fn=no_file_beyond(10))
+        self.assertIn("standard output could not be written: the disk is full", ran.stderr)
+
+    def test_what_was_kept_is_told_also_where_the_report_cannot_be_written(self):
+        with open("/dev/full", "wb") as full:
+            ran = self.ends(TROUBLE, "apply", self.exchange, "-", "--json", given=self.LINE, stdout=full)
+        self.assertEqual(ran.stderr, "plan: 1 done, 0 refused\n"
+                                     "error: standard output could not be written: the disk is full\n")
+        self.assertIn("200&&299", self.generated())
+
+    def test_check_tells_whether_a_file_is_whole(self):
+        ran = self.ends(DONE, "check", self.exchange)
+        self.assertEqual((ran.stdout, ran.stderr), ("", f"checked: {self.exchange}: release R7, nothing is damaged\n"))
+        connection = sqlite3.connect(self.exchange)
+        page = connection.execute("SELECT rootpage FROM sqlite_master WHERE name = 'NANSIBlockedRange'").fetchone()[0]
+        size = connection.execute("PRAGMA page_size").fetchone()[0]
+        connection.close()
+        content = bytearray(self.exchange.read_bytes())
+        content[(page - 1) * size:page * size] = b"\xff" * size
+        damaged = self.write("damaged.cbx", bytes(content))
+        report = self.json("check", damaged, code=TROUBLE)
+        self.assertIn("damaged", json.dumps(report["problems"]))
+        self.assertIn("put a copy from before in its place", json.dumps(report["problems"]))
+        self.fails(TROUBLE, "put a copy from before in its place", "apply", damaged, "-", given=self.LINE)
+        self.assertEqual(damaged.read_bytes(), bytes(content))
+
+
+def held_back(process):
+    """Whether a process holds SIGINT back, as it does when it is ready for its plan."""
+    status = pathlib.Path(f"/proc/{process.pid}/status").read_text()
+    blocked = int(next(line for line in status.splitlines() if line.startswith("SigBlk:")).split()[1], 16)
+    return blocked >> (signal.SIGINT - 1) & 1
 
 
 class Usage(ProgramTest):

@@ -14,9 +14,7 @@ constexpr std::size_t recordsOfPage = 5000;
 }  // namespace
 
 RecordPages::RecordPages(Exchange& exchange, const FormDefinition& table, std::vector<Assignment> selection)
-    : exchange_(exchange), table_(table), selection_(std::move(selection)), version_(Version()) {}
-
-double RecordPages::Version() const { return exchange_.Dynamic().Single("PRAGMA data_version").number(); }
+    : exchange_(exchange), table_(table), selection_(std::move(selection)) {}
 
 RowSet RecordPages::Next() {
   // Nothing but a table has a rowid: the rows of a view stand in the order of its tables.

@@ -1,5 +1,4 @@
-// The records of one table, some at a time, since there may be many: what was read is not kept, and between two pages
-// nothing is locked.
+// The records of one table, some at a time, since there may be many: what was read is not kept.
 #pragma once
 
 #include <string>
@@ -20,16 +19,10 @@ class RecordPages {
   // How many characters the longest value of each column has; 0 where no record has a value.
   std::vector<std::size_t> Widths();
 
-  // Whether somebody else has changed the exchange meanwhile: the pages may not be those of one moment.
-  bool IsChangedMeanwhile() const { return Version() != version_; }
-
  private:
-  double Version() const;
-
   Exchange& exchange_;
   const FormDefinition& table_;
   std::vector<Assignment> selection_;
-  double version_;
   std::size_t read_ = 0;
 };
 

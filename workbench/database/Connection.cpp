@@ -6,15 +6,12 @@
 #include <cstring>
 #include <string_view>
 
-#include "workbench/database/SqlFunctions.h"
-
 namespace cordboard::workbench {
 
 namespace {
 
 // Shapes of statements are few; a list of values of every length could still make many.
 constexpr std::size_t keptStatements = 2000;
-constexpr int busyMilliseconds = 5000;
 
 void Bind(sqlite3_stmt* statement, int index, const Value& value) {
   switch (value.kind()) {
@@ -72,51 +69,20 @@ int RowsOnly(void*, int action, const char* first, const char*, const char*, con
 
 }  // namespace
 
-void Connection::CloseDatabase::operator()(sqlite3* database) const { sqlite3_close_v2(database); }
 void Connection::FinalizeStatement::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
-Connection::Connection(const std::filesystem::path& file, Mode mode) {
-  const int flags = mode == Mode::ReadOnly    ? SQLITE_OPEN_READONLY
-                    : mode == Mode::ReadWrite ? SQLITE_OPEN_READWRITE
-                                              : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-  // SQLite gives some names a meaning of their own, ":memory:" among them; whole paths are names of files alone.
-  Open(std::filesystem::absolute(file).string(), flags);
-}
-
-Connection::Connection() { Open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY); }
-
-void Connection::Open(const std::string& name, int flags) {
-  sqlite3* database = nullptr;
-  const int code = sqlite3_open_v2(name.c_str(), &database, flags, nullptr);
-  database_.reset(database);
-  if (code != SQLITE_OK) Fail();
-  sqlite3_busy_timeout(database, busyMilliseconds);
-  sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-  // Text in double quotes is never taken for a value where no column has that name.
-  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-  // Nothing in a file that came from elsewhere acts by itself, and no statement reaches another file.
-  sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
-  sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
-  sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  sqlite3_limit(database, SQLITE_LIMIT_ATTACHED, 0);
-  readOnly_ = sqlite3_db_readonly(database, "main") == 1;
-  RegisterSqlFunctions(database);
-}
-
-void Connection::Fail() const { throw DatabaseError(database_ ? sqlite3_errmsg(database_.get()) : "out of memory"); }
-
 void Connection::Execute(const std::string& sql) {
-  if (sqlite3_exec(database_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail();
+  const int code = sqlite3_exec(database_.get(), sql.c_str(), nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) Fail(code);
 }
 
 sqlite3_stmt* Connection::Prepared(const std::string& sql, Statements& kept) {
   if (const auto found = kept.find(sql); found != kept.end()) return found->second.get();
   sqlite3_stmt* prepared = nullptr;
   const char* rest = nullptr;
-  if (sqlite3_prepare_v3(database_.get(), sql.c_str(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
-                         &prepared, &rest) != SQLITE_OK)
-    Fail();
+  const int code = sqlite3_prepare_v3(database_.get(), sql.c_str(), static_cast<int>(sql.size()),
+                                      SQLITE_PREPARE_PERSISTENT, &prepared, &rest);
+  if (code != SQLITE_OK) Fail(code);
   Statement statement(prepared);
   if (!statement || rest != sql.c_str() + sql.size()) throw DatabaseError("this is not one statement");
   if (kept.size() >= keptStatements) kept.clear();
@@ -170,7 +136,7 @@ RowSet Connection::Step(sqlite3_stmt* statement, const std::vector<Value>& param
   const int reset = sqlite3_reset(statement);
   if (code != SQLITE_DONE || reset != SQLITE_OK) {
     if (open_ > 0 && IsTransactionLost()) lostBy_ = std::string(": ") + sqlite3_errmsg(database_.get());
-    Fail();
+    Fail(reset != SQLITE_OK ? reset : code);
   }
   return RowSet(std::move(columns));
 }
@@ -183,8 +149,7 @@ Value Connection::Single(const std::string& sql, const std::vector<Value>& param
 bool Connection::IsTransactionLost() const { return sqlite3_get_autocommit(database_.get()) != 0; }
 
 void Connection::Start() {
-  const std::string begin = readOnly_ ? "BEGIN" : "BEGIN IMMEDIATE";
-  Run(open_ == 0 ? begin : "SAVEPOINT level" + std::to_string(open_));
+  Run(open_ == 0 ? "BEGIN IMMEDIATE" : "SAVEPOINT level" + std::to_string(open_));
   ++open_;
 }
 

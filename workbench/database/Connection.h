@@ -1,6 +1,7 @@
 // A connection to one SQLite database: opening, values both ways, kept statements, nested transactions.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
@@ -15,21 +16,40 @@ struct sqlite3_stmt;
 
 namespace cordboard::workbench {
 
-// The database refuses: a statement that does not fit the schema, a locked file, a full disk. The message is SQLite's.
+// The database refuses a statement that does not fit the schema. The message is SQLite's.
 class DatabaseError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
+// Whatever the statement, it cannot be done: the disk is full, the file is damaged or held by another process. The
+// message names the file.
+class StorageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// What can be done about a damaged file.
+inline constexpr const char* adviceOnDamage =
+    "put a copy from before in its place; what can still be read of it `cordboard generate` prints";
+
 class Connection {
  public:
-  enum class Mode { Create, ReadWrite, ReadOnly };
-
-  // Opens a file; Create makes a new one. A file that may not be written is opened for reading. Fails with
-  // DatabaseError.
-  Connection(const std::filesystem::path& file, Mode mode);
   // A database in memory.
   Connection();
+  // A file that is there, to be written: nothing reaches it before a commit, and other processes read it meanwhile.
+  // Where another process holds it, that one is waited for so long. Fails with StorageError, as whatever follows may;
+  // and with Interrupted where a signal waits that was held back.
+  explicit Connection(const std::filesystem::path& file, std::chrono::milliseconds patience = std::chrono::seconds(5));
+  // A copy in memory of what stands in a file now. It needs no right but that of reading, leaves nothing beside the
+  // file, and keeps nobody from it any longer.
+  static Connection CopyOf(const std::filesystem::path& file);
+
+  // The content that a file with this database has.
+  std::string Content() const;
+  // What is wrong with its tables and indexes, in SQLite's words; nothing where they are whole. Fails with StorageError
+  // where it cannot be read to its end.
+  std::vector<std::string> FindDamage();
 
   // Runs statements of the workbench's own, without parameters and rows.
   void Execute(const std::string& sql);
@@ -52,8 +72,6 @@ class Connection {
   void RollBack();
   int OpenTransactions() const { return open_; }
 
-  bool IsReadOnly() const { return readOnly_; }
-
  private:
   friend class RowWatch;  // puts a hook on the database
 
@@ -67,18 +85,25 @@ class Connection {
 
   using Statements = std::unordered_map<std::string, Statement>;
 
+  Connection(const std::filesystem::path& file, int flags, std::chrono::milliseconds patience);
   void Open(const std::string& name, int flags);
+  // Gives false where the file has to be put in order before it can be read.
+  bool CopyTo(const Connection& other) const;
   sqlite3_stmt* Prepared(const std::string& sql, Statements& kept);
   sqlite3_stmt* PreparedRule(const std::string& sql);
   RowSet Step(sqlite3_stmt* statement, const std::vector<Value>& parameters);
   void ForgetStatements();
   bool IsTransactionLost() const;
-  [[noreturn]] void Fail() const;
+  std::string Held() const;
+  std::vector<std::string> Findings(const std::string& pragma);
+  StorageError Damaged(const std::string& how) const;
+  [[noreturn]] void Fail(int code) const;
 
+  std::string file_ = "the database in memory";  // as it was named, also for a copy of it
+  std::unique_ptr<std::chrono::milliseconds> patience_;
   std::unique_ptr<sqlite3, CloseDatabase> database_;
   Statements kept_;
   Statements keptRules_;
-  bool readOnly_ = false;
   std::string lostBy_;  // why the database gave up a transaction
   int open_ = 0;
 };

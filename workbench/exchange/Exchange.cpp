@@ -1,27 +1,26 @@
 #include "workbench/exchange/Exchange.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <system_error>
 
 #include "script/Conversions.h"
 #include "script/Statement.h"
+#include "workbench/database/FileHeader.h"
 #include "workbench/database/Schema.h"
 #include "workbench/exchange/NumberSeries.h"
 #include "workbench/exchange/PlantTables.h"
+#include "workbench/system/SystemMessage.h"
+#include "workbench/system/WholeFile.h"
 
 namespace cordboard::workbench {
 
 namespace {
 
 // What marks a file as an exchange ("CBBX"), and the version of its schema.
-constexpr int applicationId = 0x43424258;
-constexpr int schemaVersion = 3;
+constexpr unsigned applicationId = 0x43424258;
+constexpr unsigned schemaVersion = 3;
 
 void MakeTables(Connection& database, const char* selector) {
   for (const std::string& statement : CreateStatements(ShippedSchema().Database(selector))) database.Execute(statement);
@@ -36,17 +35,13 @@ void KeepLinesApart(Connection& database) {
   }
 }
 
-// Makes the file for its owner alone, since an exchange holds passwords; SQLite gives the files beside it the same
-// rights.
-void MakePrivateFile(const std::filesystem::path& file) {
-  const int made = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
-  if (made < 0) throw ExchangeError(file.string() + " cannot be made: " + std::strerror(errno));
-  close(made);
-}
-
-void RemoveFiles(const std::filesystem::path& file) {
-  std::error_code ignored;
-  for (const char* ending : {"", "-wal", "-shm", "-journal"}) std::filesystem::remove(file.string() + ending, ignored);
+// Refuses what is no exchange before it is opened as one.
+void CheckKind(const std::filesystem::path& file) {
+  if (!std::filesystem::exists(file)) throw ExchangeError("there is no file " + file.string());
+  const auto header = std::filesystem::is_regular_file(file) ? ReadFileHeader(file) : std::nullopt;
+  if (!header || header->applicationId != applicationId) throw ExchangeError(file.string() + " is not an exchange");
+  if (header->userVersion != schemaVersion)
+    throw ExchangeError(file.string() + " was made by another version of cordboard");
 }
 
 }  // namespace
@@ -59,20 +54,14 @@ const std::vector<std::string>& Releases() {
 std::unique_ptr<Exchange> Exchange::Create(const std::filesystem::path& file, const std::string& release,
                                            const Plant& plant) {
   if (!file.has_filename()) throw ExchangeError("an exchange needs the name of a file");
-  if (std::filesystem::exists(file)) throw ExchangeError(file.string() + " exists already; choose another name");
-  MakePrivateFile(file);
   try {
-    std::unique_ptr<Exchange> exchange(new Exchange(Connection(file, Connection::Mode::Create)));
-    exchange->dynamic_.Execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL");
-    exchange->Fill(release, plant);
-    return exchange;
-  } catch (const DatabaseError& error) {
-    RemoveFiles(file);
-    throw ExchangeError(file.string() + " cannot be made: " + error.what());
-  } catch (...) {
-    RemoveFiles(file);
-    throw;
+    WriteWholeFile(file, CreateInMemory(release, plant)->dynamic_.Content(), Existing::Refused);
+  } catch (const std::filesystem::filesystem_error& error) {
+    if (error.code() == std::errc::file_exists)
+      throw ExistsAlready(file.string() + " exists already; choose another name");
+    throw ExchangeError(file.string() + " cannot be made: " + SystemMessage(error.code().value()));
   }
+  return OpenForWriting(file);
 }
 
 std::unique_ptr<Exchange> Exchange::CreateInMemory(const std::string& release, const Plant& plant) {
@@ -97,25 +86,28 @@ void Exchange::Fill(const std::string& release, const Plant& plant) {
   KeepLinesApart(dynamic_);
 }
 
-std::unique_ptr<Exchange> Exchange::Open(const std::filesystem::path& file) {
-  if (!std::filesystem::exists(file)) throw ExchangeError("there is no file " + file.string());
-  const std::string notAnExchange = file.string() + " is not an exchange";
-  if (!std::filesystem::is_regular_file(file)) throw ExchangeError(notAnExchange);
-  try {
-    std::unique_ptr<Exchange> exchange(new Exchange(Connection(file, Connection::Mode::ReadWrite)));
-    Connection& database = exchange->dynamic_;
-    if (!Equals(database.Single("PRAGMA application_id"), applicationId)) throw ExchangeError(notAnExchange);
-    if (!Equals(database.Single("PRAGMA user_version"), schemaVersion))
-      throw ExchangeError(file.string() + " was made by another version of cordboard");
-    database.Execute("PRAGMA synchronous = FULL");
-    KeepLinesApart(database);
-    exchange->release_ = Joined(database.Single("SELECT [Value] FROM [Cordboard] WHERE [Name] = 'Release'"));
-    return exchange;
-  } catch (const DatabaseError& error) {
-    if (access(std::filesystem::absolute(file).parent_path().c_str(), W_OK) != 0)
-      throw ExchangeError(file.string() + " cannot be opened where it is: an open exchange writes beside its file");
-    throw ExchangeError(file.string() + " cannot be opened as an exchange: " + error.what());
-  }
+std::unique_ptr<Exchange> Exchange::OpenForReading(const std::filesystem::path& file) {
+  CheckKind(file);
+  return Opened(Connection::CopyOf(file));
+}
+
+std::unique_ptr<Exchange> Exchange::OpenForWriting(const std::filesystem::path& file,
+                                                   std::chrono::milliseconds patience) {
+  CheckKind(file);
+  const std::filesystem::path folder = std::filesystem::canonical(file).parent_path();
+  if (access(folder.c_str(), W_OK) != 0)
+    throw ExchangeError(file.string() +
+                        " cannot be written where it is: its journal stands beside it, and the folder " +
+                        folder.string() + " may not be written");
+  return Opened(Connection(file, patience));
+}
+
+std::unique_ptr<Exchange> Exchange::Opened(Connection dynamic) {
+  std::unique_ptr<Exchange> exchange(new Exchange(std::move(dynamic)));
+  Connection& database = exchange->dynamic_;
+  KeepLinesApart(database);
+  exchange->release_ = Joined(database.Single("SELECT [Value] FROM [Cordboard] WHERE [Name] = 'Release'"));
+  return exchange;
 }
 
 Connection* Exchange::Database(const std::string& selector) {
@@ -147,7 +139,7 @@ Transaction::~Transaction() {
   if (!open_) return;
   try {
     exchange_.RollBack();
-  } catch (const DatabaseError&) {
+  } catch (const std::exception&) {
     // The database has rolled back by itself, or is gone: there is nothing left to undo.
   }
 }

@@ -1,6 +1,7 @@
 // An exchange: one file (.cbx) with the configuration, the fixed values of its release, and the store of templates.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -14,10 +15,16 @@ namespace cordboard::workbench {
 
 struct Plant;
 
-// The file is missing, is not an exchange, or was made by a later version.
+// The file is missing, is not an exchange, may not be written, or was made by another version.
 class ExchangeError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
+};
+
+// There is a file where a new exchange is to stand.
+class ExistsAlready : public ExchangeError {
+ public:
+  using ExchangeError::ExchangeError;
 };
 
 // The releases that an exchange can be built for.
@@ -25,16 +32,20 @@ const std::vector<std::string>& Releases();
 
 class Exchange {
  public:
-  // Makes a new exchange from a plant; an existing file is refused. What could not be made whole leaves no file.
+  // Makes a new exchange from a plant and puts its file in place whole; an existing file is refused.
   static std::unique_ptr<Exchange> Create(const std::filesystem::path& file, const std::string& release,
                                           const Plant& plant);
   // An exchange in memory, for tests and benchmarks.
   static std::unique_ptr<Exchange> CreateInMemory(const std::string& release, const Plant& plant);
-  // Opens an exchange. A file that may not be written is opened for reading.
-  static std::unique_ptr<Exchange> Open(const std::filesystem::path& file);
+  // A copy in memory of the exchange as it stands in its file now. It needs the right to read the file and no other,
+  // and leaves nothing behind; whatever is done to it, the file stays.
+  static std::unique_ptr<Exchange> OpenForReading(const std::filesystem::path& file);
+  // The exchange in its file. The first transaction holds it until its end, with its journal beside it; others read it
+  // meanwhile as it was. A file that another process holds is waited for that long.
+  static std::unique_ptr<Exchange> OpenForWriting(const std::filesystem::path& file,
+                                                  std::chrono::milliseconds patience = std::chrono::seconds(5));
 
   const std::string& release() const { return release_; }
-  bool IsReadOnly() const { return dynamic_.IsReadOnly(); }
 
   // The database in which the tables of a selector stand: "dynamic" and "site" share the exchange's file, "static" has
   // one of its own. Nothing for any other.
@@ -56,6 +67,7 @@ class Exchange {
  private:
   explicit Exchange(Connection dynamic) : dynamic_(std::move(dynamic)) {}
   void Fill(const std::string& release, const Plant& plant);
+  static std::unique_ptr<Exchange> Opened(Connection dynamic);
   FixedDatabase& Static();
 
   Connection dynamic_;

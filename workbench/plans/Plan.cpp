@@ -6,6 +6,7 @@
 
 #include "workbench/plans/ExchangeLine.h"
 #include "workbench/plans/PlanLine.h"
+#include "workbench/system/Signals.h"
 
 namespace cordboard::workbench {
 
@@ -32,6 +33,7 @@ class Lines {
  public:
   explicit Lines(std::istream& in) : in_(in), hasNext_(ReadLine(in, behind_)) { DropByteOrderMark(behind_); }
 
+  bool HasNext() const { return hasNext_; }
   bool Next() {
     if (!hasNext_) return false;
     std::swap(line_, behind_);
@@ -119,11 +121,15 @@ void Keep(LineReport report, PlanResult& result) {
 
 PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const PlanOptions& options) {
   PlanResult result;
-  Transaction whole(session.exchange());
   Changes changes(session.exchange());
+  // The exchange is held from the first line on, so that nobody is kept out by a plan that is still to come.
+  std::optional<Transaction> whole;
   std::size_t seen = 0;
   for (const PlanFile& file : files) {
-    for (Lines at(file.in); at.Next();) {
+    Lines at(file.in);
+    if (at.HasNext() && !whole) whole.emplace(session.exchange());
+    while (at.Next()) {
+      EndOnSignal();
       const std::size_t first = at.number();
       auto report = ApplyNext(session, at, options.strict, changes);
       const std::size_t lines = at.number() - first + 1;
@@ -136,14 +142,11 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
       if (options.done && !report->refused) options.done(*report);
       Keep(std::move(*report), result);
     }
+    EndOnSignal();
     if (file.in.bad()) throw PlanError(file.name + " cannot be read to its end; nothing was kept");
   }
   result.kept = !options.dryRun && result.done > 0 && (result.refused == 0 || options.keepGoing);
-  if (result.kept) {
-    whole.Commit();
-  } else {
-    whole.RollBack();
-  }
+  if (whole) result.kept ? whole->Commit() : whole->RollBack();
   return result;
 }
 

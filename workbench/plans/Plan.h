@@ -72,7 +72,8 @@ struct PlanResult {
 
 // Applies the lines in order. A refused line leaves nothing; with one or more of them nothing at all is kept,
 // unless the options say so. Every line is tried, so that all that is wrong is reported. Fails with PlanError, and
-// keeps nothing, where a file breaks off: what is missing would not be noticed.
+// keeps nothing, where a file breaks off: what is missing would not be noticed; with StorageError and Interrupted, and
+// keeps nothing, as a Connection does.
 PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const PlanOptions& options);
 
 }  // namespace cordboard::workbench

@@ -52,18 +52,6 @@ TEST(RecordPages, KnowTheWidestValueOfEachColumn) {
   EXPECT_THAT(RecordPages(*exchange, *FindForm("NANSI"), {{"NUMTYP", "OI"}}).Widths(), ElementsAre(2, 6, 2, 1));
 }
 
-TEST(RecordPages, NoticeThatTheExchangeIsChangedMeanwhile) {
-  const TemporaryFolder folder;
-  const auto file = folder / "office.cbx";
-  const auto exchange = Exchange::Create(file, "R7", ReadPlant("example"));
-  const auto other = Exchange::Open(file);
-  RecordPages pages(*exchange, *FindForm("NANSI"), {});
-  AddNumbers(*exchange, 1);
-  EXPECT_FALSE(pages.IsChangedMeanwhile()) << "by nobody else";
-  AddNumbers(*other, 1);
-  EXPECT_TRUE(pages.IsChangedMeanwhile());
-}
-
 TEST(CountRecords, CountsBlankRowsApart) {
   const auto exchange = ExampleExchange();
   const auto [records, blank] = CountRecords(*exchange, *FindForm("EXCCS"));

@@ -12,6 +12,7 @@
 namespace cordboard::workbench {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 
 // A table with a column of each type that the schema declares, and one without a type.
@@ -306,53 +307,124 @@ TEST_F(ConnectionTest, WhatFollowsALostTransactionFailsUntilAllAreRolledBack) {
 
 // --- Files.
 
+// Makes a file of what the statements make.
+void MakeDatabase(const std::filesystem::path& file, const std::string& statements) {
+  Connection made;
+  made.Execute(statements);
+  WriteFile(file, made.Content());
+}
+
+std::string CannotWrite(const std::filesystem::path& file) {
+  return Refusal<StorageError>([&] { Connection opened(file); });
+}
+
 TEST(ConnectionFile, OneThatIsMissingIsNotMadeByOpening) {
   const TemporaryFolder folder;
-  EXPECT_EQ(Refusal<DatabaseError>([&] { Connection(folder / "a.db", Connection::Mode::ReadWrite); }),
-            "unable to open database file");
-  EXPECT_EQ(Refusal<DatabaseError>([&] { Connection(folder / "a.db", Connection::Mode::ReadOnly); }),
-            "unable to open database file");
+  EXPECT_THAT(CannotWrite(folder / "a.db"), EndsWith("a.db: No such file or directory"));
+  EXPECT_THROW(Connection::CopyOf(folder / "a.db"), std::filesystem::filesystem_error);
   EXPECT_TRUE(folder.IsEmpty());
 }
 
-TEST(ConnectionFile, OneForReadingIsNotWritten) {
+TEST(ConnectionFile, ACopyIsChangedAloneAndLeavesNothingBesideTheFile) {
   const TemporaryFolder folder;
-  Connection made(folder / "a.db", Connection::Mode::Create);
-  EXPECT_FALSE(made.IsReadOnly());
-  made.Execute("CREATE TABLE [t] ([a]); INSERT INTO [t] VALUES (1)");
-  Connection reader(folder / "a.db", Connection::Mode::ReadOnly);
-  EXPECT_TRUE(reader.IsReadOnly());
-  reader.Start();
-  EXPECT_EQ(TraceText(reader.Single("SELECT [a] FROM [t]")), "1");
-  EXPECT_EQ(Refusal<DatabaseError>([&] { reader.Run("DELETE FROM [t]"); }), "attempt to write a readonly database");
-  reader.RollBack();
+  MakeDatabase(folder / "a.db", "CREATE TABLE [t] ([a]); INSERT INTO [t] VALUES (1)");
+  const std::string before = ReadFile(folder / "a.db");
+  Connection copy = Connection::CopyOf(folder / "a.db");
+  copy.Start();
+  copy.Run("DELETE FROM [t]");
+  copy.Commit();
+  EXPECT_EQ(TraceText(copy.Single("SELECT COUNT(*) FROM [t]")), "0");
+  EXPECT_EQ(ReadFile(folder / "a.db"), before);
+  EXPECT_EQ(folder.Files(), std::vector<std::string>{"a.db"});
 }
 
-TEST(ConnectionFile, AWriterHoldsTheFileFromTheStartOfItsTransaction) {
+TEST(ConnectionFile, AWriterHoldsTheFileFromTheStartOfItsTransactionAndKeepsNoReaderOut) {
   const TemporaryFolder folder;
-  Connection first(folder / "a.db", Connection::Mode::Create);
-  first.Execute("PRAGMA busy_timeout = 0; CREATE TABLE [t] ([a])");
-  Connection second(folder / "a.db", Connection::Mode::ReadWrite);
-  second.Execute("PRAGMA busy_timeout = 0");
+  MakeDatabase(folder / "a.db", "CREATE TABLE [t] ([a])");
+  Connection first(folder / "a.db");
+  Connection second(folder / "a.db", std::chrono::milliseconds(0));
   first.Start();
-  EXPECT_EQ(Refusal<DatabaseError>([&] { second.Start(); }), "database is locked");
+  // More than the pages that are kept in memory where a writer may write before its commit.
+  first.Run(
+      "WITH [n] AS (SELECT 1 AS [i] UNION ALL SELECT [i] + 1 FROM [n] WHERE [i] < 5000) "
+      "INSERT INTO [t] SELECT randomblob(4000) FROM [n]");
+  EXPECT_THAT(Refusal<StorageError>([&] { second.Start(); }), HasSubstr("a.db is held by "));
   EXPECT_EQ(second.OpenTransactions(), 0);
+  EXPECT_EQ(TraceText(Connection::CopyOf(folder / "a.db").Single("SELECT COUNT(*) FROM [t]")), "0");
   first.Commit();
+  EXPECT_EQ(TraceText(Connection::CopyOf(folder / "a.db").Single("SELECT COUNT(*) FROM [t]")), "5000");
   second.Start();
   second.Commit();
+  EXPECT_EQ(folder.Files(), std::vector<std::string>{"a.db"});
+}
+
+// What a writer that was killed in its commit leaves: a file that is half written, and the journal to undo that.
+TEST(ConnectionFile, AReaderSeesTheStateBeforeAKilledWriterAndLeavesItsJournal) {
+  const TemporaryFolder folder;
+  MakeDatabase(folder / "a.db", "CREATE TABLE [t] ([a]); INSERT INTO [t] VALUES ('old')");
+  const std::string old = ReadFile(folder / "a.db");
+  {
+    Connection writer(folder / "a.db");
+    // Written at once, as by a commit that does not come to its end.
+    writer.Execute("PRAGMA cache_spill = ON; PRAGMA cache_size = 1");
+    writer.Start();
+    writer.Run("UPDATE [t] SET [a] = 'new'");
+    writer.Run(
+        "WITH [n] AS (SELECT 1 AS [i] UNION ALL SELECT [i] + 1 FROM [n] WHERE [i] < 500) "
+        "INSERT INTO [t] SELECT randomblob(4000) FROM [n]");
+    std::filesystem::copy_file(folder / "a.db", folder / "killed.db");
+    std::filesystem::copy_file(folder / "a.db-journal", folder / "killed.db-journal");
+  }
+  const std::string half = ReadFile(folder / "killed.db");
+  ASSERT_NE(half, old);
+  EXPECT_EQ(TraceText(Connection::CopyOf(folder / "killed.db").Run("SELECT [a] FROM [t]")), R"([["old"]])");
+  const TemporaryFolder elsewhere;
+  std::filesystem::create_symlink(folder / "killed.db", elsewhere / "link.db");
+  EXPECT_EQ(TraceText(Connection::CopyOf(elsewhere / "link.db").Run("SELECT [a] FROM [t]")), R"([["old"]])");
+  EXPECT_EQ(ReadFile(folder / "killed.db"), half);
+  EXPECT_EQ(folder.Files(), (std::vector<std::string>{"a.db", "killed.db", "killed.db-journal"}));
+  EXPECT_EQ(TraceText(Connection(folder / "killed.db").Run("SELECT [a] FROM [t]")), R"([["old"]])");
+  EXPECT_EQ(folder.Files(), (std::vector<std::string>{"a.db", "killed.db"}));
+}
+
+// Files of earlier versions have a journal that is read along, which readers left behind.
+TEST(ConnectionFile, OneWithAJournalThatIsReadAlongIsReadAndPutInOrderByTheNextWriter) {
+  const TemporaryFolder folder;
+  MakeDatabase(folder / "a.db", "CREATE TABLE [t] ([a]); INSERT INTO [t] VALUES ('old')");
+  {
+    Connection writer(folder / "a.db");
+    writer.Execute("PRAGMA journal_mode = WAL; UPDATE [t] SET [a] = 'new'");
+    for (const char* ending : {"", "-wal"})
+      std::filesystem::copy_file((folder / "a.db").string() + ending, (folder / "b.db").string() + ending);
+  }
+  EXPECT_EQ(TraceText(Connection::CopyOf(folder / "b.db").Run("SELECT [a] FROM [t]")), R"([["new"]])");
+  EXPECT_EQ(folder.Files(), (std::vector<std::string>{"a.db", "b.db", "b.db-wal"}));
+  Connection(folder / "b.db").Execute("INSERT INTO [t] VALUES ('newer')");
+  EXPECT_EQ(folder.Files(), (std::vector<std::string>{"a.db", "b.db"}));
+  EXPECT_EQ(TraceText(Connection::CopyOf(folder / "b.db").Run("SELECT [a] FROM [t]")), R"([["new", "newer"]])");
+}
+
+// A page of zeros: the file opens, and what stands there is gone.
+TEST(ConnectionFile, ADamagedOneIsNotOpenedToBeWritten) {
+  const TemporaryFolder folder;
+  MakeDatabase(folder / "a.db", "CREATE TABLE [t] ([a]); CREATE TABLE [u] ([a])");
+  std::string content = ReadFile(folder / "a.db");
+  content.replace(4096, 4096, 4096, '\0');
+  WriteFile(folder / "a.db", content);
+  EXPECT_THAT(CannotWrite(folder / "a.db"), HasSubstr("a.db is damaged ("));
+  EXPECT_THAT(Refusal<StorageError>([&] { Connection::CopyOf(folder / "a.db").FindDamage(); }),
+              HasSubstr("a.db is damaged ("));
+  EXPECT_TRUE(Connection().FindDamage().empty());
 }
 
 // A file may come from anybody, with more in it than tables.
 TEST(ConnectionFile, TriggersAndViewsThatStandInAFileDoNotAct) {
   const TemporaryFolder folder;
-  {
-    Connection made(folder / "a.db", Connection::Mode::Create);
-    made.Execute(
-        "CREATE TABLE [t] ([a]); CREATE TABLE [u] ([a]);"
-        "CREATE TRIGGER [x] AFTER INSERT ON [t] BEGIN INSERT INTO [u] VALUES (1); END;"
-        "CREATE VIEW [v] AS SELECT * FROM [t]");
-  }
-  Connection opened(folder / "a.db", Connection::Mode::ReadWrite);
+  MakeDatabase(folder / "a.db",
+               "CREATE TABLE [t] ([a]); CREATE TABLE [u] ([a]);"
+               "CREATE TRIGGER [x] AFTER INSERT ON [t] BEGIN INSERT INTO [u] VALUES (1); END;"
+               "CREATE VIEW [v] AS SELECT * FROM [t]");
+  Connection opened(folder / "a.db");
   opened.RunRule("INSERT INTO [t] VALUES (1)", {});
   EXPECT_EQ(TraceText(opened.Single("SELECT COUNT(*) FROM [u]")), "0");
   EXPECT_THAT(Refusal<DatabaseError>([&] { opened.RunRule("SELECT * FROM [v]", {}); }), HasSubstr("view"));
@@ -362,9 +434,10 @@ TEST(ConnectionFile, ANameIsAlwaysThatOfAFile) {
   const TemporaryFolder folder;
   const auto here = std::filesystem::current_path();
   std::filesystem::current_path(folder / "");
-  Connection(":memory:", Connection::Mode::Create).Execute("CREATE TABLE [t] ([a])");
+  MakeDatabase(":memory:", "CREATE TABLE [t] ([a])");
+  Connection(":memory:").Execute("INSERT INTO [t] VALUES (1)");
+  EXPECT_EQ(TraceText(Connection::CopyOf(":memory:").Run("SELECT [a] FROM [t]")), "[[1]]");
   std::filesystem::current_path(here);
-  EXPECT_TRUE(std::filesystem::exists(folder / ":memory:"));
 }
 
 }  // namespace

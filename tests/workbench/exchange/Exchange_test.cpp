@@ -24,7 +24,9 @@ std::string CannotCreate(const std::filesystem::path& file, const std::string& r
 }
 
 std::string CannotOpen(const std::filesystem::path& file) {
-  return Refusal<ExchangeError>([&] { Exchange::Open(file); });
+  const std::string refusal = Refusal<ExchangeError>([&] { Exchange::OpenForReading(file); });
+  EXPECT_EQ(Refusal<ExchangeError>([&] { Exchange::OpenForWriting(file); }), refusal);
+  return refusal;
 }
 
 // --- Creating.
@@ -32,19 +34,19 @@ std::string CannotOpen(const std::filesystem::path& file) {
 TEST(Exchange, IsOneFileThatCanBeOpenedAgain) {
   const TemporaryFolder folder;
   EXPECT_EQ(Exchange::Create(folder / "office.cbx", "R6/1", Example())->release(), "R6/1");
-  EXPECT_FALSE(std::filesystem::exists(folder / "office.cbx-wal"));
-  const auto exchange = Exchange::Open(folder / "office.cbx");
-  EXPECT_EQ(exchange->release(), "R6/1");
-  EXPECT_FALSE(exchange->IsReadOnly());
-  EXPECT_EQ(Count(*exchange, "Boards"), static_cast<int>(Example().boards.size()));
+  EXPECT_EQ(folder.Files(), std::vector<std::string>{"office.cbx"});
+  for (const auto& exchange :
+       {Exchange::OpenForWriting(folder / "office.cbx"), Exchange::OpenForReading(folder / "office.cbx")}) {
+    EXPECT_EQ(exchange->release(), "R6/1");
+    EXPECT_EQ(Count(*exchange, "Boards"), static_cast<int>(Example().boards.size()));
+  }
 }
 
 TEST(Exchange, AConfirmedActionSurvivesALossOfPower) {
   const TemporaryFolder folder;
   const auto made = Exchange::Create(folder / "office.cbx", "R7", Example());
-  EXPECT_EQ(Rows(*made, "PRAGMA journal_mode"), R"([["wal"]])");
-  EXPECT_EQ(Rows(*made, "PRAGMA synchronous"), "[[2]]");
-  EXPECT_EQ(Rows(*Exchange::Open(folder / "office.cbx"), "PRAGMA synchronous"), "[[2]]");
+  EXPECT_EQ(Rows(*made, "PRAGMA journal_mode"), R"([["delete"]])");
+  EXPECT_EQ(Rows(*made, "PRAGMA synchronous"), "[[3]]");
 }
 
 TEST(Exchange, IsBuiltForOneOfFourReleases) {
@@ -57,6 +59,7 @@ TEST(Exchange, DoesNotTakeThePlaceOfAFile) {
   const TemporaryFolder folder;
   WriteFile(folder / "office.cbx", "mine");
   EXPECT_THAT(CannotCreate(folder / "office.cbx"), EndsWith("office.cbx exists already; choose another name"));
+  EXPECT_THROW(Exchange::Create(folder / "office.cbx", "R7", Example()), ExistsAlready);
   EXPECT_EQ(ReadFile(folder / "office.cbx"), "mine");
   EXPECT_THAT(CannotCreate(folder / "."), HasSubstr("exists already"));
 }
@@ -100,11 +103,13 @@ TEST(Exchange, AnythingElseIsNotOpenedAndNotTouched) {
 
   const std::string text(5000, 'x');
   WriteFile(folder / "text.cbx", text);
-  EXPECT_THAT(CannotOpen(folder / "text.cbx"), EndsWith("cannot be opened as an exchange: file is not a database"));
+  EXPECT_THAT(CannotOpen(folder / "text.cbx"), EndsWith("text.cbx is not an exchange"));
   EXPECT_EQ(ReadFile(folder / "text.cbx"), text);
 
-  Connection(folder / "other.cbx", Connection::Mode::Create).Execute("CREATE TABLE t (a)");
-  const std::string before = ReadFile(folder / "other.cbx");
+  Connection other;
+  other.Execute("CREATE TABLE t (a)");
+  const std::string before = other.Content();
+  WriteFile(folder / "other.cbx", before);
   EXPECT_THAT(CannotOpen(folder / "other.cbx"), EndsWith("other.cbx is not an exchange"));
   EXPECT_EQ(ReadFile(folder / "other.cbx"), before);
 
@@ -121,9 +126,19 @@ TEST(Exchange, ADamagedOneIsNotOpened) {
   const TemporaryFolder folder;
   Exchange::Create(folder / "office.cbx", "R7", Example());
   std::string content = ReadFile(folder / "office.cbx");
-  content.resize(300);
+  content.resize(5000);
   WriteFile(folder / "office.cbx", content);
-  EXPECT_THAT(CannotOpen(folder / "office.cbx"), HasSubstr("cannot be opened as an exchange: "));
+  EXPECT_THROW(Exchange::OpenForReading(folder / "office.cbx"), StorageError);
+  EXPECT_THROW(Exchange::OpenForWriting(folder / "office.cbx"), StorageError);
+}
+
+TEST(Exchange, WhatIsDoneToOneThatWasOpenedForReadingStaysWithIt) {
+  const TemporaryFolder folder;
+  Exchange::Create(folder / "office.cbx", "R7", Example());
+  const auto copy = Exchange::OpenForReading(folder / "office.cbx");
+  copy->Dynamic().Run("DELETE FROM [Boards]");
+  EXPECT_EQ(Count(*copy, "Boards"), 0);
+  EXPECT_NE(Count(*Exchange::OpenForReading(folder / "office.cbx"), "Boards"), 0);
 }
 
 // --- Databases.
@@ -153,7 +168,7 @@ TEST(Exchange, TemplatesAreKeptInTheFileOfTheExchange) {
     const auto exchange = Exchange::Create(folder / "office.cbx", "R7", Example());
     exchange->Dynamic().Run("INSERT INTO [site.KSEXITemplate] (CmdId) VALUES (1)");
   }
-  const auto exchange = Exchange::Open(folder / "office.cbx");
+  const auto exchange = Exchange::OpenForReading(folder / "office.cbx");
   EXPECT_EQ(Count(*exchange, "site.KSEXITemplate"), 1);
   EXPECT_EQ(Count(*exchange, "KSEXITemplate"), 0);
 }
@@ -163,7 +178,7 @@ TEST(Exchange, GivesEveryIdentifierOnce) {
   const auto exchange = Exchange::Create(folder / "office.cbx", "R7", Example());
   const double first = exchange->NewCmdId().number();
   EXPECT_EQ(exchange->NewCmdId(), Value(first + 1));
-  EXPECT_EQ(Exchange::Open(folder / "office.cbx")->NewCmdId(), Value(first + 2));
+  EXPECT_EQ(Exchange::OpenForReading(folder / "office.cbx")->NewCmdId(), Value(first + 2));
 }
 
 // Generated lines are nobody's data: they never reach the file.
@@ -171,14 +186,14 @@ TEST(Exchange, GeneratedLinesStandInNoFile) {
   const TemporaryFolder folder;
   Exchange::Create(folder / "office.cbx", "R7", Example());
   {
-    const auto exchange = Exchange::Open(folder / "office.cbx");
+    const auto exchange = Exchange::OpenForReading(folder / "office.cbx");
     for (const char* table : {"BuiltCmd", "site.BuiltCmd"}) {
       exchange->Dynamic().RunRule("INSERT INTO [" + std::string(table) + "] VALUES (1, 'NANSI:;')", {});
       EXPECT_EQ(Count(*exchange, table), 1);
     }
   }
   for (const char* table : {"BuiltCmd", "site.BuiltCmd"})
-    EXPECT_EQ(Count(*Exchange::Open(folder / "office.cbx"), table), 0);
+    EXPECT_EQ(Count(*Exchange::OpenForReading(folder / "office.cbx"), table), 0);
 }
 
 // --- Transactions.
@@ -226,7 +241,7 @@ TEST(Exchange, OneThatIsClosedInATransactionKeepsNothingOfIt) {
     exchange->Start();
     exchange->Dynamic().Run("INSERT INTO NANSI (NUMSE) VALUES ('1')");
   }
-  EXPECT_EQ(Count(*Exchange::Open(folder / "office.cbx"), "NANSI"), 0);
+  EXPECT_EQ(Count(*Exchange::OpenForReading(folder / "office.cbx"), "NANSI"), 0);
 }
 
 }  // namespace

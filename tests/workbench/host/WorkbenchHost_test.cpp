@@ -544,15 +544,16 @@ TEST_F(WorkbenchHostTest, TransactionsNestAndAreClosedByThoseWhoStartedThem) {
   EXPECT_EQ(exchange_->OpenTransactions(), 1);
 }
 
-TEST_F(WorkbenchHostTest, ATransactionThatTheDatabaseRefusesIsRefused) {
+// A file that is held, a full disk: no rule is asked what to do about it.
+TEST_F(WorkbenchHostTest, WhatNoStatementCanHelpIsNoAnswer) {
   const TemporaryFolder folder;
   const auto first = Exchange::Create(folder / "a.cbx", "R7", ReadPlant("example"));
-  const auto second = Exchange::Open(folder / "a.cbx");
-  second->Dynamic().Execute("PRAGMA busy_timeout = 0");
+  const auto second = Exchange::OpenForWriting(folder / "a.cbx", std::chrono::milliseconds(0));
   Transaction held(*first);
   WorkbenchHost host(*second);
-  EXPECT_FALSE(host.scStartTransaction());
-  EXPECT_EQ(host.TakeDebugLines(), std::vector<std::string>{"The database refused: database is locked"});
+  EXPECT_THROW(host.scStartTransaction(), StorageError);
+  EXPECT_THROW(host.scBuildCmdID(), StorageError);
+  EXPECT_EQ(host.TakeDebugLines(), std::vector<std::string>{});
 }
 
 // --- Operations of the exchange.

@@ -219,9 +219,34 @@ TEST_F(PlanTest, ADatabaseThatGivesUpKeepsNothing) {
   std::string plan = good;
   for (int i = 1; i <= 9; ++i)
     plan += "NANSI:NUMTYP=EX,NUMSE=" + std::to_string(i) + "000&&" + std::to_string(i) + "999;\n";
-  EXPECT_EQ(Refusal<DatabaseError>([&] { Apply({plan}, {.keepGoing = true}); }),
-            "the database has given up the transaction: database or disk is full");
+  EXPECT_EQ(Refusal<StorageError>([&] { Apply({plan}, {.keepGoing = true}); }),
+            "the database in memory: the disk is full");
   EXPECT_EQ(Numbers(), "Empty");
+  EXPECT_EQ(exchange_->OpenTransactions(), 0);
+}
+
+TEST_F(PlanTest, AnExchangeIsHeldFromTheFirstLineOn) {
+  class Input : public std::streambuf {
+   public:
+    explicit Input(Exchange& exchange) : exchange_(exchange) {}
+    std::vector<int> open;  // the transactions, whenever more is asked for
+
+   protected:
+    int_type underflow() override {
+      open.push_back(exchange_.OpenTransactions());
+      if (open.size() == 3) return traits_type::eof();
+      setg(comment_, comment_, comment_ + sizeof comment_);
+      return *gptr();
+    }
+
+   private:
+    Exchange& exchange_;
+    char comment_[2] = {'#', '\n'};
+  };
+  Input input(*exchange_);
+  std::istream in(&input);
+  ApplyPlan(session_, {{"input", in}}, {});
+  EXPECT_EQ(input.open, (std::vector<int>{0, 1, 1}));
   EXPECT_EQ(exchange_->OpenTransactions(), 0);
 }
 

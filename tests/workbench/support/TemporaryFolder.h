@@ -1,12 +1,14 @@
 // A folder for the files of one test, gone with it.
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace cordboard::workbench {
 
@@ -26,6 +28,13 @@ class TemporaryFolder {
 
   std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
   bool IsEmpty() const { return std::filesystem::is_empty(path_); }
+  // The names of its files, in their order.
+  std::vector<std::string> Files() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(path_)) names.push_back(entry.path().filename());
+    std::ranges::sort(names);
+    return names;
+  }
 
  private:
   std::filesystem::path path_;
