@@ -12,6 +12,7 @@
 #include "workbench/actions/ShownValues.h"
 #include "workbench/actions/Templates.h"
 #include "workbench/text/Elements.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 
