@@ -79,25 +79,28 @@ class Search {
   Found found_;
 };
 
-// What comes nearest to the line, and in what it is different.
-std::string Nearest(const std::vector<Candidate>& candidates) {
-  const auto number = [](const Candidate& candidate) { return candidate.differences.size(); };
-  const Candidate& nearest = *std::ranges::min_element(candidates, {}, number);
-  return Written(nearest.values) + ", but for " + Separated(nearest.differences, " and ", &Problem::parameter);
+// The one that comes nearest to the line that was read.
+const Candidate& Nearest(const std::vector<Candidate>& candidates) {
+  return *std::ranges::min_element(candidates, {}, [](const Candidate& each) { return each.differences.size(); });
+}
+
+Possible Choice(const std::vector<Candidate>& candidates) {
+  Possible possible{.total = candidates.size()};
+  for (const Candidate& each : candidates) possible.values.push_back(Written(each.values));
+  return possible;
 }
 
 Problem NotFound(const Names& parameters, const std::vector<Candidate>& candidates,
                  const std::vector<Candidate>& fitting) {
   const std::string untold = "the line does not tell " + And(parameters) + ", and ";
-  if (fitting.empty()) {
-    Problem problem{.message =
-                        untold + "no record gives a line with these values; give them, and what is different is told"};
-    if (!candidates.empty()) problem.possible = Possible{.values = {Nearest(candidates)}, .total = 1};
-    return problem;
-  }
-  Possible possible{.total = fitting.size()};
-  for (const Candidate& each : fitting) possible.values.push_back(Written(each.values));
-  return {.message = untold + "several records give this line; give them as well", .possible = std::move(possible)};
+  if (!fitting.empty())
+    return {.message = untold + "several records give this line; give them as well", .possible = Choice(fitting)};
+  const std::string none = untold + "no record gives a line with these values";
+  if (candidates.empty()) return {.message = none};
+  const Candidate& nearest = Nearest(candidates);
+  return {.message = none + "; give them, and what is different is told: at the least " +
+                     Separated(nearest.differences, ", ", &Problem::parameter),
+          .possible = Choice({nearest})};
 }
 
 }  // namespace

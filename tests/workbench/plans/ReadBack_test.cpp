@@ -218,7 +218,8 @@ const Unreadable unreadable[] = {
     {"AValueThatHoldsAComma",
      "R7",
      {"IPGKC:LIM=1,GKID=\"HQ,1\";"},
-     {"IPGKC:LIM=1,GKID=HQ,1,TIMNET=,TMLOAD=; refused: an equals sign is missing at column 22"}},
+     {"IPGKC:LIM=1,GKID=HQ,1,TIMNET=,TMLOAD=; refused: an equals sign is missing at column 22; a "
+      "value that holds a comma stands in double quotes"}},
     {"APasswordThatHoldsADoubleQuote",
      "R7",
      {"GEDII:DIR=150,CUST=1,LIC=1;", "IPEXI:DIR=150,PASSW=a\"b;"},
