@@ -118,7 +118,7 @@ Course Go(World& world, const std::string& before, const Scenario& scenario, con
       const workbench::RunResult result =
           session.Run(deed.function, scenario.CmdId, ParamListOf(scenario, deed), deed.parameter);
       course.answer = result.answer;
-      course.failure = result.failure;
+      if (result.failure) course.failure = result.failure->cause;
     } catch (const std::exception& escaped) {
       course.escaped = escaped.what();
     }

@@ -110,7 +110,7 @@ TEST_P(WholeExample, GivesTheLinesOfAllPlans) {
 }
 
 TEST_P(WholeExample, HasNoTwoRecordsWithTheSameKey) {
-  for (const char* name : plans) Apply(name);
+  ApplyThePlansBehind();
   for (const FormDefinition* form : Forms()) {
     for (const FormDefinition* table : form->OfEachTable()) {
       std::string key = "'' AS [none]";
