@@ -191,7 +191,7 @@ TEST_P(UnreadableLines, AreRefusedWhereNoAddGivesTheirRecord) {
   Road road(each.release);
   for (const char* plan : {"example.plan", "extensions.plan", "routes.plan"})
     ASSERT_TRUE(ApplyExamplePlan(road.session(), plan).kept);
-  for (const std::string& line : each.plan) ASSERT_EQ(road.Do(line), "done") << line;
+  for (const std::string& line : each.plan) ASSERT_TRUE(road.Do(line).starts_with("done")) << line;
   const Lines lines = Single(road.Lines());
   Road again(each.release);
   const PlanResult result = ApplyText(again.session(), "lines", Joined(lines), {.keepGoing = true});
