@@ -31,7 +31,8 @@ struct Fact {
 
 std::string Text(const Fact& fact) {
   std::string text = fact.values.size() == 1 ? fact.ofOne : fact.ofSeveral;
-  if (const std::size_t place = text.find("{}"); place != text.npos) text.replace(place, 2, Separated(AsRanges(fact.values), "&"));
+  if (const std::size_t place = text.find("{}"); place != text.npos)
+    text.replace(place, 2, Separated(AsRanges(fact.values), "&"));
   return text;
 }
 

@@ -88,7 +88,8 @@ std::optional<ListStatement> PrepareList(Exchange& exchange, const std::string& 
   });
 }
 
-ListStatement FixedValuesList(Exchange& exchange, const std::string& command, const std::string& parameter, int definition) {
+ListStatement FixedValuesList(Exchange& exchange, const std::string& command, const std::string& parameter,
+                              int definition) {
   return {&exchange.FixedListsOf(command),
           "SELECT [Value], [ValDesc] FROM [ParamValueDesc] WHERE [Command] = ? AND [Param] = ? AND [DefinitionNo] = ? "
           "ORDER BY rowid",

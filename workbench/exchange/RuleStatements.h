@@ -32,7 +32,8 @@ std::optional<RowSet> RunRule(Exchange& exchange, const std::string& sql, const 
 std::optional<ListStatement> PrepareList(Exchange& exchange, const std::string& sql, const std::string& selector,
                                          DebugLines& debug);
 // The fixed values of a parameter in one definition.
-ListStatement FixedValuesList(Exchange& exchange, const std::string& command, const std::string& parameter, int definition);
+ListStatement FixedValuesList(Exchange& exchange, const std::string& command, const std::string& parameter,
+                              int definition);
 
 // Rows by names and values, without statement text, in the database of a selector. An empty value becomes a null; a key
 // without a name counts for nothing.

@@ -32,7 +32,8 @@ std::string InWords(RunTimeFailure::Cause cause, const std::string& foundNothing
              "; a record that it belongs to may be missing, or have been changed by hand";
     }
     case RunTimeFailure::Cause::TypeMismatch: return "need a number where a value is none";
-    case RunTimeFailure::Cause::InvalidUseOfNull: return "need a value that is not given, or that a record does not have";
+    case RunTimeFailure::Cause::InvalidUseOfNull:
+      return "need a value that is not given, or that a record does not have";
     default: return "broke off";
   }
 }

@@ -77,9 +77,9 @@ TEST_F(ChangesTest, ARefusedLineDoesNothingAndADryRunTellsTheSame) {
 
 TEST_F(ChangesTest, APreparedRowIsARecordWhileItIsFilledIn) {
   const std::string add = "EXCCS:CAT=7,TRAF=4,SERV_D6=1,CDIV_D1=1,ROC_D2=1;";
-  EXPECT_THAT(Told({add, "edit EXCCS CAT=7:TRAF=3;", "delete EXCCS CAT=7;"}),
-              ElementsAre(testing::StartsWith("+EXCCS CAT=7 "), "~EXCCS CAT=7 TRAF:4>3",
-                          testing::StartsWith("-EXCCS CAT=7 ")));
+  EXPECT_THAT(
+      Told({add, "edit EXCCS CAT=7:TRAF=3;", "delete EXCCS CAT=7;"}),
+      ElementsAre(testing::StartsWith("+EXCCS CAT=7 "), "~EXCCS CAT=7 TRAF:4>3", testing::StartsWith("-EXCCS CAT=7 ")));
 }
 
 TEST_F(ChangesTest, ASecretIsToldToHaveChangedAndNoMore) {

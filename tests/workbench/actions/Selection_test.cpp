@@ -70,7 +70,8 @@ TEST_F(SelectionTest, AValueThatIsStoredWithTheSignIsFoundByItsOwnText) {
   EXPECT_EQ(road_.Do("edit KSEXI CUST=1&2,DIR=101:CAT=2;"), "done");
   EXPECT_EQ(road_.Do("edit KSEXI CUST=1&2:CAT=2;"),
             "there are several records of KSEXI with CUST=1&2; select one by more of its parameters");
-  EXPECT_EQ(road_.Do("edit KSEXI CUST=1&2,DIR=100&102:CAT=2;"), "done\nthere is no record of KSEXI with CUST=1&2,DIR=102")
+  EXPECT_EQ(road_.Do("edit KSEXI CUST=1&2,DIR=100&102:CAT=2;"),
+            "done\nthere is no record of KSEXI with CUST=1&2,DIR=102")
       << "beside a list as well";
   EXPECT_EQ(Categories(), "100|2 101|2 102|1 103|1 104|1");
 }
