@@ -23,10 +23,10 @@ struct Recorded {
 };
 
 Recorded Record(int series) {
-  const Recorder recorder;
-  Workload workload(series);
+  Recorder recorder;
+  Workload workload(series, [&recorder](auto workbench) { return recorder.InFrontOf(std::move(workbench)); });
   Recorded recorded;
-  for (std::size_t step = 0; step < steps.size(); ++step) {
+  for (const Workload::Step& step : Workload::steps) {
     recorded.begins.push_back(recorder.statements().size());
     workload.Do(step);
   }
@@ -38,12 +38,16 @@ Recorded Record(int series) {
 struct Times {
   std::vector<double> library;
   std::vector<double> replay;
+  std::vector<double> rules;  // of the replay, the statements of the rules
 };
 
+// A step without statements of the rules has nothing to compare with them.
 void Line(const char* name, const Times& times, int actions) {
   const double library = Median(times.library);
   const double replay = Median(times.replay);
-  std::printf("  %-34s %10.2f %10.2f %8.2f", name, library * 1e3, replay * 1e3, library / replay);
+  const double rules = Median(times.rules);
+  std::printf("  %-34s %10.2f %10.2f %10.2f %8.2f", name, library * 1e3, replay * 1e3, rules * 1e3, library / replay);
+  rules > 0 ? std::printf(" %9.2f", library / rules) : std::printf(" %9s", "");
   if (actions > 0) std::printf(" %14.1f", library * 1e6 / actions);
   std::printf("\n");
 }
@@ -52,30 +56,25 @@ void Line(const char* name, const Times& times, int actions) {
 
 void Compare(int series, int rounds) {
   const Recorded recorded = Record(series);
-  std::vector<Times> times(steps.size());
-  Times all;
+  std::vector<Times> times(Workload::steps.size());
   for (int round = 0; round < rounds; ++round) {
     Workload workload(series);
     Replay replay;
     replay.Run(recorded.Before());
-    double library = 0;
-    double raw = 0;
-    for (std::size_t step = 0; step < steps.size(); ++step) {
-      times[step].library.push_back(Seconds([&] { workload.Do(step); }));
-      times[step].replay.push_back(Seconds([&] { replay.Run(recorded.Of(step)); }));
-      library += times[step].library.back();
-      raw += times[step].replay.back();
+    for (std::size_t step = 0; step < times.size(); ++step) {
+      Times& of = times[step];
+      of.library.push_back(Seconds([&] { workload.Do(Workload::steps[step]); }));
+      of.replay.push_back(Seconds([&] { of.rules.push_back(replay.Run(recorded.Of(step))); }));
     }
-    all.library.push_back(library);
-    all.replay.push_back(raw);
   }
 
-  std::printf("\n%d series, %zu statements   %17s %10s %8s %14s\n", series,
-              recorded.statements.size() - recorded.begins.front(), "library ms", "replay ms", "ratio",
-              "us per action");
-  for (std::size_t step = 0; step < steps.size(); ++step)
-    Line(steps[step].name, times[step], steps[step].actions == 0 ? series : steps[step].actions);
-  Line("all", all, 0);
+  std::printf("\n%d series, %zu statements   %17s %10s %10s %8s %9s %14s\n", series,
+              recorded.statements.size() - recorded.begins.front(), "library ms", "replay ms", "rules ms", "of all",
+              "of rules", "us per action");
+  for (std::size_t step = 0; step < times.size(); ++step) {
+    const auto& [name, actions, work] = Workload::steps[step];
+    Line(name, times[step], actions == 0 ? series : actions);
+  }
 }
 
 }  // namespace cordboard::bench

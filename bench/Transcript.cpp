@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
+#include "bench/Measure.h"
+#include "script/ForwardingHost.h"
 #include "workbench/database/SqlFunctions.h"
 
 namespace cordboard::bench {
@@ -26,6 +29,39 @@ int ConnectionOpened(sqlite3* database, char**, const void*) {
   return SQLITE_OK;
 }
 
+// Says what runs while the rules read or write rows.
+class MarkingHost : public ForwardingHost {
+ public:
+  MarkingHost(std::shared_ptr<Host> next, bool& ofRules) : ForwardingHost(std::move(next)), ofRules_(ofRules) {}
+
+  bool scRunQuery(const std::string& sql, RowSet* rows, const Selector& database) override {
+    const Mark mark(ofRules_);
+    return next().scRunQuery(sql, rows, database);
+  }
+  bool scSQLInsert(const std::string& table, const List& columns, const List& values) override {
+    const Mark mark(ofRules_);
+    return next().scSQLInsert(table, columns, values);
+  }
+  bool scSQLUpdate(const std::string& table, const List& columns, const List& values, const List& keys,
+                   const List& keyValues) override {
+    const Mark mark(ofRules_);
+    return next().scSQLUpdate(table, columns, values, keys, keyValues);
+  }
+  RowSet scSQLSelect(const std::string& table, const List& columns, const List& keys, const List& keyValues) override {
+    const Mark mark(ofRules_);
+    return next().scSQLSelect(table, columns, keys, keyValues);
+  }
+
+ private:
+  struct Mark {
+    explicit Mark(bool& mark) : set(mark) { set = true; }
+    ~Mark() { set = false; }
+    bool& set;
+  };
+
+  bool& ofRules_;
+};
+
 // SQLite calls it with three arguments, but takes it as a function without any.
 auto Extension() { return reinterpret_cast<void (*)()>(ConnectionOpened); }
 
@@ -45,7 +81,11 @@ void Recorder::Opened(sqlite3* database) { databases_.push_back(database); }
 
 void Recorder::Ran(sqlite3* database, const char* sql) {
   const auto number = std::ranges::find(databases_, database) - databases_.begin();
-  statements_.push_back({static_cast<std::size_t>(number), sql});
+  statements_.push_back({static_cast<std::size_t>(number), sql, ofRules_});
+}
+
+std::shared_ptr<Host> Recorder::InFrontOf(std::shared_ptr<Host> workbench) {
+  return std::make_shared<MarkingHost>(std::move(workbench), ofRules_);
 }
 
 Replay::~Replay() {
@@ -62,8 +102,20 @@ sqlite3* Replay::Database(std::size_t number) {
   return databases_[number];
 }
 
-void Replay::Run(std::span<const Statement> statements) {
-  for (const auto& [number, sql] : statements) {
+double Replay::Run(std::span<const Statement> statements) {
+  double ofRules = 0;
+  for (auto begin = statements.begin(); begin != statements.end();) {
+    const auto end =
+        std::find_if(begin, statements.end(), [&](const Statement& each) { return each.ofRules != begin->ofRules; });
+    const double seconds = Seconds([&] { RunEach({begin, end}); });
+    if (begin->ofRules) ofRules += seconds;
+    begin = end;
+  }
+  return ofRules;
+}
+
+void Replay::RunEach(std::span<const Statement> statements) {
+  for (const auto& [number, sql, ofRules] : statements) {
     sqlite3* database = Database(number);
     sqlite3_stmt* statement = nullptr;
     int code = sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);

@@ -3,9 +3,9 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "bench/Plants.h"
+#include "workbench/actions/Filling.h"
 #include "workbench/actions/Generation.h"
-#include "workbench/exchange/Plant.h"
-#include "workbench/plans/Plan.h"
 
 namespace cordboard::bench {
 
@@ -14,31 +14,19 @@ namespace {
 using workbench::Exchange;
 
 constexpr const char* release = "R8";
+constexpr const char* command = "KSEXI";
 constexpr int firstSeries = 1000;
+constexpr int spare = 100;  // positions that are free at the end
 
-// Whose list is asked for: the first command of these that is there lists numbers that were just added.
-struct ListedParameter {
-  const char* command;
-  const char* parameter;
-  const char* NUMTYP;
-  bool numbers;
-};
-constexpr ListedParameter listedParameters[] = {
-    {"KSEXI", "DIR", "EX", true}, {"RODDI", "DEST", "ED", true}, {"NANSI", "NUMTYP", "EX", false}};
+workbench::Plant PlantFor(int extensions) { return PlantWith("31", 16, extensions + spare); }
 
-const ListedParameter& Listed() {
-  for (const ListedParameter& listed : listedParameters) {
-    if (workbench::FindForm(listed.command) != nullptr) return listed;
-  }
-  throw std::logic_error("there is no form to list values for");
-}
+std::string Number(int place) { return std::to_string(firstSeries * numbersPerSeries + place); }
 
-std::string Plan(int series) {
+// A line for each, with {n} for its number.
+std::string Lines(const std::string& line, int count) {
   std::string plan;
-  for (int i = firstSeries; i < firstSeries + series; ++i) {
-    const std::string number = std::to_string(i);
-    plan += std::string("NANSI:NUMTYP=") + Listed().NUMTYP + ",NUMSE=" + number + "00&&" + number + "99;\n";
-  }
+  const std::size_t at = line.find("{n}");
+  for (int place = 0; place < count; ++place) plan += line.substr(0, at) + Number(place) + line.substr(at + 3) + "\n";
   return plan;
 }
 
@@ -48,51 +36,68 @@ void Expect(bool holds, const char* what) {
 
 }  // namespace
 
-Workload::Workload(int series, std::unique_ptr<Exchange> exchange)
-    : series_(series), plan_(Plan(series)), exchange_(std::move(exchange)), session_(*exchange_) {
+const std::array<Workload::Step, 8> Workload::steps = {{{"add a series of 100 numbers", 0, &Workload::AddSeries},
+                                                        {"check one value against its list", checks, &Workload::Check},
+                                                        {"list all numbers", lists, &Workload::ListNumbers},
+                                                        {"generate, per series", 0, &Workload::Generate},
+                                                        {"add an extension", 0, &Workload::Add},
+                                                        {"edit an extension", 0, &Workload::Edit},
+                                                        {"list all free positions", lists, &Workload::ListPositions},
+                                                        {"delete an extension", 0, &Workload::Delete}}};
+
+Workload::Workload(int series, std::unique_ptr<Exchange> exchange, const workbench::Session::Decorate& decorate)
+    : series_(series), exchange_(std::move(exchange)), session_(*exchange_, decorate) {
   // The fixed values are made when they are first asked for: that is no part of the work.
   exchange_->Database("static");
 }
 
-Workload::Workload(int series) : Workload(series, Exchange::CreateInMemory(release, workbench::ReadPlant("example"))) {}
+Workload::Workload(int series, const workbench::Session::Decorate& decorate)
+    : Workload(series, Exchange::CreateInMemory(release, PlantFor(series)), decorate) {}
 
 Workload::Workload(int series, const std::string& file)
-    : Workload(series, Exchange::Create(file, release, workbench::ReadPlant("example"))) {}
+    : Workload(series, Exchange::Create(file, release, PlantFor(series)), {}) {}
 
-void Workload::Do(std::size_t step) {
-  switch (step) {
-    case 0: return Add();
-    case 1: return Check();
-    case 2: return List();
-    default: return Generate();
-  }
-}
-
-void Workload::Add() {
-  std::istringstream plan(plan_);
-  const workbench::PlanResult result = workbench::ApplyPlan(session_, {{"series", plan}}, {});
+void Workload::Apply(const std::string& plan) {
+  std::istringstream in(plan);
+  const workbench::PlanResult result = workbench::ApplyPlan(session_, {{"workload", in}}, {});
   Expect(result.kept && result.done == static_cast<std::size_t>(series_), "the plan was refused");
 }
 
+void Workload::AddSeries() {
+  std::string plan;
+  for (int i = firstSeries; i < firstSeries + series_; ++i) {
+    const std::string number = std::to_string(i);
+    plan += "NANSI:NUMTYP=EX,NUMSE=" + number + "00&&" + number + "99;\n";
+  }
+  Apply(plan);
+}
+
 void Workload::Check() {
-  session_.host().OpenForm(*workbench::FindForm(Listed().command));
+  session_.host().OpenForm(*workbench::FindForm(command));
   for (int i = 0; i < checks; ++i) {
-    const std::string value =
-        Listed().numbers ? std::to_string(firstSeries * numbersPerSeries + i * 7) : std::string(Listed().NUMTYP);
-    const workbench::ValueList* list = session_.host().FreshList(Listed().parameter);
-    Expect(list != nullptr && list->Contains(value), "a value is not in its list");
+    const workbench::ValueList* list = session_.host().FreshList("DIR");
+    Expect(list != nullptr && list->Contains(Number(i * 7)), "a value is not in its list");
   }
 }
 
-void Workload::List() {
-  session_.host().OpenForm(*workbench::FindForm(Listed().command));
-  const std::size_t least = Listed().numbers ? static_cast<std::size_t>(series_ * numbersPerSeries) : 1;
+void Workload::List(const char* parameter, const std::vector<workbench::Assignment>& given, int least) {
+  FillForm(session_, *workbench::FindForm(command), given);
   for (int i = 0; i < lists; ++i)
-    Expect(session_.host().FreshList(Listed().parameter)->All().size() >= least, "the list is too short");
+    Expect(session_.host().FreshList(parameter)->All().size() >= static_cast<std::size_t>(least),
+           "the list is too short");
 }
+
+void Workload::ListNumbers() { List("DIR", {}, series_ * numbersPerSeries); }
+void Workload::ListPositions() { List("EQU", {{"ITYPE", "3"}}, spare); }
 
 void Workload::Generate() {
   Expect(workbench::Generate(session_).lines.size() == static_cast<std::size_t>(series_), "lines are missing");
 }
+
+void Workload::Add() {
+  Apply(Lines("KSEXI:DIR={n},ITYPE=3,EQU=next,TRAF=00,SERV=000000000,CDIV=000000000,ROC=010000;", series_));
+}
+void Workload::Edit() { Apply(Lines("edit KSEXI DIR={n}:CUST=1;", series_)); }
+void Workload::Delete() { Apply(Lines("delete KSEXI DIR={n};", series_)); }
 
 }  // namespace cordboard::bench

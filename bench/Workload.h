@@ -1,4 +1,5 @@
-// What an administrator does with number series: adds them by a plan, asks which values are possible, generates.
+// What an administrator does: adds number series by a plan, asks which values are possible, generates, and adds,
+// changes and deletes extensions line by line.
 #pragma once
 
 #include <array>
@@ -7,39 +8,45 @@
 
 #include "workbench/exchange/Exchange.h"
 #include "workbench/host/Session.h"
+#include "workbench/plans/Plan.h"
 
 namespace cordboard::bench {
-
-struct Step {
-  const char* name;
-  int actions;  // what the cost is divided by; 0 stands for the number of series
-};
 
 inline constexpr int numbersPerSeries = 100;
 inline constexpr int checks = 100;
 inline constexpr int lists = 3;
-inline constexpr std::array<Step, 4> steps = {{{"add a series of 100 numbers", 0},
-                                               {"check one value against its list", checks},
-                                               {"list all values", lists},
-                                               {"generate, per series", 0}}};
 
 class Workload {
  public:
-  // On an exchange in memory, or in a file that is made for it.
-  explicit Workload(int series);
+  // On an exchange in memory, or in a file that is made for it. There are as many extensions as series.
+  explicit Workload(int series, const workbench::Session::Decorate& decorate = {});
   Workload(int series, const std::string& file);
 
-  void Do(std::size_t step);
+  struct Step {
+    const char* name;
+    int actions;  // what the cost is divided by; 0 stands for the number of series
+    void (Workload::*work)();
+  };
+  static const std::array<Step, 8> steps;
+
+  void Do(const Step& step) { (this->*step.work)(); }
 
  private:
-  Workload(int series, std::unique_ptr<workbench::Exchange> exchange);
-  void Add();
+  Workload(int series, std::unique_ptr<workbench::Exchange> exchange, const workbench::Session::Decorate& decorate);
+
+  void AddSeries();
   void Check();
-  void List();
+  void ListNumbers();
   void Generate();
+  void Add();
+  void Edit();
+  void ListPositions();
+  void Delete();
+
+  void Apply(const std::string& plan);
+  void List(const char* parameter, const std::vector<workbench::Assignment>& given, int least);
 
   int series_;
-  std::string plan_;
   std::unique_ptr<workbench::Exchange> exchange_;
   workbench::Session session_;
 };

@@ -10,6 +10,7 @@
 #include "bench/Comparison.h"
 #include "bench/Folder.h"
 #include "bench/Growth.h"
+#include "bench/Plans.h"
 #include "bench/Workload.h"
 
 namespace cordboard::bench {
@@ -40,13 +41,19 @@ void Memory(const std::string& program, int series) {
 
 void Do(int series, const std::string& file) {
   Workload workload(series, file);
-  for (std::size_t step = 0; step < steps.size(); ++step) workload.Do(step);
+  for (const Workload::Step& step : Workload::steps) workload.Do(step);
   std::printf("  %5d series %8.1f MB\n", series, PeakMemory());
 }
 
-void All(const std::string& program) {
+void CompareAll() {
   std::printf("The library with the workbench against its statements replayed straight into SQLite\n");
   for (const int series : sizes) Compare(series, rounds);
+}
+
+void All(const std::string& program) {
+  CompareAll();
+  std::printf("\nLarge plans on a large exchange\n");
+  MeasurePlans();
   std::printf("\nMost memory of the workload on an exchange in a file\n");
   for (const int series : sizes) Memory(program, series);
   std::printf("\nOne more action as the tables grow\n");
@@ -58,10 +65,12 @@ void Run(int count, char** words) {
   const std::string what = count > 1 ? words[1] : "all";
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
   if (what == "all") return All(program);
+  if (what == "lines") return CompareAll();
+  if (what == "plans") return MeasurePlans();
   if (what == "growth") return MeasureGrowth(program, count > 2 ? words[2] : "");
   if (what == "workload" && count == 4) return Do(std::stoi(words[2]), words[3]);
   if (what == "once" && count == 5) return DoOnce(words[2], std::stoul(words[3]), words[4]);
-  throw std::runtime_error("usage: cordboard-bench [all | growth [COMMAND]]");
+  throw std::runtime_error("usage: cordboard-bench [all | lines | plans | growth [COMMAND]]");
 }
 
 }  // namespace

@@ -19,11 +19,14 @@ namespace cordboard::workbench {
 namespace {
 
 constexpr std::size_t shownValues = 10;
+// Where there are more they are not counted: that would cost what the whole list costs.
+constexpr std::size_t countedValues = 50;
 
 Possible PossibleOf(const ValueList& list, const ParameterDefinition& parameter, bool mandatory) {
-  const std::vector<ValidValue> all = list.All();
-  Possible possible{.total = all.size(), .numbers = parameter.beside, .canBeLeftOut = !mandatory};
-  for (const ValidValue& entry : std::span(all).first(std::min(all.size(), shownValues)))
+  const std::vector<ValidValue> values = list.First(countedValues + 1);
+  Possible possible{.numbers = parameter.beside, .canBeLeftOut = !mandatory};
+  if (values.size() <= countedValues) possible.total = values.size();
+  for (const ValidValue& entry : std::span(values).first(std::min(values.size(), shownValues)))
     possible.values.push_back(entry.value);
   return possible;
 }

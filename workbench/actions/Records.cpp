@@ -145,16 +145,21 @@ std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinit
 }
 
 void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form) {
-  for (const std::string& column : definition.columns) {
-    // A whole comes even where the form shows its digits alone: an edit of one digit keeps the others.
-    if (!definition.Shows(column)) continue;
-    const Value stored =
-        exchange.Dynamic().Single("SELECT [" + column + "] FROM " + definition.Rows() + " WHERE [CmdId] = ?", {CmdId});
+  // A whole comes even where the form shows its digits alone: an edit of one digit keeps the others.
+  std::vector<std::string> columns;
+  std::ranges::copy_if(definition.columns, std::back_inserter(columns),
+                       [&](const std::string& column) { return definition.Shows(column); });
+  const auto bracketed = [](const std::string& column) { return "[" + column + "]"; };
+  const RowSet stored = exchange.Dynamic().Run(
+      "SELECT " + Separated(columns, ", ", bracketed) + " FROM " + definition.Rows() + " WHERE [CmdId] = ? LIMIT 1",
+      {CmdId});
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const Value value = stored.IsEmpty() ? Value() : stored[i][0];
     // Some commands write the empty text for nothing: on the form neither was given.
-    if (stored.IsBlank()) {
-      form.Reset(column);
+    if (value.IsBlank()) {
+      form.Reset(columns[i]);
     } else {
-      form.Set(column, Joined(stored));
+      form.Set(columns[i], Joined(value));
     }
   }
 }

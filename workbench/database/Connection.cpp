@@ -4,7 +4,8 @@
 
 #include <cmath>
 #include <cstring>
-#include <string_view>
+
+#include "script/Conversions.h"
 
 namespace cordboard::workbench {
 
@@ -31,18 +32,9 @@ void Bind(sqlite3_stmt* statement, int index, const Value& value) {
   }
 }
 
-Value Column(sqlite3_stmt* statement, int column, bool truth) {
-  switch (sqlite3_column_type(statement, column)) {
-    case SQLITE_NULL: return Value::Null();
-    case SQLITE_INTEGER: {
-      const sqlite3_int64 number = sqlite3_column_int64(statement, column);
-      return truth ? Value(number != 0) : Value(number);
-    }
-    case SQLITE_FLOAT: return sqlite3_column_double(statement, column);
-    default: break;
-  }
+std::string_view StoredText(sqlite3_stmt* statement, int column) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-  return std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+  return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
 }
 
 bool IsTruthColumn(sqlite3_stmt* statement, int column) {
@@ -50,21 +42,22 @@ bool IsTruthColumn(sqlite3_stmt* statement, int column) {
   return declared != nullptr && std::strcmp(declared, "BOOLEAN") == 0;
 }
 
-// The tables with such names are not the library's.
-bool IsOwnTable(const char* name) {
-  return name != nullptr && (std::string_view(name).starts_with("sqlite_") || std::string_view(name) == "Cordboard");
+Value Column(sqlite3_stmt* statement, int column) {
+  switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL: return Value::Null();
+    case SQLITE_INTEGER: {
+      const sqlite3_int64 number = sqlite3_column_int64(statement, column);
+      return IsTruthColumn(statement, column) ? Value(number != 0) : Value(number);
+    }
+    case SQLITE_FLOAT: return sqlite3_column_double(statement, column);
+    default: return StoredText(statement, column);
+  }
 }
 
-int RowsOnly(void*, int action, const char* first, const char*, const char*, const char*) {
-  switch (action) {
-    case SQLITE_SELECT:
-    case SQLITE_FUNCTION: return SQLITE_OK;
-    case SQLITE_READ:
-    case SQLITE_INSERT:
-    case SQLITE_UPDATE:
-    case SQLITE_DELETE: return IsOwnTable(first) ? SQLITE_DENY : SQLITE_OK;
-    default: return SQLITE_DENY;
-  }
+// What is no text in the database is written to `written`.
+std::string_view Text(sqlite3_stmt* statement, int column, std::string& written) {
+  if (sqlite3_column_type(statement, column) == SQLITE_TEXT) return StoredText(statement, column);
+  return written = Joined(Column(statement, column));
 }
 
 }  // namespace
@@ -72,34 +65,30 @@ int RowsOnly(void*, int action, const char* first, const char*, const char*, con
 void Connection::FinalizeStatement::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
 void Connection::Execute(const std::string& sql) {
+  clock_->Everything();
   const int code = sqlite3_exec(database_.get(), sql.c_str(), nullptr, nullptr, nullptr);
   if (code != SQLITE_OK) Fail(code);
 }
 
-sqlite3_stmt* Connection::Prepared(const std::string& sql, Statements& kept) {
-  if (const auto found = kept.find(sql); found != kept.end()) return found->second.get();
+Connection::Statement& Connection::Prepared(const std::string& sql, Statements& kept) {
+  if (const auto found = kept.find(sql); found != kept.end()) return found->second;
   sqlite3_stmt* prepared = nullptr;
   const char* rest = nullptr;
-  const int code = sqlite3_prepare_v3(database_.get(), sql.c_str(), static_cast<int>(sql.size()),
-                                      SQLITE_PREPARE_PERSISTENT, &prepared, &rest);
-  if (code != SQLITE_OK) Fail(code);
-  Statement statement(prepared);
-  if (!statement || rest != sql.c_str() + sql.size()) throw DatabaseError("this is not one statement");
+  Footprint footprint = footprints_->Of(&kept == &keptRules_, [&] {
+    const int code = sqlite3_prepare_v3(database_.get(), sql.c_str(), static_cast<int>(sql.size()),
+                                        SQLITE_PREPARE_PERSISTENT, &prepared, &rest);
+    if (code != SQLITE_OK) Fail(code);
+  });
+  Statement statement;
+  statement.prepared.reset(prepared);
+  statement.footprint = std::move(footprint);
+  if (prepared == nullptr || rest != sql.c_str() + sql.size()) throw DatabaseError("this is not one statement");
   if (kept.size() >= keptStatements) kept.clear();
-  kept[sql] = std::move(statement);
-  return prepared;
+  return kept[sql] = std::move(statement);
 }
 
-sqlite3_stmt* Connection::PreparedRule(const std::string& sql) {
-  // What a statement may do is asked when it is prepared, and only then.
-  struct Guard {
-    sqlite3* database;
-    explicit Guard(sqlite3* guarded) : database(guarded) { sqlite3_set_authorizer(database, RowsOnly, nullptr); }
-    ~Guard() { sqlite3_set_authorizer(database, nullptr, nullptr); }
-  };
-  if (const auto found = keptRules_.find(sql); found != keptRules_.end()) return found->second.get();
-  const Guard guard(database_.get());
-  return Prepared(sql, keptRules_);
+int Connection::PrepareRule(const std::string& sql) {
+  return sqlite3_column_count(Prepared(sql, keptRules_).prepared.get());
 }
 
 void Connection::ForgetStatements() {
@@ -107,38 +96,77 @@ void Connection::ForgetStatements() {
   keptRules_.clear();
 }
 
-int Connection::PrepareRule(const std::string& sql) { return sqlite3_column_count(PreparedRule(sql)); }
-
 RowSet Connection::Run(const std::string& sql, const std::vector<Value>& parameters) {
   return Step(Prepared(sql, kept_), parameters);
 }
 
 RowSet Connection::RunRule(const std::string& sql, const std::vector<Value>& parameters) {
-  return Step(PreparedRule(sql), parameters);
+  Statement& statement = Prepared(sql, keptRules_);
+  if (IsIdle(statement, parameters)) return {};
+  // What is read once alone need not be kept.
+  if (statement.runs < 2 && ++statement.runs == 2) statement.whole = WholeTable::Of(sql);
+  return statement.whole ? WholeRows(statement) : Step(statement, parameters);
 }
 
-RowSet Connection::Step(sqlite3_stmt* statement, const std::vector<Value>& parameters) {
+void Connection::ReadRule(const std::string& sql, const std::vector<Value>& parameters, const TakeRow& take) {
+  Statement& statement = Prepared(sql, keptRules_);
+  const int count = sqlite3_column_count(statement.prepared.get());
+  std::string first;
+  std::string second;
+  EachRow(statement, parameters,
+          [&](sqlite3_stmt* row) { take(Text(row, 0, first), count > 1 ? Text(row, 1, second) : std::string_view()); });
+}
+
+RowSet Connection::Step(Statement& statement, const std::vector<Value>& parameters) {
+  const int count = sqlite3_column_count(statement.prepared.get());
+  std::vector<std::vector<Value>> columns(static_cast<std::size_t>(count));
+  EachRow(statement, parameters, [&](sqlite3_stmt* row) {
+    for (int i = 0; i < count; ++i) columns[static_cast<std::size_t>(i)].push_back(Column(row, i));
+  });
+  return RowSet(std::move(columns));
+}
+
+template <typename Take>
+void Connection::EachRow(Statement& kept, const std::vector<Value>& parameters, Take take) {
+  sqlite3_stmt* statement = kept.prepared.get();
   if (open_ > 0 && IsTransactionLost()) throw DatabaseError("the database has given up the transaction" + lostBy_);
   if (sqlite3_bind_parameter_count(statement) != static_cast<int>(parameters.size()))
     throw DatabaseError("the statement does not take these parameters");
   for (std::size_t i = 0; i < parameters.size(); ++i) Bind(statement, static_cast<int>(i) + 1, parameters[i]);
-
-  const int count = sqlite3_column_count(statement);
-  std::vector<std::vector<Value>> columns(static_cast<std::size_t>(count));
-  std::vector<bool> truths(columns.size());
-  for (int i = 0; i < count; ++i) truths[static_cast<std::size_t>(i)] = IsTruthColumn(statement, i);
   int code = sqlite3_step(statement);
-  for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
-    for (std::size_t i = 0; i < columns.size(); ++i)
-      columns[i].push_back(Column(statement, static_cast<int>(i), truths[i]));
-  }
+  for (; code == SQLITE_ROW; code = sqlite3_step(statement)) take(statement);
   // The reset gives the step's failure once more; the message stays until the next call.
   const int reset = sqlite3_reset(statement);
-  if (code != SQLITE_DONE || reset != SQLITE_OK) {
-    if (open_ > 0 && IsTransactionLost()) lostBy_ = std::string(": ") + sqlite3_errmsg(database_.get());
-    Fail(reset != SQLITE_OK ? reset : code);
+  const bool succeeded = code == SQLITE_DONE && reset == SQLITE_OK;
+  NoteChanges(kept, parameters, succeeded);
+  if (succeeded) return;
+  if (open_ > 0 && IsTransactionLost()) lostBy_ = std::string(": ") + sqlite3_errmsg(database_.get());
+  Fail(reset != SQLITE_OK ? reset : code);
+}
+
+void Connection::NoteChanges(Statement& statement, const std::vector<Value>& parameters, bool succeeded) {
+  const Footprint& footprint = statement.footprint;
+  if (!footprint.Writes()) return;
+  if (succeeded && sqlite3_changes(database_.get()) == 0) {
+    statement.idle = {clock_->Now(), parameters};
+    return;
   }
-  return RowSet(std::move(columns));
+  for (const ChangeClock::Table table : footprint.appended) clock_->Appended(table);
+  for (const ChangeClock::Table table : footprint.rewritten) clock_->Rewritten(table);
+}
+
+// Nobody else changes a table while a transaction is open, and what changed nothing changes nothing once more.
+bool Connection::IsIdle(const Statement& statement, const std::vector<Value>& parameters) const {
+  return open_ > 0 && !IsTransactionLost() && statement.idle && statement.idle->parameters == parameters &&
+         clock_->NoneSince(statement.idle->time, statement.footprint.touched);
+}
+
+RowSet Connection::WholeRows(Statement& statement) {
+  WholeTable& whole = *statement.whole;
+  const ChangeClock::Table table = statement.footprint.touched.front();
+  if (open_ == 0 || !clock_->OnlyAppendedSince(whole.time(), table)) whole.Forget();
+  whole.Append(Run(whole.statement(), {whole.last()}), clock_->Now());
+  return whole.Rows();
 }
 
 Value Connection::Single(const std::string& sql, const std::vector<Value>& parameters) {
@@ -151,17 +179,20 @@ bool Connection::IsTransactionLost() const { return sqlite3_get_autocommit(datab
 void Connection::Start() {
   Run(open_ == 0 ? "BEGIN IMMEDIATE" : "SAVEPOINT level" + std::to_string(open_));
   ++open_;
+  clock_->Start();
 }
 
 void Connection::Commit() {
   if (open_ == 0) throw DatabaseError("there is no transaction to commit");
   Run(open_ == 1 ? "COMMIT" : "RELEASE level" + std::to_string(open_ - 1));
   --open_;
+  clock_->Commit();
 }
 
 void Connection::RollBack() {
   if (open_ == 0) throw DatabaseError("there is no transaction to roll back");
   --open_;
+  clock_->RollBack();
   if (IsTransactionLost()) return;
   if (open_ == 0) {
     Run("ROLLBACK");

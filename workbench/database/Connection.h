@@ -3,13 +3,19 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
 #include "script/List.h"
+#include "workbench/database/ChangeClock.h"
+#include "workbench/database/Footprint.h"
+#include "workbench/database/WholeTable.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -59,8 +65,14 @@ class Connection {
   RowSet Run(const std::string& sql, const std::vector<Value>& parameters = {});
   // The first column of the first row, empty where there is none.
   Value Single(const std::string& sql, const std::vector<Value>& parameters = {});
-  // The same for a statement of the library: it may read and write rows of its tables and nothing else.
+  // The same for a statement of the library: it may read and write rows of its tables and nothing else. While nothing
+  // that it touches has changed since, one that changed nothing is not run again, and of a table that it reads whole
+  // only new rows are read.
   RowSet RunRule(const std::string& sql, const std::vector<Value>& parameters);
+  // Hands the rows of a statement of the library on, one after the other: the first two columns as texts, and no
+  // characters for a null or a column that there is not. `take` runs no statement.
+  using TakeRow = std::function<void(std::string_view first, std::string_view second)>;
+  void ReadRule(const std::string& sql, const std::vector<Value>& parameters, const TakeRow& take);
   // Prepares and keeps a statement of the library, and gives the number of its columns. Fails where it does not fit.
   int PrepareRule(const std::string& sql);
 
@@ -81,7 +93,18 @@ class Connection {
   struct FinalizeStatement {
     void operator()(sqlite3_stmt* statement) const;
   };
-  using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+  // A run of a statement that changed nothing.
+  struct Idle {
+    ChangeClock::Time time;
+    std::vector<Value> parameters;
+  };
+  struct Statement {
+    std::unique_ptr<sqlite3_stmt, FinalizeStatement> prepared;
+    Footprint footprint;
+    std::optional<Idle> idle = {};
+    std::optional<WholeTable> whole = {};  // from the second run on, of a statement of the library
+    int runs = 0;
+  };
 
   using Statements = std::unordered_map<std::string, Statement>;
 
@@ -89,9 +112,13 @@ class Connection {
   void Open(const std::string& name, int flags);
   // Gives false where the file has to be put in order before it can be read.
   bool CopyTo(const Connection& other) const;
-  sqlite3_stmt* Prepared(const std::string& sql, Statements& kept);
-  sqlite3_stmt* PreparedRule(const std::string& sql);
-  RowSet Step(sqlite3_stmt* statement, const std::vector<Value>& parameters);
+  Statement& Prepared(const std::string& sql, Statements& kept);
+  RowSet Step(Statement& statement, const std::vector<Value>& parameters);
+  template <typename Take>
+  void EachRow(Statement& statement, const std::vector<Value>& parameters, Take take);
+  void NoteChanges(Statement& statement, const std::vector<Value>& parameters, bool succeeded);
+  bool IsIdle(const Statement& statement, const std::vector<Value>& parameters) const;
+  RowSet WholeRows(Statement& statement);
   void ForgetStatements();
   bool IsTransactionLost() const;
   std::string Held() const;
@@ -102,6 +129,9 @@ class Connection {
   std::string file_ = "the database in memory";  // as it was named, also for a copy of it
   std::unique_ptr<std::chrono::milliseconds> patience_;
   std::unique_ptr<sqlite3, CloseDatabase> database_;
+  // Both stay where they are when the connection is moved.
+  std::unique_ptr<ChangeClock> clock_ = std::make_unique<ChangeClock>();
+  std::unique_ptr<FootprintReader> footprints_;
   Statements kept_;
   Statements keptRules_;
   std::string lostBy_;  // why the database gave up a transaction

@@ -96,7 +96,8 @@ bool Connection::CopyTo(const Connection& other) const {
 
 void Connection::Open(const std::string& name, int flags) {
   sqlite3* database = nullptr;
-  const int code = sqlite3_open_v2(name.c_str(), &database, flags, nullptr);
+  // One thread uses a connection.
+  const int code = sqlite3_open_v2(name.c_str(), &database, flags | SQLITE_OPEN_NOMUTEX, nullptr);
   database_.reset(database);
   if (code != SQLITE_OK) Fail(code);
   sqlite3_busy_handler(database, TryAgain, patience_.get());
@@ -111,6 +112,7 @@ void Connection::Open(const std::string& name, int flags) {
   sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   sqlite3_limit(database, SQLITE_LIMIT_ATTACHED, 0);
   RegisterSqlFunctions(database);
+  footprints_ = std::make_unique<FootprintReader>(database, *clock_);
   // What is kept apart for a while needs no room on a disk.
   Execute("PRAGMA temp_store = MEMORY");
 }

@@ -35,18 +35,44 @@ void Insert(Mapping& mapping) {
   Values(mapping);
 }
 
-// A column to set may stand after the name of the table, which SQLite does not take there.
-void Assignment(Mapping& mapping, std::string_view table) {
+// A column to set may stand after the name of the table, which SQLite does not take there. Gives the column.
+std::string_view Assignment(Mapping& mapping, std::string_view table) {
   if (mapping.AtNext(Symbol::Dot)) {
     if (!SameName(mapping.tokens.current().text, table)) mapping.Refuse("this is not the table to update");
     mapping.Expect(Symbol::Name, "the table to update");
     mapping.Expect(Symbol::Dot, ".");
   }
-  mapping.PutName("a column");
+  const std::string_view column = mapping.PutName("a column");
   if (mapping.tokens.current().text != "=") mapping.Refuse("expected =");
   mapping.Expect(Symbol::Compare, "=");
   mapping.Put("=");
   MapExpression(mapping);
+  return column;
+}
+
+// Whether one truth value is set, and nothing else.
+bool IsMark(const MappedStatement& update, std::string_view column) {
+  std::string set = " SET [";
+  set.append(column).append("] = ?");
+  return update.sql.ends_with(set) && update.parameters.front().IsTruth();
+}
+
+// A mark that stands already is not written once more: the rows that are passed over hold what would be written to
+// them. Said by what the mark is not, so that an index of the marks finds the rows.
+void MapWhereOtherMark(Mapping& mapping, std::string_view column) {
+  MappedStatement& result = mapping.result;
+  const Value mark = result.parameters.front();
+  std::string name = "[";
+  name.append(column).append("]");
+  if (mapping.Accept(Symbol::Where)) {
+    mapping.Put("WHERE (");
+    MapExpression(mapping);
+    mapping.Join(") AND");
+  } else {
+    mapping.Put("WHERE");
+  }
+  mapping.Put("(" + name + " IS NULL OR " + name + " < ? OR " + name + " > ?)");
+  result.parameters.insert(result.parameters.end(), 2, mark);
 }
 
 void Update(Mapping& mapping) {
@@ -55,10 +81,11 @@ void Update(Mapping& mapping) {
   const std::string_view table = mapping.PutTable();
   mapping.Expect(Symbol::Set, "SET");
   mapping.Put("SET");
+  std::string_view column;
   do {
-    Assignment(mapping, table);
+    column = Assignment(mapping, table);
   } while (mapping.AcceptComma());
-  MapWhere(mapping);
+  IsMark(mapping.result, column) ? MapWhereOtherMark(mapping, column) : MapWhere(mapping);
 }
 
 void Delete(Mapping& mapping) {

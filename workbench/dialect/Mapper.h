@@ -18,6 +18,8 @@ struct MappedStatement {
   std::string sql;
   std::vector<Value> parameters;  // texts, numbers and truth values, one for each ?
   Kind kind = Kind::Read;
+  // Of a SELECT, where in the text the order of its rows begins. No literal stands behind it.
+  std::size_t order = std::string::npos;
 };
 
 inline constexpr std::size_t longestStatement = 1 << 20;  // bytes

@@ -41,7 +41,10 @@ class Select {
     } else if (distinct) {
       mapping_.result.sql.insert(afterSelect, " DISTINCT");
     }
+    const std::size_t order = mapping_.result.sql.size();
+    const std::size_t literals = mapping_.result.parameters.size();
     OrderBy();
+    if (top_ && mapping_.result.parameters.size() == literals) mapping_.result.order = order;
   }
 
  private:

@@ -84,16 +84,15 @@ std::optional<ListStatement> PrepareList(Exchange& exchange, const std::string& 
     Connection& database = Database(exchange, selector);
     MappedStatement mapped = Map(sql, Prefix(selector));
     if (database.PrepareRule(mapped.sql) == 0) throw DatabaseError("the statement gives no values");
-    return ListStatement{&database, std::move(mapped.sql), std::move(mapped.parameters)};
+    return ListStatement{&database, std::move(mapped.sql), std::move(mapped.parameters), mapped.order};
   });
 }
 
 ListStatement FixedValuesList(Exchange& exchange, const std::string& command, const std::string& parameter,
                               int definition) {
-  return {&exchange.FixedListsOf(command),
-          "SELECT [Value], [ValDesc] FROM [ParamValueDesc] WHERE [Command] = ? AND [Param] = ? AND [DefinitionNo] = ? "
-          "ORDER BY rowid",
-          {command, parameter, definition}};
+  const std::string values =
+      "SELECT [Value], [ValDesc] FROM [ParamValueDesc] WHERE [Command] = ? AND [Param] = ? AND [DefinitionNo] = ?";
+  return {&exchange.FixedListsOf(command), values + " ORDER BY rowid", {command, parameter, definition}, values.size()};
 }
 
 bool InsertRow(Exchange& exchange, const std::string& selector, const std::string& table, const List& columns,

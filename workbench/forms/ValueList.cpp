@@ -28,11 +28,21 @@ bool Within(const std::string& value, long long from, long long to) {
   return number && *number >= from && *number <= to;
 }
 
+// A statement, and the question for one of its values once somebody has asked.
+struct RowList {
+  ListStatement all;
+  std::optional<ListStatement> one = {};
+};
+
 // Whether a row of the statement has the value in its first column. A number column finds '1' by '01' too, so that what
 // was found is looked at once more.
-bool Gives(const ListStatement& statement, const std::string& value) {
-  const ListStatement asked = Membership(statement, value);
-  const RowSet found = asked.database->RunRule(asked.sql, asked.parameters);
+bool Gives(RowList& list, const std::string& value) {
+  if (!list.one) list.one = Membership(list.all);
+  const bool number = IsNumeric(value) && Joined(ToNumber(value)) == value;
+  std::vector<Value> parameters = list.one->parameters;
+  parameters.emplace_back(value);
+  parameters.push_back(number ? Value(ToNumber(value)) : Value::Null());
+  const RowSet found = list.one->database->RunRule(list.one->sql, parameters);
   return !found.IsEmpty() && Joined(found[0][0]) == value;
 }
 
@@ -63,7 +73,9 @@ bool OfferFromPool(const ListStatement& statement, std::size_t count, const std:
 template <typename Take>
 void OfferRows(const ListStatement& statement, std::size_t page, const std::string& unusedOf, const Take& take) {
   if (page == wholePage) {
-    OfferEach(statement.database->RunRule(statement.sql, statement.parameters), take);
+    statement.database->ReadRule(statement.sql, statement.parameters, [&take](auto value, auto description) {
+      if (!value.empty()) take({std::string(value), std::string(description)});
+    });
     return;
   }
   if (OfferFromPool(statement, page, unusedOf, take)) return;
@@ -79,27 +91,22 @@ void OfferRows(const ListStatement& statement, std::size_t page, const std::stri
 
 }  // namespace
 
-// The order of the outer statement keeps the database from seeking along the order of the inner one.
-ListStatement Membership(const ListStatement& list, const std::string& value) {
+ListStatement Membership(const ListStatement& list) {
   std::string columns = "v";
   for (int i = 1; i < list.database->PrepareRule(list.sql); ++i) columns += ", c" + std::to_string(i);
-  ListStatement asked{
-      list.database,
-      "WITH list(" + columns + ") AS (" + list.sql + ") SELECT v FROM list WHERE v IN (?, ?) ORDER BY +v LIMIT 1",
-      list.parameters};
-  const bool number = IsNumeric(value) && Joined(ToNumber(value)) == value;
-  asked.parameters.emplace_back(value);
-  asked.parameters.push_back(number ? Value(ToNumber(value)) : Value::Null());
-  return asked;
+  // Sorted rows would all have to be made.
+  const std::string rows = list.sql.substr(0, list.order);
+  return {list.database, "WITH list(" + columns + ") AS (" + rows + ") SELECT v FROM list WHERE v IN (?, ?) LIMIT 1",
+          list.parameters};
 }
 
 // --- Values.
 
 ValueList::Values ValueList::Rows(ListStatement statement) {
-  const auto rows = std::make_shared<const ListStatement>(std::move(statement));
+  const auto rows = std::make_shared<RowList>(RowList{std::move(statement)});
   return {.hold = [rows](const std::string& value) { return Gives(*rows, value); },
           .offer = [rows](std::size_t page, const std::string& unusedOf,
-                          const Take& take) { OfferRows(*rows, page, unusedOf, take); }};
+                          const Take& take) { OfferRows(rows->all, page, unusedOf, take); }};
 }
 
 ValueList::Values ValueList::One(const std::string& one) {
@@ -148,7 +155,7 @@ void ValueList::TakeAway(const Values& values, std::vector<ValidValue>& list) {
   if (values.offer) {
     // To read them all costs less than a look-up for each value of the list.
     const auto all = std::make_shared<std::unordered_set<std::string>>();
-    values.offer(wholePage, {}, [&](ValidValue entry) { return all->insert(std::move(entry.value)), true; });
+    values.offer(wholePage, {}, [&](ValidValue&& entry) { return all->insert(std::move(entry.value)), true; });
     unwanted = [all](const std::string& value) { return all->contains(value); };
   }
   std::erase_if(list, [&](const ValidValue& entry) { return unwanted(entry.value); });
@@ -158,7 +165,7 @@ std::vector<ValidValue> ValueList::All() const {
   std::vector<ValidValue> all;
   for (const Step& step : steps_) {
     if (step.adds) {
-      step.values.offer(wholePage, {}, [&](ValidValue entry) { return all.push_back(std::move(entry)), true; });
+      step.values.offer(wholePage, {}, [&](ValidValue&& entry) { return all.push_back(std::move(entry)), true; });
     } else {
       TakeAway(step.values, all);
     }
@@ -170,7 +177,7 @@ std::vector<ValidValue> ValueList::First(std::size_t count, const Wanted& wanted
   std::vector<ValidValue> first;
   for (auto step = steps_.begin(); step != steps_.end() && first.size() < count; ++step) {
     if (!step->adds) continue;
-    step->values.offer(count, wanted.unusedOf, [&](ValidValue entry) {
+    step->values.offer(count, wanted.unusedOf, [&](ValidValue&& entry) {
       const bool gone = std::any_of(step + 1, steps_.end(), [&entry](const Step& later) {
         return !later.adds && later.values.hold(entry.value);
       });

@@ -26,8 +26,8 @@ struct Wanted {
 };
 
 // The statement that asks whether `list` gives a value, as an inner query, so that the database can use its indexes.
-// Its parameters are those of `list` and then the value as a text and, where it is one, as a number.
-ListStatement Membership(const ListStatement& list, const std::string& value);
+// Its parameters are those of `list`, and behind them the value as a text and, where it is one, as a number.
+ListStatement Membership(const ListStatement& list);
 
 class ValueList {
  public:
@@ -53,7 +53,7 @@ class ValueList {
 
  private:
   // Takes one value after the other, until it answers false.
-  using Take = std::function<bool(ValidValue)>;
+  using Take = std::function<bool(ValidValue&&)>;
 
   // Some values, by two functions.
   struct Values {

@@ -236,6 +236,28 @@ TEST(Mapper, MapsUpdates) {
   EXPECT_EQ(Sql("UPDATE t SET a = 'x'\r\n"), "UPDATE [t] SET [a] = ?");
 }
 
+TEST(Mapper, PassesOverRowsThatHaveTheMarkAlready) {
+  const string others = "([USED] IS NULL OR [USED] < ? OR [USED] > ?)";
+  EXPECT_EQ(Sql("UPDATE t SET USED = TRUE WHERE a = 'x' OR b = 1"),
+            "UPDATE [t] SET [USED] = ? WHERE ([a] = ? OR [b] = ?) AND " + others);
+  EXPECT_EQ(Parameters("UPDATE t SET USED = TRUE WHERE a = 'x'"), (std::vector<Value>{true, "x", true, true}));
+  EXPECT_EQ(Sql("UPDATE t SET t.USED = FALSE"), "UPDATE [t] SET [USED] = ? WHERE " + others);
+  EXPECT_EQ(Sql("UPDATE t SET USED = FALSE, a = b WHERE c = 1"), "UPDATE [t] SET [USED] = ?, [a] = [b] WHERE [c] = ?");
+  EXPECT_EQ(Sql("UPDATE t SET USED = a = FALSE"), "UPDATE [t] SET [USED] = [a] = ?");
+}
+
+TEST(Mapper, TellsWhereTheOrderOfASelectBegins) {
+  const auto unordered = [](const char* statement) {
+    const MappedStatement mapped = Map(statement);
+    return mapped.sql.substr(0, mapped.order);
+  };
+  EXPECT_EQ(unordered("SELECT a FROM t"), "SELECT [a] FROM [t]");
+  EXPECT_EQ(unordered("SELECT DISTINCT a FROM t WHERE b = 1 ORDER BY VAL(a)"),
+            "SELECT [a] FROM [t] WHERE [b] = ? GROUP BY 1");
+  EXPECT_EQ(unordered("SELECT COUNT(*) FROM t"), "SELECT COUNT(*) FROM [t]");
+  EXPECT_EQ(unordered("SELECT a FROM t ORDER BY (b = 1)"), Sql("SELECT a FROM t ORDER BY (b = 1)"));
+}
+
 TEST(Mapper, DropsTheTableBeforeAColumnToSet) {
   EXPECT_EQ(Sql("UPDATE PELPI SET pelpi.TIME = '1', PELPI.[CHO] = PELPI.DIR WHERE PELPI.DIR = '2'"),
             "UPDATE [PELPI] SET [TIME] = ?, [CHO] = [PELPI].[DIR] WHERE [PELPI].[DIR] = ?");

@@ -299,6 +299,26 @@ TEST_F(Statements, GiveJoinedRowsInTheOrderOfTheFirstTableThatTheyName) {
               ElementsAre("c", "b", "a"));
 }
 
+// --- Marks.
+
+TEST_F(Statements, SetAMarkWhereverItIsNotSet) {
+  for (const char* row : {"('a', TRUE)", "('b', FALSE)", "('c', Null)", "('d', TRUE)"}) {
+    dynamic().Run(string("INSERT INTO ROUTE VALUES ") + row);
+  }
+  dynamic().Run("UPDATE ROUTE SET USED = FALSE WHERE ROU = 'a' OR ROU = 'b' OR ROU = 'c'");
+  EXPECT_THAT(dynamic().Run("SELECT ROU, USED FROM ROUTE"), ElementsAre("a|0", "b|0", "c|0", "d|1"));
+  dynamic().Run("UPDATE ROUTE SET USED = TRUE");
+  EXPECT_THAT(dynamic().Run("SELECT ROU, USED FROM ROUTE"), ElementsAre("a|1", "b|1", "c|1", "d|1"));
+}
+
+TEST_F(Statements, PassOverPositionsThatAreFree) {
+  const string plan = dynamic().Plan(
+      " UPDATE EQUIPMENT SET USED = FALSE\r\n WHERE EQU NOT IN (SELECT EQU FROM KSEXI) AND\r\n EQU NOT IN (SELECT EQU "
+      "FROM EXTEIDIR)");
+  EXPECT_EQ(plan.find("SCAN"), plan.npos) << plan;
+  EXPECT_NE(plan.find("(USED>?)"), plan.npos) << plan;
+}
+
 // --- Brackets.
 
 TEST_F(Statements, ReadTheSameWithOneClosingBracketTooMany) {

@@ -4,13 +4,13 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <nlohmann/json.hpp>
 
 #include "workbench/actions/Filling.h"
 #include "workbench/database/Schema.h"
 #include "workbench/exchange/Plant.h"
+#include "workbench/support/Steps.h"
 #include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
@@ -204,18 +204,6 @@ TEST_F(PoolListShape, IsThatOfTheNamesOfPositions) {
 
 // --- The cost, in steps of the database.
 
-long steps = 0;
-
-int CountSteps(unsigned, void*, void* statement, void*) {
-  steps += sqlite3_stmt_status(static_cast<sqlite3_stmt*>(statement), SQLITE_STMTSTATUS_VM_STEP, 1);
-  return 0;
-}
-
-// At the end of each statement.
-int WatchSteps(sqlite3* database, char**, const struct sqlite3_api_routines*) {
-  return sqlite3_trace_v2(database, SQLITE_TRACE_PROFILE, CountSteps, nullptr);
-}
-
 // The steps to the first free position of a list, and to the first ten of the list.
 struct Cost {
   long free;
@@ -224,21 +212,18 @@ struct Cost {
 
 class PoolListCost : public PoolLists {
  protected:
-  void SetUp() override { sqlite3_auto_extension(reinterpret_cast<void (*)()>(WatchSteps)); }
-  void TearDown() override { sqlite3_cancel_auto_extension(reinterpret_cast<void (*)()>(WatchSteps)); }
-
   // All positions in the first LIMs are taken but those that no list has: they stand free in front of the others.
   Cost WithTaken(int lims) {
     Open(ExchangeWith({"27", "59", "52", "77", "44", "31", "70"}, 16 * (lims + 8)));
     Take("[LIM] <= " + std::to_string(lims) + " AND [Individual] NOT IN ('00', '16') AND [Kind] NOT LIKE '70%'");
     return Asked(GetParam(), [&](const ValueList& list) {
-      const long before = steps;
-      EXPECT_EQ(list.First(1, Free()).size(), 1u);
-      const long between = steps;
-      EXPECT_EQ(list.First(10).size(), 10u);
-      return Cost{between - before, steps - between};
+      return Cost{.free = StepCounter::Steps([&] { EXPECT_EQ(list.First(1, Free()).size(), 1u); }),
+                  .first = StepCounter::Steps([&] { EXPECT_EQ(list.First(10).size(), 10u); })};
     });
   }
+
+ private:
+  const StepCounter counter_;
 };
 
 TEST_P(PoolListCost, StaysAsPositionsBecomeMany) {

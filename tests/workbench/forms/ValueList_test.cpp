@@ -211,7 +211,8 @@ std::string PlanOf(Exchange& exchange, const std::string& rule, const std::strin
   DebugLines debug;
   const auto list = PrepareList(exchange, rule, database, debug);
   if (!list) return debug.front();
-  const ListStatement asked = Membership(*list, "100");
+  ListStatement asked = Membership(*list);
+  asked.parameters.insert(asked.parameters.end(), {"100", 100});
   const RowSet plan = asked.database->Run("EXPLAIN QUERY PLAN " + asked.sql, asked.parameters);
   std::string text;
   for (const Value& detail : plan[3]) text += detail.text() + "\n";
