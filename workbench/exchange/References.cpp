@@ -66,7 +66,8 @@ References::References(std::string_view json) {
     nothing_ = fields.Get<Texts>("nothing");
   });
   // First the columns that are listed with their tables, since the names alone stand for all others.
-  std::ranges::stable_partition(entries, [](const Entry& entry) { return entry.text.find('.') != entry.text.npos; });
+  std::stable_partition(entries.begin(), entries.end(),
+                        [](const Entry& entry) { return entry.text.find('.') != entry.text.npos; });
   for (const Entry& entry : entries) Enter(entry);
 }
 

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <ranges>
+#include <span>
 
 #include "support/Road.h"
 #include "workbench/support/ExamplePlans.h"
@@ -25,7 +25,7 @@ struct ExamplePlan : testing::TestWithParam<std::string> {
   }
 
   void ApplyThePlansBehind() {
-    for (const std::string& name : ExamplePlans() | std::views::drop(1)) Apply(name);
+    for (const std::string& name : std::span(ExamplePlans()).subspan(1)) Apply(name);
   }
 };
 
