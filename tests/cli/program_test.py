@@ -1074,7 +1074,7 @@ class Processes(ProgramTest):
         self.ends(DONE, "apply", self.exchange, plan)
         took = time.monotonic() - took
         new = self.generated()
-        moments = 12
+        moments = 8
         for moment in range(moments + 1):
             shutil.copy(self.template, self.exchange)
             apply = subprocess.Popen([PROGRAM, "apply", self.exchange, plan], stderr=subprocess.DEVNULL)

@@ -223,9 +223,9 @@ std::string WhyRefused(Filling& filling, const std::string& parameter, const std
   return told.empty() || values.size() <= mostReasons ? told : told + "; and so on";
 }
 
-std::vector<Problem> Explained(Filling& filling, std::vector<ReportedMessage> messages) {
+std::vector<Problem> Explained(Filling& filling, const std::vector<ReportedMessage>& messages) {
   std::vector<Problem> problems;
-  for (ReportedMessage& message : messages) {
+  for (const ReportedMessage& message : messages) {
     Problem problem{.parameter = About(message, filling), .message = message.text, .reason = message.reason};
     if (problem.reason.empty() && IsAboutUse(message)) LookWhoHas(filling, message, problem);
     if (!problem.parameter.empty()) problem.value = Joined(filling.form().Get(problem.parameter));

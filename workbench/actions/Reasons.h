@@ -13,7 +13,7 @@ namespace cordboard::workbench {
 std::string WhyRefused(Filling& filling, const std::string& parameter, const std::vector<std::string>& values);
 // What the library has reported, as problems of a parameter where the message names one, with the reason where it is
 // about values that are used or not there.
-std::vector<Problem> Explained(Filling& filling, std::vector<ReportedMessage> messages);
+std::vector<Problem> Explained(Filling& filling, const std::vector<ReportedMessage>& messages);
 // Which records name the one that could not be deleted; nothing where none does.
 std::string WhoNames(Exchange& exchange, const FormDefinition& definition, const Form& form);
 

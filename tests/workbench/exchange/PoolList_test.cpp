@@ -72,8 +72,12 @@ class PoolLists : public testing::TestWithParam<Case> {
  protected:
   void Open(std::unique_ptr<Exchange> exchange) {
     session_.reset();
-    exchange_ = std::move(exchange);
-    session_.emplace(*exchange_);
+    own_ = std::move(exchange);
+    Use(*own_);
+  }
+  void Use(Exchange& exchange) {
+    exchange_ = &exchange;
+    session_.emplace(exchange);
   }
 
   void Take(const string& condition) {
@@ -117,7 +121,8 @@ class PoolLists : public testing::TestWithParam<Case> {
     return {all.begin(), all.begin() + static_cast<long>(std::min(count, all.size()))};
   }
 
-  std::unique_ptr<Exchange> exchange_;
+  std::unique_ptr<Exchange> own_;
+  Exchange* exchange_ = nullptr;
   std::optional<Session> session_;
 };
 
@@ -213,22 +218,37 @@ struct Cost {
 class PoolListCost : public PoolLists {
  protected:
   // All positions in the first LIMs are taken but those that no list has: they stand free in front of the others.
-  Cost WithTaken(int lims) {
-    Open(ExchangeWith({"27", "59", "52", "77", "44", "31", "70"}, 16 * (lims + 8)));
-    Take("[LIM] <= " + std::to_string(lims) + " AND [Individual] NOT IN ('00', '16') AND [Kind] NOT LIKE '70%'");
+  static std::unique_ptr<Exchange> WithTaken(int lims) {
+    auto exchange = ExchangeWith({"27", "59", "52", "77", "44", "31", "70"}, 16 * (lims + 8));
+    exchange->Dynamic().Run("UPDATE [Equipment] SET [USED] = TRUE WHERE [LIM] <= " + std::to_string(lims) +
+                            " AND [Individual] NOT IN ('00', '16') AND [Kind] NOT LIKE '70%'");
+    return exchange;
+  }
+  static void SetUpTestSuite() {
+    const StepCounter counter;
+    few_ = WithTaken(4);
+    many_ = WithTaken(14);
+  }
+  static void TearDownTestSuite() {
+    few_.reset();
+    many_.reset();
+  }
+
+  Cost In(Exchange& exchange) {
+    Use(exchange);
     return Asked(GetParam(), [&](const ValueList& list) {
       return Cost{.free = StepCounter::Steps([&] { EXPECT_EQ(list.First(1, Free()).size(), 1u); }),
                   .first = StepCounter::Steps([&] { EXPECT_EQ(list.First(10).size(), 10u); })};
     });
   }
 
- private:
-  const StepCounter counter_;
+  static inline std::unique_ptr<Exchange> few_;
+  static inline std::unique_ptr<Exchange> many_;
 };
 
 TEST_P(PoolListCost, StaysAsPositionsBecomeMany) {
-  const Cost few = WithTaken(4);
-  const Cost many = WithTaken(14);
+  const Cost few = In(*few_);
+  const Cost many = In(*many_);
   EXPECT_GT(few.free, 0);
   EXPECT_LE(many.free, few.free + few.free / 10 + 200);
   EXPECT_LE(many.first, few.first + few.first / 10 + 200);
