@@ -44,7 +44,7 @@ PlanResult ApplyAndTell(workbench::Session& session, const std::vector<workbench
       if (options.json) return AddChanges(document, report);
       if (progress) progress->Clear();
       PrintChanges(report);
-      std::cout.flush();
+      FlushOutput();
     };
   }
   return ApplyPlan(session, files, how);

@@ -1126,11 +1126,13 @@ class Processes(ProgramTest):
         self.assertIn("standard output could not be written: the disk is full", ran.stderr)
 
     def test_what_was_kept_is_told_also_where_the_report_cannot_be_written(self):
-        with open("/dev/full", "wb") as full:
-            ran = self.ends(TROUBLE, "apply", self.exchange, "-", "--json", given=self.LINE, stdout=full)
-        self.assertEqual(ran.stderr, "plan: 1 done, 0 refused\nNANSI: 100 added\n"
-                                     "error: standard output could not be written: the disk is full\n")
-        self.assertIn("200&&299", self.generated())
+        for report in ("--json", "--verbose"):
+            shutil.copy(self.template, self.exchange)
+            with open("/dev/full", "wb") as full:
+                ran = self.ends(TROUBLE, "apply", self.exchange, "-", report, given=self.LINE, stdout=full)
+            self.assertEqual(ran.stderr, "plan: 1 done, 0 refused\nNANSI: 100 added\n"
+                                         "error: standard output could not be written: the disk is full\n")
+            self.assertIn("200&&299", self.generated())
 
     def test_check_tells_whether_a_file_is_whole(self):
         ran = self.ends(DONE, "check", self.exchange)
