@@ -1530,6 +1530,11 @@ class Show(ProgramTest):
                      for selection in (["CAT=1"], []))
         self.assertLess(many - few, 30_000, "kilobytes, of records that have 20,000")
 
+    def test_a_selection_takes_several_values(self):
+        for selection, numbers in (("NUMSE=105&&107", ["105", "106", "107"]), ("NUMSE=9&120&777", ["120", "9"])):
+            records = self.json("show", self.exchange, "NANSI", selection)["records"]
+            self.assertEqual([record["NUMSE"] for record in records], numbers)
+
     def test_a_list_that_breaks_off_is_a_document_all_the_same(self):
         connection = sqlite3.connect(self.exchange)
         connection.executemany("INSERT INTO EXCCS (CmdId, CAT, DESCRIPTION) VALUES (?, ?, ?)",
