@@ -13,11 +13,11 @@ target_link_libraries(cordboard_test_support PUBLIC cordboard::cordboard GTest::
 
 # Where each build is a fresh one, the test library is read once and not by each test.
 function(read_gmock_once target)
-  if(CORDBOARD_PRECOMPILE_GMOCK)
+  if(CORDBOARD_PRECOMPILE)
     target_precompile_headers(${target} REUSE_FROM cordboard_test_support)
   endif()
 endfunction()
-if(CORDBOARD_PRECOMPILE_GMOCK)
+if(CORDBOARD_PRECOMPILE)
   target_precompile_headers(cordboard_test_support PRIVATE <gmock/gmock.h>)
 endif()
 

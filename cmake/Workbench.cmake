@@ -15,6 +15,9 @@ file(GLOB workbench_sources CONFIGURE_DEPENDS workbench/*.cpp workbench/*/*.cpp)
 add_library(cordboard_workbench STATIC ${workbench_sources} ${resources})
 target_link_libraries(cordboard_workbench PUBLIC cordboard::cordboard PRIVATE SQLite::SQLite3
                       nlohmann_json::nlohmann_json)
+if(CORDBOARD_PRECOMPILE)
+  target_precompile_headers(cordboard_workbench REUSE_FROM cordboard_library)
+endif()
 
 # What the program says of its build is looked up by every build, and compiled where it has changed.
 set(version ${PROJECT_BINARY_DIR}/Version.cpp)
@@ -28,6 +31,9 @@ add_executable(cordboard ${cli_sources} ${version})
 add_dependencies(cordboard cordboard_version)
 target_link_libraries(cordboard PRIVATE cordboard_workbench cordboard_remote CLI11::CLI11 nlohmann_json::nlohmann_json
                       SQLite::SQLite3)
+if(CORDBOARD_PRECOMPILE)
+  target_precompile_headers(cordboard PRIVATE <nlohmann/json.hpp>)
+endif()
 
 # The manual pages, as the program prints them.
 set(man_pages ${PROJECT_BINARY_DIR}/man)
