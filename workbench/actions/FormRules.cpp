@@ -220,9 +220,9 @@ void SharedDigitsAreGivenTogether(Filling& filling) {
   for (const Folding& folding : filling.definition().foldings) {
     if (!filling.form().IsActive(folding)) continue;
     for (const DigitPlace& place : folding.places) {
+      if (std::ranges::none_of(place.parameters, given)) continue;
       const std::string digits = Middle(Joined(filling.form().Get(folding.parameter)), place.first, place.width);
-      if (digits.find_first_not_of(folding.fill) == digits.npos || std::ranges::none_of(place.parameters, given))
-        continue;
+      if (digits.find_first_not_of(folding.fill) == digits.npos) continue;
       for (const std::string& name : place.parameters) {
         if (!given(name))
           filling.Refuse(

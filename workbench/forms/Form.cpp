@@ -16,9 +16,10 @@ bool Flag(const std::map<std::string, bool>& changed, const std::string& name, b
   return found == changed.end() ? otherwise : found->second;
 }
 
-Value Found(const std::map<std::string, Value>& values, const std::string& name) {
+const Value& Found(const std::unordered_map<std::string, Value>& values, const std::string& name) {
+  static const Value none;
   const auto found = values.find(name);
-  return found == values.end() ? Value() : found->second;
+  return found == values.end() ? none : found->second;
 }
 
 std::string InWidth(std::string text, int width) {
@@ -40,9 +41,11 @@ bool Form::IsActive(const Folding& folding) const {
 
 // Of several foldings of a whole the one most of whose parameters are given; the first, while none is.
 const Folding* Form::FoldingInForce(const std::string& whole) const {
+  const auto& foldings = definition_->foldings.Of(whole);
+  if (foldings.size() == 1) return IsActive(*foldings.front()) ? foldings.front() : nullptr;
   const Folding* inForce = nullptr;
   long most = -1;
-  for (const Folding* folding : definition_->foldings.Of(whole)) {
+  for (const Folding* folding : foldings) {
     if (!IsActive(*folding)) continue;
     const auto isGiven = [&](const std::string& name) { return !Found(values_, name).IsBlank(); };
     long given = 0;
@@ -74,7 +77,7 @@ std::string Form::Digits(const DigitPlace& place) const {
   long long sum = 0;
   bool given = false;
   for (const std::string& parameter : place.parameters) {
-    const Value part = Found(values_, parameter);
+    const Value& part = Found(values_, parameter);
     if (part.IsBlank()) continue;
     given = true;
     sum += static_cast<long long>(std::clamp(NumericValue(part), 0.0, greatestPart));
@@ -83,7 +86,7 @@ std::string Form::Digits(const DigitPlace& place) const {
 }
 
 std::string Form::Folded(const Folding& folding) const {
-  const Value whole = Found(values_, folding.parameter);
+  const Value& whole = Found(values_, folding.parameter);
   std::string digits = whole.IsText() ? whole.text() : "";
   for (const DigitPlace& place : folding.places) {
     const std::string text = Digits(place);
@@ -112,13 +115,13 @@ Value Form::Get(const std::string& name) const {
     const std::string digits = folding->separator.empty() ? Folded(*folding) : Composed(*folding);
     if (!digits.empty()) return digits;
   }
-  Value value = Found(values_, name);
-  if (const DigitPlace* place = PlaceOf(name); value.IsEmpty() && place != nullptr && place->digit == name) {
+  const Value& value = Found(values_, name);
+  if (!value.IsEmpty()) return value;
+  if (const DigitPlace* place = PlaceOf(name); place != nullptr && place->digit == name) {
     const std::string digits = Digits(*place);
     if (!digits.empty()) return digits;
   }
   const ParameterDefinition* parameter = definition_->Find(name);
-  if (!value.IsEmpty()) return value;
   if (parameter != nullptr) return parameter->text ? Value("") : value;
   const auto assumed = std::ranges::find(definition_->assumed, name, &Assignment::name);
   return assumed == definition_->assumed.end() ? value : Value(assumed->value);

@@ -3,6 +3,7 @@
 
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "script/Value.h"
@@ -67,8 +68,8 @@ class Form {
   void SetParts(const Folding& folding, std::string whole);
 
   const FormDefinition* definition_;
-  std::map<std::string, Value> values_;
-  std::map<std::string, Value> previous_;
+  std::unordered_map<std::string, Value> values_;
+  std::unordered_map<std::string, Value> previous_;
   std::map<std::string, bool> mandatory_;
   std::map<std::string, bool> range_;
   std::map<std::string, bool> several_;
