@@ -59,8 +59,10 @@ std::vector<std::vector<std::string>> ReadIndexes(const DataItem& indexes, Table
 Kinds ReadKinds(const DataItem& item, Table& table) {
   return item.Object([&](Fields& fields) {
     const auto column = [&](const DataItem& name) { return ColumnOf(table, name.Text(), name).name; };
-    Kinds kinds{
-        .of = column(fields.At("of")), .column = column(fields.At("column")), .mark = column(fields.At("mark"))};
+    Kinds kinds{.of = column(fields.At("of")),
+                .ending = fields.Get<std::string>("ending"),
+                .column = column(fields.At("column")),
+                .mark = column(fields.At("mark"))};
     for (const DataItem& name : fields.At("by").List()) kinds.by.push_back(name.Text());
     for (const DataItem& name : fields.At("order").List()) kinds.order.push_back(column(name));
     return kinds;

@@ -39,6 +39,7 @@ struct Column {
 // table and in those to which its place leads.
 struct Kinds {
   std::string of;                       // the column that names a row
+  std::string ending;                   // the sign in that name behind which stands what the kind has in common
   std::string column;                   // the column that says its kind
   std::string mark;                     // the truth column that says whether it is taken
   std::vector<std::string> by = {};     // what makes the kind, as "table.column"

@@ -1,7 +1,10 @@
 #include "workbench/exchange/PoolList.h"
 
 #include <algorithm>
+#include <span>
+#include <utility>
 
+#include "script/Conversions.h"
 #include "workbench/database/Connection.h"
 #include "workbench/database/Schema.h"
 #include "workbench/text/Names.h"
@@ -10,6 +13,9 @@
 namespace cordboard::workbench {
 
 namespace {
+
+// So many rows that a list does not give are passed in front of those that it gives.
+constexpr std::size_t alongTheWay = 32;
 
 std::string InBrackets(const std::string& name) { return "[" + name + "]"; }
 
@@ -34,8 +40,23 @@ bool IsOneOf(const std::vector<std::string>& names, std::string_view name) {
 
 std::string TableOf(const std::string& name) { return name.substr(0, name.find('.')); }
 
-bool DrawsFrom(const Table& pool, std::string_view sql) {
+// The conditions, without those on how the name of a row ends: "[Equipment].[EQU] LIKE ?" with "%-00" for the
+// parameter.
+std::string WithoutEndings(const Table& pool, std::string conditions, std::span<const Value> parameters) {
+  const std::string like = "[" + pool.name + "].[" + pool.kinds->of + "] LIKE ?";
+  const std::string ending = "%" + pool.kinds->ending;
+  for (std::size_t at = 0; (at = conditions.find(like, at)) != conditions.npos; at += like.size()) {
+    const auto before = std::ranges::count(conditions.substr(0, at), '?');
+    if (std::cmp_less(before, parameters.size()) &&
+        Joined(parameters[static_cast<std::size_t>(before)]).starts_with(ending))
+      conditions.replace(at, like.size() - 1, like.size() - 1, ' ');
+  }
+  return conditions;
+}
+
+bool DrawsFrom(const Table& pool, const ListStatement& list) {
   const Kinds& kinds = *pool.kinds;
+  const std::string_view sql = list.sql;
   const std::string select = "SELECT [" + pool.name + "].[" + kinds.of + "] FROM ";
   const std::string order =
       Separated(kinds.order, ", ", [&](auto& each) { return "[" + pool.name + "].[" + each + "]"; });
@@ -51,7 +72,7 @@ bool DrawsFrom(const Table& pool, std::string_view sql) {
   for (const std::string& name : known) tables.push_back(TableOf(name));
   const std::string_view joined = sql.substr(select.size(), where - select.size());
   const auto areJoined = NamesIn(joined);
-  const auto areAsked = NamesIn(sql.substr(where, orderBy - where));
+  const auto areAsked = NamesIn(WithoutEndings(pool, std::string(sql.substr(where, orderBy - where)), list.parameters));
   const std::string_view ordered = sql.substr(orderBy + std::string_view(" ORDER BY ").size());
   return joined.find('?') == joined.npos &&
          std::ranges::all_of(areJoined, [&](const auto& name) { return IsOneOf(tables, TableOf(name)); }) &&
@@ -59,21 +80,11 @@ bool DrawsFrom(const Table& pool, std::string_view sql) {
          SameName(ordered.substr(0, order.size()), order) && ordered.substr(order.size()).starts_with(", ");
 }
 
-const Table* PoolOf(std::string_view sql) {
+const Table* PoolOf(const ListStatement& list) {
   for (const Table& table : ShippedSchema().Database("dynamic").tables) {
-    if (table.kinds && DrawsFrom(table, sql)) return &table;
+    if (table.kinds && DrawsFrom(table, list)) return &table;
   }
   return nullptr;
-}
-
-// Whether the database makes all rows and sorts them before it gives the first.
-bool IsSorted(const ListStatement& list) {
-  constexpr std::size_t detail = 3;
-  const RowSet plan = list.database->Run("EXPLAIN QUERY PLAN " + list.sql, list.parameters);
-  for (std::size_t step = 0; step < plan.RowCount(); ++step) {
-    if (plan[detail][step] == Value("USE TEMP B-TREE FOR ORDER BY")) return true;
-  }
-  return false;
 }
 
 // --- The statement before a part of the pool.
@@ -85,9 +96,20 @@ std::string Before(const Table& pool, const std::string& places, const std::stri
          " WHERE rowid IN (SELECT " + places + ")) " + sql + " LIMIT ?";
 }
 
+std::string All(const Table& pool) { return "[main]." + InBrackets(pool.name); }
+
+// Before as many rows as lie in front of what is not taken.
+std::string FrontRows(const Table& pool, const std::string& sql) {
+  const std::string order = Separated(pool.kinds->order, ", ", InBrackets);
+  return "WITH " + Before(pool,
+                          "rowid FROM (SELECT rowid FROM " + All(pool) + " WHERE " + InBrackets(pool.kinds->mark) +
+                              " = FALSE ORDER BY " + order + " LIMIT ?)",
+                          sql);
+}
+
 std::string FirstRows(const Table& pool, bool unused, const std::string& sql) {
   const Kinds& kinds = *pool.kinds;
-  const std::string all = "[main].[" + pool.name + "]";
+  const std::string all = All(pool);
   const std::string kind = InBrackets(kinds.column);
   const std::string mark = InBrackets(kinds.mark);
   const std::string order = Separated(kinds.order, ", ", InBrackets);
@@ -111,15 +133,23 @@ std::string FirstRows(const Table& pool, bool unused, const std::string& sql) {
 }  // namespace
 
 std::optional<RowSet> FirstOfPool(const ListStatement& list, std::size_t count, std::string_view unusedOf) {
-  const Table* pool = PoolOf(list.sql);
-  if (pool == nullptr || !IsSorted(list)) return std::nullopt;
+  const Table* pool = PoolOf(list);
+  if (pool == nullptr) return std::nullopt;
+  const bool unused = SameName(pool->name, unusedOf);
+  // The rule's own part was tested when it became a list.
+  if (unused) {
+    std::vector<Value> parameters = {count + alongTheWay};
+    parameters.insert(parameters.end(), list.parameters.begin(), list.parameters.end());
+    parameters.emplace_back(count);
+    RowSet rows = list.database->Run(FrontRows(*pool, list.sql), parameters);
+    if (rows.RowCount() == count) return rows;
+  }
   std::vector<Value> parameters = list.parameters;
   parameters.emplace_back(count);
   parameters.emplace_back(count);
   parameters.insert(parameters.end(), list.parameters.begin(), list.parameters.end());
   parameters.emplace_back(count);
-  // The rule's own part was tested when it became a list.
-  return list.database->Run(FirstRows(*pool, SameName(pool->name, unusedOf), list.sql), parameters);
+  return list.database->Run(FirstRows(*pool, unused, list.sql), parameters);
 }
 
 }  // namespace cordboard::workbench
