@@ -54,14 +54,15 @@ class Facts {
   void LookWhoHas(const std::string& value) {
     if (!IsTheKeyOfAnother(value) && reference_ != nullptr && reference_->takes) IsTaken(*reference_->thing, value);
   }
-  // A string of digits must not begin another one.
+  // A string of digits must not begin another one. Those that it begins stand together in an index, before the last
+  // of all characters.
   void LookForBeginning(const std::string& value) {
     const bool ownStrings = defined_ != nullptr;
     const std::string table = ownStrings ? filling_.definition().table : "NANSI";
     const std::string column = ownStrings ? parameter_ : "NUMSE";
-    const RowSet rows = exchange().Dynamic().Run(
-        "SELECT [" + column + "] FROM [" + table + "] WHERE substr([" + column + "], 1, length(?1)) = ?1 LIMIT 1",
-        {value});
+    const RowSet rows = exchange().Dynamic().Run("SELECT [" + column + "] FROM [" + table + "] WHERE [" + column +
+                                                     "] BETWEEN ?1 AND ?1 || char(1114111) ORDER BY 1 LIMIT 1",
+                                                 {value});
     if (rows.IsEmpty()) return;
     const std::string number = Joined(rows[0][0]) + " (" + table + ")";
     Add("{} begins the number " + number, "{} begin the number " + number, value);
