@@ -79,6 +79,7 @@ class CommandLine {
     AddValues();
     AddShow();
     AddGenerate();
+    AddExport();
     AddExplain();
     AddCheck();
     AddServe();
@@ -231,6 +232,16 @@ class CommandLine {
     sub->add_flag("--templates", options.templates, "the lines of the templates, which no exchange takes");
     AddDebug(sub);
     sub->add_flag("--json", options.json, "print as JSON")->excludes(output);
+  }
+
+  void AddExport() {
+    auto [sub, options] = Add("export", "Print the exchange as a plan that makes it again", Export);
+    sub->add_option("FILE", options.file, "the exchange file")->required();
+    sub->add_option("COMMAND", options.commands, "the records of these commands alone");
+    auto* output = sub->add_option("-o,--output", options.output,
+                                   "write the plan, passwords in it, to this file, which its owner alone can read");
+    sub->add_flag("--json", options.json, "print as JSON")->excludes(output);
+    sub->footer("Every line is tried before it is printed; see docs/export.md.");
   }
 
   void AddExplain() {

@@ -1,10 +1,14 @@
 #include "cli/Files.h"
 
+#include <filesystem>
+
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "workbench/actions/Records.h"
 #include "workbench/forms/Unknown.h"
 #include "workbench/plans/PlanLine.h"
+#include "workbench/system/SystemMessage.h"
+#include "workbench/system/WholeFile.h"
 
 namespace cordboard::cli {
 
@@ -33,6 +37,19 @@ bool WarnOfReaders(workbench::Exchange& exchange, const std::string& file) {
   if (!std::filesystem::is_regular_file(status) || !readable || !workbench::HoldsSecrets(exchange)) return false;
   Warning("others can read " + file + ", which holds passwords: chmod 600 " + file);
   return true;
+}
+
+void CheckOutput(const std::string& exchange, const std::string& output) {
+  std::error_code ignored;
+  if (std::filesystem::equivalent(exchange, output, ignored))
+    throw Exit{Usage, "the lines cannot be written over the exchange itself"};
+}
+
+void WriteOutput(const std::string& output, const std::string& lines) try {
+  workbench::WriteWholeFile(output, lines, workbench::Existing::Replaced);
+} catch (const std::filesystem::filesystem_error& error) {
+  throw Exit{Trouble,
+             "the lines cannot be written to " + output + ": " + workbench::SystemMessage(error.code().value())};
 }
 
 void Report(const workbench::PlantError& error) {

@@ -21,6 +21,10 @@ std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file, unsign
 // whether it did.
 bool WarnOfReaders(workbench::Exchange& exchange, const std::string& file);
 
+// Lines of an exchange go to a file that its owner alone can read, and never over the exchange itself.
+void CheckOutput(const std::string& exchange, const std::string& output);
+void WriteOutput(const std::string& output, const std::string& lines);
+
 // Tells all that is wrong with a plant.
 void Report(const workbench::PlantError& error);
 

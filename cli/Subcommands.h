@@ -92,6 +92,14 @@ struct GenerateOptions {
 };
 int Generate(const GenerateOptions& options);
 
+struct ExportOptions {
+  std::string file;
+  std::vector<std::string> commands;  // nothing: all of them
+  std::string output;                 // empty: standard output
+  bool json = false;
+};
+int Export(const ExportOptions& options);
+
 struct ExplainOptions {
   std::string file;
   std::string line;

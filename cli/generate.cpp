@@ -1,6 +1,5 @@
 // cordboard generate: the exchange's command lines.
 
-#include <filesystem>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
@@ -8,8 +7,6 @@
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "workbench/actions/Generation.h"
-#include "workbench/system/SystemMessage.h"
-#include "workbench/system/WholeFile.h"
 #include "workbench/text/Counted.h"
 #include "workbench/text/Separated.h"
 
@@ -41,19 +38,11 @@ std::string Lines(const workbench::Generated& generated) {
   return lines;
 }
 
-void WriteTo(const std::string& file, const std::string& lines) try {
-  workbench::WriteWholeFile(file, lines, workbench::Existing::Replaced);
-} catch (const std::filesystem::filesystem_error& error) {
-  throw Exit{Trouble, "the lines cannot be written to " + file + ": " + workbench::SystemMessage(error.code().value())};
-}
-
 }  // namespace
 
 int Generate(const GenerateOptions& options) {
   const auto exchange = OpenToRead(options.file);
-  std::error_code ignored;
-  if (std::filesystem::equivalent(options.file, options.output, ignored))
-    throw Exit{Usage, "the lines cannot be written over the exchange itself"};
+  CheckOutput(options.file, options.output);
   const std::string database = DatabaseOf(options);
   workbench::Session session(*exchange);
   const workbench::Generated generated = workbench::Generate(session, database, options.commands);
@@ -66,7 +55,7 @@ int Generate(const GenerateOptions& options) {
   } else if (options.output.empty()) {
     for (const auto& line : generated.lines) std::cout << Printed(line.text) << '\n';
   } else {
-    WriteTo(options.output, Lines(generated));
+    WriteOutput(options.output, Lines(generated));
     WarnOfReaders(*exchange, options.output);
     Note("lines", std::to_string(generated.lines.size()) + " written to " + options.output);
   }

@@ -1,4 +1,5 @@
 """The program as its users run it: python3 program_test.py PROGRAM [the name of a class of tests below]."""
+import contextlib
 import json
 import os
 import pathlib
@@ -20,7 +21,7 @@ import unittest
 PROGRAM = ""
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 SCRIPTS = SOURCE / "cli" / "completion"
-SUBCOMMANDS = ["new", "plants", "plant", "apply", "values", "show", "generate", "explain", "check", "commands", "help"]
+SUBCOMMANDS = ["new", "plants", "plant", "apply", "values", "show", "generate", "export", "explain", "check", "commands", "help"]
 DONE, USAGE, REFUSED, NOT_FOUND, TROUBLE = 0, 2, 3, 4, 5
 NOBODY = 65534
 
@@ -1494,6 +1495,40 @@ class Generate(ProgramTest):
         self.fails(NOT_FOUND, "Did you mean NANSI?", "generate", self.exchange, "NANSY")
         self.fails(USAGE, "KSEXITEMPLATE has templates: give --templates; see cordboard generate --help", "generate",
                    self.exchange, "KSEXITEMPLATE")
+
+
+class Export(ProgramTest):
+    def test_is_a_plan_that_makes_the_exchange_again(self):
+        more = b'SYTDS:PGIV=3;\nGESPI:CSP=0,DESCRIPTION="Mill, gate 2";\nGEDII:DIR=150,CUST=1,LIC=1;\nIPEXI:DIR=150,PASSW=Tulip4;\n'
+        self.ends(DONE, "apply", self.exchange, "-", given=CATEGORY + more)
+        out = self.folder / "office.plan"
+        ran = self.ends(DONE, "export", self.exchange, "-o", out, umask=0)
+        self.assertEqual((ran.stdout, out.stat().st_mode & 0o777), ("", 0o600))
+        plan = out.read_text()
+        self.assertTrue(plan.startswith("# An exchange of the plant example, release R7. It is made again by\n"), plan)
+        self.assertIn('GESPI:CSP=0,DESCRIPTION="Mill, gate 2";\n', plan)
+        self.assertIn("IPEXI:DIR=150,PASSW=Tulip4;\n", plan)
+        self.assertIn(LINES, plan)
+        copy = self.folder / "copy.cbx"
+        self.ends(DONE, "new", copy, "--release", "R7")
+        self.ends(DONE, "apply", copy, out)
+        ran = self.ends(DONE, "export", copy)
+        self.assertEqual((ran.stdout, ran.stderr), (plan, ""))
+        self.assertEqual([line["text"] for line in self.json("export", copy, "SYTDS")["lines"]], ["SYTDS:PGIV=3;"])
+        self.fails(USAGE, "cannot be written over the exchange itself", "export", self.exchange, "-o", self.exchange)
+
+    def test_what_cannot_be_made_again_is_told(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=b"GEDII:DIR=150,CUST=1,LIC=1;\n")
+        with contextlib.closing(sqlite3.connect(self.exchange)) as database, database:
+            database.execute("UPDATE GEDII SET CUST = '77'")
+        ran = self.ends(REFUSED, "export", self.exchange)
+        self.assertIn("\n# GEDII:DIR=150,CUST=77,LIC=1;\n#   CUST=77: this value is not possible here", ran.stdout)
+        self.assertIn("warning: 1 record cannot be made again by any line; comments at the end", ran.stderr)
+        self.assertIn("the table GEDII differs, in 1 row\n", ran.stderr)
+        problem, *tables = self.json("export", self.exchange, "NANSI", "GEDII", code=REFUSED)["problems"]
+        self.assertEqual((problem["severity"], problem["command"]), ("warning", "GEDII"))
+        self.assertIn("GEDII:DIR=150,CUST=77,LIC=1;", problem["message"])
+        self.assertEqual([each["severity"] for each in tables], ["warning"] * len(tables))
 
 
 class Show(ProgramTest):

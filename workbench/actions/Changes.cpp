@@ -82,6 +82,14 @@ std::string RecordChange::Told(const std::optional<RowImage>& row, std::size_t c
   return row ? form_->Told({NameOf(column), Joined((*row)[column])}) : "";
 }
 
+std::vector<Assignment> RecordChange::Now() const {
+  std::vector<Assignment> values;
+  for (std::size_t i = 1; row_.now && i < row_.table->columns.size(); ++i) {
+    if (!(*row_.now)[i].IsBlank()) values.push_back({NameOf(i), Joined((*row_.now)[i])});
+  }
+  return values;
+}
+
 std::vector<Assignment> RecordChange::Key() const {
   std::vector<Assignment> key;
   for (const std::string& name : form_->key) {

@@ -31,6 +31,10 @@ class RecordChange {
     return row_.now ? Kind::Changed : Kind::Removed;
   }
   const std::string& command() const { return form_->command; }
+  // The form of the table in which it stands.
+  const FormDefinition& form() const { return *form_; }
+  // What the record has now, secrets among it; nothing of one that has gone.
+  std::vector<Assignment> Now() const;
   // The parameters that tell the record, as it was or, where it has come, as it is.
   std::vector<Assignment> Key() const;
   // What has changed; of a record that has come or gone all that it has beside its key.

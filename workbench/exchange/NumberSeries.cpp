@@ -124,6 +124,13 @@ std::optional<SeriesRefusal> InitiateSeries(Exchange& exchange, const std::strin
   return refusal;
 }
 
+std::set<std::string> SeriesStarts(Exchange& exchange) {
+  const RowSet found = exchange.Dynamic().Run("SELECT [Start] FROM [NANSIBlockedRange] WHERE [End] IS NOT NULL");
+  std::set<std::string> starts;
+  for (std::size_t row = 0; row < found.RowCount(); ++row) starts.insert(Joined(found[0][row]));
+  return starts;
+}
+
 void RemoveFromBlockedRange(Exchange& exchange, const std::string& number, const std::string& numtyp) {
   Transaction transaction(exchange);
   Connection& database = exchange.Dynamic();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 
 #include "script/MessageCodes.h"
@@ -25,6 +26,9 @@ struct SeriesRefusal {
 // (ValueNotValidHere), a number that a series holds already (NumberInUse), or one that collides with a blocked range or
 // a single blocked number (ConstantInBlockedRange). A single blocked number also blocks the numbers that begin with it.
 std::optional<SeriesRefusal> InitiateSeries(Exchange& exchange, const std::string& numse, const std::string& numtyp);
+
+// The numbers with which the series begin.
+std::set<std::string> SeriesStarts(Exchange& exchange);
 
 // Takes a number out of the blocked range of its type: the range shrinks, splits in two, or goes.
 void RemoveFromBlockedRange(Exchange& exchange, const std::string& number, const std::string& numtyp);

@@ -2,6 +2,7 @@
 
 #include "script/Text.h"
 #include "workbench/text/Names.h"
+#include "workbench/text/Separated.h"
 #include "workbench/text/Utf8.h"
 
 namespace cordboard::workbench {
@@ -160,10 +161,26 @@ std::optional<UserAction> ReadableLine(std::string_view line) {
 }
 
 std::string WrittenValue(const std::string& value) {
-  if (value.find_first_of("\",:;#") == value.npos) return value;
+  const bool blankAtEnd =
+      !value.empty() && (blanks.find(value.front()) != blanks.npos || blanks.find(value.back()) != blanks.npos);
+  if (value.find_first_of("\",:;#") == value.npos && !blankAtEnd) return value;
   std::string quoted = "\"";
   for (const char c : value) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
   return quoted + '"';
+}
+
+std::string WrittenLine(const UserAction& action) {
+  const auto written = [](const std::vector<Assignment>& assignments) {
+    return Separated(assignments, ",",
+                     [](const Assignment& each) { return each.name + "=" + WrittenValue(each.value); });
+  };
+  if (action.kind == UserAction::Kind::Add) {
+    const std::string from = action.from.empty() ? "" : " from " + WrittenValue(action.from);
+    return action.command + from + ":" + written(action.values) + ";";
+  }
+  const std::string selection = action.selection.empty() ? "" : " " + written(action.selection);
+  if (action.kind == UserAction::Kind::Delete) return "delete " + action.command + selection + ";";
+  return "edit " + action.command + selection + ":" + written(action.values) + ";";
 }
 
 Assignment ParseAssignment(std::string_view text) {

@@ -33,8 +33,11 @@ std::optional<UserAction> ParsePlanLine(std::string_view line);
 // The same; nothing for a line that cannot be read as well.
 std::optional<UserAction> ReadableLine(std::string_view line);
 
-// A value as a line has it: in double quotes where it holds a sign of the notation.
+// A value as a line has it: in double quotes where it holds a sign of the notation, or a blank at an end.
 std::string WrittenValue(const std::string& value);
+
+// An action as a line of a plan: what ParsePlanLine reads as the same action, unless a value holds a line end.
+std::string WrittenLine(const UserAction& action);
 
 // A parameter as the command line of the program takes it: NAME=value. The message says what is wrong, not with which.
 Assignment ParseAssignment(std::string_view text);

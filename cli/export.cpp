@@ -1,0 +1,64 @@
+// cordboard export: the exchange as a plan that makes it again.
+
+#include <algorithm>
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "cli/Files.h"
+#include "cli/Output.h"
+#include "cli/Subcommands.h"
+#include "workbench/plans/Export.h"
+#include "workbench/text/Counted.h"
+
+namespace cordboard::cli {
+
+namespace {
+
+using workbench::ExportedPlan;
+
+// Leaves out what is of other commands. The tables that differ do so by whatever command.
+void KeepAlone(ExportedPlan& exported, const std::vector<std::string>& commands) {
+  if (commands.empty()) return;
+  const auto isOther = [&](const auto& each) { return std::ranges::find(commands, each.command) == commands.end(); };
+  std::erase_if(exported.plan.lines, isOther);
+  std::erase_if(exported.plan.untold, isOther);
+}
+
+// What is not made again: each record in the document; a reader finds them in the plan.
+void TellUntold(const ExportedPlan& exported, bool json) {
+  const auto& untold = exported.plan.untold;
+  for (std::size_t i = 0; json && i < untold.size(); ++i)
+    Warning({.command = untold[i].command},
+            {.message = "no line makes this record again: " + untold[i].reason + ": " + untold[i].text});
+  if (!json && !untold.empty())
+    Warning(workbench::Counted(untold.size(), "record") +
+            " cannot be made again by any line; comments at the end of the plan tell them, and why");
+  for (const workbench::TableDifference& each : exported.different)
+    Warning("in an exchange that is made from the plan the table " + each.table + " differs, in " +
+            workbench::Counted(each.rows, "row"));
+}
+
+}  // namespace
+
+int Export(const ExportOptions& options) {
+  const auto exchange = OpenToRead(options.file);
+  CheckOutput(options.file, options.output);
+  for (const std::string& command : options.commands) FormOf(command);
+  ExportedPlan exported = workbench::ExportPlan(*exchange);
+  KeepAlone(exported, options.commands);
+  TellUntold(exported, options.json);
+  if (options.json) {
+    nlohmann::json lines = nlohmann::json::array();
+    for (const auto& line : exported.plan.lines) lines.push_back({{"command", line.command}, {"text", line.text}});
+    PrintJson({{"lines", lines}, {"release", exchange->release()}});
+  } else if (options.output.empty()) {
+    std::cout << Written(exported);
+  } else {
+    WriteOutput(options.output, Written(exported));
+    WarnOfReaders(*exchange, options.output);
+    Note("lines", std::to_string(exported.plan.lines.size()) + " written to " + options.output);
+  }
+  return exported.plan.untold.empty() && exported.different.empty() ? Done : Refused;
+}
+
+}  // namespace cordboard::cli
