@@ -76,6 +76,9 @@ class CommandLine {
     AddPlants();
     AddPlant();
     AddApply();
+    AddHistory();
+    AddUndo();
+    AddRedo();
     AddValues();
     AddShow();
     AddGenerate();
@@ -146,6 +149,15 @@ class CommandLine {
     sub->add_flag_callback("--debug", TellCauses, "tell the technical cause of a failure as well");
   }
 
+  static void AddMessage(CLI::App* sub, std::string& message) {
+    sub->add_option("-m,--message", message, "what the change is for, as the history tells it");
+  }
+
+  static void AddWait(CLI::App* sub, unsigned& wait) {
+    sub->add_option("--wait", wait, "the seconds for which a file is waited for that another process holds")
+        ->capture_default_str();
+  }
+
   // Gives what is wrong with the text, or nothing.
   static std::string IsCount(const std::string& text) {
     const bool digits = text.find_first_not_of("0123456789") == text.npos && text.size() <= 9;
@@ -178,6 +190,7 @@ class CommandLine {
     add->fallthrough();  // to --json
     add->add_option("PIECE", options.pieces, "files with what is added, written as a plant");
     add->add_option("--board", options.boards, "a board in a slot, such as 001-0-12=31")->allow_extra_args(false);
+    AddMessage(add, options.message);
     add->callback([&adds = options.add] { adds = true; });
     sub->footer("What a plant holds, and its bounds: docs/plants.md.");
   }
@@ -190,13 +203,42 @@ class CommandLine {
     sub->add_flag("--keep-going", options.keepGoing, "keep the good lines where others are refused");
     sub->add_flag("--verbose", options.verbose, "print what becomes of each record, and what next takes");
     sub->add_flag("--strict", options.strict, "refuse a line instead of warning of it");
+    AddMessage(sub, options.message);
     AddDebug(sub);
-    sub->add_option("--wait", options.wait, "the seconds for which a file is waited for that another process holds")
-        ->capture_default_str();
+    AddWait(sub, options.wait);
     sub->add_flag("--json", options.json, "report as JSON on standard output");
     sub->footer(
         "A line adds (NANSI:NUMTYP=EX,NUMSE=100&&199;), changes (edit KSEXI DIR=100:CUST=3;) or removes\n"
         "(delete KSEXI DIR=100;). Lines that begin with # are comments. See cordboard help plans.");
+  }
+
+  void AddHistory() {
+    auto [sub, options] = Add("history", "List the states of an exchange, or show what one of them changed", History);
+    sub->add_option("FILE", options.file, "the exchange file")->required();
+    auto* state = sub->add_option("STATE", options.state, "the number of the state to show")->check(IsCount);
+    sub->add_flag("--plans", options.plans, "print the text of its plans, passwords among them")->needs(state);
+    sub->add_option("--keep", options.keep, "forget all but the newest so many states")
+        ->check(IsCount)
+        ->excludes(state);
+    sub->add_flag("--json", options.json, "print as JSON");
+  }
+
+  void AddUndo() {
+    auto [sub, options] = Add("undo", "Take back the last change of an exchange, or a state of its history", Undo);
+    sub->add_option("FILE", options.file, "the exchange file")->required();
+    sub->add_option("STATE", options.state, "the number of the state to take back; none for the last")->check(IsCount);
+    sub->add_flag("--with-later", options.withLater, "and all states that came after it");
+    AddMessage(sub, options.message);
+    AddWait(sub, options.wait);
+    sub->add_flag("--json", options.json, "report as JSON on standard output");
+  }
+
+  void AddRedo() {
+    auto [sub, options] = Add("redo", "Bring again what the last undo has taken back", Redo);
+    sub->add_option("FILE", options.file, "the exchange file")->required();
+    AddMessage(sub, options.message);
+    AddWait(sub, options.wait);
+    sub->add_flag("--json", options.json, "report as JSON on standard output");
   }
 
   void AddValues() {

@@ -20,18 +20,30 @@ void CheckThere(const std::string& file) {
 
 }  // namespace
 
-std::unique_ptr<workbench::Exchange> OpenToRead(const std::string& file) {
+ExchangeName ParseExchangeName(const std::string& text) {
+  const std::size_t at = text.rfind('@');
+  const std::string number = at == text.npos ? "" : text.substr(at + 1);
+  const bool isNumber = !number.empty() && number.size() <= 9 && number.find_first_not_of("0123456789") == text.npos;
+  if (at == 0 || !isNumber || std::filesystem::exists(text)) return {text};
+  return {text.substr(0, at), std::stoi(number)};
+}
+
+std::unique_ptr<workbench::Exchange> OpenToRead(const std::string& name) {
+  const auto [file, state] = ParseExchangeName(name);
   CheckThere(file);
-  return workbench::Exchange::OpenForReading(file);
+  return state ? workbench::Exchange::OpenAsOf(file, *state) : workbench::Exchange::OpenForReading(file);
 }
 
 std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file, unsigned wait) {
+  if (const auto name = ParseExchangeName(file); name.state)
+    throw Exit{Usage, file + " is " + name.file + " as it stood at a state of the past, which cannot be written"};
   CheckThere(file);
   return workbench::Exchange::OpenForWriting(file, std::chrono::seconds(wait));
 }
 
-bool WarnOfReaders(workbench::Exchange& exchange, const std::string& file) {
+bool WarnOfReaders(workbench::Exchange& exchange, const std::string& name) {
   using std::filesystem::perms;
+  const std::string file = ParseExchangeName(name).file;
   const std::filesystem::file_status status = std::filesystem::status(file);
   const bool readable = (status.permissions() & (perms::group_read | perms::others_read)) != perms::none;
   if (!std::filesystem::is_regular_file(status) || !readable || !workbench::HoldsSecrets(exchange)) return false;
@@ -41,7 +53,7 @@ bool WarnOfReaders(workbench::Exchange& exchange, const std::string& file) {
 
 void CheckOutput(const std::string& exchange, const std::string& output) {
   std::error_code ignored;
-  if (std::filesystem::equivalent(exchange, output, ignored))
+  if (std::filesystem::equivalent(ParseExchangeName(exchange).file, output, ignored))
     throw Exit{Usage, "the lines cannot be written over the exchange itself"};
 }
 

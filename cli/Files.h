@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,9 +13,17 @@
 
 namespace cordboard::cli {
 
+// An exchange as a user names it: office.cbx, or office.cbx@12 for how it stood at state 12 of its history. A file that
+// has the whole name goes first.
+struct ExchangeName {
+  std::string file;
+  std::optional<int> state = {};  // nothing: as it stands now
+};
+ExchangeName ParseExchangeName(const std::string& text);
+
 // Opens an exchange, as a copy that may be changed, or to write it; a missing file ends the subcommand with NotFound.
-// One that another process holds is waited for so many seconds.
-std::unique_ptr<workbench::Exchange> OpenToRead(const std::string& file);
+// A copy may be of a state of the past. A file that another process holds is waited for so many seconds.
+std::unique_ptr<workbench::Exchange> OpenToRead(const std::string& name);
 std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file, unsigned wait = usualWait);
 
 // Warns where others can read a file that holds the secrets of the exchange: its own, or one with its lines. Gives

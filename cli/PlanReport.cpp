@@ -102,15 +102,16 @@ std::string Written(const RecordChange& change) {
 
 nlohmann::json OrNull(const std::string& text) { return text.empty() ? nlohmann::json(nullptr) : nlohmann::json(text); }
 
-nlohmann::json ToJson(const LineReport& report, const RecordChange& change) {
+nlohmann::json ToJson(const RecordChange& change) {
   nlohmann::json record = nlohmann::json::object();
   for (const auto& [name, value] : change.Key()) record[name] = value;
   nlohmann::json columns = nlohmann::json::array();
   for (const auto& [name, before, now] : change.Columns())
     columns.push_back({{"name", name}, {"old", OrNull(before)}, {"new", OrNull(now)}});
-  return {{"file", report.file},         {"line", report.line},
-          {"command", change.command()}, {"change", InWords(change.kind())},
-          {"record", std::move(record)}, {"columns", std::move(columns)}};
+  return {{"command", change.command()},
+          {"change", InWords(change.kind())},
+          {"record", std::move(record)},
+          {"columns", std::move(columns)}};
 }
 
 }  // namespace
@@ -160,7 +161,20 @@ void AddChanges(nlohmann::json& document, const LineReport& report) {
                                  {"command", report.command},
                                  {"parameter", name},
                                  {"values", value}});
-  for (const RecordChange& change : report.changes) document["changes"].push_back(ToJson(report, change));
+  for (const RecordChange& change : report.changes) {
+    nlohmann::json& told = document["changes"].emplace_back(ToJson(change));
+    told.update({{"file", report.file}, {"line", report.line}});
+  }
+}
+
+void PrintChanges(const std::vector<RecordChange>& changes) {
+  for (const RecordChange& change : changes) std::cout << Printed(Written(change)) << '\n';
+}
+
+nlohmann::json ToJson(const std::vector<RecordChange>& changes) {
+  nlohmann::json told = nlohmann::json::array();
+  for (const RecordChange& change : changes) told.push_back(ToJson(change));
+  return told;
 }
 
 void TellCommands(const PlanResult& result) {

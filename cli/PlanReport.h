@@ -18,6 +18,10 @@ void PrintChanges(const workbench::LineReport& report);
 // The same in the document: under "changes" and "taken".
 void AddChanges(nlohmann::json& document, const workbench::LineReport& report);
 
+// The same of records that were changed by no line of their own.
+void PrintChanges(const std::vector<workbench::RecordChange>& changes);
+nlohmann::json ToJson(const std::vector<workbench::RecordChange>& changes);
+
 // How many records of each command were added, changed and removed.
 void TellCommands(const workbench::PlanResult& result);
 nlohmann::json CommandsOf(const workbench::PlanResult& result);

@@ -2,6 +2,7 @@
 // in its options (cli/CommandLine.cpp reads them); each gives its exit code, or ends with an Exit.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -44,6 +45,7 @@ struct PlantOptions {
   bool add = false;  // adds to the plant, and shows it otherwise
   std::vector<std::string> pieces;
   std::vector<std::string> boards;
+  std::string message;  // for the history
   bool json = false;
 };
 int Plant(const PlantOptions& options);
@@ -58,10 +60,38 @@ struct ApplyOptions {
   bool keepGoing = false;
   bool verbose = false;  // tells each record
   bool strict = false;
+  std::string message;  // for the history
   unsigned wait = usualWait;
   bool json = false;
 };
 int Apply(const ApplyOptions& options);
+
+struct HistoryOptions {
+  std::string file;
+  std::optional<int> state;  // that is shown; nothing: the list of all
+  bool plans = false;        // prints the text of its plans
+  std::optional<std::size_t> keep;
+  bool json = false;
+};
+int History(const HistoryOptions& options);
+
+struct UndoOptions {
+  std::string file;
+  std::optional<int> state;  // nothing: the last that holds
+  bool withLater = false;
+  std::string message;
+  unsigned wait = usualWait;
+  bool json = false;
+};
+int Undo(const UndoOptions& options);
+
+struct RedoOptions {
+  std::string file;
+  std::string message;
+  unsigned wait = usualWait;
+  bool json = false;
+};
+int Redo(const RedoOptions& options);
 
 struct ValuesOptions {
   std::string file;

@@ -31,7 +31,8 @@ bool IsTyped(const std::vector<std::string>& plans) {
 // Applies the plan and tells meanwhile, where somebody looks on: how far it is, or that lines are awaited.
 PlanResult ApplyAndTell(workbench::Session& session, const std::vector<workbench::PlanFile>& files,
                         const ApplyOptions& options, nlohmann::json& document) {
-  workbench::PlanOptions how{.dryRun = options.dryRun, .keepGoing = options.keepGoing, .strict = options.strict};
+  workbench::PlanOptions how{
+      .dryRun = options.dryRun, .keepGoing = options.keepGoing, .strict = options.strict, .message = options.message};
   std::optional<Progress> progress;
   if (!options.json && IsTyped(options.plans)) {
     Note("standard input", "type the lines of the plan; Ctrl-D on a line of its own ends it");
@@ -84,6 +85,7 @@ int Apply(const ApplyOptions& options) {
     TellProblems(result);
     document.update({{"done", result.done}, {"refused", result.refused}, {"kept", result.kept}});
     document["commands"] = CommandsOf(result);
+    document["state"] = result.state ? nlohmann::json(*result.state) : nlohmann::json(nullptr);
     PrintJson(std::move(document));
     if (FlushOutput() == 0) return result.refused == 0 ? Done : Refused;
     // What was kept is told all the same.

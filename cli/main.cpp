@@ -14,6 +14,7 @@
 #include "workbench/database/Connection.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
+#include "workbench/history/History.h"
 #include "workbench/plans/Plan.h"
 #include "workbench/system/SystemMessage.h"
 
@@ -28,6 +29,12 @@ int RunAndReport(int argc, char** argv) {
   } catch (const Exit& exit) {
     Error(exit.message);
     return exit.code;
+  } catch (const workbench::NoSuchState& error) {
+    Error(error.what());
+    return NotFound;
+  } catch (const workbench::HistoryError& error) {
+    Error(error.what());
+    return Refused;
   } catch (const workbench::ExchangeError& error) {
     Error(error.what());
   } catch (const workbench::PlantError& error) {

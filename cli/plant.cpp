@@ -116,7 +116,8 @@ int AddPieces(const PlantOptions& options) {
 
   const auto exchange = OpenToWrite(options.file);
   try {
-    const workbench::Plant added = AllOrNothing([&] { return workbench::AddToPlant(*exchange, pieces); });
+    const workbench::Plant added =
+        AllOrNothing([&] { return workbench::AddToPlant(*exchange, pieces, options.message); });
     if (options.json) {
       PrintJson({{"added", JsonOf(added)}});
     } else {

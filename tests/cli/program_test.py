@@ -21,7 +21,8 @@ import unittest
 PROGRAM = ""
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 SCRIPTS = SOURCE / "cli" / "completion"
-SUBCOMMANDS = ["new", "plants", "plant", "apply", "values", "show", "generate", "export", "explain", "check", "commands", "help"]
+SUBCOMMANDS = ["new", "plants", "plant", "apply", "history", "undo", "redo", "values", "show", "generate", "export",
+               "explain", "check", "commands", "help"]
 DONE, USAGE, REFUSED, NOT_FOUND, TROUBLE = 0, 2, 3, 4, 5
 NOBODY = 65534
 
@@ -502,13 +503,13 @@ class Apply(ProgramTest):
         possible = report["problems"][0].pop("possible")
         self.assertEqual(possible[:2], ["AC", "AI"])
         self.assertGreater(report["problems"][0].pop("total"), len(possible))
-        self.assertEqual(report, {"done": 1, "refused": 1, "kept": False, "commands": [
+        self.assertEqual(report, {"done": 1, "refused": 1, "kept": False, "state": None, "commands": [
             {"command": "NANSI", "added": 1, "changed": 0, "removed": 0}], "problems": [
             {"severity": "error", "file": str(plan), "line": 3, "command": "NANSI", "parameter": "NUMTYP", "value": "XX",
              "message": "this value is not possible here"}]})
         good = self.write("good.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n")
         self.assertEqual(self.json("apply", self.exchange, good), 
-                         {"done": 1, "refused": 0, "kept": True, "problems": [],
+                         {"done": 1, "refused": 0, "kept": True, "state": 2, "problems": [],
                           "commands": [{"command": "NANSI", "added": 1, "changed": 0, "removed": 0}]})
 
     def test_an_empty_plan_is_done(self):
@@ -853,7 +854,7 @@ ROCAI:ROU=1,PROTOCOL=ISDN,MARKET=DE,TRAF=01020304;
         ran = self.ends(DONE, "apply", copy, lines, "--json")
         report = json.loads(ran.stdout)
         self.assertEqual(sum(command["added"] for command in report.pop("commands")), 117)
-        self.assertEqual(report, {"done": 12, "refused": 0, "kept": True, "problems": []})
+        self.assertEqual(report, {"done": 12, "refused": 0, "kept": True, "state": 1, "problems": []})
         self.assertEqual(self.ends(DONE, "generate", copy).stdout, lines.read_text())
 
     def test_a_value_that_follows_from_the_record_otherwise_is_a_warning(self):
@@ -1640,6 +1641,70 @@ class SmallThings(ProgramTest):
             ran = self.ends(USAGE, *arguments)
             told = ran.stderr or json.loads(ran.stdout)["problems"][0]["message"]
             self.assertTrue(told.rstrip().endswith(f"; see cordboard {arguments[0]} --help"), told)
+
+
+class History(ProgramTest):
+    """States of an exchange, back and forth, and a state of the past wherever one is read."""
+
+    LINE = b"NANSI:NUMTYP=OI,NUMSE=900;\n"
+
+    def test_states_are_listed_taken_back_and_brought_again(self):
+        self.ends(DONE, "apply", self.exchange, "-", "-m", "the door", given=self.LINE)
+        listed = self.ends(DONE, "history", self.exchange).stdout.splitlines()
+        self.assertRegex(listed[1], r"^2 +\S+Z +\S+ +apply standard input +1 +1 +0 +0 +the door$")
+        self.assertEqual([line.split()[0] for line in listed], ["STATE", "2", "1", "0"])
+        shown = self.ends(DONE, "history", self.exchange, "2")
+        self.assertEqual(shown.stdout, "NANSI NUMSE=900 added: NUMTYP=OI\n")
+        self.assertRegex(shown.stderr, r"^state 2: apply standard input, by \S+ at \S+, 1 line, 1 record added: the door\n$")
+        self.assertEqual(self.ends(DONE, "history", self.exchange, "2", "--plans").stdout,
+                         "# standard input\n" + self.LINE.decode())
+        self.assertRegex(self.ends(DONE, "undo", self.exchange).stderr, r"^state 3: undo of 2, .*, 1 record removed\n$")
+        self.assertEqual(self.generated(), LINES)
+        self.fails(REFUSED, "2 was taken back already", "undo", self.exchange, "2")
+        self.fails(NOT_FOUND, "there is no state 7; there are 0 to 3", "history", self.exchange, "7")
+        self.ends(DONE, "redo", self.exchange)
+        self.assertEqual(self.generated(), LINES + self.LINE.decode())
+        self.fails(REFUSED, "there is nothing to bring again", "redo", self.exchange)
+        self.fails(REFUSED, "1 is not the last: 2 came after it", "undo", self.exchange, "1")
+        self.ends(DONE, "undo", self.exchange, "1", "--with-later")
+        self.assertEqual(self.generated(), "")
+
+    def test_a_state_of_the_past_is_read_and_not_written(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=self.LINE)
+        past = f"{self.exchange}@1"
+        self.assertEqual(self.ends(DONE, "generate", past).stdout, LINES)
+        self.assertEqual(len(self.json("show", past, "NANSI")["records"]), 101)
+        self.fails(USAGE, "cannot be written", "apply", past, "-", given=self.LINE)
+        self.fails(USAGE, "over the exchange itself", "generate", past, "-o", self.exchange)
+        self.fails(NOT_FOUND, "there is no state 9", "show", f"{self.exchange}@9")
+        pathlib.Path(past).write_bytes(self.exchange.read_bytes())
+        self.assertEqual(self.ends(DONE, "generate", past).stdout, LINES + self.LINE.decode())
+
+    def test_what_another_program_wrote_ends_it(self):
+        connection = sqlite3.connect(self.exchange)
+        connection.execute("DELETE FROM [ROUTE] WHERE rowid = 1")
+        connection.commit()
+        connection.close()
+        self.assertIn("warning: another program, or an older cordboard,", self.ends(DONE, "history", self.exchange).stderr)
+        self.fails(REFUSED, "another program, or an older cordboard,", "undo", self.exchange)
+
+    def test_an_undo_that_is_killed_has_taken_back_all_or_nothing(self):
+        plan = self.write("long.plan", "".join(f"NANSI:NUMTYP=EX,NUMSE={n}00&&{n}99;\n" for n in range(200, 240)))
+        self.ends(DONE, "apply", self.exchange, plan)
+        applied = self.exchange.read_bytes()
+        new = self.generated()
+        took = time.monotonic()
+        self.ends(DONE, "undo", self.exchange)
+        took = time.monotonic() - took
+        for moment in range(1, 5):
+            self.exchange.write_bytes(applied)
+            undo = subprocess.Popen([PROGRAM, "undo", self.exchange], stderr=subprocess.DEVNULL)
+            time.sleep(took * moment / 5)
+            ended(undo)
+            states = len(self.json("history", self.exchange)["states"])
+            self.assertEqual(self.generated(), {3: new, 4: LINES}[states])
+            self.ends(DONE, "undo" if states == 3 else "redo", self.exchange)
+            self.assertEqual(self.generated(), {3: LINES, 4: new}[states])
 
 
 class JsonPage(ProgramTest):

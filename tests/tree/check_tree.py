@@ -34,7 +34,7 @@ ARROWS = {
 LIBRARY = ("script", "shared", "commands", "entry")
 
 # The rooms within the workbench, from the lowest: each includes itself and those before it.
-WORKBENCH = ("text", "system", "data", "dialect", "database", "exchange", "forms", "host", "actions", "plans")
+WORKBENCH = ("text", "system", "data", "dialect", "database", "history", "exchange", "forms", "host", "actions", "plans")
 ROOMS = {*ARROWS, "cli"}
 
 # The category command runs the delete of the additional number command.

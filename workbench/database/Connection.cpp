@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "script/Conversions.h"
+#include "workbench/database/RowHook.h"
 
 namespace cordboard::workbench {
 
@@ -95,6 +96,14 @@ void Connection::ForgetStatements() {
   kept_.clear();
   keptRules_.clear();
 }
+
+void Connection::Listen(RowListener& listener) {
+  // Statements that were prepared without the hook empty a table without a word.
+  ForgetStatements();
+  hook_->Add(database_.get(), listener);
+}
+
+void Connection::StopListening(RowListener& listener) { hook_->Remove(database_.get(), listener); }
 
 RowSet Connection::Run(const std::string& sql, const std::vector<Value>& parameters) {
   return Step(Prepared(sql, kept_), parameters);

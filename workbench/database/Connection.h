@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -39,6 +40,9 @@ class StorageError : public std::runtime_error {
 inline constexpr const char* adviceOnDamage =
     "put a copy from before in its place; what can still be read of it `cordboard generate` prints";
 
+class RowHook;
+class RowListener;
+
 class Connection {
  public:
   // A database in memory.
@@ -47,6 +51,8 @@ class Connection {
   // Where another process holds it, that one is waited for so long. Fails with StorageError, as whatever follows may;
   // and with Interrupted where a signal waits that was held back.
   explicit Connection(const std::filesystem::path& file, std::chrono::milliseconds patience = std::chrono::seconds(5));
+  ~Connection();
+  Connection(Connection&&) noexcept;
   // A copy in memory of what stands in a file now. It needs no right but that of reading, leaves nothing beside the
   // file, and keeps nobody from it any longer.
   static Connection CopyOf(const std::filesystem::path& file);
@@ -84,9 +90,16 @@ class Connection {
   void RollBack();
   int OpenTransactions() const { return open_; }
 
- private:
-  friend class RowWatch;  // puts a hook on the database
+  // Tells of every row that is going to be changed from now on. The listener lives until it listens no more.
+  void Listen(RowListener& listener);
+  void StopListening(RowListener& listener);
 
+  // How often the file has been written, as it counts itself, whoever wrote it; a copy and a database in memory stay as
+  // they were. In a transaction also how often when it is committed.
+  std::uint32_t TimesWritten() const;
+  std::uint32_t TimesWrittenAfterCommit() const;
+
+ private:
   struct CloseDatabase {
     void operator()(sqlite3* database) const;
   };
@@ -111,7 +124,7 @@ class Connection {
   Connection(const std::filesystem::path& file, int flags, std::chrono::milliseconds patience);
   void Open(const std::string& name, int flags);
   // Gives false where the file has to be put in order before it can be read.
-  bool CopyTo(const Connection& other) const;
+  bool CopyTo(Connection& other) const;
   Statement& Prepared(const std::string& sql, Statements& kept);
   RowSet Step(Statement& statement, const std::vector<Value>& parameters);
   template <typename Take>
@@ -132,10 +145,12 @@ class Connection {
   // Both stay where they are when the connection is moved.
   std::unique_ptr<ChangeClock> clock_ = std::make_unique<ChangeClock>();
   std::unique_ptr<FootprintReader> footprints_;
+  std::unique_ptr<RowHook> hook_;
   Statements kept_;
   Statements keptRules_;
   std::string lostBy_;  // why the database gave up a transaction
   int open_ = 0;
+  std::uint32_t timesCopied_ = 0;  // how often the file had been written of which this is a copy
 };
 
 }  // namespace cordboard::workbench

@@ -10,7 +10,7 @@ namespace cordboard::workbench {
 namespace {
 
 // The tables with such names are not the library's.
-bool IsOwnTable(std::string_view name) { return name.starts_with("sqlite_") || name == "Cordboard"; }
+bool IsOwnTable(std::string_view name) { return name.starts_with("sqlite_") || name.starts_with("Cordboard"); }
 
 // Where a statement leaves its mark; nothing for what does not touch rows.
 struct Step {

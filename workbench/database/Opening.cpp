@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <array>
 #include <cerrno>
 #include <new>
 #include <sstream>
@@ -12,6 +13,7 @@
 #include "workbench/database/FileHeader.h"
 #include "workbench/database/FileLocks.h"
 #include "workbench/database/PrivateCopy.h"
+#include "workbench/database/RowHook.h"
 #include "workbench/database/SqlFunctions.h"
 #include "workbench/system/Holder.h"
 #include "workbench/system/Signals.h"
@@ -26,6 +28,8 @@ constexpr std::chrono::seconds readersPatience(30);
 constexpr std::chrono::milliseconds betweenTries(20);
 // A signal is looked for after so many steps of a statement.
 constexpr int stepsBetweenLooks = 10000;
+// Where the file's head counts its changes.
+constexpr int placeOfChangeCount = 24;
 
 // A code without what SQLite adds in its higher bytes.
 int Kind(int code) { return code & 0xFF; }
@@ -47,6 +51,9 @@ int TryAgain(void* patience, int tries) {
 int IsInterrupted(void*) { return WaitingSignal(); }
 
 }  // namespace
+
+Connection::~Connection() = default;
+Connection::Connection(Connection&&) noexcept = default;
 
 void Connection::CloseDatabase::operator()(sqlite3* database) const { sqlite3_close_v2(database); }
 
@@ -84,14 +91,37 @@ Connection Connection::CopyOf(const std::filesystem::path& file) {
   return copy;
 }
 
-bool Connection::CopyTo(const Connection& other) const {
+bool Connection::CopyTo(Connection& other) const {
+  // Read in one transaction, so that the count is that of what is copied. It ends with the connection.
+  const int started = sqlite3_exec(database_.get(), "BEGIN; SELECT 1 FROM sqlite_master", nullptr, nullptr, nullptr);
+  if (Kind(started) == SQLITE_READONLY) return false;
+  if (started != SQLITE_OK) Fail(started);
+  other.timesCopied_ = TimesWritten();
   sqlite3_backup* backup = sqlite3_backup_init(other.database_.get(), "main", database_.get(), "main");
   if (backup == nullptr) other.Fail(sqlite3_errcode(other.database_.get()));
   const int code = sqlite3_backup_step(backup, -1);
   sqlite3_backup_finish(backup);
-  if (Kind(code) == SQLITE_READONLY) return false;
   if (code != SQLITE_DONE) Fail(code);
   return true;
+}
+
+// Read where the database itself reads the file: to open and close it once more would end its locks. What a
+// transaction writes does not reach the file before its commit.
+std::uint32_t Connection::TimesWritten() const {
+  sqlite3_file* file = nullptr;
+  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  if (file == nullptr || file->pMethods == nullptr) return timesCopied_;
+  std::array<unsigned char, 4> count{};
+  const int code = file->pMethods->xRead(file, count.data(), count.size(), placeOfChangeCount);
+  if (code != SQLITE_OK) Fail(code);
+  return static_cast<std::uint32_t>(count[0]) << 24 | static_cast<std::uint32_t>(count[1]) << 16 |
+         static_cast<std::uint32_t>(count[2]) << 8 | count[3];
+}
+
+std::uint32_t Connection::TimesWrittenAfterCommit() const {
+  const bool isFile =
+      sqlite3_db_filename(database_.get(), "main") != nullptr && *sqlite3_db_filename(database_.get(), "main") != '\0';
+  return TimesWritten() + (isFile ? 1 : 0);
 }
 
 void Connection::Open(const std::string& name, int flags) {
@@ -113,6 +143,7 @@ void Connection::Open(const std::string& name, int flags) {
   sqlite3_limit(database, SQLITE_LIMIT_ATTACHED, 0);
   RegisterSqlFunctions(database);
   footprints_ = std::make_unique<FootprintReader>(database, *clock_);
+  hook_ = std::make_unique<RowHook>();
   // What is kept apart for a while needs no room on a disk.
   Execute("PRAGMA temp_store = MEMORY");
 }

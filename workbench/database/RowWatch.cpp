@@ -1,10 +1,8 @@
-// SQLite has this hook where it is built with it; its header shows it on demand.
-#define SQLITE_ENABLE_PREUPDATE_HOOK
-
 #include "workbench/database/RowWatch.h"
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -29,15 +27,28 @@ Value Noted(sqlite3_value* value, Column::Type type) {
   return OrNothing(std::string(text, static_cast<std::size_t>(sqlite3_value_bytes(value))));
 }
 
+RowImage ImageBefore(const RowTouch& touch, const WatchedTable& table) {
+  RowImage image;
+  for (const std::size_t column : table.columns)
+    image.push_back(Noted(touch.Before(column), table.table->columns[column].type));
+  return image;
+}
+
+// Whether the update that is about to be made alters a watched column: most set a mark that nobody watches.
+bool IsAltered(const RowTouch& touch, const WatchedTable& table) {
+  return std::ranges::any_of(table.columns, [&](std::size_t column) {
+    const Column::Type type = table.table->columns[column].type;
+    return Noted(touch.Before(column), type) != Noted(touch.After(column), type);
+  });
+}
+
 }  // namespace
 
 RowWatch::RowWatch(Connection& connection, Find find) : connection_(connection), find_(std::move(find)) {
-  // Statements that were prepared without the hook empty a table without a word.
-  connection_.ForgetStatements();
-  sqlite3_preupdate_hook(connection_.database_.get(), BeforeChange, this);
+  connection_.Listen(*this);
 }
 
-RowWatch::~RowWatch() { sqlite3_preupdate_hook(connection_.database_.get(), nullptr, nullptr); }
+RowWatch::~RowWatch() { connection_.StopListening(*this); }
 
 RowWatch::Watched& RowWatch::Named(const char* stored) {
   if (const auto known = tables_.find(stored); known != tables_.end()) return known->second;
@@ -50,39 +61,14 @@ RowWatch::Watched& RowWatch::Named(const char* stored) {
   return tables_.emplace(stored, std::move(watched)).first->second;
 }
 
-RowImage RowWatch::ImageBefore(const WatchedTable& table) const {
-  RowImage image;
-  for (const std::size_t column : table.columns) {
-    sqlite3_value* value = nullptr;
-    sqlite3_preupdate_old(connection_.database_.get(), static_cast<int>(column), &value);
-    image.push_back(Noted(value, table.table->columns[column].type));
-  }
-  return image;
-}
-
-// Whether the update that is about to be made alters a watched column: most set a mark that nobody watches.
-bool RowWatch::IsAltered(const WatchedTable& table) const {
-  for (const std::size_t column : table.columns) {
-    sqlite3_value* before = nullptr;
-    sqlite3_value* after = nullptr;
-    sqlite3_preupdate_old(connection_.database_.get(), static_cast<int>(column), &before);
-    sqlite3_preupdate_new(connection_.database_.get(), static_cast<int>(column), &after);
-    const Column::Type type = table.table->columns[column].type;
-    if (Noted(before, type) != Noted(after, type)) return true;
-  }
-  return false;
-}
-
-// No statement changes the place of a row.
-void RowWatch::BeforeChange(void* watch, sqlite3*, int operation, const char*, const char* table, long long before,
-                            long long after) noexcept {
-  RowWatch& self = *static_cast<RowWatch*>(watch);
-  Watched& watched = self.Named(table);
+void RowWatch::BeforeChange(const RowTouch& touch) noexcept {
+  Watched& watched = Named(touch.table());
   if (!watched.table) return;
-  if (operation == SQLITE_INSERT) {
-    watched.touched.try_emplace(after);
-  } else if (!watched.touched.contains(before) && (operation == SQLITE_DELETE || self.IsAltered(*watched.table))) {
-    watched.touched.emplace(before, self.ImageBefore(*watched.table));
+  if (touch.kind() == RowTouch::Kind::Insert) {
+    watched.touched.try_emplace(touch.row());
+  } else if (!watched.touched.contains(touch.row()) &&
+             (touch.kind() == RowTouch::Kind::Delete || IsAltered(touch, *watched.table))) {
+    watched.touched.emplace(touch.row(), ImageBefore(touch, *watched.table));
   }
 }
 

@@ -11,10 +11,8 @@
 #include <vector>
 
 #include "workbench/database/Connection.h"
+#include "workbench/database/RowHook.h"
 #include "workbench/database/Schema.h"
-
-struct sqlite3;
-struct sqlite3_value;
 
 namespace cordboard::workbench {
 
@@ -35,9 +33,8 @@ struct RowDifference {
   std::optional<RowImage> now;
 };
 
-// A connection has one watch at a time, and nothing else that asks the database for its hook before an update. The
-// differences that it gives refer to it.
-class RowWatch {
+// The differences that it gives refer to it.
+class RowWatch : private RowListener {
  public:
   // What is to be watched of a table, asked when it is first touched. Nothing where nothing is.
   using Find = std::function<std::optional<WatchedTable>(const std::string& stored)>;
@@ -61,11 +58,8 @@ class RowWatch {
   };
   using Tables = std::map<std::string, Watched, std::less<>>;
 
-  static void BeforeChange(void* watch, sqlite3* database, int operation, const char* selector, const char* table,
-                           long long before, long long after) noexcept;
+  void BeforeChange(const RowTouch& touch) noexcept override;
   Watched& Named(const char* stored);
-  RowImage ImageBefore(const WatchedTable& table) const;
-  bool IsAltered(const WatchedTable& table) const;
   void Compare(const Watched& watched, Touched::const_iterator from, Touched::const_iterator to,
                std::vector<RowDifference>& differences);
 

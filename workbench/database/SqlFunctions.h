@@ -1,4 +1,5 @@
-// The functions of the statement dialect that SQLite does not have: VAL and dialect_like.
+// The functions of the statement dialect that SQLite does not have, VAL and dialect_like; and row_bytes, which writes a
+// row as blocks of rows have it.
 #pragma once
 
 struct sqlite3;

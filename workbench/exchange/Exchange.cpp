@@ -11,6 +11,8 @@
 #include "workbench/database/Schema.h"
 #include "workbench/exchange/NumberSeries.h"
 #include "workbench/exchange/PlantTables.h"
+#include "workbench/history/Recording.h"
+#include "workbench/history/Undo.h"
 #include "workbench/system/SystemMessage.h"
 #include "workbench/system/WholeFile.h"
 
@@ -80,6 +82,7 @@ void Exchange::Fill(const std::string& release, const Plant& plant) {
   dynamic_.Run("INSERT INTO [Cordboard] VALUES ('Release', ?), ('CmdId', 0), ('Plant', ?)", {release, plant.name});
   IndexSeries(dynamic_);
   EnterPlant(*this, plant);
+  BeginHistory(dynamic_, "release " + release + ", plant " + plant.name);
   dynamic_.Execute("PRAGMA application_id = " + std::to_string(applicationId) +
                    "; PRAGMA user_version = " + std::to_string(schemaVersion));
   transaction.Commit();
@@ -89,6 +92,12 @@ void Exchange::Fill(const std::string& release, const Plant& plant) {
 std::unique_ptr<Exchange> Exchange::OpenForReading(const std::filesystem::path& file) {
   CheckKind(file);
   return Opened(Connection::CopyOf(file));
+}
+
+std::unique_ptr<Exchange> Exchange::OpenAsOf(const std::filesystem::path& file, int state) {
+  auto exchange = OpenForReading(file);
+  GoBackTo(exchange->dynamic_, state);
+  return exchange;
 }
 
 std::unique_ptr<Exchange> Exchange::OpenForWriting(const std::filesystem::path& file,
@@ -123,25 +132,6 @@ FixedDatabase& Exchange::Static() {
 Value Exchange::NewCmdIds(std::size_t count) {
   return dynamic_.Single(
       "UPDATE [Cordboard] SET [Value] = [Value] + ?1 WHERE [Name] = 'CmdId' RETURNING [Value] - ?1 + 1", {count});
-}
-
-void Transaction::Commit() {
-  exchange_.Commit();
-  open_ = false;
-}
-
-void Transaction::RollBack() {
-  open_ = false;
-  exchange_.RollBack();
-}
-
-Transaction::~Transaction() {
-  if (!open_) return;
-  try {
-    exchange_.RollBack();
-  } catch (const std::exception&) {
-    // The database has rolled back by itself, or is gone: there is nothing left to undo.
-  }
 }
 
 }  // namespace cordboard::workbench

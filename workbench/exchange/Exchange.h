@@ -9,6 +9,7 @@
 #include <string>
 
 #include "workbench/database/Connection.h"
+#include "workbench/database/DatabaseTransaction.h"
 #include "workbench/exchange/FixedValues.h"
 
 namespace cordboard::workbench {
@@ -40,6 +41,9 @@ class Exchange {
   // A copy in memory of the exchange as it stands in its file now. It needs the right to read the file and no other,
   // and leaves nothing behind; whatever is done to it, the file stays.
   static std::unique_ptr<Exchange> OpenForReading(const std::filesystem::path& file);
+  // Such a copy, taken back to how the exchange stood at a state of its history. Fails with a HistoryError where that
+  // cannot be reached.
+  static std::unique_ptr<Exchange> OpenAsOf(const std::filesystem::path& file, int state);
   // The exchange in its file. The first transaction holds it until its end, with its journal beside it; others read it
   // meanwhile as it was. A file that another process holds is waited for that long.
   static std::unique_ptr<Exchange> OpenForWriting(const std::filesystem::path& file,
@@ -75,19 +79,10 @@ class Exchange {
   std::optional<FixedDatabase> static_;
 };
 
-// A transaction of the workbench's own: rolled back where it ends without Commit.
-class Transaction {
+// A transaction of the workbench's own.
+class Transaction : public DatabaseTransaction {
  public:
-  explicit Transaction(Exchange& exchange) : exchange_(exchange) { exchange_.Start(); }
-  ~Transaction();
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-  void Commit();
-  void RollBack();
-
- private:
-  Exchange& exchange_;
-  bool open_ = true;
+  explicit Transaction(Exchange& exchange) : DatabaseTransaction(exchange.Dynamic()) {}
 };
 
 }  // namespace cordboard::workbench

@@ -4,6 +4,7 @@
 #include "script/Statement.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/PlantReader.h"
+#include "workbench/history/Recording.h"
 
 namespace cordboard::workbench {
 
@@ -85,11 +86,12 @@ Plant PlantOf(Exchange& exchange) {
   return plant;
 }
 
-Plant AddToPlant(Exchange& exchange, const std::vector<PlantText>& pieces) {
-  Transaction transaction(exchange);
+Plant AddToPlant(Exchange& exchange, const std::vector<PlantText>& pieces, const std::string& message) {
+  Recording recording(exchange.Dynamic());
   Plant added = ReadPieces(pieces, PlantOf(exchange));
   EnterPlant(exchange, added);
-  transaction.Commit();
+  for (const auto& [source, json] : pieces) recording.AddText(source, json);
+  recording.CommitChanges({.kind = StateKind::Plant, .message = message});
   return added;
 }
 

@@ -17,7 +17,8 @@ void EnterPlant(Exchange& exchange, const Plant& plant);
 // The plant that stands there.
 Plant PlantOf(Exchange& exchange);
 
-// Adds pieces to the plant, all or none, and gives what was added. Fails with a PlantError.
-Plant AddToPlant(Exchange& exchange, const std::vector<PlantText>& pieces);
+// Adds pieces to the plant, all or none, and gives what was added. The message is for its history. Fails with a
+// PlantError.
+Plant AddToPlant(Exchange& exchange, const std::vector<PlantText>& pieces, const std::string& message = "");
 
 }  // namespace cordboard::workbench

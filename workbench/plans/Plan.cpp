@@ -1,9 +1,11 @@
 #include "workbench/plans/Plan.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <utility>
 
+#include "workbench/history/Recording.h"
 #include "workbench/plans/ExchangeLine.h"
 #include "workbench/plans/PlanLine.h"
 #include "workbench/system/Signals.h"
@@ -28,10 +30,13 @@ void DropByteOrderMark(std::string& line) {
   if (line.starts_with("\xEF\xBB\xBF")) line.erase(0, 3);
 }
 
-// The lines of a file, each with the one behind it.
+// The lines of a file, each with the one behind it. Each that is come to is handed to `take`.
 class Lines {
  public:
-  explicit Lines(std::istream& in) : in_(in), hasNext_(ReadLine(in, behind_)) { DropByteOrderMark(behind_); }
+  using Take = std::function<void(const std::string& line)>;
+  Lines(std::istream& in, Take take) : in_(in), take_(std::move(take)), hasNext_(ReadLine(in, behind_)) {
+    DropByteOrderMark(behind_);
+  }
 
   bool HasNext() const { return hasNext_; }
   bool Next() {
@@ -39,6 +44,7 @@ class Lines {
     std::swap(line_, behind_);
     hasNext_ = ReadLine(in_, behind_);
     ++number_;
+    take_(line_);
     return true;
   }
 
@@ -48,6 +54,7 @@ class Lines {
 
  private:
   std::istream& in_;
+  Take take_;
   std::string line_;
   std::string behind_;
   bool hasNext_;
@@ -117,17 +124,27 @@ void Keep(LineReport report, PlanResult& result) {
   result.reports.push_back(std::move(report));
 }
 
+StateNote NoteOf(const PlanResult& result, const std::string& message) {
+  StateNote note{.message = message, .lines = result.done};
+  for (const auto& [command, counts] : result.commands) {
+    note.added += counts.added;
+    note.changed += counts.changed;
+    note.removed += counts.removed;
+  }
+  return note;
+}
+
 }  // namespace
 
 PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const PlanOptions& options) {
   PlanResult result;
   Changes changes(session.exchange());
   // The exchange is held from the first line on, so that nobody is kept out by a plan that is still to come.
-  std::optional<Transaction> whole;
+  std::optional<Recording> whole;
   std::size_t seen = 0;
   for (const PlanFile& file : files) {
-    Lines at(file.in);
-    if (at.HasNext() && !whole) whole.emplace(session.exchange());
+    Lines at(file.in, [&](const std::string& line) { whole->AddText(file.name, line + "\n"); });
+    if (at.HasNext() && !whole) whole.emplace(session.exchange().Dynamic());
     while (at.Next()) {
       EndOnSignal();
       const std::size_t first = at.number();
@@ -141,12 +158,17 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
       Count(report->changes, result.commands);
       if (options.done && !report->refused) options.done(*report);
       Keep(std::move(*report), result);
+      whole->Relieve();
     }
     EndOnSignal();
     if (file.in.bad()) throw PlanError(file.name + " cannot be read to its end; nothing was kept");
   }
   result.kept = !options.dryRun && result.done > 0 && (result.refused == 0 || options.keepGoing);
-  if (whole) result.kept ? whole->Commit() : whole->RollBack();
+  if (result.kept) {
+    result.state = whole->CommitChanges(NoteOf(result, options.message));
+  } else if (whole) {
+    whole->RollBack();
+  }
   return result;
 }
 

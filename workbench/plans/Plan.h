@@ -4,6 +4,7 @@
 #include <functional>
 #include <istream>
 #include <map>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -44,9 +45,10 @@ struct RecordCounts {
 };
 
 struct PlanOptions {
-  bool dryRun = false;     // the same road, rolled back
-  bool keepGoing = false;  // keeps the good lines where others are refused
-  bool strict = false;     // refuses a line of which its user would be warned
+  bool dryRun = false;       // the same road, rolled back
+  bool keepGoing = false;    // keeps the good lines where others are refused
+  bool strict = false;       // refuses a line of which its user would be warned
+  std::string message = {};  // for the history of the exchange: what the plan is for
   std::function<void(std::size_t lines)> progress = {};
   std::function<void(const LineReport& report)> done = {};  // after each line that was done
 };
@@ -63,7 +65,8 @@ struct ProblemCount {
 struct PlanResult {
   std::size_t done = 0;
   std::size_t refused = 0;
-  bool kept = false;                                  // whether the exchange was changed
+  bool kept = false;                                  // whether what was done stays
+  std::optional<int> state = {};                      // of the exchange's history, where what was kept changed anything
   std::map<std::string, RecordCounts> commands = {};  // what became of the records of each, by the lines that were done
   std::vector<LineReport> reports = {};               // of the lines with problems, without what they did
   ProblemCount errors = {};

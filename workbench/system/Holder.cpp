@@ -1,7 +1,6 @@
 #include "workbench/system/Holder.h"
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,6 +11,8 @@
 #include <optional>
 #include <sstream>
 #include <vector>
+
+#include "workbench/system/User.h"
 
 namespace cordboard::workbench {
 
@@ -36,8 +37,7 @@ pid_t LockingProcess(const fs::path& file, std::int64_t byte) {
 std::string OwnerOf(const fs::path& process) {
   struct stat status {};
   if (stat(process.c_str(), &status) != 0) return "";
-  const passwd* user = getpwuid(status.st_uid);
-  return user != nullptr ? user->pw_name : "user " + std::to_string(status.st_uid);
+  return NameOfUser(status.st_uid);
 }
 
 // The name of the program and the word after it: what a program such as cordboard is told to do.

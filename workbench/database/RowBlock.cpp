@@ -1,0 +1,154 @@
+#include "workbench/database/RowBlock.h"
+
+#include <sqlite3.h>
+
+#include <array>
+#include <bit>
+#include <cstring>
+
+#include "script/Conversions.h"
+
+namespace cordboard::workbench {
+
+namespace {
+
+enum Kind : char { Null = 'n', Whole = 'w', Real = 'r', Text = 't' };
+
+// Seven bits a byte, the lowest first; the last has no eighth.
+void AppendNumber(std::string& bytes, std::uint64_t number) {
+  for (; number >= 0x80; number >>= 7) bytes += static_cast<char>(number | 0x80);
+  bytes += static_cast<char>(number);
+}
+
+void AppendText(std::string& bytes, std::string_view text) {
+  AppendNumber(bytes, text.size());
+  bytes += text;
+}
+
+// Takes from the front what was appended.
+class Bytes {
+ public:
+  explicit Bytes(std::string_view bytes) : left_(bytes) {}
+
+  bool IsEmpty() const { return left_.empty(); }
+  std::string_view Take(std::uint64_t count) {
+    if (count > left_.size()) throw DatabaseError("the history of the exchange is damaged");
+    const std::string_view taken = left_.substr(0, count);
+    left_.remove_prefix(count);
+    return taken;
+  }
+  std::uint64_t TakeNumber() {
+    std::uint64_t number = 0;
+    for (unsigned shift = 0; shift < 64; shift += 7) {
+      const auto byte = static_cast<unsigned char>(Take(1).front());
+      number |= static_cast<std::uint64_t>(byte & 0x7F) << shift;
+      if (byte < 0x80) break;
+    }
+    return number;
+  }
+  std::string_view TakeText() { return Take(TakeNumber()); }
+  Value TakeValue() {
+    switch (Take(1).front()) {
+      case Null: return Value::Null();
+      case Whole: return static_cast<std::int64_t>(TakeNumber());
+      case Real: return std::bit_cast<double>(TakeNumber());
+      default: return TakeText();
+    }
+  }
+
+ private:
+  std::string_view left_;
+};
+
+// A sum by which texts that follow each other are compared (FNV-1a).
+class Sum {
+ public:
+  void Add(std::string_view text) {
+    for (const char c : text) sum_ = (sum_ ^ static_cast<unsigned char>(c)) * 0x100000001B3;
+  }
+  std::string Written() const {
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string text;
+    for (int shift = 60; shift >= 0; shift -= 4) text += digits[sum_ >> shift & 0xF];
+    return text;
+  }
+
+ private:
+  std::uint64_t sum_ = 0xCBF29CE484222325;
+};
+
+}  // namespace
+
+void AppendValue(std::string& row, sqlite3_value* value) {
+  switch (sqlite3_value_type(value)) {
+    case SQLITE_NULL: row += Null; return;
+    case SQLITE_INTEGER:
+      row += Whole;
+      AppendNumber(row, static_cast<std::uint64_t>(sqlite3_value_int64(value)));
+      return;
+    case SQLITE_FLOAT:
+      row += Real;
+      AppendNumber(row, std::bit_cast<std::uint64_t>(sqlite3_value_double(value)));
+      return;
+    default: break;
+  }
+  row += Text;
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  AppendText(row, {text, static_cast<std::size_t>(sqlite3_value_bytes(value))});
+}
+
+void RowBlock::Append(std::int64_t place, const std::optional<std::string>& row) {
+  AppendNumber(rows, static_cast<std::uint64_t>(place));
+  AppendText(rows, row ? *row : "");
+}
+
+BlockOfRows::BlockOfRows(Connection& connection, const RowBlock& block) : connection_(connection), block_(block) {
+  const RowSet names = connection_.Run("SELECT [name] FROM pragma_table_info(?)", {block.table});
+  for (std::size_t i = 0; i < names.RowCount(); ++i) {
+    columns_ += (i == 0 ? "[" : ", [") + Joined(names[0][i]) + "]";
+    values_ += i == 0 ? "?" : ", ?";
+  }
+  if (columns_.empty()) throw DatabaseError("the history of the exchange is damaged");
+}
+
+template <typename Take>
+void BlockOfRows::EachRow(Take take) const {
+  for (Bytes bytes(block_.rows); !bytes.IsEmpty();) {
+    const auto place = static_cast<std::int64_t>(bytes.TakeNumber());
+    take(place, bytes.TakeText());
+  }
+}
+
+BlockOfRows::Now BlockOfRows::Look() {
+  const std::string select = "SELECT row_bytes(" + columns_ + ") FROM [" + block_.table + "] WHERE rowid = ?";
+  bool differs = false;
+  Sum sum;
+  EachRow([&](std::int64_t place, std::string_view before) {
+    const Value found = connection_.Single(select, {place});
+    const std::string_view now = found.IsText() ? std::string_view(found.text()) : "";
+    differs = differs || now != before;
+    std::string length;
+    AppendNumber(length, now.size());
+    sum.Add(length);
+    sum.Add(now);
+  });
+  return {differs, sum.Written()};
+}
+
+void BlockOfRows::Remove() {
+  const std::string statement = "DELETE FROM [" + block_.table + "] WHERE rowid = ?";
+  EachRow([&](std::int64_t place, std::string_view) { connection_.Run(statement, {place}); });
+}
+
+void BlockOfRows::PutBack() {
+  const std::string statement =
+      "INSERT INTO [" + block_.table + "] (rowid, " + columns_ + ") VALUES (?, " + values_ + ")";
+  EachRow([&](std::int64_t place, std::string_view row) {
+    if (row.empty()) return;
+    std::vector<Value> values = {place};
+    for (Bytes bytes(row); !bytes.IsEmpty();) values.push_back(bytes.TakeValue());
+    connection_.Run(statement, values);
+  });
+}
+
+}  // namespace cordboard::workbench
