@@ -9,8 +9,10 @@
 #include "workbench/plans/ExchangeLine.h"
 #include "workbench/plans/PlanLine.h"
 #include "workbench/plans/PlanOrder.h"
+#include "workbench/plans/RecordAdds.h"
 #include "workbench/plans/RecordLines.h"
 #include "workbench/system/Signals.h"
+#include "workbench/text/Elements.h"
 
 namespace cordboard::workbench {
 
@@ -23,12 +25,6 @@ constexpr int mostRounds = 20;
 // A longer line is no longer readable.
 constexpr std::size_t longestWritten = 2000;
 
-std::string InWords(const Problem& problem) {
-  const std::string about =
-      problem.parameter + (problem.parameter.empty() || problem.value.empty() ? "" : "=") + problem.value;
-  return about + (about.empty() ? "" : ": ") + problem.message + (problem.reason.empty() ? "" : ": " + problem.reason);
-}
-
 bool Holds(const std::vector<Record>& records, const Record& record) {
   return std::ranges::find(records, record) != records.end();
 }
@@ -40,6 +36,7 @@ class Turning {
         exchange_(exchange),
         session_(scratch),
         changes_(scratch),
+        adds_(session_, changes_, result_.lines),
         seriesStarts_(SeriesStarts(exchange)) {
     for (const FormDefinition* form : PlanOrder()) {
       for (const FormDefinition* table : form->OfEachTable()) tables_.emplace_back(*table);
@@ -48,11 +45,13 @@ class Turning {
 
   PlanBetween Do() {
     Transaction whole(scratch_);
-    std::size_t before = 0;
-    for (int round = 0; round == 0 || (result_.lines.size() > before && round < mostRounds); ++round) {
-      before = result_.lines.size();
+    for (int round = 0; round < mostRounds; ++round) {
+      const std::size_t before = result_.lines.size();
       for (auto table = tables_.rbegin(); table != tables_.rend(); ++table) Remove(*table);
       for (const RecordTable& table : tables_) ChangeAndAdd(table);
+      if (result_.lines.size() > before) continue;
+      for (const RecordTable& table : tables_) AddWithOthers(table);
+      if (result_.lines.size() == before) break;
     }
     whole.Commit();
     for (const RecordTable& table : tables_) TellUntold(table);
@@ -83,7 +82,8 @@ class Turning {
   void ChangeAndAdd(const RecordTable& table) {
     const RecordDifferences differences = Compared(table);
     for (const auto& [before, now] : differences.changed) {
-      if (!Change(table, before, now)) Replace(table, before, now);
+      // What cannot be changed is added anew.
+      if (!Change(table, before, now)) adds_.Replace(table, before, now);
     }
     for (const Run run : Runs(table, differences.missing, BeginsSeries(table))) Add(table, run);
   }
@@ -105,18 +105,11 @@ class Turning {
     return true;
   }
 
-  // What cannot be changed is added anew.
-  void Replace(const RecordTable& table, const Record& before, const Record& now) {
-    Trial trial(session_, changes_);
-    if (!trial.Do(DeleteOf(table, before, Selected::ByKey)).empty()) return;
-    if (TryAdd(table, Run(&now, 1), GivenIn(now), trial).empty()) trial.Keep(result_.lines);
-  }
-
   // Where one of several records is refused they are tried in halves.
   void Add(const RecordTable& table, Run run) {
     const UserAction add = AddOf(table, run, ToldOf(table, run.front()));
     if (run.size() == 1 || WrittenLine(add).size() <= longestWritten) {
-      const std::string refusal = AddTogether(table, run);
+      const std::string refusal = adds_.Add(table, run);
       if (refusal.empty()) return;
       if (run.size() == 1) {
         Note(table, run.front(), add, refusal);
@@ -127,69 +120,29 @@ class Turning {
     Add(table, run.subspan(run.size() / 2));
   }
 
-  // Gives why the run cannot be added, or nothing. What served for records with the same columns is tried first, all
-  // columns at last.
-  std::string AddTogether(const RecordTable& table, Run run) {
-    const Columns given = GivenIn(run.front());
-    const auto learnt = learnt_[&table.form()].find(given);
-    const Columns first = learnt == learnt_[&table.form()].end() ? ToldOf(table, run.front()) : learnt->second;
-    const std::string refusal = AddTelling(table, run, first);
-    if (refusal.empty() || first == given) return refusal;
-    return AddTelling(table, run, given).empty() ? "" : refusal;
-  }
-
-  // A value that the form refuses may follow from the others: it is left out then.
-  std::string AddTelling(const RecordTable& table, Run run, Columns told) {
-    std::string refusal;
-    for (;;) {
-      Trial trial(session_, changes_);
-      const std::vector<Problem> problems = TryAdd(table, run, told, trial);
-      if (problems.empty()) {
-        trial.Keep(result_.lines);
-        learnt_[&table.form()][GivenIn(run.front())] = told;
-        return "";
+  // A record that is refused where others stand may come together with those, if they differ in one column of the key.
+  void AddWithOthers(const RecordTable& table) {
+    const std::vector<Record> missing = Compared(table).missing;
+    for (std::size_t column = 0; !missing.empty() && column < table.columns().size(); ++column) {
+      if (!table.IsKey(column) || !table.form().Find(table.columns()[column])->multiple) continue;
+      auto alike = ByRestOfKey(table, exchange_, column);
+      auto standing = ByRestOfKey(table, scratch_, column);
+      for (const Record& record : missing) {
+        const auto group = alike.extract(table.MarkedKey(record, column));
+        if (group.empty() || group.mapped().size() < 2 || group.mapped().size() > mostElements) continue;
+        adds_.AddAlike(table, standing[group.key()], group.mapped(), column);
       }
-      if (refusal.empty()) refusal = InWords(problems.front());
-      if (!LeaveOut(table, problems.front().parameter, told)) return refusal;
     }
   }
 
-  // Leaves out the column that holds the value of a parameter, which may be a digit of it.
-  static bool LeaveOut(const RecordTable& table, const std::string& parameter, Columns& told) {
-    const Folding* folding = table.form().FoldingWith(parameter);
-    const std::string& name = folding == nullptr ? parameter : folding->parameter;
-    const auto column = std::ranges::find(table.columns(), name) - table.columns().begin();
-    if (static_cast<std::size_t>(column) == told.size() || !told[static_cast<std::size_t>(column)]) return false;
-    told[static_cast<std::size_t>(column)] = false;
-    return true;
-  }
-
-  // Adds the run. Where all was told and one record comes out with other values, these are changed.
-  std::vector<Problem> TryAdd(const RecordTable& table, Run run, const Columns& told, Trial& trial) {
-    if (auto problems = trial.Do(AddOf(table, run, told)); !problems.empty()) return problems;
-    std::vector<Record> made = trial.Made(table);
-    if (run.size() == 1 && Holds(made, run.front())) return {};
-    std::vector<Record> wanted(run.begin(), run.end());
-    std::ranges::sort(wanted);
-    std::ranges::sort(made);
-    if (made == wanted) return {};
-    const std::vector<Problem> refusal = {
-        {.message = "the record would not have these values: " + Others(table, run, made)}};
-    if (run.size() != 1 || made.size() != 1 || told != GivenIn(run.front())) return refusal;
-    const bool changed = trial.Do(EditOf(table, made.front(), run.front())).empty();
-    return changed && Holds(trial.Made(table), run.front()) ? std::vector<Problem>{} : refusal;
-  }
-
-  // The values that are others than those that were wanted.
-  static std::string Others(const RecordTable& table, Run run, const std::vector<Record>& made) {
-    if (made.size() != 1) return "there would be " + std::to_string(made.size()) + " records";
-    std::string text;
-    for (std::size_t i = 0; i < table.columns().size(); ++i) {
-      const std::string& column = table.columns()[i];
-      if (made.front()[i] == run.front()[i]) continue;
-      text += (text.empty() ? "" : ", ") + column + "=" + table.form().Told({column, made.front()[i]});
+  static std::map<std::string, std::vector<Record>> ByRestOfKey(const RecordTable& table, Exchange& exchange,
+                                                                std::size_t column) {
+    std::map<std::string, std::vector<Record>> records;
+    for (Record& record : table.Read(exchange)) {
+      std::vector<Record>& same = records[table.MarkedKey(record, column)];
+      same.push_back(std::move(record));
     }
-    return text;
+    return records;
   }
 
   bool Note(const RecordTable& table, const Record& record, const UserAction& action, const std::string& reason) {
@@ -209,12 +162,11 @@ class Turning {
   Exchange& exchange_;
   Session session_;
   Changes changes_;
+  PlanBetween result_;
+  RecordAdds adds_;
   std::set<std::string> seriesStarts_;
   std::vector<RecordTable> tables_;
-  // The columns that did for records that have these.
-  std::map<const FormDefinition*, std::map<Columns, Columns>> learnt_;
   std::map<const FormDefinition*, std::map<Record, UntoldRecord>> untold_;
-  PlanBetween result_;
 };
 
 // What stands between two lines.

@@ -21,8 +21,11 @@ void AddDefining(const Thing* thing, Commands& commands) {
   }
 }
 
+// These take the number of a route that nobody has, and leave it free.
+const Commands beforeRoutes = {"RODAI", "ROCAI_IMPORT"};
+
 Commands CommandsBefore(const FormDefinition& form) {
-  Commands before;
+  Commands before = form.command == "ROCAI" ? beforeRoutes : Commands();
   for (const FormDefinition* table : form.OfEachTable()) {
     for (const std::string& column : table->columns) {
       if (const Reference* reference = ShippedReferences().Find(table->table, column))

@@ -35,6 +35,9 @@ bool CanVary(const RecordTable& table, const std::vector<std::size_t>& columns) 
 std::size_t LengthOfRun(const RecordTable& table, std::span<const Record> records, const Begins& begins) {
   if (records.size() < 2) return records.size();
   const Record& first = records.front();
+  // One line may make the same record several times.
+  const auto copies = std::ranges::find_if(records, [&](const Record& record) { return record != first; });
+  if (copies - records.begin() > 1) return std::min(static_cast<std::size_t>(copies - records.begin()), mostElements);
   const Columns told = ToldOf(table, first);
   const auto varying = Different(first, records[1], told);
   const auto hasOneValueOfEach = [&](const Record& record) {
@@ -46,7 +49,7 @@ std::size_t LengthOfRun(const RecordTable& table, std::span<const Record> record
            hasOneValueOfEach(record);
   };
   const auto end = std::find_if_not(records.begin() + 1, records.end(), belongs);
-  return std::min(static_cast<std::size_t>(end - records.begin()), mostOfLine);
+  return std::min(static_cast<std::size_t>(end - records.begin()), mostElements);
 }
 
 std::string ValueOf(const RecordTable& table, std::span<const Record> run, std::size_t column) {

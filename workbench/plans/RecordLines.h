@@ -10,9 +10,6 @@
 
 namespace cordboard::workbench {
 
-// How many records one line makes at most.
-inline constexpr std::size_t mostOfLine = 1000;
-
 // Some columns of a table, by their places.
 using Columns = std::vector<bool>;
 Columns GivenIn(const Record& record);

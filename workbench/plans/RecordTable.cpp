@@ -85,10 +85,10 @@ std::vector<Assignment> RecordTable::KeyOf(const Record& record) const {
   return key;
 }
 
-std::string RecordTable::MarkedKey(const Record& record) const {
+std::string RecordTable::MarkedKey(const Record& record, std::size_t without) const {
   Record key;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    if (isKey_[i]) key.push_back(record[i]);
+    if (isKey_[i] && i != without) key.push_back(record[i]);
   }
   return Marked(key);
 }

@@ -34,12 +34,16 @@ class RecordTable {
   std::vector<Assignment> ValuesOf(const Record& record) const;
   std::vector<Assignment> KeyOf(const Record& record) const;
 
+  // Whether the column belongs to the key, and the key as one text: of another key it is another one. Without one
+  // column of it, where that is said.
+  bool IsKey(std::size_t column) const { return isKey_[column]; }
+  std::string MarkedKey(const Record& record, std::size_t without = std::string::npos) const;
+
   // Several records of one key are paired in their order.
   RecordDifferences Compare(std::vector<Record> first, std::vector<Record> second) const;
 
  private:
   bool IsBlank(const Record& record) const;
-  std::string MarkedKey(const Record& record) const;
 
   const FormDefinition* form_;
   std::vector<std::string> columns_;
