@@ -203,6 +203,7 @@ class CommandLine {
     sub->add_flag("--keep-going", options.keepGoing, "keep the good lines where others are refused");
     sub->add_flag("--verbose", options.verbose, "print what becomes of each record, and what next takes");
     sub->add_flag("--strict", options.strict, "refuse a line instead of warning of it");
+    sub->add_flag("--ensure", options.ensure, "make it so: leave alone what stands as told, and edit what differs");
     AddMessage(sub, options.message);
     AddDebug(sub);
     AddWait(sub, options.wait);

@@ -186,6 +186,7 @@ void TellCommands(const PlanResult& result) {
     add(counts.added, "added");
     add(counts.changed, "changed");
     add(counts.removed, "removed");
+    add(counts.standing, "standing");
     Note(command, text);
   }
 }
@@ -193,8 +194,11 @@ void TellCommands(const PlanResult& result) {
 nlohmann::json CommandsOf(const PlanResult& result) {
   nlohmann::json commands = nlohmann::json::array();
   for (const auto& [command, counts] : result.commands)
-    commands.push_back(
-        {{"command", command}, {"added", counts.added}, {"changed", counts.changed}, {"removed", counts.removed}});
+    commands.push_back({{"command", command},
+                        {"added", counts.added},
+                        {"changed", counts.changed},
+                        {"removed", counts.removed},
+                        {"standing", counts.standing}});
   return commands;
 }
 

@@ -60,6 +60,7 @@ struct ApplyOptions {
   bool keepGoing = false;
   bool verbose = false;  // tells each record
   bool strict = false;
+  bool ensure = false;  // does what is not so yet
   std::string message;  // for the history
   unsigned wait = usualWait;
   bool json = false;

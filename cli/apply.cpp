@@ -31,8 +31,11 @@ bool IsTyped(const std::vector<std::string>& plans) {
 // Applies the plan and tells meanwhile, where somebody looks on: how far it is, or that lines are awaited.
 PlanResult ApplyAndTell(workbench::Session& session, const std::vector<workbench::PlanFile>& files,
                         const ApplyOptions& options, nlohmann::json& document) {
-  workbench::PlanOptions how{
-      .dryRun = options.dryRun, .keepGoing = options.keepGoing, .strict = options.strict, .message = options.message};
+  workbench::PlanOptions how{.dryRun = options.dryRun,
+                             .keepGoing = options.keepGoing,
+                             .strict = options.strict,
+                             .ensure = options.ensure,
+                             .message = options.message};
   std::optional<Progress> progress;
   if (!options.json && IsTyped(options.plans)) {
     Note("standard input", "type the lines of the plan; Ctrl-D on a line of its own ends it");

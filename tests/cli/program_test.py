@@ -504,13 +504,13 @@ class Apply(ProgramTest):
         self.assertEqual(possible[:2], ["AC", "AI"])
         self.assertGreater(report["problems"][0].pop("total"), len(possible))
         self.assertEqual(report, {"done": 1, "refused": 1, "kept": False, "state": None, "commands": [
-            {"command": "NANSI", "added": 1, "changed": 0, "removed": 0}], "problems": [
+            {"command": "NANSI", "added": 1, "changed": 0, "removed": 0, "standing": 0}], "problems": [
             {"severity": "error", "file": str(plan), "line": 3, "command": "NANSI", "parameter": "NUMTYP", "value": "XX",
              "message": "this value is not possible here"}]})
         good = self.write("good.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n")
         self.assertEqual(self.json("apply", self.exchange, good), 
                          {"done": 1, "refused": 0, "kept": True, "state": 2, "problems": [],
-                          "commands": [{"command": "NANSI", "added": 1, "changed": 0, "removed": 0}]})
+                          "commands": [{"command": "NANSI", "added": 1, "changed": 0, "removed": 0, "standing": 0}]})
 
     def test_an_empty_plan_is_done(self):
         self.assertEqual(self.ends(DONE, "apply", self.exchange, "-").stderr,
@@ -570,6 +570,21 @@ class Apply(ProgramTest):
         self.assertEqual(ran.stderr, f"error: {self.exchange}: the disk is full: no file may grow larger here; "
                                      "nothing was kept\n")
         self.assertEqual(self.generated(), before)
+
+
+class Ensure(ProgramTest):
+    def test_what_stands_is_left_alone_and_the_file_with_it(self):
+        plan = self.write("office.plan", "NANSI:NUMTYP=EX,NUMSE=300&&304;\nEXCCS:CAT=1,TRAF=11,SERV_D6=1;\n"
+                                         "KSEXI:DIR=300&&301,ITYPE=12,EQU=next,CAT=1;\n")
+        self.ends(DONE, "apply", self.exchange, plan)
+        before = self.exchange.read_bytes()
+        ran = self.ends(DONE, "apply", self.exchange, plan, "--ensure")
+        self.assertEqual(ran.stderr, "plan: 3 done, 0 refused\nEXCCS: 1 standing\nKSEXI: 2 standing\nNANSI: 5 standing\n")
+        self.assertEqual(self.exchange.read_bytes(), before)
+        more = self.write("more.plan", "KSEXI:DIR=300&&302,ITYPE=12,EQU=next,CAT=1,LANG=2;\n")
+        report = self.json("apply", self.exchange, more, "--ensure", "--dry-run")
+        self.assertEqual(report["commands"],
+                         [{"command": "KSEXI", "added": 1, "changed": 2, "removed": 0, "standing": 0}])
 
 
 class Refusals(ProgramTest):

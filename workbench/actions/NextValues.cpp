@@ -60,10 +60,15 @@ bool IsFree(Exchange& exchange, const std::optional<Pool>& pool, const std::stri
 
 }  // namespace
 
+bool IsNext(const FormDefinition& definition, const Assignment& assignment) {
+  const ParameterDefinition* parameter = definition.Find(assignment.name);
+  return parameter != nullptr && parameter->next && IsNext(assignment.value);
+}
+
 std::optional<std::string> MeantValue(Filling& filling, const Assignment& assignment) {
   const auto& [name, value] = assignment;
+  if (!IsNext(filling.definition(), assignment)) return value;
   const ParameterDefinition* parameter = filling.definition().Find(name);
-  if (parameter == nullptr || !parameter->next || !IsNext(value)) return value;
   const auto refuse = [&](const std::string& message) {
     filling.Refuse(assignment, message);
     return std::nullopt;

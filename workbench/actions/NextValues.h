@@ -11,6 +11,8 @@
 
 namespace cordboard::workbench {
 
+// Whether a value is "next" or "next:20", and the parameter takes that.
+bool IsNext(const FormDefinition& definition, const Assignment& assignment);
 // The values that "next" and "next:20" stand for, where the parameter takes them; any other value means itself. Gives
 // nothing, and refuses the value, where there are not as many.
 std::optional<std::string> MeantValue(Filling& filling, const Assignment& assignment);

@@ -17,14 +17,6 @@ bool HasColumn(const FormDefinition& definition, const std::string& name) {
   return std::ranges::find(definition.columns, name) != definition.columns.end();
 }
 
-// What is true of a prepared row that nobody has filled in.
-std::string IsBlankRow(const FormDefinition& table) {
-  std::vector<std::string> filled;
-  std::ranges::copy_if(table.columns, std::back_inserter(filled),
-                       [&](const std::string& column) { return column != "CMDID" && column != table.prepared; });
-  return Separated(filled, " AND ", [](const std::string& column) { return "COALESCE([" + column + "], '') = ''"; });
-}
-
 // Whether the text can stand for several values: not where the sign is part of it, as in a name.
 bool CanBeSeveral(const FormDefinition& definition, const Assignment& given) {
   const ParameterDefinition* parameter = definition.Find(given.name);
@@ -101,6 +93,13 @@ std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDef
 
 std::string NoRecord(const FormDefinition& definition, const std::vector<Assignment>& selection) {
   return "there is no record of " + Described(definition, selection);
+}
+
+std::string IsBlankRow(const FormDefinition& table) {
+  std::vector<std::string> filled;
+  std::ranges::copy_if(table.columns, std::back_inserter(filled),
+                       [&](const std::string& column) { return column != "CMDID" && column != table.prepared; });
+  return Separated(filled, " AND ", [](const std::string& column) { return "COALESCE([" + column + "], '') = ''"; });
 }
 
 RecordCount CountRecords(Exchange& exchange, const FormDefinition& definition) {

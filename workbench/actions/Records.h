@@ -39,6 +39,9 @@ std::variant<StoredRecord, Problem> FindRecord(Exchange& exchange, const FormDef
 // That no record has these values.
 std::string NoRecord(const FormDefinition& definition, const std::vector<Assignment>& selection);
 
+// What is true, in a statement, of a row that was prepared for a record and that nobody has filled in.
+std::string IsBlankRow(const FormDefinition& table);
+
 struct RecordCount {
   std::size_t records = 0;
   std::size_t blank = 0;  // rows that were prepared for a record, and that nobody has filled in

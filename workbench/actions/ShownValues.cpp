@@ -7,21 +7,27 @@
 
 namespace cordboard::workbench {
 
-std::vector<std::string> GivenColumns(const Filling& filling) {
-  const FormDefinition& definition = filling.definition();
-  std::vector<std::string> given;
+std::vector<std::string> ColumnsOf(const FormDefinition& definition, const std::string& parameter) {
+  std::vector<std::string> columns;
   const auto add = [&](const std::string& name) {
-    const bool stored = std::ranges::find(definition.columns, name) != definition.columns.end();
-    if (stored && std::ranges::find(given, name) == given.end()) given.push_back(name);
+    if (std::ranges::find(definition.columns, name) != definition.columns.end()) columns.push_back(name);
   };
+  std::string name = parameter;
+  const Folding* folding = definition.FoldingWith(name);
+  if (folding == nullptr || folding->isList) add(name);
+  for (; folding != nullptr; folding = definition.FoldingWith(name)) add(name = folding->parameter);
+  const Folding* list = definition.FoldingOf(parameter);
+  if (list == nullptr || !list->isList) return columns;
+  for (const DigitPlace& place : list->places) add(place.parameters.front());
+  return columns;
+}
+
+std::vector<std::string> GivenColumns(const Filling& filling) {
+  std::vector<std::string> given;
   for (const Assignment& assignment : filling.given()) {
-    std::string name = assignment.name;
-    const Folding* folding = definition.FoldingWith(name);
-    if (folding == nullptr || folding->isList) add(name);
-    for (; folding != nullptr; folding = definition.FoldingWith(name)) add(name = folding->parameter);
-    const Folding* list = definition.FoldingOf(assignment.name);
-    if (list == nullptr || !list->isList) continue;
-    for (const DigitPlace& place : list->places) add(place.parameters.front());
+    for (std::string& column : ColumnsOf(filling.definition(), assignment.name)) {
+      if (std::ranges::find(given, column) == given.end()) given.push_back(std::move(column));
+    }
   }
   return given;
 }

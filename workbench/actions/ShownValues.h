@@ -26,8 +26,10 @@ class ShownValues {
   std::map<std::string, std::string> columns_;
 };
 
-// The names of the columns that are given, each once: sub-digit parameters stand for the column that they fold into, a
-// part of a list for the list as well, and a list for all its parts.
+// The names of the columns that a parameter has to do with: a sub-digit parameter stands for the column that it folds
+// into, a part of a list for the list as well, and a list for all its parts. None for what is not stored.
+std::vector<std::string> ColumnsOf(const FormDefinition& definition, const std::string& parameter);
+// Those of all that is given, each once.
 std::vector<std::string> GivenColumns(const Filling& filling);
 
 }  // namespace cordboard::workbench

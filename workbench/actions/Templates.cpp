@@ -53,18 +53,25 @@ void Put(Filling& filling, const std::string& name, const Assignment& value) {
 
 }  // namespace
 
-void PutTemplate(Filling& filling, const std::string& name) {
-  const FormDefinition& definition = filling.definition();
+std::variant<std::vector<Assignment>, Problem> TemplateValues(Exchange& exchange, const FormDefinition& definition,
+                                                              const std::string& name) {
   const FormDefinition* ofTemplate = FindForm(definition.templates.command);
   if (ofTemplate == nullptr)
-    return filling.Refuse({.message = "records of " + definition.command + " are not made from templates"});
-  Exchange& exchange = filling.session().exchange();
+    return Problem{.message = "records of " + definition.command + " are not made from templates"};
   const std::string& key = definition.templates.name;
   const auto found = FindRecord(exchange, *ofTemplate, {{key, name}});
   if (const auto* problem = std::get_if<Problem>(&found))
-    return filling.Refuse({.message = problem->message, .possible = NamesOf(exchange, *ofTemplate, key)});
-  for (const Assignment& value : ValuesOf(exchange, *ofTemplate, std::get<StoredRecord>(found).CmdId)) {
-    if (value.name != key && !filling.IsGiven(value.name)) Put(filling, name, value);
+    return Problem{.message = problem->message, .possible = NamesOf(exchange, *ofTemplate, key)};
+  std::vector<Assignment> values = ValuesOf(exchange, *ofTemplate, std::get<StoredRecord>(found).CmdId);
+  std::erase_if(values, [&key](const Assignment& value) { return value.name == key; });
+  return values;
+}
+
+void PutTemplate(Filling& filling, const std::string& name) {
+  const auto values = TemplateValues(filling.session().exchange(), filling.definition(), name);
+  if (const auto* problem = std::get_if<Problem>(&values)) return filling.Refuse(*problem);
+  for (const Assignment& value : std::get<0>(values)) {
+    if (!filling.IsGiven(value.name)) Put(filling, name, value);
   }
   SharedDigitsAreGivenTogether(filling);
 }

@@ -53,10 +53,20 @@ Outcome Add(Session& session, const FormDefinition& definition, const UserAction
   return outcome;
 }
 
-Outcome Edit(Session& session, const StoredRecord& record, const UserAction& action) {
+// Adds what there is to tell of one of several records.
+void Tell(std::vector<Problem>& told, std::vector<Problem> problems, const std::string& record) {
+  for (Problem& problem : problems) {
+    problem.message = "record " + record + ": " + problem.message;
+    told.push_back(std::move(problem));
+  }
+}
+
+}  // namespace
+
+Outcome Edit(Session& session, const StoredRecord& record, const std::vector<Assignment>& values) {
   const FormDefinition& definition = *record.definition;
   const std::int32_t CmdId = record.CmdId;
-  Filling filling(session, definition, action.values);
+  Filling filling(session, definition, values);
   ShowRecord(session, definition, CmdId);
   const ShownValues shown(filling.form());
   CheckEdit(filling);
@@ -84,20 +94,9 @@ Outcome Delete(Session& session, const StoredRecord& record) {
   return outcome;
 }
 
-Outcome PerformOn(Session& session, const StoredRecord& record, const UserAction& action) {
-  return action.kind == UserAction::Kind::Edit ? Edit(session, record, action) : Delete(session, record);
-}
-
-// Adds what there is to tell of one of several records.
-void Tell(std::vector<Problem>& told, std::vector<Problem> problems, const std::string& record) {
-  for (Problem& problem : problems) {
-    problem.message = "record " + record + ": " + problem.message;
-    told.push_back(std::move(problem));
-  }
-}
-
-// Each record for itself, so that all that is wrong with any is told. They are done together, or refused.
-Outcome PerformOnAll(Session& session, const Selection& selection, const UserAction& action) {
+Outcome PerformOnEach(Session& session, const Selection& selection,
+                      const std::function<Outcome(const StoredRecord& record)>& perform) {
+  if (!selection.several) return perform(selection.records.front().record);
   Outcome whole{.done = true, .warnings = selection.notThere};
   for (const auto& [record, name] : selection.records) {
     Transaction transaction(session.exchange());
@@ -105,9 +104,10 @@ Outcome PerformOnAll(Session& session, const Selection& selection, const UserAct
       Tell(whole.warnings, {{.message = "it has gone with one before it"}}, name);
       continue;
     }
-    Outcome outcome = PerformOn(session, record, action);
+    Outcome outcome = perform(record);
     if (outcome.done) transaction.Commit();
     whole.done = whole.done && outcome.done;
+    whole.standing += outcome.standing;
     Tell(whole.problems, std::move(outcome.problems), name);
     Tell(whole.warnings, std::move(outcome.warnings), name);
     std::ranges::move(outcome.taken, std::back_inserter(whole.taken));
@@ -115,8 +115,6 @@ Outcome PerformOnAll(Session& session, const Selection& selection, const UserAct
   }
   return whole;
 }
-
-}  // namespace
 
 Outcome Perform(Session& session, const UserAction& action) {
   const FormDefinition* definition = FindForm(action.command);
@@ -134,9 +132,9 @@ Outcome Perform(Session& session, const FormDefinition& definition, const UserAc
   if (!edit && !definition.deletes) return cannot("deleted");
   const auto found = FindRecords(session.exchange(), definition, action.selection);
   if (const auto* problem = std::get_if<Problem>(&found)) return Refused(*problem);
-  const auto& selection = std::get<Selection>(found);
-  return selection.several ? PerformOnAll(session, selection, action)
-                           : PerformOn(session, selection.records.front().record, action);
+  return PerformOnEach(session, std::get<Selection>(found), [&](const StoredRecord& record) {
+    return edit ? Edit(session, record, action.values) : Delete(session, record);
+  });
 }
 
 }  // namespace cordboard::workbench

@@ -1,6 +1,8 @@
 // One action of a user: open the form, set the values with the checks that a form runs, act, keep the record in order.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,6 +11,9 @@
 #include "workbench/host/Session.h"
 
 namespace cordboard::workbench {
+
+struct Selection;
+struct StoredRecord;
 
 struct UserAction {
   enum class Kind { Add, Edit, Delete };
@@ -36,6 +41,7 @@ struct Outcome {
   std::vector<Problem> warnings = {};  // messages of an action that was done
   std::vector<Assignment> taken = {};  // the values that "next" stood for
   std::vector<std::string> debugLines = {};
+  std::size_t standing = 0;  // records that were as told already, where that was asked
 };
 
 // Performs the action. A refused one leaves what the rules of its command leave: some write
@@ -43,5 +49,14 @@ struct Outcome {
 Outcome Perform(Session& session, const UserAction& action);
 // The same on a form of one's own.
 Outcome Perform(Session& session, const FormDefinition& definition, const UserAction& action);
+
+// Changes one record.
+Outcome Edit(Session& session, const StoredRecord& record, const std::vector<Assignment>& values);
+// Removes it.
+Outcome Delete(Session& session, const StoredRecord& record);
+// Does the same to each record that is selected, where there are several each for itself, so that all that is wrong
+// with any is told. They are done together, or refused.
+Outcome PerformOnEach(Session& session, const Selection& selection,
+                      const std::function<Outcome(const StoredRecord& record)>& perform);
 
 }  // namespace cordboard::workbench

@@ -66,6 +66,7 @@ struct ParameterDefinition {
   // Whether its value is taken apart at "&": elsewhere the sign is part of the value.
   bool TakesElements() const { return multiple || range; }
 
+  std::string otherwise = {};              // what a record gets where none is given, where rules put that
   std::vector<std::string> releases = {};  // that have the parameter; none named: all of them
   std::optional<Pool> pool = {};           // "next" passes over what is taken there
   std::optional<Narrowing> narrowing = {};

@@ -59,6 +59,7 @@ ParameterDefinition ReadParameter(const std::string& command, Fields& fields, co
   parameter.fixed = !parameter.list && HasFixedValues(command, parameter.name);
   parameter.characters = ReadCharacters(fields);
   parameter.releases = ReadReleases(fields);
+  parameter.otherwise = fields.Get<std::string>("otherwise", "");
   fields.Find("each");
   if (const auto pool = fields.Find("pool")) {
     parameter.pool = pool->Object([](Fields& of) {

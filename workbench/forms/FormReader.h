@@ -3,15 +3,14 @@
 //   {"title": "Key extensions", "help": "One sentence.",
 //    "parameters": [{"name": "DIR", "title": "Directory number", "mandatory": true, "multiple": true}, ...]}
 //
-// A parameter has the flags of ParameterFlags() that the form says, "releases", "pool" {"table", "column"} and
-// "narrowed" {"by", "without"} and "beside" {"from", "to"}, whole numbers beside the list. A form has besides
-// "key": the parameters that tell one record from another, where it is not the first that is stored; "prepared": the
-// column that rows have which stand before they are filled in, "ordered", "single", "inStep", "oneOf", "folding",
-// "after"
-// {"removeRowAfterDelete", "writeAfterEdit"}, where records are made from templates "templates" {"command", "name"}:
-// the command of the templates and the parameter that names one, "assumed" {name: value}: what rules read or reset
-// though the form does not show it, and, where records stand in two tables, "second" {"table", "with"}: the other
-// table, and the parameter that its records have.
+// A parameter has the flags of ParameterFlags() that the form says, "releases", "pool" {"table", "column"}, "narrowed"
+// {"by", "without"}, "beside" {"from", "to"}, whole numbers beside the list, and "otherwise", what rules put where none
+// is given. A form has besides "key": the parameters that tell one record from another, where it is not the first that
+// is stored; "prepared": the column that rows have which stand before they are filled in, "ordered", "single",
+// "inStep", "oneOf", "folding", "after" {"removeRowAfterDelete", "writeAfterEdit"}, where records are made from
+// templates "templates" {"command", "name"}: the command of the templates and the parameter that names one, "assumed"
+// {name: value}: what rules read or reset though the form does not show it, and, where records stand in two tables,
+// "second" {"table", "with"}: the other table, and the parameter that its records have.
 //
 // Where lines of the exchange differ from what the form takes, "lines" says so: "derived", parameters that lines alone
 // have; "untold", parameters that lines do not have, of those that decide on the derived ones; "from", the command

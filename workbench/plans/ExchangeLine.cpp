@@ -13,13 +13,6 @@ namespace {
 
 using Values = std::vector<Assignment>;
 
-// --- Lines of templates.
-
-// Lines of templates begin with the name of the command whose records are made from them.
-bool IsOfTemplate(const FormDefinition& form, const UserAction& line) {
-  return !form.templates.command.empty() && Has(line.values, form.templates.name);
-}
-
 // --- Lines with derived values.
 
 // The outcome for a line that records of another command give. One that they do not give is an action like any other,
@@ -62,14 +55,16 @@ bool IsBeside(const SideLine& side, const UserAction& line, const UserAction& ot
 
 }  // namespace
 
+UserAction OfTemplate(const FormDefinition& form, UserAction line) {
+  if (!form.templates.command.empty() && Has(line.values, form.templates.name)) line.command = form.templates.command;
+  return line;
+}
+
 Outcome PerformLine(Session& session, const UserAction& line) {
   const FormDefinition* form = FindForm(line.command);
   if (form == nullptr || line.kind != UserAction::Kind::Add) return Perform(session, line);
-  UserAction add = line;
-  if (IsOfTemplate(*form, line)) {
-    add.command = form->templates.command;
-    return Perform(session, add);
-  }
+  UserAction add = OfTemplate(*form, line);
+  if (add.command != line.command) return Perform(session, add);
   const Values derived = TakeDerived(*form, add.values);
   if (!form->lines.from.empty()) {
     if (const auto outcome = Compared(session, *form, add.values, derived)) return *outcome;

@@ -9,6 +9,9 @@
 
 namespace cordboard::workbench {
 
+// An add as it is meant: lines of templates begin with the name of the command whose records are made from them.
+UserAction OfTemplate(const FormDefinition& form, UserAction line);
+
 // Performs an action, or what a line of an exchange stands for. Derived values of a line are compared with those that
 // the exchange gives now: each that is different is a warning. A line that comes from the records of another command
 // writes nothing. Values that the line does not tell are found, where those of one record alone give it.

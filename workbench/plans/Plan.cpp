@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "workbench/history/Recording.h"
+#include "workbench/plans/Ensure.h"
 #include "workbench/plans/ExchangeLine.h"
 #include "workbench/plans/PlanLine.h"
 #include "workbench/system/Signals.h"
@@ -62,18 +63,21 @@ class Lines {
 };
 
 // Performs an add or a line in a transaction of its own, so that a refused one leaves nothing.
-LineReport Apply(Session& session, const UserAction& action, bool strict, Changes& changes) {
+LineReport Apply(Session& session, const UserAction& action, const PlanOptions& options, Changes& changes) {
   LineReport report;
   report.command = action.command;
   changes.Forget();
   Transaction transaction(session.exchange());
-  Outcome outcome = PerformLine(session, action);
-  report.refused = !outcome.done || (strict && !outcome.warnings.empty());
+  Outcome outcome = options.ensure ? EnsureLine(session, action) : PerformLine(session, action);
+  report.refused = !outcome.done || (options.strict && !outcome.warnings.empty());
   report.problems = outcome.done ? std::move(outcome.warnings) : std::move(outcome.problems);
   report.taken = std::move(outcome.taken);
   report.debugLines = std::move(outcome.debugLines);
   if (!report.refused) {
     report.changes = changes.Take();
+    report.standing = outcome.standing;
+    // What writes no record was so before, such as a line that comes with the records of another command.
+    if (options.ensure && report.changes.empty()) report.standing = std::max<std::size_t>(report.standing, 1);
     transaction.Commit();
   }
   return report;
@@ -81,18 +85,18 @@ LineReport Apply(Session& session, const UserAction& action, bool strict, Change
 
 // Performs the line, or the two lines of one record that begin here. Where those are refused together, each is on its
 // own, so that what is wrong is told of the right one. Nothing for a line without an action.
-std::optional<LineReport> ApplyNext(Session& session, Lines& at, bool strict, Changes& changes) {
+std::optional<LineReport> ApplyNext(Session& session, Lines& at, const PlanOptions& options, Changes& changes) {
   try {
     const auto action = ParsePlanLine(at.line());
     if (!action) return std::nullopt;
     if (const auto together = Together(*action, at.behind())) {
-      LineReport report = Apply(session, *together, strict, changes);
+      LineReport report = Apply(session, *together, options, changes);
       if (!report.refused) {
         at.Next();
         return report;
       }
     }
-    return Apply(session, *action, strict, changes);
+    return Apply(session, *action, options, changes);
   } catch (const PlanLineError& error) {
     LineReport report;
     report.refused = true;
@@ -148,7 +152,7 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
     while (at.Next()) {
       EndOnSignal();
       const std::size_t first = at.number();
-      auto report = ApplyNext(session, at, options.strict, changes);
+      auto report = ApplyNext(session, at, options, changes);
       const std::size_t lines = at.number() - first + 1;
       for (std::size_t line = 0; options.progress && line < lines; ++line) options.progress(++seen);
       if (!report) continue;
@@ -156,6 +160,7 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
       report->file = file.name;
       report->line = at.number();
       Count(report->changes, result.commands);
+      if (report->standing > 0) result.commands[report->command].standing += report->standing;
       if (options.done && !report->refused) options.done(*report);
       Keep(std::move(*report), result);
       whole->Relieve();

@@ -34,6 +34,7 @@ struct LineReport {
   bool refused = false;
   std::vector<Problem> problems;
   std::vector<RecordChange> changes = {};
+  std::size_t standing = 0;                  // records that were as told already
   std::vector<Assignment> taken = {};        // the values that "next" stood for
   std::vector<std::string> debugLines = {};  // what the library traced
 };
@@ -42,12 +43,14 @@ struct RecordCounts {
   std::size_t added = 0;
   std::size_t changed = 0;
   std::size_t removed = 0;
+  std::size_t standing = 0;  // left alone, since they were as told
 };
 
 struct PlanOptions {
   bool dryRun = false;       // the same road, rolled back
   bool keepGoing = false;    // keeps the good lines where others are refused
   bool strict = false;       // refuses a line of which its user would be warned
+  bool ensure = false;       // does of each line what is not so yet
   std::string message = {};  // for the history of the exchange: what the plan is for
   std::function<void(std::size_t lines)> progress = {};
   std::function<void(const LineReport& report)> done = {};  // after each line that was done
