@@ -199,6 +199,7 @@ class CommandLine {
     auto [sub, options] = Add("apply", "Perform the actions of plan files: all of them, or none", Apply);
     sub->add_option("FILE", options.file, "the exchange file")->required();
     sub->add_option("PLAN", options.plans, "plan files with one action a line; - reads standard input")->required();
+    sub->add_option("--command", options.command, "the files are tables (CSV) of records of this command, to be added");
     sub->add_flag("--dry-run", options.dryRun, "try everything and keep nothing");
     sub->add_flag("--keep-going", options.keepGoing, "keep the good lines where others are refused");
     sub->add_flag("--verbose", options.verbose, "print what becomes of each record, and what next takes");
@@ -280,10 +281,12 @@ class CommandLine {
   void AddExport() {
     auto [sub, options] = Add("export", "Print the exchange as a plan that makes it again", Export);
     sub->add_option("FILE", options.file, "the exchange file")->required();
-    sub->add_option("COMMAND", options.commands, "the records of these commands alone");
+    auto* commands = sub->add_option("COMMAND", options.commands, "the records of these commands alone");
     auto* output = sub->add_option("-o,--output", options.output,
                                    "write the plan, passwords in it, to this file, which its owner alone can read");
-    sub->add_flag("--json", options.json, "print as JSON")->excludes(output);
+    auto* table = sub->add_option("--csv", options.table, "the records of this command, as a table (CSV)");
+    table->excludes(commands);
+    sub->add_flag("--json", options.json, "print as JSON")->excludes(output)->excludes(table);
     sub->footer("Every line is tried before it is printed; see docs/export.md.");
   }
 

@@ -56,6 +56,7 @@ inline constexpr unsigned usualWait = 5;
 struct ApplyOptions {
   std::string file;
   std::vector<std::string> plans;
+  std::string command;  // whose adds the files hold as tables; empty: they are plans
   bool dryRun = false;
   bool keepGoing = false;
   bool verbose = false;  // tells each record
@@ -126,6 +127,7 @@ int Generate(const GenerateOptions& options);
 struct ExportOptions {
   std::string file;
   std::vector<std::string> commands;  // nothing: all of them
+  std::string table;                  // the command whose records are printed as a table; empty: the plan
   std::string output;                 // empty: standard output
   bool json = false;
 };

@@ -17,6 +17,7 @@
 #include "cli/Progress.h"
 #include "cli/Subcommands.h"
 #include "workbench/plans/Plan.h"
+#include "workbench/plans/PlanTable.h"
 
 namespace cordboard::cli {
 
@@ -68,6 +69,13 @@ int OpenPlan(const std::string& plan) {
   return file;
 }
 
+workbench::ReadAction ReaderOf(const ApplyOptions& options) {
+  if (options.command.empty()) return workbench::ParsePlanLine;
+  return [reader = workbench::TableReader(FormOf(options.command))](std::string_view line) mutable {
+    return reader.Read(line);
+  };
+}
+
 }  // namespace
 
 int Apply(const ApplyOptions& options) {
@@ -76,7 +84,7 @@ int Apply(const ApplyOptions& options) {
   std::list<PlanStream> open;
   std::vector<workbench::PlanFile> files;
   for (const std::string& plan : options.plans)
-    files.push_back({plan == "-" ? "standard input" : plan, open.emplace_back(OpenPlan(plan))});
+    files.push_back({plan == "-" ? "standard input" : plan, open.emplace_back(OpenPlan(plan)), ReaderOf(options)});
 
   const bool warned = WarnOfReaders(*exchange, options.file);
   workbench::Session session(*exchange);

@@ -8,6 +8,8 @@
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "workbench/plans/Export.h"
+#include "workbench/plans/PlanLine.h"
+#include "workbench/plans/PlanTable.h"
 #include "workbench/text/Counted.h"
 
 namespace cordboard::cli {
@@ -38,12 +40,45 @@ void TellUntold(const ExportedPlan& exported, bool json) {
             workbench::Counted(each.rows, "row"));
 }
 
+void WriteText(workbench::Exchange& exchange, const ExportOptions& options, const std::string& text) {
+  if (options.output.empty()) {
+    std::cout << text;
+    return;
+  }
+  WriteOutput(options.output, text);
+  WarnOfReaders(exchange, options.output);
+  Note("export", "written to " + options.output);
+}
+
+// The records of one command. What no row of a table can hold is told.
+int ExportTable(workbench::Exchange& exchange, const ExportOptions& options) {
+  const workbench::FormDefinition& form = FormOf(options.table);
+  ExportedPlan exported = workbench::ExportPlan(exchange, form.command);
+  KeepAlone(exported, {form.command});
+  std::vector<workbench::UserAction> adds;
+  std::size_t told = exported.plan.untold.size();
+  for (const auto& [command, text] : exported.plan.lines) {
+    auto action = workbench::ParsePlanLine(text);
+    if (action->kind == workbench::UserAction::Kind::Add) {
+      adds.push_back(std::move(*action));
+    } else {
+      Warning({.command = command}, {.message = "a row cannot hold what has to be done besides: " + text});
+      ++told;
+    }
+  }
+  for (const auto& [command, text, reason] : exported.plan.untold)
+    Warning({.command = command}, {.message = "no row makes this record again: " + reason + ": " + text});
+  WriteText(exchange, options, WrittenTable(form, adds));
+  return told == 0 ? Done : Refused;
+}
+
 }  // namespace
 
 int Export(const ExportOptions& options) {
   const auto exchange = OpenToRead(options.file);
   CheckOutput(options.file, options.output);
   for (const std::string& command : options.commands) FormOf(command);
+  if (!options.table.empty()) return ExportTable(*exchange, options);
   ExportedPlan exported = workbench::ExportPlan(*exchange);
   KeepAlone(exported, options.commands);
   TellUntold(exported, options.json);
@@ -51,12 +86,8 @@ int Export(const ExportOptions& options) {
     nlohmann::json lines = nlohmann::json::array();
     for (const auto& line : exported.plan.lines) lines.push_back({{"command", line.command}, {"text", line.text}});
     PrintJson({{"lines", lines}, {"release", exchange->release()}});
-  } else if (options.output.empty()) {
-    std::cout << Written(exported);
   } else {
-    WriteOutput(options.output, Written(exported));
-    WarnOfReaders(*exchange, options.output);
-    Note("lines", std::to_string(exported.plan.lines.size()) + " written to " + options.output);
+    WriteText(*exchange, options, Written(exported));
   }
   return exported.plan.untold.empty() && exported.different.empty() ? Done : Refused;
 }

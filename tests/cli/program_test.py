@@ -1533,6 +1533,25 @@ class Export(ProgramTest):
         self.assertEqual([line["text"] for line in self.json("export", copy, "SYTDS")["lines"]], ["SYTDS:PGIV=3;"])
         self.fails(USAGE, "cannot be written over the exchange itself", "export", self.exchange, "-o", self.exchange)
 
+    def test_a_table_is_read_as_it_was_written(self):
+        plan = CATEGORY + b'GESPI:CSP=0,DESCRIPTION="Mill, ""gate"" 2";\nKSEXI:DIR=100&&102,ITYPE=3,EQU=next,CAT=1;\n'
+        self.ends(DONE, "apply", self.exchange, "-", given=plan)
+        table = self.folder / "table.csv"
+        self.ends(DONE, "export", self.exchange, "--csv", "KSEXI", "-o", table)
+        heading, *rows = table.read_text().splitlines()
+        self.assertEqual(heading, "DIR,ITYPE,EQU,CAT")
+        self.assertEqual([row[:4] for row in rows], ["100,", "101,", "102,"])
+        self.assertEqual(self.ends(DONE, "export", self.exchange, "--csv", "GESPI").stdout,
+                         'CSP,DESCRIPTION\n0,"Mill, ""gate"" 2"\n')
+        self.ends(DONE, "apply", self.exchange, "-", given=b"delete KSEXI DIR=100&&102;\n")
+        self.ends(DONE, "apply", self.exchange, table, "--command", "KSEXI")
+        self.assertEqual(self.ends(DONE, "export", self.exchange, "--csv", "KSEXI").stdout, table.read_text())
+        bad = self.write("bad.csv", "DIR,ITYPE,EQU,CAT\r\n103,3,next,9\r\n104,3,\"next,1\r\n")
+        told = self.ends(REFUSED, "apply", self.exchange, bad, "--command", "KSEXI").stderr
+        self.assertIn("bad.csv:2: KSEXI, CAT=9: ", told)
+        self.assertIn("bad.csv:3: a double quote is opened and not closed in its line at column 7\n", told)
+        self.fails(NOT_FOUND, "there is no command KSEXY", "apply", self.exchange, bad, "--command", "KSEXY")
+
     def test_what_cannot_be_made_again_is_told(self):
         self.ends(DONE, "apply", self.exchange, "-", given=b"GEDII:DIR=150,CUST=1,LIC=1;\n")
         with contextlib.closing(sqlite3.connect(self.exchange)) as database, database:

@@ -27,8 +27,8 @@ Rows RowsOf(Exchange& exchange, const DatabaseSchema& database, const Table& tab
   for (std::size_t row = 0; row < found.RowCount(); ++row) {
     std::string text;
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      const std::string value = Joined(found[i][row]);
-      text += std::to_string(value.size()) + ":" + value;
+      const Value& value = found[i][row];
+      text += value.IsNull() ? "-" : std::to_string(Joined(value).size()) + ":" + Joined(value);
     }
     ++rows[text];
   }

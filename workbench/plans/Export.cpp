@@ -43,11 +43,11 @@ std::string Untold(const ExportedPlan& exported) {
 
 }  // namespace
 
-ExportedPlan ExportPlan(Exchange& exchange) {
+ExportedPlan ExportPlan(Exchange& exchange, const std::string& oneALine) {
   const Plant plant = PlantOf(exchange);
   const auto scratch = Exchange::CreateInMemory(exchange.release(), plant);
   ExportedPlan exported{
-      .header = Header(exchange.release(), plant), .plan = TurnInto(*scratch, exchange), .different = {}};
+      .header = Header(exchange.release(), plant), .plan = TurnInto(*scratch, exchange, oneALine), .different = {}};
   exported.different = DifferentTables(exchange, *scratch);
   return exported;
 }

@@ -17,8 +17,8 @@ struct ExportedPlan {
 };
 
 // The plan is tried on a new exchange of the same plant and release, and that is compared with this one. It is the same
-// from run to run, as long as the exchange is.
-ExportedPlan ExportPlan(Exchange& exchange);
+// from run to run, as long as the exchange is. One command's records can have a line each.
+ExportedPlan ExportPlan(Exchange& exchange, const std::string& oneALine = "");
 
 // The whole as a file that "apply" reads: with what is not made again as comments at its end.
 std::string Written(const ExportedPlan& plan);

@@ -85,9 +85,10 @@ LineReport Apply(Session& session, const UserAction& action, const PlanOptions& 
 
 // Performs the line, or the two lines of one record that begin here. Where those are refused together, each is on its
 // own, so that what is wrong is told of the right one. Nothing for a line without an action.
-std::optional<LineReport> ApplyNext(Session& session, Lines& at, const PlanOptions& options, Changes& changes) {
+std::optional<LineReport> ApplyNext(Session& session, Lines& at, const ReadAction& read, const PlanOptions& options,
+                                    Changes& changes) {
   try {
-    const auto action = ParsePlanLine(at.line());
+    const auto action = read(at.line());
     if (!action) return std::nullopt;
     if (const auto together = Together(*action, at.behind())) {
       LineReport report = Apply(session, *together, options, changes);
@@ -152,7 +153,7 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
     while (at.Next()) {
       EndOnSignal();
       const std::size_t first = at.number();
-      auto report = ApplyNext(session, at, options, changes);
+      auto report = ApplyNext(session, at, file.read, options, changes);
       const std::size_t lines = at.number() - first + 1;
       for (std::size_t line = 0; options.progress && line < lines; ++line) options.progress(++seen);
       if (!report) continue;

@@ -7,11 +7,13 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "workbench/actions/Changes.h"
 #include "workbench/actions/UserAction.h"
 #include "workbench/host/Session.h"
+#include "workbench/plans/PlanLine.h"
 
 namespace cordboard::workbench {
 
@@ -21,9 +23,13 @@ class PlanError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// What a line of a file says, as an action or nothing; fails with PlanLineError.
+using ReadAction = std::function<std::optional<UserAction>(std::string_view line)>;
+
 struct PlanFile {
   std::string name;
   std::istream& in;
+  ReadAction read = ParsePlanLine;
 };
 
 // What happened to one line: why it was refused, or what it did and its user should know.

@@ -31,12 +31,13 @@ bool Holds(const std::vector<Record>& records, const Record& record) {
 
 class Turning {
  public:
-  Turning(Exchange& scratch, Exchange& exchange)
+  Turning(Exchange& scratch, Exchange& exchange, std::string oneALine)
       : scratch_(scratch),
         exchange_(exchange),
         session_(scratch),
         changes_(scratch),
         adds_(session_, changes_, result_.lines),
+        oneALine_(std::move(oneALine)),
         seriesStarts_(SeriesStarts(exchange)) {
     for (const FormDefinition* form : PlanOrder()) {
       for (const FormDefinition* table : form->OfEachTable()) tables_.emplace_back(*table);
@@ -85,11 +86,12 @@ class Turning {
       // What cannot be changed is added anew.
       if (!Change(table, before, now)) adds_.Replace(table, before, now);
     }
-    for (const Run run : Runs(table, differences.missing, BeginsSeries(table))) Add(table, run);
+    for (const Run run : Runs(table, differences.missing, BeginsRun(table))) Add(table, run);
   }
 
   // A series of numbers is a line of the exchange, so that it stays what it is.
-  Begins BeginsSeries(const RecordTable& table) const {
+  Begins BeginsRun(const RecordTable& table) const {
+    if (table.form().command == oneALine_) return [](const Record&) { return true; };
     if (table.form().command != "NANSI") return {};
     const auto column = static_cast<std::size_t>(std::ranges::find(table.columns(), "NUMSE") - table.columns().begin());
     return [this, column](const Record& record) { return seriesStarts_.contains(record[column]); };
@@ -164,6 +166,7 @@ class Turning {
   Changes changes_;
   PlanBetween result_;
   RecordAdds adds_;
+  std::string oneALine_;
   std::set<std::string> seriesStarts_;
   std::vector<RecordTable> tables_;
   std::map<const FormDefinition*, std::map<Record, UntoldRecord>> untold_;
@@ -178,7 +181,9 @@ std::string Between(const TriedLine& line, const TriedLine& behind) {
 
 }  // namespace
 
-PlanBetween TurnInto(Exchange& scratch, Exchange& exchange) { return Turning(scratch, exchange).Do(); }
+PlanBetween TurnInto(Exchange& scratch, Exchange& exchange, const std::string& oneALine) {
+  return Turning(scratch, exchange, oneALine).Do();
+}
 
 std::string Written(const std::vector<TriedLine>& lines) {
   std::string text;

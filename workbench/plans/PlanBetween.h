@@ -25,7 +25,8 @@ struct PlanBetween {
 // release; nothing else may have a session meanwhile. A line is tried as "apply" tries it, and is kept where the
 // records are then those of the exchange; one that is refused is tried again after the others, until nothing more comes
 // of it.
-PlanBetween TurnInto(Exchange& scratch, Exchange& exchange);
+// One command's records can have a line each.
+PlanBetween TurnInto(Exchange& scratch, Exchange& exchange, const std::string& oneALine = "");
 
 // The lines as a text that "apply" reads: with a heading where another command begins, and a comment between two lines
 // that it would take for one.

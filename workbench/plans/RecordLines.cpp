@@ -36,8 +36,9 @@ std::size_t LengthOfRun(const RecordTable& table, std::span<const Record> record
   if (records.size() < 2) return records.size();
   const Record& first = records.front();
   // One line may make the same record several times.
-  const auto copies = std::ranges::find_if(records, [&](const Record& record) { return record != first; });
-  if (copies - records.begin() > 1) return std::min(static_cast<std::size_t>(copies - records.begin()), mostElements);
+  const auto other = std::ranges::find_if(records, [&](const Record& record) { return record != first; });
+  const auto copies = static_cast<std::size_t>(other - records.begin());
+  if (copies > 1) return std::min(copies, mostElements);
   const Columns told = ToldOf(table, first);
   const auto varying = Different(first, records[1], told);
   const auto hasOneValueOfEach = [&](const Record& record) {

@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <set>
 
 #include "support/Road.h"
 #include "workbench/plans/Export.h"
@@ -21,12 +22,24 @@ unsigned FromEnvironment(const char* name, unsigned otherwise) {
   return given == nullptr ? otherwise : static_cast<unsigned>(std::strtoul(given, nullptr, 10));
 }
 
-std::vector<std::string> SortedLines(Exchange& exchange, const std::string& database) {
+using Lines = std::multiset<std::string>;
+
+Lines LinesOf(Exchange& exchange) {
   Session session(exchange);
-  std::vector<std::string> lines;
-  for (const GeneratedLine& line : Generate(session, database).lines) lines.push_back(line.text);
-  std::ranges::sort(lines);
+  Lines lines;
+  for (const char* database : {"dynamic", "site"}) {
+    for (const GeneratedLine& line : Generate(session, database).lines) lines.insert(line.text);
+  }
   return lines;
+}
+
+// The lines that one of two exchanges alone gives, in whatever order.
+Lines DifferentLines(Exchange& one, Exchange& other) {
+  const Lines ofOne = LinesOf(one);
+  const Lines ofOther = LinesOf(other);
+  Lines different;
+  std::ranges::set_symmetric_difference(ofOne, ofOther, std::inserter(different, different.end()));
+  return different;
 }
 
 std::string Told(const std::vector<TableDifference>& tables) {
@@ -42,7 +55,7 @@ struct ExportLoop : testing::TestWithParam<std::string> {
     Session session(*exchange);
     for (std::size_t i = 0; i < plans; ++i) EXPECT_TRUE(ApplyExamplePlan(session, ExamplePlans()[i]).kept);
     RandomActions actions(session, seed);
-    for (int i = 0; i < 150; ++i) {
+    for (int i = 0; i < 80; ++i) {
       const std::string line = WrittenLine(actions.Next(addsAlone));
       const auto action = ReadableLine(line);
       Transaction transaction(*exchange);
@@ -74,7 +87,7 @@ struct ExportLoop : testing::TestWithParam<std::string> {
       SCOPED_TRACE("seed " + std::to_string(seed));
       done_.clear();
       test(seed);
-      EXPECT_GT(done_.size(), 20);
+      EXPECT_GT(done_.size(), 10);
       if (HasFailure() && std::getenv("CORDBOARD_LOOP_TELL") != nullptr)
         std::cout << Separated(done_, "\n") << std::endl;
     }
@@ -90,8 +103,7 @@ TEST_P(ExportLoop, WhatWasAddedIsAllMadeAgain) {
     for (const UntoldRecord& record : exported.plan.untold) ADD_FAILURE() << record.text << " " << record.reason;
     EXPECT_EQ(Told(exported.different), "");
     const auto again = Again(*exchange, exported);
-    EXPECT_EQ(SortedLines(*again, "dynamic"), SortedLines(*exchange, "dynamic"));
-    EXPECT_EQ(SortedLines(*again, "site"), SortedLines(*exchange, "site"));
+    EXPECT_THAT(DifferentLines(*exchange, *again), testing::IsEmpty());
   });
 }
 
@@ -107,8 +119,7 @@ TEST_P(ExportLoop, WhatWasChangedAndDeletedIsMadeAgainOrTold) {
         std::cout << "U " << record.command << " " << record.reason << " " << record.text << std::endl;
     }
     if (!exported.different.empty()) return;
-    EXPECT_EQ(SortedLines(*again, "dynamic"), SortedLines(*exchange, "dynamic"));
-    EXPECT_EQ(SortedLines(*again, "site"), SortedLines(*exchange, "site"));
+    EXPECT_THAT(DifferentLines(*exchange, *again), testing::IsEmpty());
   });
 }
 

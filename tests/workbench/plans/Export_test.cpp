@@ -42,40 +42,6 @@ Texts Told(const ExportedPlan& exported) {
   return told;
 }
 
-Texts GeneratedLines(Exchange& exchange) {
-  Session session(exchange);
-  Texts lines;
-  for (const GeneratedLine& line : Generate(session).lines) lines.push_back(line.text);
-  return lines;
-}
-
-struct ExportOf : testing::TestWithParam<std::string> {};
-
-TEST_P(ExportOf, TheExampleMakesItAgain) {
-  const auto exchange = Made(ExamplePlans(), {}, GetParam());
-  const ExportedPlan exported = ExportPlan(*exchange);
-  EXPECT_THAT(exported.header, HasSubstr("cordboard new NEW.cbx --release " + GetParam() + " --plant example &&"));
-
-  const auto again = Exchange::CreateInMemory(GetParam(), ReadPlant("example"));
-  {
-    Session session(*again);
-    const PlanResult result = ApplyText(session, "exported", Written(exported));
-    EXPECT_TRUE(result.kept);
-    EXPECT_EQ(result.done, exported.plan.lines.size());
-  }
-  EXPECT_EQ(GeneratedLines(*again), GeneratedLines(*exchange));
-  Texts tables;
-  for (const TableDifference& each : DifferentTables(*exchange, *again)) tables.push_back(each.table);
-  Texts told;
-  for (const TableDifference& each : exported.different) told.push_back(each.table);
-  EXPECT_EQ(tables, told);
-
-  EXPECT_TRUE(Written(ExportPlan(*exchange)) == Written(exported));
-}
-
-INSTANTIATE_TEST_SUITE_P(OnEveryRelease, ExportOf, testing::ValuesIn(Releases()),
-                         [](const auto& parameter) { return parameter.param == "R6/1" ? "R6_1" : parameter.param; });
-
 TEST(Export, RecordsThatWereAddedOneAfterTheOtherAreOneLine) {
   const auto exchange = Made({"example.plan", "extensions.plan"},
                              {"KSEXI:DIR=241,ITYPE=3,EQU=next,CAT=1;", "KSEXI:DIR=243,ITYPE=3,EQU=next,CAT=1;",
@@ -95,6 +61,8 @@ TEST(Export, ASeriesStaysASeries) {
       ElementsAre("NANSI:NUMTYP=EX,NUMSE=100&&104;", "NANSI:NUMTYP=EX,NUMSE=106&&119;",
                   "NANSI:NUMTYP=EX,NUMSE=120&&139;", "NANSI:NUMTYP=EX,NUMSE=140;", "NANSI:NUMTYP=EX,NUMSE=142;"));
   EXPECT_THAT(exported.different, IsEmpty());
+  EXPECT_THAT(exported.header, HasSubstr("cordboard new NEW.cbx --release R7 --plant example && cordboard apply"));
+  EXPECT_EQ(Written(exported), Written(ExportPlan(*exchange)));
 }
 
 // The record for all customers has to be there first, and stands last.
@@ -107,6 +75,18 @@ TEST(Export, ALineThatIsRefusedIsTriedAgainAfterTheOthers) {
   const ExportedPlan exported = ExportPlan(*exchange);
   EXPECT_THAT(Told(exported), IsEmpty());
   EXPECT_EQ(exported.plan.lines.back().text, "RODDI:ROU=1,DEST=80,CUST=1,CHO=3;");
+}
+
+// A group that has an operator takes no other one in a line of its own.
+TEST(Export, RecordsThatOneLineAloneMakesAreMadeTogether) {
+  const auto exchange =
+      Made({"example.plan", "extensions.plan", "authorisation.plan", "routes.plan", "directory.plan", "terminals.plan",
+            "templates.plan", "groups.plan", "members.plan", "general.plan", "operators.plan", "desk.plan"},
+           {});
+  const ExportedPlan exported = ExportPlan(*exchange);
+  EXPECT_THAT(Told(exported), IsEmpty());
+  EXPECT_THAT(LinesOf(exported, "OPCGS"), Contains("OPCGS:CORG=3,DIR=900&903,CHO=1;"));
+  EXPECT_THAT(LinesOf(exported, "OPCGS"), Contains("edit OPCGS CORG=3,DIR=903:CHO=2;"));
 }
 
 TEST(Export, OneRecordAmongManyThatCannotBeMadeIsToldAlone) {

@@ -222,9 +222,17 @@ TEST(Assignment, OneWithoutANameOrWithoutAnEqualsSignIsRefused) {
 
 TEST(PlanLine, AValueIsWrittenAsItIsRead) {
   EXPECT_EQ(WrittenValue("100&&199"), "100&&199");
+  EXPECT_EQ(WrittenValue(" Mill"), "\" Mill\"");
   EXPECT_EQ(WrittenValue("Mill, gate 2"), "\"Mill, gate 2\"");
   for (const std::string value : {"", "a b", "a,b", "a:b", "a;b", "a#b", "say \"so\"", "\"", "10.0.0.1"})
     EXPECT_EQ(ParsePlanLine("GESPI:CSP=1,DESCRIPTION=" + WrittenValue(value) + ";")->values[1].value, value);
+}
+
+TEST(PlanLine, AnActionIsWrittenAsTheLineThatIsReadAsIt) {
+  for (const char* line :
+       {"GESPI:CSP=1,DESCRIPTION=\"Mill, gate 2\";", "KSEXI from \"A:b\":DIR=100;", "edit SYTDS:PGIV=;",
+        "edit KSEXI DIR=100,EQU=001-0-10-00:CUST=3,LANG=;", "delete KSEXI DIR=100;", "delete SYTDS;", "SYTDS:;"})
+    EXPECT_EQ(WrittenLine(*ParsePlanLine(line)), line);
 }
 
 }  // namespace

@@ -27,14 +27,14 @@ class RandomActions {
     const std::size_t kind = addsAlone ? 0 : Below(5);
     if (kind == 3) return {UserAction::Kind::Edit, form.command, KeyOfAny(form), Values(form, 1)};
     if (kind == 4) return {UserAction::Kind::Delete, form.command, KeyOfAny(form), {}};
-    return {UserAction::Kind::Add, form.command, {}, Values(form, 3)};
+    return {UserAction::Kind::Add, form.command, {}, Values(form, 3, addsAlone)};
   }
 
  private:
   std::size_t Below(std::size_t end) { return random_.Below(end); }
 
   // Values that go together as far as the form tells, of every mandatory parameter and of some of the others.
-  std::vector<Assignment> Values(const FormDefinition& form, std::size_t oftenOfTen) {
+  std::vector<Assignment> Values(const FormDefinition& form, std::size_t oftenOfTen, bool addsAlone = false) {
     Filling filling(session_, form);
     std::vector<Assignment> values;
     const bool edits = oftenOfTen == 1;
@@ -43,6 +43,8 @@ class RandomActions {
       const bool ofSet = std::ranges::find(set, parameter.name) != set.end();
       const bool asked = !edits && (filling.form().IsMandatory(parameter.name) || ofSet);
       if (!asked && Below(10) >= oftenOfTen) continue;
+      // The rules take whatever is typed there, and make records of it that no key has.
+      if (addsAlone && parameter.name == "DIRK") continue;
       if (std::string value = ValueOf(filling, parameter, edits); !value.empty()) {
         values.push_back({parameter.name, std::move(value)});
         filling.Set(values.back());
