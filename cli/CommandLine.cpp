@@ -20,8 +20,8 @@ namespace cordboard::cli {
 namespace {
 
 const char* const exitCodes =
-    "Exit codes: 0 done, 1 a fault of the program, 2 usage, 3 refused, 4 not found, 5 file or database trouble.\n"
-    "An apply that a signal ends has kept nothing: 129 where its terminal is gone, 130 after Ctrl-C, 143 after "
+    "Exit codes: 0 done, 1 a fault of the program, 2 usage, 3 refused or different, 4 not found, 5 file or database\n"
+    "trouble. An apply that a signal ends has kept nothing: 129 where its terminal is gone, 130 after Ctrl-C, 143 after\n"
     "SIGTERM.";
 
 ArgumentDefinition Define(const CLI::Option& option) {
@@ -83,6 +83,7 @@ class CommandLine {
     AddShow();
     AddGenerate();
     AddExport();
+    AddCompare();
     AddExplain();
     AddCheck();
     AddServe();
@@ -288,6 +289,18 @@ class CommandLine {
     table->excludes(commands);
     sub->add_flag("--json", options.json, "print as JSON")->excludes(output)->excludes(table);
     sub->footer("Every line is tried before it is printed; see docs/export.md.");
+  }
+
+  void AddCompare() {
+    auto [sub, options] = Add("compare", "Tell in what two exchanges differ", Compare);
+    sub->add_option("FILE", options.first, "the exchange file from which the differences lead")->required();
+    sub->add_option("OTHER", options.second, "the exchange file to which they lead")->required();
+    sub->add_option("COMMAND", options.commands, "the records of these commands alone");
+    auto* lines = sub->add_flag("--lines", options.lines, "compare the command lines: - only in FILE, + only in OTHER");
+    sub->add_flag("--plan", options.plan, "print the plan that turns FILE into OTHER")->excludes(lines);
+    AddDebug(sub);
+    sub->add_flag("--json", options.json, "print as JSON");
+    sub->footer("The exit code is 0 where they are the same and 3 where they differ; see docs/compare.md.");
   }
 
   void AddExplain() {

@@ -15,6 +15,7 @@ enum ExitCode {
   Internal = 1,       // a fault of the program
   Usage = 2,          // the command line is wrong
   Refused = 3,        // the exchange refuses: a line of a plan, an action, a generation
+  Different = 3,      // two exchanges are not the same
   NotFound = 4,       // a file, a command or a parameter that there is not
   Trouble = 5,        // a file or a database that cannot be read or written
   AfterSignal = 128,  // and the number of the signal that ended the subcommand: 130 after Ctrl-C
@@ -132,6 +133,16 @@ struct ExportOptions {
   bool json = false;
 };
 int Export(const ExportOptions& options);
+
+struct CompareOptions {
+  std::string first;
+  std::string second;
+  std::vector<std::string> commands;  // nothing: all of them
+  bool lines = false;                 // compares the lines of the exchange
+  bool plan = false;                  // prints the plan that turns the first into the second
+  bool json = false;
+};
+int Compare(const CompareOptions& options);
 
 struct ExplainOptions {
   std::string file;

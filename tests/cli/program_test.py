@@ -22,7 +22,7 @@ PROGRAM = ""
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 SCRIPTS = SOURCE / "cli" / "completion"
 SUBCOMMANDS = ["new", "plants", "plant", "apply", "history", "undo", "redo", "values", "show", "generate", "export",
-               "explain", "check", "commands", "help"]
+               "compare", "explain", "check", "commands", "help"]
 DONE, USAGE, REFUSED, NOT_FOUND, TROUBLE = 0, 2, 3, 4, 5
 NOBODY = 65534
 
@@ -1181,8 +1181,8 @@ class Usage(ProgramTest):
             text = self.ends(DONE, *arguments).stdout
             for name in SUBCOMMANDS:
                 self.assertRegex(text, rf"(?m)^  {name}\b")
-            self.assertIn("Exit codes: 0 done, 1 a fault of the program, 2 usage, 3 refused, 4 not found, "
-                          "5 file or database trouble.", text)
+            self.assertIn("Exit codes: 0 done, 1 a fault of the program, 2 usage, 3 refused or different, 4 not found, "
+                          "5 file or database trouble.", text.replace("\n", " "))
 
     def test_every_subcommand_has_a_help_of_its_own(self):
         for name in SUBCOMMANDS:
@@ -1564,6 +1564,43 @@ class Export(ProgramTest):
         self.assertEqual((problem["severity"], problem["command"]), ("warning", "GEDII"))
         self.assertIn("GEDII:DIR=150,CUST=77,LIC=1;", problem["message"])
         self.assertEqual([each["severity"] for each in tables], ["warning"] * len(tables))
+
+
+class Compare(ProgramTest):
+    def test_tells_records_lines_and_the_plan(self):
+        self.ends(DONE, "apply", self.exchange, "-", given=CATEGORY + b"SYTDS:PGIV=3;\nGEDII:DIR=150,CUST=1,LIC=1;\n")
+        other = self.folder / "new.cbx"
+        shutil.copy(self.exchange, other)
+        ran = self.ends(DONE, "compare", self.exchange, other)
+        self.assertEqual((ran.stdout, ran.stderr), ("", "records: the same in both\n"))
+        self.ends(DONE, "apply", other, "-", given=b"edit SYTDS:PGIV=4;\ndelete GEDII DIR=150;\nNANSI:NUMTYP=EX,NUMSE=700;\n")
+        ran = self.ends(REFUSED, "compare", self.exchange, other)
+        self.assertEqual(ran.stdout, "GEDII DIR=150 removed: CUST=1, LIC=1\nNANSI NUMSE=700 added: NUMTYP=EX\n"
+                                     "SYTDS changed: PGIV 3 -> 4\n")
+        self.assertEqual(ran.stderr, "records: 1 added, 1 changed, 1 removed\n")
+        self.assertEqual(self.ends(REFUSED, "compare", other, self.exchange, "SYTDS").stdout, "SYTDS changed: PGIV 4 -> 3\n")
+        self.ends(DONE, "compare", self.exchange, other, "KSEXI")
+        self.assertEqual(self.ends(REFUSED, "compare", self.exchange, other, "--lines").stdout, "+NANSI:NUMTYP=EX,NUMSE=700;\n")
+        ran = self.ends(DONE, "compare", self.exchange, other, "--plan")
+        plan = self.write("changes.plan", ran.stdout)
+        self.ends(DONE, "apply", self.exchange, plan)
+        self.ends(DONE, "compare", self.exchange, other)
+
+    def test_what_no_record_tells_is_told_as_well(self):
+        other = self.folder / "new.cbx"
+        shutil.copy(self.exchange, other)
+        with contextlib.closing(sqlite3.connect(other)) as database, database:
+            database.execute("UPDATE Equipment SET USED = 1 WHERE EQU = '001-0-10-00'")
+        ran = self.ends(REFUSED, "compare", self.exchange, other)
+        self.assertEqual(ran.stderr, "note: the table Equipment differs in 1 row, though no record does\n"
+                                     "records: the same in both\n")
+        other.unlink()
+        self.ends(DONE, "new", other, "--release", "R8")
+        notes = self.json("compare", self.exchange, other, code=REFUSED)["problems"]
+        self.assertEqual(notes, [{"severity": "note", "message": "the releases differ: R7 and R8"}])
+        ran = self.ends(REFUSED, "compare", self.exchange, other, "--plan")
+        self.assertEqual(ran.stderr, "error: the releases differ: R7 and R8, and no plan changes that\n")
+        self.fails(USAGE, "with --plan no commands are given", "compare", self.exchange, other, "NANSI", "--plan")
 
 
 class Show(ProgramTest):
