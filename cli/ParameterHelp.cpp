@@ -25,10 +25,8 @@ bool Has(const std::vector<std::string>& names, const std::string& name) {
 }
 
 std::vector<const FixedList*> FixedListsOf(const FormDefinition& form, const ParameterDefinition& parameter) {
-  std::vector<const FixedList*> lists;
-  for (const FixedList& list : workbench::AllFixedValues().lists) {
-    if (Has(list.commands, form.command) && Has(list.parameters, parameter.name)) lists.push_back(&list);
-  }
+  std::vector<const FixedList*> lists = workbench::FixedListsOf(form.command);
+  std::erase_if(lists, [&](const FixedList* list) { return !Has(list->parameters, parameter.name); });
   return lists;
 }
 

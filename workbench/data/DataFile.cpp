@@ -41,18 +41,31 @@ std::string Step(std::size_t index, const Json& json) {
   return named ? step + " (" + json["name"].get<std::string>() + ")" : step;
 }
 
+// How the wanted value is reached, "parameters[3].title"; nothing where it does not stand in this one.
+std::optional<std::string> PlaceIn(const Json& json, const Json& wanted) {
+  if (&json == &wanted) return "";
+  std::size_t index = 0;
+  for (const auto& [key, value] : json.items()) {
+    const auto rest = value.is_structured() || &value == &wanted ? PlaceIn(value, wanted) : std::nullopt;
+    const std::string step = json.is_array() ? Step(index++, value) : key.empty() ? "\"\"" : key;
+    if (rest) return step + (rest->empty() || rest->front() == '[' ? "" : ".") + *rest;
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
+struct DataItem::File {
+  std::string name;
+  Json json;
+};
+
 void DataItem::Fail(const std::string& complaint) const {
-  throw DataError(file_, (place_.empty() ? "" : place_ + ": ") + complaint);
+  const std::string place = *PlaceIn(file_->json, *json_);
+  throw DataError(file_->name, (place.empty() ? "" : place + ": ") + complaint);
 }
 
 void DataItem::FailAs(const char* wanted) const { Fail(std::string(wanted) + " is wanted, not " + Kind(*json_)); }
-
-DataItem DataItem::Inner(const Json& json, const std::string& step) const {
-  const bool dot = !place_.empty() && step.front() != '[';
-  return DataItem(std::shared_ptr<const Json>(json_, &json), file_, place_ + (dot ? "." : "") + step);
-}
 
 std::string DataItem::Text() const {
   if (!json_->is_string()) FailAs("a text");
@@ -83,14 +96,14 @@ Value DataItem::Cell() const {
 std::vector<DataItem> DataItem::List() const {
   if (!json_->is_array()) FailAs("a list");
   std::vector<DataItem> items;
-  for (std::size_t i = 0; i < json_->size(); ++i) items.push_back(Inner((*json_)[i], Step(i, (*json_)[i])));
+  for (const Json& json : *json_) items.push_back(DataItem(file_, json));
   return items;
 }
 
 std::vector<std::pair<std::string, DataItem>> DataItem::Entries() const {
   if (!json_->is_object()) FailAs("an object");
   std::vector<std::pair<std::string, DataItem>> entries;
-  for (const auto& [key, value] : json_->items()) entries.emplace_back(key, Inner(value, key.empty() ? "\"\"" : key));
+  for (const auto& [key, value] : json_->items()) entries.emplace_back(key, DataItem(file_, value));
   return entries;
 }
 
@@ -102,7 +115,7 @@ std::optional<DataItem> Fields::Find(const char* key) {
   asked_.emplace_back(key);
   const auto found = object_.json_->find(key);
   if (found == object_.json_->end()) return std::nullopt;
-  return object_.Inner(*found, key);
+  return DataItem(object_.file_, *found);
 }
 
 DataItem Fields::At(const char* key) {
@@ -137,7 +150,8 @@ DataItem ReadData(std::string_view text, const std::string& file) {
     return true;
   };
   try {
-    return DataItem(std::make_shared<const Json>(Json::parse(text, note)), file, "");
+    const auto read = std::make_shared<const DataItem::File>(DataItem::File{file, Json::parse(text, note)});
+    return DataItem(read, read->json);
   } catch (const Json::exception& error) {
     throw DataError(file, Complaint(error));
   }

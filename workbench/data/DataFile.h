@@ -59,16 +59,14 @@ class DataItem {
   friend class Fields;
   friend DataItem ReadData(std::string_view text, const std::string& file);
   using Json = nlohmann::ordered_json;
+  struct File;
 
-  DataItem(std::shared_ptr<const Json> json, std::string file, std::string place)
-      : json_(std::move(json)), file_(std::move(file)), place_(std::move(place)) {}
+  DataItem(std::shared_ptr<const File> file, const Json& json) : file_(std::move(file)), json_(&json) {}
 
-  DataItem Inner(const Json& json, const std::string& step) const;
   [[noreturn]] void FailAs(const char* wanted) const;
 
-  std::shared_ptr<const Json> json_;
-  std::string file_;
-  std::string place_;  // "parameters[3].title"
+  std::shared_ptr<const File> file_;
+  const Json* json_;  // stands in the file: where, is found out when it is told
 };
 
 // The fields of an object, each asked for by its key.

@@ -1,6 +1,7 @@
 #include "workbench/exchange/FixedValues.h"
 
 #include <algorithm>
+#include <map>
 
 #include "workbench/data/DataFile.h"
 #include "workbench/data/Resources.h"
@@ -106,50 +107,83 @@ void ReadFixedValues(std::string_view json, const std::string& file, FixedValues
   });
 }
 
+namespace {
+
+const FixedValues& ValuesIn(std::string_view path) {
+  static std::map<std::string_view, FixedValues> read;
+  if (const auto found = read.find(path); found != read.end()) return found->second;
+  FixedValues values;
+  ReadFixedValues(Resource(path), std::string(path), values);
+  return read.emplace(path, std::move(values)).first->second;
+}
+
+}  // namespace
+
 const FixedValues& AllFixedValues() {
   static const FixedValues all = [] {
     FixedValues values;
-    for (const std::string_view path : ResourcesIn("values/"))
-      ReadFixedValues(Resource(path), std::string(path), values);
+    for (const std::string_view path : ResourcesIn("values/")) {
+      const FixedValues& one = ValuesIn(path);
+      values.lists.insert(values.lists.end(), one.lists.begin(), one.lists.end());
+      values.tables.insert(values.tables.end(), one.tables.begin(), one.tables.end());
+    }
     return values;
   }();
   return all;
 }
 
+const std::vector<const FixedList*>& FixedListsOf(const std::string& command) {
+  static std::map<std::string, std::vector<const FixedList*>> read;
+  if (const auto found = read.find(command); found != read.end()) return found->second;
+  std::vector<const FixedList*> lists;
+  for (const std::string_view path : ResourcesIn("values/")) {
+    if (Resource(path).find('"' + command + '"') == std::string_view::npos) continue;
+    for (const FixedList& list : ValuesIn(path).lists) {
+      if (std::ranges::find(list.commands, command) != list.commands.end()) lists.push_back(&list);
+    }
+  }
+  return read.emplace(command, std::move(lists)).first->second;
+}
+
 FixedDatabase::FixedDatabase(std::string release) : release_(std::move(release)) {
   for (const std::string& statement : CreateStatements(ShippedSchema().Database("static")))
     database_.Execute(statement);
-  for (const FixedTable& table : AllFixedValues().tables) EnterTable(database_, table);
   database_.Execute("PRAGMA query_only = 1");
 }
 
 Connection& FixedDatabase::With(const std::string& command) {
-  if (!entered_.contains(command)) Enter({command});
+  if (whole_ || !entered_.insert(command).second) return database_;
+  Change([&] {
+    for (const FixedList* list : FixedListsOf(command)) Enter(command, *list);
+  });
   return database_;
 }
 
 Connection& FixedDatabase::Whole() {
   if (whole_) return database_;
-  std::set<std::string> commands;
-  for (const FixedList& list : AllFixedValues().lists) commands.insert(list.commands.begin(), list.commands.end());
-  for (const std::string& command : entered_) commands.erase(command);
-  Enter(commands);
+  Change([&] {
+    for (const FixedTable& table : AllFixedValues().tables) EnterTable(database_, table);
+    for (const FixedList& list : AllFixedValues().lists) {
+      for (const std::string& command : list.commands) {
+        if (!entered_.contains(command)) Enter(command, list);
+      }
+    }
+  });
   whole_ = true;
   return database_;
 }
 
-void FixedDatabase::Enter(const std::set<std::string>& commands) {
+template <typename Work>
+void FixedDatabase::Change(Work work) {
   database_.Execute("PRAGMA query_only = 0");
   database_.Start();
-  for (const FixedList& list : AllFixedValues().lists) {
-    if (std::ranges::find(list.releases, release_) == list.releases.end()) continue;
-    for (const std::string& command : list.commands) {
-      if (commands.contains(command)) EnterList(database_, command, list);
-    }
-  }
+  work();
   database_.Commit();
   database_.Execute("PRAGMA query_only = 1");
-  entered_.insert(commands.begin(), commands.end());
+}
+
+void FixedDatabase::Enter(const std::string& command, const FixedList& list) {
+  if (std::ranges::find(list.releases, release_) != list.releases.end()) EnterList(database_, command, list);
 }
 
 }  // namespace cordboard::workbench

@@ -45,20 +45,24 @@ struct FixedValues {
 void ReadFixedValues(std::string_view json, const std::string& file, FixedValues& values);
 // What the program carries.
 const FixedValues& AllFixedValues();
+// Of that, the lists of one command. Only the files are read in which its name stands.
+const std::vector<const FixedList*>& FixedListsOf(const std::string& command);
 
 // The static database: what holds for a release. The lists of a command are entered when they are asked for, since all
-// of them take longer than most of what a program is started for.
+// that there is takes longer than most of what a program is started for.
 class FixedDatabase {
  public:
   explicit FixedDatabase(std::string release);
 
   // With the lists of this command, at least.
   Connection& With(const std::string& command);
-  // With all lists.
+  // With all lists and tables.
   Connection& Whole();
 
  private:
-  void Enter(const std::set<std::string>& commands);
+  template <typename Work>
+  void Change(Work work);
+  void Enter(const std::string& command, const FixedList& list);
 
   std::string release_;
   Connection database_;

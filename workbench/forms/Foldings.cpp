@@ -1,8 +1,9 @@
 #include "workbench/forms/Foldings.h"
 
 #include <algorithm>
+#include <charconv>
 #include <map>
-#include <regex>
+#include <string_view>
 
 #include "workbench/data/DataFile.h"
 #include "workbench/text/Elements.h"
@@ -132,18 +133,25 @@ Names Alternative(const Names& parameters, const std::vector<Names>& alternative
 
 }  // namespace
 
+// The whole, then "_D7" or "_D7D8", and perhaps "_SUB1".
 std::optional<SubDigit> SubDigitOf(const std::string& name) {
-  static const std::regex pattern("(.+?)_((?:D[0-9]{1,2})+)(?:_SUB[0-9]+)?");
-  std::smatch parts;
-  if (!std::regex_match(name, parts, pattern)) return std::nullopt;
-  SubDigit digits{.whole = parts[1], .first = 0, .width = 0};
-  static const std::regex digit("D([0-9]+)");
-  const std::string all = parts[2];
-  for (std::sregex_iterator found(all.begin(), all.end(), digit), end; found != end; ++found) {
-    const int place = std::stoi((*found)[1]);
+  std::string_view rest = name;
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  const std::size_t sub = rest.rfind("_SUB");
+  if (sub != rest.npos && sub + 4 < rest.size() && std::ranges::all_of(rest.substr(sub + 4), isDigit))
+    rest = rest.substr(0, sub);
+  const std::size_t mark = rest.rfind("_D");
+  if (mark == rest.npos || mark == 0) return std::nullopt;
+  SubDigit digits{.whole = std::string(rest.substr(0, mark)), .first = 0, .width = 0};
+  for (rest.remove_prefix(mark + 1); !rest.empty(); ++digits.width) {
+    int place = 0;
+    const auto [end, error] = std::from_chars(rest.data() + 1, rest.data() + rest.size(), place);
+    const auto length = static_cast<std::size_t>(end - rest.data());
+    if (rest.front() != 'D' || error != std::errc() || place < 0 || length > std::string_view("D12").size())
+      return std::nullopt;
     if (digits.width == 0) digits.first = place;
     if (place != digits.first + digits.width) return std::nullopt;  // digits apart are no place
-    ++digits.width;
+    rest.remove_prefix(length);
   }
   return digits.first == 0 ? std::nullopt : std::optional(digits);
 }

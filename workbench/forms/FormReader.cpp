@@ -19,9 +19,8 @@ namespace {
 using Texts = std::vector<std::string>;
 
 bool HasFixedValues(const std::string& command, const std::string& parameter) {
-  return std::ranges::any_of(AllFixedValues().lists, [&](const FixedList& list) {
-    return std::ranges::find(list.commands, command) != list.commands.end() &&
-           std::ranges::find(list.parameters, parameter) != list.parameters.end();
+  return std::ranges::any_of(FixedListsOf(command), [&](const FixedList* list) {
+    return std::ranges::find(list->parameters, parameter) != list->parameters.end();
   });
 }
 
