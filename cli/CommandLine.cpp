@@ -21,7 +21,8 @@ namespace {
 
 const char* const exitCodes =
     "Exit codes: 0 done, 1 a fault of the program, 2 usage, 3 refused or different, 4 not found, 5 file or database\n"
-    "trouble. An apply that a signal ends has kept nothing: 129 where its terminal is gone, 130 after Ctrl-C, 143 after\n"
+    "trouble. An apply that a signal ends has kept nothing: 129 where its terminal is gone, 130 after Ctrl-C, 143 "
+    "after\n"
     "SIGTERM.";
 
 ArgumentDefinition Define(const CLI::Option& option) {
@@ -200,8 +201,12 @@ class CommandLine {
     auto [sub, options] = Add("apply", "Perform the actions of plan files: all of them, or none", Apply);
     sub->add_option("FILE", options.file, "the exchange file")->required();
     sub->add_option("PLAN", options.plans, "plan files with one action a line; - reads standard input")->required();
-    sub->add_option("--command", options.command, "the files are tables (CSV) of records of this command, to be added");
-    sub->add_flag("--dry-run", options.dryRun, "try everything and keep nothing");
+    auto* command = sub->add_option("--command", options.command,
+                                    "the files are tables (CSV) of records of this command, to be added");
+    auto* dryRun = sub->add_flag("--dry-run", options.dryRun, "try everything and keep nothing");
+    sub->add_option("--save", options.save, "write what was tried as a plan that applies to this state alone")
+        ->needs(dryRun)
+        ->excludes(command);
     sub->add_flag("--keep-going", options.keepGoing, "keep the good lines where others are refused");
     sub->add_flag("--verbose", options.verbose, "print what becomes of each record, and what next takes");
     sub->add_flag("--strict", options.strict, "refuse a line instead of warning of it");

@@ -59,6 +59,7 @@ struct ApplyOptions {
   std::vector<std::string> plans;
   std::string command;  // whose adds the files hold as tables; empty: they are plans
   bool dryRun = false;
+  std::string save;  // the file for what a dry run has shown; empty: none
   bool keepGoing = false;
   bool verbose = false;  // tells each record
   bool strict = false;

@@ -16,8 +16,10 @@
 #include "cli/PlanStream.h"
 #include "cli/Progress.h"
 #include "cli/Subcommands.h"
+#include "workbench/history/History.h"
 #include "workbench/plans/Plan.h"
 #include "workbench/plans/PlanTable.h"
+#include "workbench/plans/SavedPlan.h"
 
 namespace cordboard::cli {
 
@@ -29,14 +31,36 @@ bool IsTyped(const std::vector<std::string>& plans) {
   return std::ranges::find(plans, "-") != plans.end() && isatty(STDIN_FILENO) == 1;
 }
 
+// Several plans become one, each under its name.
+workbench::PlanOptions::Read GatherInto(workbench::SavedPlan& saved, bool several) {
+  return [&saved, several, last = std::string()](const std::string& file, const std::string& line) mutable {
+    if (several && file != last) saved.Add("# " + file);
+    last = file;
+    saved.Add(line);
+  };
+}
+
+// What is saved is what was shown: nothing where a line is refused.
+void Save(workbench::Exchange& exchange, const workbench::SavedPlan& saved, const PlanResult& result,
+          const ApplyOptions& options) {
+  if (result.refused > 0 || result.done == 0)
+    return Warning(options.save + " was not written: a plan is saved when all of it can be done");
+  const workbench::History history(exchange.Dynamic());
+  const int state = history.states().empty() ? 0 : history.states().back().number;
+  const std::string name = std::filesystem::path(options.file).filename().string();
+  const std::string how = "tried on state " + std::to_string(state) + " of " + name;
+  WriteOutput(options.save, saved.Written(how + (options.ensure ? " with --ensure" : ""), result.key));
+}
+
 // Applies the plan and tells meanwhile, where somebody looks on: how far it is, or that lines are awaited.
 PlanResult ApplyAndTell(workbench::Session& session, const std::vector<workbench::PlanFile>& files,
-                        const ApplyOptions& options, nlohmann::json& document) {
+                        const ApplyOptions& options, workbench::SavedPlan& saved, nlohmann::json& document) {
   workbench::PlanOptions how{.dryRun = options.dryRun,
                              .keepGoing = options.keepGoing,
                              .strict = options.strict,
                              .ensure = options.ensure,
                              .message = options.message};
+  if (!options.save.empty()) how.read = GatherInto(saved, files.size() > 1);
   std::optional<Progress> progress;
   if (!options.json && IsTyped(options.plans)) {
     Note("standard input", "type the lines of the plan; Ctrl-D on a line of its own ends it");
@@ -80,6 +104,7 @@ workbench::ReadAction ReaderOf(const ApplyOptions& options) {
 
 int Apply(const ApplyOptions& options) {
   // A dry run is performed on a copy: it needs no right to write, and keeps nobody out.
+  if (!options.save.empty()) CheckOutput(options.file, options.save);
   const auto exchange = options.dryRun ? OpenToRead(options.file) : OpenToWrite(options.file, options.wait);
   std::list<PlanStream> open;
   std::vector<workbench::PlanFile> files;
@@ -90,7 +115,9 @@ int Apply(const ApplyOptions& options) {
   workbench::Session session(*exchange);
   nlohmann::json document;
   if (options.verbose) document = {{"changes", nlohmann::json::array()}, {"taken", nlohmann::json::array()}};
-  const PlanResult result = AllOrNothing([&] { return ApplyAndTell(session, files, options, document); });
+  workbench::SavedPlan saved;
+  const PlanResult result = AllOrNothing([&] { return ApplyAndTell(session, files, options, saved, document); });
+  if (!options.save.empty()) Save(*exchange, saved, result, options);
   if (!warned) WarnOfReaders(*exchange, options.file);
   if (options.json) {
     TellProblems(result);

@@ -16,6 +16,7 @@
 #include "workbench/exchange/Plant.h"
 #include "workbench/history/History.h"
 #include "workbench/plans/Plan.h"
+#include "workbench/plans/SavedPlan.h"
 #include "workbench/system/SystemMessage.h"
 
 namespace {
@@ -33,6 +34,9 @@ int RunAndReport(int argc, char** argv) {
     Error(error.what());
     return NotFound;
   } catch (const workbench::HistoryError& error) {
+    Error(error.what());
+    return Refused;
+  } catch (const workbench::StalePlan& error) {
     Error(error.what());
     return Refused;
   } catch (const workbench::ExchangeError& error) {

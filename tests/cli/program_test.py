@@ -1751,6 +1751,24 @@ class History(ProgramTest):
         pathlib.Path(past).write_bytes(self.exchange.read_bytes())
         self.assertEqual(self.ends(DONE, "generate", past).stdout, LINES + self.LINE.decode())
 
+    def test_a_saved_plan_does_what_was_shown_or_nothing(self):
+        saved = self.folder / "saved.plan"
+        tried = ("apply", self.exchange, "-", "--dry-run", "--save", saved)
+        self.assertIn("was not written", self.ends(REFUSED, *tried, given=b"NANSI:NUMTYP=XX,NUMSE=1;\n").stderr)
+        self.assertFalse(saved.exists())
+        self.ends(DONE, *tried, given=self.LINE)
+        head, text = saved.read_bytes().split(b"\n", 1)
+        self.assertRegex(head, rb"^# saved by cordboard: tried on state 1 of office.cbx, key \w+, sum \w+$")
+        self.assertEqual(text, self.LINE)
+        edited = self.write("edited.plan", head + b"\n" + self.LINE.replace(b"900", b"901"))
+        self.fails(REFUSED, "edited.plan was changed after it was saved; nothing was kept", "apply", self.exchange, edited)
+        self.fails(REFUSED, "the options are others now", "apply", self.exchange, saved, "--ensure")
+        self.fails(REFUSED, "saved to be applied alone", "apply", self.exchange, saved, edited)
+        self.assertEqual(self.generated(), LINES)
+        self.ends(DONE, "apply", self.exchange, saved)
+        self.assertEqual(self.generated(), LINES + self.LINE.decode())
+        self.fails(REFUSED, "saved.plan was tried on state 1 of office.cbx, and the exchange", "apply", self.exchange, saved)
+
     def test_what_another_program_wrote_ends_it(self):
         connection = sqlite3.connect(self.exchange)
         connection.execute("DELETE FROM [ROUTE] WHERE rowid = 1")

@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "script/Conversions.h"
+#include "workbench/text/Sum.h"
 
 namespace cordboard::workbench {
 
@@ -58,23 +59,6 @@ class Bytes {
 
  private:
   std::string_view left_;
-};
-
-// A sum by which texts that follow each other are compared (FNV-1a).
-class Sum {
- public:
-  void Add(std::string_view text) {
-    for (const char c : text) sum_ = (sum_ ^ static_cast<unsigned char>(c)) * 0x100000001B3;
-  }
-  std::string Written() const {
-    constexpr std::string_view digits = "0123456789abcdef";
-    std::string text;
-    for (int shift = 60; shift >= 0; shift -= 4) text += digits[sum_ >> shift & 0xF];
-    return text;
-  }
-
- private:
-  std::uint64_t sum_ = 0xCBF29CE484222325;
 };
 
 }  // namespace

@@ -13,6 +13,7 @@ bool IsOfTheExchange(std::string_view table) { return !table.starts_with("Cordbo
 }  // namespace
 
 Recording::Recording(Connection& connection) : connection_(connection), store_(connection), transaction_(connection) {
+  mark_ = store_.Mark();
   CmdId_ = store_.CmdId();
   Begin();
   log_.emplace(connection_, IsOfTheExchange);

@@ -21,6 +21,8 @@ class Recording {
   Recording& operator=(const Recording&) = delete;
 
   StateStore& store() { return store_; }
+  // Of the exchange as it stood when the recording began (StateStore::Mark).
+  const std::string& mark() const { return mark_; }
 
   // A text that is applied: a plan, or a piece of one.
   void AddText(const std::string& plan, const std::string& text);
@@ -41,6 +43,7 @@ class Recording {
   Connection& connection_;
   StateStore store_;
   DatabaseTransaction transaction_;
+  std::string mark_;
   int number_ = 1;
   Value CmdId_;                                             // the counter of identifiers, before
   std::vector<std::pair<std::string, std::string>> texts_;  // plans, and what of them has not been written out

@@ -79,6 +79,14 @@ State StateStore::Newest() const {
   return StateOf(rows, 0);
 }
 
+// Where somebody has written the file who keeps no history, it is told by how often it was written.
+std::string StateStore::Mark() const {
+  const std::uint32_t times = connection_.TimesWritten();
+  if (!Exists()) return std::to_string(times);
+  const State newest = Newest();
+  return newest.timesWritten == times ? newest.mark : newest.mark + "." + std::to_string(times);
+}
+
 void StateStore::Add(int number, const StateNote& note, const Value& CmdId) {
   connection_.Run(
       "INSERT INTO [Cordboard.States] VALUES "

@@ -29,6 +29,9 @@ class StateStore {
   // Fails with a DatabaseError where there is none.
   State Newest() const;
 
+  // Tells the exchange as it stands now from how it stood at any other time, and from any other exchange.
+  std::string Mark() const;
+
   // Adds a state that ends now, by the user of this process. `CmdId` is the counter before it.
   void Add(int number, const StateNote& note, const Value& CmdId);
   // The newest state is how the exchange stands also after this transaction.

@@ -9,6 +9,7 @@
 #include "workbench/plans/Ensure.h"
 #include "workbench/plans/ExchangeLine.h"
 #include "workbench/plans/PlanLine.h"
+#include "workbench/plans/SavedPlan.h"
 #include "workbench/system/Signals.h"
 
 namespace cordboard::workbench {
@@ -148,8 +149,17 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
   std::optional<Recording> whole;
   std::size_t seen = 0;
   for (const PlanFile& file : files) {
-    Lines at(file.in, [&](const std::string& line) { whole->AddText(file.name, line + "\n"); });
-    if (at.HasNext() && !whole) whole.emplace(session.exchange().Dynamic());
+    SavedPlanCheck saved(file.name);
+    Lines at(file.in, [&](const std::string& line) {
+      saved.Take(line, result.key);
+      if (saved.IsSaved() && files.size() > 1) throw StalePlan(file.name + " was saved to be applied alone");
+      if (options.read) options.read(file.name, line);
+      whole->AddText(file.name, line + "\n");
+    });
+    if (at.HasNext() && !whole) {
+      whole.emplace(session.exchange().Dynamic());
+      result.key = whole->mark() + (options.ensure ? "-ensure" : "");
+    }
     while (at.Next()) {
       EndOnSignal();
       const std::size_t first = at.number();
@@ -168,6 +178,7 @@ PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const
     }
     EndOnSignal();
     if (file.in.bad()) throw PlanError(file.name + " cannot be read to its end; nothing was kept");
+    saved.End();
   }
   result.kept = !options.dryRun && result.done > 0 && (result.refused == 0 || options.keepGoing);
   if (result.kept) {

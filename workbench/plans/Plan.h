@@ -53,11 +53,14 @@ struct RecordCounts {
 };
 
 struct PlanOptions {
+  using Read = std::function<void(const std::string& file, const std::string& line)>;
+
   bool dryRun = false;       // the same road, rolled back
   bool keepGoing = false;    // keeps the good lines where others are refused
   bool strict = false;       // refuses a line of which its user would be warned
   bool ensure = false;       // does of each line what is not so yet
   std::string message = {};  // for the history of the exchange: what the plan is for
+  Read read = {};            // each line, before it is tried
   std::function<void(std::size_t lines)> progress = {};
   std::function<void(const LineReport& report)> done = {};  // after each line that was done
 };
@@ -76,6 +79,7 @@ struct PlanResult {
   std::size_t refused = 0;
   bool kept = false;                                  // whether what was done stays
   std::optional<int> state = {};                      // of the exchange's history, where what was kept changed anything
+  std::string key = {};                               // where it is the same, a plan does the same
   std::map<std::string, RecordCounts> commands = {};  // what became of the records of each, by the lines that were done
   std::vector<LineReport> reports = {};               // of the lines with problems, without what they did
   ProblemCount errors = {};
@@ -84,8 +88,8 @@ struct PlanResult {
 
 // Applies the lines in order. A refused line leaves nothing; with one or more of them nothing at all is kept,
 // unless the options say so. Every line is tried, so that all that is wrong is reported. Fails with PlanError, and
-// keeps nothing, where a file breaks off: what is missing would not be noticed; with StorageError and Interrupted, and
-// keeps nothing, as a Connection does.
+// keeps nothing, where a file breaks off: what is missing would not be noticed; with StalePlan where one was saved and
+// the exchange or the plan is another now; with StorageError and Interrupted, and keeps nothing, as a Connection does.
 PlanResult ApplyPlan(Session& session, const std::vector<PlanFile>& files, const PlanOptions& options);
 
 }  // namespace cordboard::workbench
