@@ -8,9 +8,11 @@
 #include "cli/Candidates.h"
 #include "cli/Definition.h"
 #include "cli/Files.h"
+#include "cli/StateReport.h"
 #include "cli/Subcommands.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
+#include "workbench/history/History.h"
 
 namespace cordboard::cli {
 
@@ -98,6 +100,18 @@ Candidates Assignments(const Typed& typed) {
                 given == typed.given.end() ? std::vector<std::string>() : given->second, typed.word);
 }
 
+// The states of the exchange, the newest first.
+Candidates States(const Typed& typed) {
+  const auto exchange = OpenToRead(typed.First("FILE"));
+  const workbench::History history(exchange->Dynamic());
+  Candidates candidates;
+  for (auto state = history.states().rbegin(); state != history.states().rend(); ++state)
+    candidates.push_back({std::to_string(state->number), Told(*state)});
+  return candidates;
+}
+
+Candidates Nothing(const Typed&) { return {}; }
+
 // What the kinds of values have to offer. Any other is the name of a file.
 struct Offer {
   const char* kind;
@@ -106,12 +120,15 @@ struct Offer {
 };
 const Offer offers[] = {
     {"COMMAND", [](const Typed&) { return CommandNames(); }},
-    {"LIMIT", [](const Typed&) { return Candidates(); }},
+    {"KEEP", Nothing},
+    {"LIMIT", Nothing},
     {"LINE", [](const Typed& typed) { return LineContinued(typed.First("FILE"), typed.word); }},
+    {"MESSAGE", Nothing},
     {"NAME=VALUE", Assignments},
     {"PARAM", [](const Typed& typed) { return ParameterNames(typed.Form()); }},
     {"PLANT", Plants, true},
     {"RELEASE", Releases},
+    {"STATE", States},
 };
 
 void Print(const Candidates& candidates, const std::string& word) {

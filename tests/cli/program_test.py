@@ -1347,6 +1347,7 @@ class Completion(ProgramTest):
         self.assertEqual(self.words("new", "x.cbx", "--release", "R6/"), ["R6/1"])
         self.assertEqual(self.words("new", "x.cbx", "--plant", "exam"), [":files", "example"])
         self.assertEqual(self.words("apply", "--json", ""), [":files"])
+        self.assertEqual(self.words("undo", self.exchange, ""), ["1", "0"])
         self.assertEqual(self.words("generate", self.exchange, "-o", ""), [":files"])
 
     def test_commands_parameters_and_values(self):

@@ -17,7 +17,7 @@
 
 namespace cordboard::workbench {
 
-class RowLog : private RowListener {
+class RowLog final : private RowListener {
  public:
   // Whether the rows of a table are noted, asked when it is first touched. Those of temporary tables never are.
   using IsNoted = bool (*)(std::string_view stored);

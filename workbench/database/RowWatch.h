@@ -34,7 +34,7 @@ struct RowDifference {
 };
 
 // The differences that it gives refer to it.
-class RowWatch : private RowListener {
+class RowWatch final : private RowListener {
  public:
   // What is to be watched of a table, asked when it is first touched. Nothing where nothing is.
   using Find = std::function<std::optional<WatchedTable>(const std::string& stored)>;

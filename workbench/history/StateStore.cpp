@@ -4,6 +4,7 @@
 
 #include "script/Conversions.h"
 #include "workbench/history/Course.h"
+#include "workbench/system/Signals.h"
 #include "workbench/system/User.h"
 
 namespace cordboard::workbench {
@@ -122,6 +123,7 @@ void StateStore::EachBlock(int state, const TakeRows& take) const {
   const RowSet places =
       connection_.Run("SELECT rowid FROM [Cordboard.Changes] WHERE [State] = ? ORDER BY rowid", {state});
   for (std::size_t i = 0; i < places.RowCount(); ++i) {
+    EndOnSignal();
     const RowSet found =
         connection_.Run("SELECT [Table], [Rows], [Sum] FROM [Cordboard.Changes] WHERE rowid = ?", {places[0][i]});
     take(places[0][i], {Joined(found[0][0]), Joined(found[1][0])}, Joined(found[2][0]));
