@@ -1581,6 +1581,7 @@ class Compare(ProgramTest):
         self.assertEqual(ran.stderr, "records: 1 added, 1 changed, 1 removed\n")
         self.assertEqual(self.ends(REFUSED, "compare", other, self.exchange, "SYTDS").stdout, "SYTDS changed: PGIV 4 -> 3\n")
         self.ends(DONE, "compare", self.exchange, other, "KSEXI")
+        self.assertEqual(self.ends(REFUSED, "compare", f"{other}@1", other, "SYTDS").stdout, "SYTDS added: PGIV=4\n")
         self.assertEqual(self.ends(REFUSED, "compare", self.exchange, other, "--lines").stdout, "+NANSI:NUMTYP=EX,NUMSE=700;\n")
         ran = self.ends(DONE, "compare", self.exchange, other, "--plan")
         plan = self.write("changes.plan", ran.stdout)

@@ -39,6 +39,24 @@ std::string KeyValue(const FormDefinition& table, const Values& values, const st
   return Joined(form.Get(name));
 }
 
+// The parameters that tell a record in the place of its key; null where the key does. It is not found by them.
+const Names* ToldInstead(const FormDefinition& table, const Names& key, const Values& values) {
+  const auto isKey = [&key](const std::string& name) { return std::ranges::find(key, name) != key.end(); };
+  const auto isTold = [&values](const std::string& name) { return Find(values, name) != nullptr; };
+  const Names* instead = nullptr;
+  bool needsSet = false;
+  for (const Names& set : table.oneOf) {
+    const bool whole = std::ranges::all_of(set, isTold);
+    if (std::ranges::all_of(set, isKey)) {
+      if (whole) return nullptr;
+      needsSet = true;
+    } else if (whole && std::ranges::none_of(set, isKey)) {
+      instead = &set;
+    }
+  }
+  return needsSet ? instead : nullptr;
+}
+
 // Why the values do not tell which records they are about; nothing where they do.
 std::string Untold(const FormDefinition& table, const Names& key, const Values& values) {
   if (key.empty() && !table.single)
@@ -47,15 +65,9 @@ std::string Untold(const FormDefinition& table, const Names& key, const Values& 
     const Assignment* told = Find(values, name);
     if (told != nullptr && IsNext(table, *told)) return "next finds no record again; give the value of " + name;
   }
-  const auto isKey = [&key](const std::string& name) { return std::ranges::find(key, name) != key.end(); };
-  const auto isTold = [&values](const std::string& name) { return Find(values, name) != nullptr; };
-  for (const Names& set : table.oneOf) {
-    if (key.empty() || std::ranges::any_of(key, isTold) || !std::ranges::all_of(set, isTold) ||
-        std::ranges::any_of(set, isKey))
-      continue;
-    return "records are found by " + Separated(key, ", ") + "; give them in the place of " + Separated(set, ", ");
-  }
-  return "";
+  const Names* instead = ToldInstead(table, key, values);
+  if (instead == nullptr) return "";
+  return "records are found by " + Separated(key, ", ") + "; give them in the place of " + Separated(*instead, ", ");
 }
 
 // Of some parameters each of several values is a record of its own.

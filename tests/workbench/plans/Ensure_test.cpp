@@ -190,6 +190,7 @@ const Case cases[] = {
       "KSEXI CAT=9: record DIR=201: this value is not possible here"}},
     {"KSEXI:DIR=next,ITYPE=3,EQU=next,CAT=1;", {"KSEXI: next finds no record again; give the value of DIR"}},
     {"KSFKC:DIRK=215-4,FCN=CBK;", {"KSFKC: records are found by DIR, KEY; give them in the place of DIRK"}},
+    {"KSFKC:KEY=4,DIRK=215-4,FCN=CBK;", {"KSFKC: records are found by DIR, KEY; give them in the place of DIRK"}},
     {"NANSI:NUMTYP=EX,NUMSE=245&&252;", {"NANSI: 3 added, 5 standing"}},
     {"NANSI:NUMTYP=AI,NUMSE=100;",
      {"NANSI: the record stands with other values than NUMTYP=AI, and records of NANSI cannot be changed; delete it "
