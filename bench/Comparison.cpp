@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "bench/Bounds.h"
 #include "bench/Measure.h"
 #include "bench/Transcript.h"
 #include "bench/Workload.h"
@@ -42,14 +43,13 @@ struct Times {
 };
 
 // A step without statements of the rules has nothing to compare with them.
-void Line(const char* name, const Times& times, int actions) {
+void Line(const char* name, const Times& times, int actions, double bound) {
   const double library = Median(times.library);
   const double replay = Median(times.replay);
   const double rules = Median(times.rules);
   std::printf("  %-34s %10.2f %10.2f %10.2f %8.2f", name, library * 1e3, replay * 1e3, rules * 1e3, library / replay);
   rules > 0 ? std::printf(" %9.2f", library / rules) : std::printf(" %9s", "");
-  if (actions > 0) std::printf(" %14.1f", library * 1e6 / actions);
-  std::printf("\n");
+  std::printf(" %14.1f%s\n", library * 1e6 / actions, Held(name, library / replay, bound).c_str());
 }
 
 }  // namespace
@@ -72,8 +72,8 @@ void Compare(int series, int rounds) {
               recorded.statements.size() - recorded.begins.front(), "library ms", "replay ms", "rules ms", "of all",
               "of rules", "us per action");
   for (std::size_t step = 0; step < times.size(); ++step) {
-    const auto& [name, actions, work] = Workload::steps[step];
-    Line(name, times[step], actions == 0 ? series : actions);
+    const auto& [name, actions, work, bound] = Workload::steps[step];
+    Line(name, times[step], actions == 0 ? series : actions, bound);
   }
 }
 

@@ -13,6 +13,7 @@
 
 #include "bench/Folder.h"
 #include "bench/Measure.h"
+#include "bench/Valgrind.h"
 #include "script/Conversions.h"
 #include "workbench/actions/Filling.h"
 #include "workbench/exchange/Plant.h"
@@ -192,21 +193,10 @@ double Shortest(const std::string& file, const Growth::Work& work) {
   return *std::ranges::min_element(times) / inARow;
 }
 
-bool HasValgrind() { return std::system("valgrind --version >/dev/null 2>&1") == 0; }
-
-// The number that callgrind gives after "Collected :".
 double Instructions(const std::string& program, const std::string& file, std::size_t recipe, const std::string& what) {
-  const std::string command = "valgrind --tool=callgrind --callgrind-out-file=/dev/null " +
-                              ("--toggle-collect=CordboardMeasured '" + program) + "' once '" + file + "' " +
-                              std::to_string(recipe) + " '" + what + "' 2>&1";
-  FILE* output = popen(command.c_str(), "r");
-  if (output == nullptr) throw std::runtime_error("valgrind cannot be started");
-  std::string text;
-  for (int c = 0; (c = std::fgetc(output)) != EOF;) text += static_cast<char>(c);
-  const std::string mark = "Collected : ";
-  const std::size_t at = text.find(mark);
-  if (pclose(output) != 0 || at == text.npos) throw std::runtime_error("valgrind failed: " + text);
-  return std::stod(text.substr(at + mark.size())) / inARow;
+  return InstructionsOf("--toggle-collect=CordboardMeasured",
+                        "'" + program + "' once '" + file + "' " + std::to_string(recipe) + " '" + what + "'") /
+         inARow;
 }
 
 // What one action costs at each count, how the last is to the first, and the power of the count that this makes.

@@ -26,6 +26,7 @@ class Workload {
     const char* name;
     int actions;  // what the cost is divided by; 0 stands for the number of series
     void (Workload::*work)();
+    double bound;  // of the ratio to the replay of all statements
   };
   static const std::array<Step, 8> steps;
 

@@ -7,10 +7,13 @@
 #include <stdexcept>
 #include <string>
 
+#include "bench/Bounds.h"
+#include "bench/Commands.h"
 #include "bench/Comparison.h"
 #include "bench/Folder.h"
 #include "bench/Growth.h"
 #include "bench/Plans.h"
+#include "bench/Start.h"
 #include "bench/Workload.h"
 
 namespace cordboard::bench {
@@ -42,7 +45,8 @@ void Memory(const std::string& program, int series) {
 void Do(int series, const std::string& file) {
   Workload workload(series, file);
   for (const Workload::Step& step : Workload::steps) workload.Do(step);
-  std::printf("  %5d series %8.1f MB\n", series, PeakMemory());
+  const double most = 16 + 0.06 * series;
+  std::printf("  %5d series %8.1f MB%s\n", series, PeakMemory(), Held("memory", PeakMemory(), most).c_str());
 }
 
 void CompareAll() {
@@ -50,10 +54,16 @@ void CompareAll() {
   for (const int series : sizes) Compare(series, rounds);
 }
 
+// The program of which this is the benchmark stands beside it.
+std::string Cordboard(const std::string& program) { return std::filesystem::path(program).parent_path() / "cordboard"; }
+
 void All(const std::string& program) {
   CompareAll();
   std::printf("\nLarge plans on a large exchange\n");
   MeasurePlans();
+  MeasureStart(Cordboard(program));
+  std::printf("\nEach action of each command, where there is little and much\n");
+  MeasureCommands();
   std::printf("\nMost memory of the workload on an exchange in a file\n");
   for (const int series : sizes) Memory(program, series);
   std::printf("\nOne more action as the tables grow\n");
@@ -67,10 +77,12 @@ void Run(int count, char** words) {
   if (what == "all") return All(program);
   if (what == "lines") return CompareAll();
   if (what == "plans") return MeasurePlans();
+  if (what == "commands") return MeasureCommands();
+  if (what == "start") return MeasureStart(Cordboard(program));
   if (what == "growth") return MeasureGrowth(program, count > 2 ? words[2] : "");
   if (what == "workload" && count == 4) return Do(std::stoi(words[2]), words[3]);
   if (what == "once" && count == 5) return DoOnce(words[2], std::stoul(words[3]), words[4]);
-  throw std::runtime_error("usage: cordboard-bench [all | lines | plans | growth [COMMAND]]");
+  throw std::runtime_error("usage: cordboard-bench [all | lines | plans | start | commands | growth [COMMAND]]");
 }
 
 }  // namespace
@@ -80,7 +92,7 @@ void Run(int count, char** words) {
 int main(int count, char** words) {
   try {
     cordboard::bench::Run(count, words);
-    return 0;
+    return cordboard::bench::ReportPassedBounds() ? 1 : 0;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "cordboard-bench: %s\n", error.what());
     return 1;

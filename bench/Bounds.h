@@ -1,0 +1,14 @@
+// What a cost may be. Each row of the benchmark says so, and the program fails where one has passed its bound.
+#pragma once
+
+#include <string>
+
+namespace cordboard::bench {
+
+// Gives " <= 1.25", or " >  1.25 !" where the value is greater than that, and keeps in mind what was too much.
+std::string Held(const std::string& row, double value, double bound);
+
+// Says on standard error what was too much; whether there was anything.
+bool ReportPassedBounds();
+
+}  // namespace cordboard::bench
