@@ -87,6 +87,7 @@ class CommandLine {
     AddCompare();
     AddExplain();
     AddCheck();
+    AddUsed();
     AddServe();
     AddCommands();
     AddHelp();
@@ -318,9 +319,20 @@ class CommandLine {
   }
 
   void AddCheck() {
-    auto [sub, options] = Add("check", "Look whether an exchange file is whole", Check);
+    auto [sub, options] = Add("check", "Look whether an exchange file is whole and fits together", Check);
     sub->add_option("FILE", options.file, "the exchange file")->required();
     sub->add_flag("--json", options.json, "report as JSON on standard output");
+    sub->footer(
+        "Prints what it finds as a plan: the findings are comments, and under each stand the lines that mend it.\n"
+        "The exit code is 3 where it finds something, and 5 where the file is damaged; see cordboard help check.");
+  }
+
+  void AddUsed() {
+    auto [sub, options] = Add("used", "Show what refers to a number, a position or another thing", Used);
+    sub->add_option("FILE", options.file, "the exchange file")->required();
+    sub->add_option("VALUE", options.value, "what it is called, such as 300 or 001-0-10-02")->required();
+    sub->add_option("THING", options.thing, "what it is, such as number, position or category; none: whatever it is");
+    sub->add_flag("--json", options.json, "print as JSON");
   }
 
   void AddServe() {

@@ -15,7 +15,7 @@ enum ExitCode {
   Internal = 1,       // a fault of the program
   Usage = 2,          // the command line is wrong
   Refused = 3,        // the exchange refuses: a line of a plan, an action, a generation
-  Different = 3,      // two exchanges are not the same
+  Different = 3,      // two exchanges are not the same, or an exchange is not as it should be
   NotFound = 4,       // a file, a command or a parameter that there is not
   Trouble = 5,        // a file or a database that cannot be read or written
   AfterSignal = 128,  // and the number of the signal that ended the subcommand: 130 after Ctrl-C
@@ -158,6 +158,14 @@ struct CheckOptions {
   bool json = false;
 };
 int Check(const CheckOptions& options);
+
+struct UsedOptions {
+  std::string file;
+  std::string value;
+  std::string thing;  // empty: whatever is called so
+  bool json = false;
+};
+int Used(const UsedOptions& options);
 
 struct CommandsOptions {
   bool json = false;

@@ -22,7 +22,7 @@ PROGRAM = ""
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 SCRIPTS = SOURCE / "cli" / "completion"
 SUBCOMMANDS = ["new", "plants", "plant", "apply", "history", "undo", "redo", "values", "show", "generate", "export",
-               "compare", "explain", "check", "commands", "help"]
+               "compare", "explain", "check", "used", "commands", "help"]
 DONE, USAGE, REFUSED, NOT_FOUND, TROUBLE = 0, 2, 3, 4, 5
 NOBODY = 65534
 
@@ -1153,7 +1153,8 @@ class Processes(ProgramTest):
 
     def test_check_tells_whether_a_file_is_whole(self):
         ran = self.ends(DONE, "check", self.exchange)
-        self.assertEqual((ran.stdout, ran.stderr), ("", f"checked: {self.exchange}: release R7, nothing is damaged\n"))
+        self.assertEqual((ran.stdout, ran.stderr), ("", f"checked: {self.exchange}: release R7, nothing is damaged, everything fits "
+                                                "together\n"))
         connection = sqlite3.connect(self.exchange)
         page = connection.execute("SELECT rootpage FROM sqlite_master WHERE name = 'NANSIBlockedRange'").fetchone()[0]
         size = connection.execute("PRAGMA page_size").fetchone()[0]
@@ -1796,6 +1797,36 @@ class History(ProgramTest):
             self.assertEqual(self.generated(), {3: new, 4: LINES}[states])
             self.ends(DONE, "undo" if states == 3 else "redo", self.exchange)
             self.assertEqual(self.generated(), {3: LINES, 4: new}[states])
+
+
+class Check(ProgramTest):
+    """What does not fit together, and what refers to what."""
+
+    def test_check_prints_the_plan_that_mends_what_it_finds(self):
+        made = self.write("made.plan", "NANSI:NUMTYP=EX,NUMSE=200;\nEXCCS:CAT=1,TRAF=11,SERV_D6=1;\n"
+                                       "KSEXI:DIR=200,ITYPE=3,EQU=next,CAT=1;\n"
+                                       "KSFKC:DIR=200,KEY=1,FCN=TNS,DIG=9;\ndelete KSEXI DIR=200;\n")
+        self.ends(DONE, "apply", self.exchange, made)
+        before = self.exchange.read_bytes()
+        ran = self.ends(REFUSED, "check", self.exchange)
+        self.assertEqual(ran.stdout, "# function key DIR=200,KEY=1 (KSFKC), DIR: there is no key extension 200 (KSEXI)\n"
+                                     "delete KSFKC DIR=200,KEY=1;\n")
+        self.assertEqual(ran.stderr, f"checked: {self.exchange}: release R7, nothing is damaged, 1 finding; the lines "
+                                     "mend all of them\n")
+        self.assertEqual(self.exchange.read_bytes(), before)
+        self.ends(DONE, "apply", self.exchange, "-", given=ran.stdout.encode())
+        self.assertEqual(self.json("check", self.exchange)["findings"], [])
+
+    def test_used_tells_what_refers_to_a_thing(self):
+        made = self.write("made.plan", "NANSI:NUMTYP=EX,NUMSE=200&&201;\nEXCCS:CAT=1,TRAF=11,SERV_D6=1;\n"
+                                       "KSEXI:DIR=200,ITYPE=3,EQU=next,CAT=1;\n")
+        self.ends(DONE, "apply", self.exchange, made)
+        self.assertEqual(self.ends(DONE, "used", self.exchange, "200").stdout,
+                         "number 200 of type EX, in use\n  taken by the key extension DIR=200 (KSEXI) as DIR\n"
+                         "key extension 200\n")
+        self.assertEqual(self.ends(DONE, "used", self.exchange, "201", "number").stdout, "number 201 of type EX, free\n")
+        self.fails(NOT_FOUND, "has no thing 999, and nothing refers to one", "used", self.exchange, "999")
+        self.fails(NOT_FOUND, "nothing is called nummer. Did you mean number?", "used", self.exchange, "1", "nummer")
 
 
 class JsonPage(ProgramTest):

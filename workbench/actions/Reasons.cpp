@@ -5,6 +5,7 @@
 
 #include "script/Conversions.h"
 #include "script/MessageCodes.h"
+#include "workbench/actions/Called.h"
 #include "workbench/exchange/References.h"
 #include "workbench/text/Elements.h"
 #include "workbench/text/Separated.h"
@@ -15,12 +16,6 @@ namespace {
 
 // How many values are looked up.
 constexpr std::size_t mostReasons = 12;
-
-std::string Called(const Holder& holder) {
-  const std::string key =
-      Separated(holder.key, ",", [](const auto& column) { return column.first + "=" + column.second; });
-  return holder.record->is + (key.empty() ? "" : " " + key) + " (" + holder.record->command + ")";
-}
 
 // What is told of one value, and of several of which the same is true; {} stands for them.
 struct Fact {

@@ -8,6 +8,7 @@
 #include "script/Conversions.h"
 #include "script/Statement.h"
 #include "workbench/database/FileHeader.h"
+#include "workbench/database/MissingIndexes.h"
 #include "workbench/database/Schema.h"
 #include "workbench/exchange/NumberSeries.h"
 #include "workbench/exchange/PlantTables.h"
@@ -91,7 +92,9 @@ void Exchange::Fill(const std::string& release, const Plant& plant) {
 
 std::unique_ptr<Exchange> Exchange::OpenForReading(const std::filesystem::path& file) {
   CheckKind(file);
-  return Opened(Connection::CopyOf(file));
+  auto exchange = Opened(Connection::CopyOf(file));
+  AddMissingIndexes(exchange->dynamic_);
+  return exchange;
 }
 
 std::unique_ptr<Exchange> Exchange::OpenAsOf(const std::filesystem::path& file, int state) {
@@ -122,6 +125,11 @@ std::unique_ptr<Exchange> Exchange::Opened(Connection dynamic) {
 Connection* Exchange::Database(const std::string& selector) {
   if (selector == "dynamic" || selector == "site") return &dynamic_;
   return selector == "static" ? &Static().Whole() : nullptr;
+}
+
+void Exchange::ActAs(const std::string& release) {
+  release_ = release;
+  static_.reset();
 }
 
 FixedDatabase& Exchange::Static() {

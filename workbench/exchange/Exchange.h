@@ -50,6 +50,9 @@ class Exchange {
                                                   std::chrono::milliseconds patience = std::chrono::seconds(5));
 
   const std::string& release() const { return release_; }
+  // From now on it is as if it had been made for another release; its file does not tell. For who asks what another
+  // release would make of the same records.
+  void ActAs(const std::string& release);
 
   // The database in which the tables of a selector stand: "dynamic" and "site" share the exchange's file, "static" has
   // one of its own. Nothing for any other.

@@ -47,6 +47,8 @@ const Table& SchemaOf(const RecordKind& record) {
   return *ShippedSchema().Database(record.database).Find(record.table);
 }
 
+bool Has(const Texts& texts, const std::string& text) { return std::ranges::find(texts, text) != texts.end(); }
+
 bool IsAlso(const Thing* thing, const Thing& wider) {
   while (thing != nullptr && thing != &wider) thing = thing->of;
   return thing != nullptr;
@@ -84,11 +86,19 @@ void References::ReadThing(const DataItem& item, std::vector<Entry>& entries) {
       if (found == things_.end()) wider->Fail("there is no such thing before it");
       thing.of = &*found;
     }
+    thing.alsoTaken = fields.Get("alsoTaken", std::string());
     things_.push_back(std::move(thing));
-    for (const char* key : {"takenBy", "namedBy"}) {
-      for (const std::string& entry : fields.Get(key, Texts()))
-        entries.push_back({entry, item, &things_.back(), key == std::string_view("takenBy")});
+    const auto taking = fields.Get("takenBy", Texts());
+    const auto shared = fields.Get("shared", Texts());
+    const auto unmarked = fields.Get("unmarked", Texts());
+    for (const Texts& exceptions : {shared, unmarked}) {
+      for (const std::string& entry : exceptions)
+        if (!Has(taking, entry)) item.Fail(entry + " is not listed under takenBy");
     }
+    for (const std::string& entry : taking)
+      entries.push_back({entry, item, &things_.back(), true, Has(shared, entry), !Has(unmarked, entry)});
+    for (const std::string& entry : fields.Get("namedBy", Texts()))
+      entries.push_back({entry, item, &things_.back(), false, false, false});
   });
 }
 
@@ -103,7 +113,8 @@ void References::Enter(const Entry& entry) {
     found = true;
     const bool isListed = references_.contains({record.table, column}) || DefinedIn(record.table, column) != nullptr;
     if (!hasTable && isListed) continue;
-    Reference& reference = references_[{record.table, column}] = {&record, column, entry.thing, entry.takes};
+    Reference& reference =
+        references_[{record.table, column}] = {&record, column, entry.thing, entry.takes, entry.shares, entry.marks};
     entry.thing->references.push_back(&reference);
   }
   if (!found) entry.item.Fail("there is no column " + entry.text);

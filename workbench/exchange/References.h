@@ -11,6 +11,10 @@
 // names the thing, whether it is taken, whether the row counts at all, and what else tells it apart. A column without
 // a table stands for all columns of the name that are not listed with their table; in "DATA%" the sign stands for a
 // number. No column holds several values.
+//
+// What takes a thing has it alone and marks it as used. A thing lists the exceptions: under "shared" columns whose
+// value another record may have as well, under "unmarked" those that leave the mark as it is, and under "alsoTaken" a
+// SELECT of the values that records take though no column has them as they are.
 #pragma once
 
 #include <cstdint>
@@ -39,12 +43,14 @@ struct RecordKind {
 
 struct Thing;
 
-// A column that has the name of a thing in it. One that takes the thing marks it as used.
+// A column that has the name of a thing in it.
 struct Reference {
   const RecordKind* record;
   std::string column;
   const Thing* thing;
   bool takes;
+  bool shares;  // takes what another record may have as well
+  bool marks;   // as used, what it takes
 };
 
 // Where a thing stands once it is there. All but the table is SQL, and empty where there is nothing to say.
@@ -62,6 +68,7 @@ struct Thing {
   const Thing* of = nullptr;              // what it is as well: a key extension is a number
   std::optional<Home> home = {};          // none: whatever its records name is there
   const RecordKind* definedBy = nullptr;  // the records that stand in its home, where they do
+  std::string alsoTaken = {};
   std::vector<const Reference*> references = {};
 };
 
@@ -109,6 +116,8 @@ class References {
     DataItem item;
     Thing* thing;
     bool takes;
+    bool shares;
+    bool marks;
   };
 
   void ReadThing(const DataItem& item, std::vector<Entry>& entries);

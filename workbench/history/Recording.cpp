@@ -1,5 +1,7 @@
 #include "workbench/history/Recording.h"
 
+#include "workbench/database/MissingIndexes.h"
+
 namespace cordboard::workbench {
 
 namespace {
@@ -13,6 +15,7 @@ bool IsOfTheExchange(std::string_view table) { return !table.starts_with("Cordbo
 }  // namespace
 
 Recording::Recording(Connection& connection) : connection_(connection), store_(connection), transaction_(connection) {
+  AddMissingIndexes(connection_);
   mark_ = store_.Mark();
   CmdId_ = store_.CmdId();
   Begin();

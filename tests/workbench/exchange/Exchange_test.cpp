@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "workbench/exchange/Plant.h"
+#include "workbench/history/Recording.h"
 #include "workbench/support/TemporaryFolder.h"
 #include "workbench/support/TestExchange.h"
 
@@ -47,6 +48,17 @@ TEST(Exchange, AConfirmedActionSurvivesALossOfPower) {
   const auto made = Exchange::Create(folder / "office.cbx", "R7", Example());
   EXPECT_EQ(Rows(*made, "PRAGMA journal_mode"), R"([["delete"]])");
   EXPECT_EQ(Rows(*made, "PRAGMA synchronous"), "[[3]]");
+}
+
+TEST(Exchange, OfAnEarlierVersionGetsTheIndexesThatItHasNot) {
+  const TemporaryFolder folder;
+  const std::string asked = "SELECT COUNT(*) FROM sqlite_master WHERE name = 'ROUTE by USED'";
+  Exchange::Create(folder / "office.cbx", "R7", Example())->Dynamic().Execute("DROP INDEX [ROUTE by USED]");
+  EXPECT_EQ(Rows(*Exchange::OpenForReading(folder / "office.cbx"), asked), "[[1]]");
+  const auto exchange = Exchange::OpenForWriting(folder / "office.cbx");
+  EXPECT_EQ(Rows(*exchange, asked), "[[0]]");
+  Recording(exchange->Dynamic()).Commit({});
+  EXPECT_EQ(Rows(*exchange, asked), "[[1]]");
 }
 
 TEST(Exchange, IsBuiltForOneOfFourReleases) {
