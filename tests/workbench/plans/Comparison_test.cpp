@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <random>
 
 #include "support/Road.h"
@@ -12,9 +13,9 @@
 namespace cordboard::workbench {
 namespace {
 
-using testing::AnyOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::IsSubsetOf;
 using Texts = std::vector<std::string>;
 
 const char* const base =
@@ -98,9 +99,10 @@ TEST(Comparison, LinesAreComparedInTheOrderOfTheExchange) {
   const DifferentLines different = CompareLines(first->exchange(), second->exchange(), {});
   Texts lines;
   for (const auto& [command, text, inSecond] : different.lines) lines.push_back((inSecond ? "+" : "-") + text);
-  EXPECT_THAT(lines,
-              ElementsAre("-NANSI:NUMTYP=OC,NUMSE=909;", "-KSEXI:DIR=100,ITYPE=12,EQU=001-0-11-00,CAT=1,CUST=1;",
-                          "+KSEXI:DIR=100,ITYPE=12,EQU=001-0-11-00,CAT=2,CUST=1;", "+KSFKC:DIR=104,KEY=13,FCN=DND;"));
+  // A key that has a function loses it before it gets another one.
+  EXPECT_THAT(lines, ElementsAre("-NANSI:NUMTYP=OC,NUMSE=909;", "-KSEXI:DIR=100,ITYPE=12,EQU=001-0-11-00,CAT=1,CUST=1;",
+                                 "+KSEXI:DIR=100,ITYPE=12,EQU=001-0-11-00,CAT=2,CUST=1;",
+                                 "+KSFKC:DIR=104,KEY=13,FCN=TNS;", "+KSFKC:DIR=104,KEY=13,FCN=DND;"));
   EXPECT_THAT(CompareLines(first->exchange(), second->exchange(), {"ASPAC"}).lines, IsEmpty());
 }
 
@@ -158,11 +160,15 @@ TEST_P(PlanFromOneToTheOther, TurnsTheOneIntoTheOther) {
 
   Session session(first->exchange());
   EXPECT_TRUE(ApplyText(session, "plan", Written(plan)).kept) << Written(plan);
+  // In the fifth exchange a rule has left a function key of an extension that is no more: no line makes that.
+  EXPECT_EQ(plan.plan.untold.size(), GetParam() == 5 ? 1 : 0) << Written(plan);
   EXPECT_EQ(Differences(*first, *second).size(), plan.plan.untold.size()) << Written(plan);
-  EXPECT_EQ(Named(DifferentTables(first->exchange(), second->exchange())), Named(plan.different)) << Written(plan);
-  // Numbers that are deleted and added again are a series of their own.
-  EXPECT_THAT(Named(plan.different), AnyOf(IsEmpty(), ElementsAre("NANSIBlockedRange"))) << Written(plan);
-  if (plan.different.empty()) {
+  const Texts tables = Named(plan.different);
+  EXPECT_EQ(Named(DifferentTables(first->exchange(), second->exchange())), tables) << Written(plan);
+  if (!plan.plan.untold.empty()) return;
+  // Numbers that are deleted and added again are a series of their own; the rules leave some marks behind.
+  EXPECT_THAT(tables, IsSubsetOf({"NANSIBlockedRange", "UsedExtensionsAndOperators", "UsedNumbers"})) << Written(plan);
+  if (std::ranges::find(tables, "NANSIBlockedRange") == tables.end()) {
     EXPECT_THAT(CompareLines(first->exchange(), second->exchange(), {}).lines, IsEmpty()) << Written(plan);
   }
 }

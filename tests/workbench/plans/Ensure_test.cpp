@@ -7,6 +7,7 @@
 
 #include "support/Road.h"
 #include "workbench/actions/Records.h"
+#include "workbench/database/Schema.h"
 #include "workbench/support/ExamplePlans.h"
 #include "workbench/text/Separated.h"
 
@@ -18,14 +19,15 @@ using testing::ElementsAreArray;
 using testing::IsEmpty;
 using Texts = std::vector<std::string>;
 
-// What each table holds, by its name.
+// What each table of the configuration and of the templates holds, by its name.
 std::map<std::string, std::string> Tables(Road& road) {
   std::map<std::string, std::string> tables;
-  const RowSet names =
-      road.exchange().Dynamic().Run("SELECT name FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite_%'");
-  for (std::size_t row = 0; row < names.RowCount(); ++row) {
-    const std::string name = Joined(names[0][row]);
-    tables[name] = road.Rows("SELECT * FROM [" + name + "]");
+  for (const char* selector : {"dynamic", "site"}) {
+    const DatabaseSchema& database = ShippedSchema().Database(selector);
+    for (const Table& table : database.tables) {
+      const std::string stored = database.Stored(table.name);
+      tables[stored] = road.Rows("SELECT * FROM " + stored);
+    }
   }
   return tables;
 }
