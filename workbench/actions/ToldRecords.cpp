@@ -102,7 +102,7 @@ void Split(const FormDefinition& table, const std::string& name, ToldRecords& al
   std::vector<std::pair<std::string, Names>> columns = {{name, own}};
   for (const auto& [other, value] : InStepWith(table, name, records.front().values)) {
     columns.emplace_back(other, Elements(value));
-    if (columns.back().second.size() != own.size()) throw ElementsError(other + " has not as many values as " + name);
+    if (columns.back().second.size() != own.size()) throw ElementsError("there are not as many values of each");
   }
   std::vector<ToldRecord> split;
   split.reserve(records.size() * own.size());
