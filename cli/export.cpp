@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "cli/Files.h"
 #include "cli/Output.h"
@@ -26,12 +27,26 @@ void KeepAlone(ExportedPlan& exported, const std::vector<std::string>& commands)
   std::erase_if(exported.plan.untold, isOther);
 }
 
+// A line as a message tells it: with *** for a secret.
+std::string Told(const std::string& line) {
+  auto action = workbench::ReadableLine(line);
+  if (!action) return "a record";
+  const workbench::FormDefinition& form = FormOf(action->command);
+  for (auto* values : {&action->selection, &action->values}) {
+    for (workbench::Assignment& each : *values) each.value = form.Told(each);
+  }
+  return WrittenLine(*action);
+}
+
+void WarnOf(const workbench::UntoldRecord& record) {
+  Warning({.command = record.command},
+          {.message = "no line makes this record again: " + record.reason + ": " + Told(record.text)});
+}
+
 // What is not made again: each record in the document; a reader finds them in the plan.
 void TellUntold(const ExportedPlan& exported, bool json) {
   const auto& untold = exported.plan.untold;
-  for (std::size_t i = 0; json && i < untold.size(); ++i)
-    Warning({.command = untold[i].command},
-            {.message = "no line makes this record again: " + untold[i].reason + ": " + untold[i].text});
+  if (json) std::ranges::for_each(untold, WarnOf);
   if (!json && !untold.empty())
     Warning(workbench::Counted(untold.size(), "record") +
             " cannot be made again by any line; comments at the end of the plan tell them, and why");
@@ -42,7 +57,8 @@ void TellUntold(const ExportedPlan& exported, bool json) {
 
 void WriteText(workbench::Exchange& exchange, const ExportOptions& options, const std::string& text) {
   if (options.output.empty()) {
-    std::cout << text;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) std::cout << Printed(line) << '\n';
     return;
   }
   WriteOutput(options.output, text);
@@ -62,12 +78,11 @@ int ExportTable(workbench::Exchange& exchange, const ExportOptions& options) {
     if (action->kind == workbench::UserAction::Kind::Add) {
       adds.push_back(std::move(*action));
     } else {
-      Warning({.command = command}, {.message = "a row cannot hold what has to be done besides: " + text});
+      Warning({.command = command}, {.message = "a row cannot hold what has to be done besides: " + Told(text)});
       ++told;
     }
   }
-  for (const auto& [command, text, reason] : exported.plan.untold)
-    Warning({.command = command}, {.message = "no row makes this record again: " + reason + ": " + text});
+  std::ranges::for_each(exported.plan.untold, WarnOf);
   WriteText(exchange, options, WrittenTable(form, adds));
   return told == 0 ? Done : Refused;
 }

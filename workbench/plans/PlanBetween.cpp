@@ -12,7 +12,6 @@
 #include "workbench/plans/RecordAdds.h"
 #include "workbench/plans/RecordLines.h"
 #include "workbench/system/Signals.h"
-#include "workbench/text/Elements.h"
 
 namespace cordboard::workbench {
 
@@ -24,6 +23,8 @@ using Run = std::span<const Record>;
 constexpr int mostRounds = 20;
 // A longer line is no longer readable.
 constexpr std::size_t longestWritten = 2000;
+// So many records come together at most, since those that stand are made anew for it.
+constexpr std::size_t mostTogether = 100;
 
 bool Holds(const std::vector<Record>& records, const Record& record) {
   return std::ranges::find(records, record) != records.end();
@@ -131,7 +132,7 @@ class Turning {
       auto standing = ByRestOfKey(table, scratch_, column);
       for (const Record& record : missing) {
         const auto group = alike.extract(table.MarkedKey(record, column));
-        if (group.empty() || group.mapped().size() < 2 || group.mapped().size() > mostElements) continue;
+        if (group.empty() || group.mapped().size() < 2 || group.mapped().size() > mostTogether) continue;
         adds_.AddAlike(table, standing[group.key()], group.mapped(), column);
       }
     }
@@ -154,7 +155,10 @@ class Turning {
 
   void TellUntold(const RecordTable& table) {
     const RecordDifferences differences = Compared(table);
-    const auto tell = [&](const Record& record) { result_.untold.push_back(untold_[&table.form()][record]); };
+    const UntoldRecord unsettled{table.form().command, "", "other lines undo what makes it, over and over"};
+    const auto tell = [&](const Record& record) {
+      result_.untold.push_back(untold_[&table.form()].try_emplace(record, unsettled).first->second);
+    };
     for (const Record& record : differences.surplus) tell(record);
     for (const auto& [before, now] : differences.changed) tell(now);
     for (const Record& record : differences.missing) tell(record);
