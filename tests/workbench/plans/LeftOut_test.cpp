@@ -31,7 +31,7 @@ std::vector<std::string> LeftOutOf(const std::string& release, const std::vector
 
 TEST(LeftOut, OfAnEarlyReleaseParametersAreLeftOut) {
   EXPECT_THAT(LeftOutOf("R6", {"example.plan", "extensions.plan"}),
-              ElementsAre("KSEXI LANG 45 R7,R8", "KSMDI DIG 4 R7,R8"));
+              ElementsAre("KSEXI LANG 34 R7,R8", "KSMDI DIG 4 R7,R8"));
   EXPECT_THAT(LeftOutOf("R8", {"example.plan", "extensions.plan"}), IsEmpty());
 }
 

@@ -85,7 +85,7 @@ TEST_F(LeftBehindIn, APositionThatTwoHaveIsTakenFromTheLater) {
       After({"UPDATE KSEXI SET EQU = '001-0-10-02' WHERE DIR = '204'"}),
       ElementsAre(
           "KSEXI, EQU: the position 001-0-10-02 is that of the key extension DIR=202 (KSEXI) as well | edit KSEXI "
-          "DIR=204:EQU=001-0-10-05;",
+          "DIR=204:EQU=002-0-10-13;",
           "the position 001-0-10-04 is marked as used, and no record has it",
           "KSEXI, EQU: the position 001-0-10-02 is not marked as used | edit KSEXI DIR=202:EQU=001-0-10-02;"));
 }
