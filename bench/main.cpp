@@ -14,6 +14,7 @@
 #include "bench/Growth.h"
 #include "bench/Plans.h"
 #include "bench/Start.h"
+#include "bench/Upkeep.h"
 #include "bench/Workload.h"
 
 namespace cordboard::bench {
@@ -62,6 +63,7 @@ void All(const std::string& program) {
   std::printf("\nLarge plans on a large exchange\n");
   MeasurePlans();
   MeasureStart(Cordboard(program));
+  MeasureUpkeep(Cordboard(program));
   std::printf("\nEach action of each command, where there is little and much\n");
   MeasureCommands();
   std::printf("\nMost memory of the workload on an exchange in a file\n");
@@ -79,10 +81,12 @@ void Run(int count, char** words) {
   if (what == "plans") return MeasurePlans();
   if (what == "commands") return MeasureCommands();
   if (what == "start") return MeasureStart(Cordboard(program));
+  if (what == "upkeep") return MeasureUpkeep(Cordboard(program));
   if (what == "growth") return MeasureGrowth(program, count > 2 ? words[2] : "");
   if (what == "workload" && count == 4) return Do(std::stoi(words[2]), words[3]);
   if (what == "once" && count == 5) return DoOnce(words[2], std::stoul(words[3]), words[4]);
-  throw std::runtime_error("usage: cordboard-bench [all | lines | plans | start | commands | growth [COMMAND]]");
+  throw std::runtime_error(
+      "usage: cordboard-bench [all | lines | plans | start | upkeep | commands | growth [COMMAND]]");
 }
 
 }  // namespace

@@ -204,7 +204,7 @@ class CommandLine {
     sub->add_option("PLAN", options.plans, "plan files with one action a line; - reads standard input")->required();
     auto* command = sub->add_option("--command", options.command,
                                     "the files are tables (CSV) of records of this command, to be added");
-    auto* dryRun = sub->add_flag("--dry-run", options.dryRun, "try everything and keep nothing");
+    auto* dryRun = sub->add_flag("--dry-run,--check-only", options.dryRun, "try everything and keep nothing");
     sub->add_option("--save", options.save, "write what was tried as a plan that applies to this state alone")
         ->needs(dryRun)
         ->excludes(command);
