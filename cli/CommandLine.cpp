@@ -13,7 +13,9 @@
 #include "cli/Subcommands.h"
 #include "cli/Version.h"
 #include "workbench/exchange/Exchange.h"
+#include "workbench/text/Escaped.h"
 #include "workbench/text/Nearest.h"
+#include "workbench/text/Utf8.h"
 
 namespace cordboard::cli {
 
@@ -97,6 +99,7 @@ class CommandLine {
   int Run(int argc, char** argv) {
     try {
       CheckSubcommand(argc, argv);
+      CheckEmpty(argc, argv);
       app_.parse(argc, argv);
       return exitCode_;
     } catch (const CLI::ParseError& error) {
@@ -118,6 +121,17 @@ class CommandLine {
     std::vector<std::string> names;
     for (const Definition& sub : Program().subcommands) names.push_back(sub.name);
     throw Exit{Usage, "there is no subcommand " + std::string(argv[1]) + "." + workbench::DidYouMean(argv[1], names)};
+  }
+
+  // An empty argument is mostly a variable of a script that was not set, and must not be taken for none. A message may
+  // be empty, and what is completed.
+  static void CheckEmpty(int argc, char** argv) {
+    if (argc < 2 || std::string_view(argv[1]) == "complete") return;
+    for (int i = 2; i < argc; ++i) {
+      const std::string_view before = argv[i - 1];
+      if (*argv[i] == '\0' && before != "-m" && before != "--message")
+        throw Exit{Usage, "an argument is empty, behind " + std::string(before)};
+    }
   }
 
   // What is wrong with the command line, and what to type for help.
@@ -153,7 +167,7 @@ class CommandLine {
   }
 
   static void AddMessage(CLI::App* sub, std::string& message) {
-    sub->add_option("-m,--message", message, "what the change is for, as the history tells it");
+    sub->add_option("-m,--message", message, "what the change is for, as the history tells it")->check(IsLine);
   }
 
   static void AddWait(CLI::App* sub, unsigned& wait) {
@@ -162,6 +176,10 @@ class CommandLine {
   }
 
   // Gives what is wrong with the text, or nothing.
+  static std::string IsLine(const std::string& text) {
+    return workbench::IsUtf8(text) && workbench::Escaped(text) == text ? "" : "it is not one line of UTF-8 text";
+  }
+
   static std::string IsCount(const std::string& text) {
     const bool digits = text.find_first_not_of("0123456789") == text.npos && text.size() <= 9;
     return digits ? "" : text + " is not a whole number from 0 to 999999999";
@@ -195,7 +213,7 @@ class CommandLine {
     add->add_option("--board", options.boards, "a board in a slot, such as 001-0-12=31")->allow_extra_args(false);
     AddMessage(add, options.message);
     add->callback([&adds = options.add] { adds = true; });
-    sub->footer("What a plant holds, and its bounds: docs/plants.md.");
+    sub->footer("What a plant holds, and its bounds: cordboard help plants --page.");
   }
 
   void AddApply() {
@@ -204,7 +222,7 @@ class CommandLine {
     sub->add_option("PLAN", options.plans, "plan files with one action a line; - reads standard input")->required();
     auto* command = sub->add_option("--command", options.command,
                                     "the files are tables (CSV) of records of this command, to be added");
-    auto* dryRun = sub->add_flag("--dry-run,--check-only", options.dryRun, "try everything and keep nothing");
+    auto* dryRun = sub->add_flag("--check-only,--dry-run", options.dryRun, "try everything and keep nothing");
     sub->add_option("--save", options.save, "write what was tried as a plan that applies to this state alone")
         ->needs(dryRun)
         ->excludes(command);
@@ -294,7 +312,7 @@ class CommandLine {
     auto* table = sub->add_option("--csv", options.table, "the records of this command, as a table (CSV)");
     table->excludes(commands);
     sub->add_flag("--json", options.json, "print as JSON")->excludes(output)->excludes(table);
-    sub->footer("Every line is tried before it is printed; see docs/export.md.");
+    sub->footer("Every line is tried before it is printed; see cordboard help export --page.");
   }
 
   void AddCompare() {
@@ -306,7 +324,8 @@ class CommandLine {
     sub->add_flag("--plan", options.plan, "print the plan that turns FILE into OTHER")->excludes(lines);
     AddDebug(sub);
     sub->add_flag("--json", options.json, "print as JSON");
-    sub->footer("The exit code is 0 where they are the same and 3 where they differ; see docs/compare.md.");
+    sub->footer(
+        "The exit code is 0 where they are the same and 3 where they differ; see cordboard help compare --page.");
   }
 
   void AddExplain() {
@@ -324,7 +343,8 @@ class CommandLine {
     sub->add_flag("--json", options.json, "report as JSON on standard output");
     sub->footer(
         "Prints what it finds as a plan: the findings are comments, and under each stand the lines that mend it.\n"
-        "The exit code is 3 where it finds something, and 5 where the file is damaged; see cordboard help check.");
+        "The exit code is 3 where it finds something, and 5 where the file is damaged; see cordboard help check "
+        "--page.");
   }
 
   void AddUsed() {
@@ -354,7 +374,7 @@ class CommandLine {
                     "a command such as NANSI, a subcommand, or a guide such as plans; none for the program itself");
     sub->add_option("PARAM", options->parameter, "one parameter of the command, such as NUMTYP");
     sub->add_flag("--json", options->json, "print as JSON");
-    auto* page = sub->add_flag("--page", options->page, "print as the page of the command, in Markdown");
+    auto* page = sub->add_flag("--page", options->page, "print the page of the command or the subcommand, in Markdown");
     sub->add_option("--pages", options->pages, "write the page of every command into this folder")->group("");
     page->excludes("--json");
     sub->callback([this, options] { exitCode_ = Help(*options, Program()); });

@@ -1,6 +1,8 @@
 #include "cli/Files.h"
 
 #include <filesystem>
+#include <fstream>
+#include <string_view>
 
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
@@ -55,6 +57,11 @@ void CheckOutput(const std::string& exchange, const std::string& output) {
   std::error_code ignored;
   if (std::filesystem::equivalent(ParseExchangeName(exchange).file, output, ignored))
     throw Exit{Usage, "the lines cannot be written over the exchange itself"};
+  constexpr std::string_view beginning = "SQLite format 3";
+  std::string head(beginning.size(), ' ');
+  if (std::ifstream(output, std::ios::binary).read(head.data(), static_cast<std::streamsize>(head.size())) &&
+      head == beginning)
+    throw Exit{Usage, "the lines are not written over " + output + ", which is an exchange"};
 }
 
 void WriteOutput(const std::string& output, const std::string& lines) try {

@@ -30,7 +30,7 @@ std::unique_ptr<workbench::Exchange> OpenToWrite(const std::string& file, unsign
 // whether it did.
 bool WarnOfReaders(workbench::Exchange& exchange, const std::string& file);
 
-// Lines of an exchange go to a file that its owner alone can read, and never over the exchange itself.
+// Lines of an exchange go to a file that its owner alone can read, and never over an exchange.
 void CheckOutput(const std::string& exchange, const std::string& output);
 void WriteOutput(const std::string& output, const std::string& lines);
 

@@ -155,7 +155,8 @@ void PrintProblemsLeft() {
 
 int FlushOutput() {
   static int first = 0;
-  if (!std::cout.flush() && first == 0) first = errno;
+  // It may have failed long ago, and what has run since has an error of its own: so it fails once more.
+  if (!std::cout.flush() && first == 0) first = write(STDOUT_FILENO, "\n", 1) < 0 ? errno : EIO;
   return first;
 }
 

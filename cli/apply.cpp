@@ -43,8 +43,9 @@ workbench::PlanOptions::Read GatherInto(workbench::SavedPlan& saved, bool severa
 // What is saved is what was shown: nothing where a line is refused.
 void Save(workbench::Exchange& exchange, const workbench::SavedPlan& saved, const PlanResult& result,
           const ApplyOptions& options) {
-  if (result.refused > 0 || result.done == 0)
-    return Warning(options.save + " was not written: a plan is saved when all of it can be done");
+  if (result.refused == 0 && result.done == 0)
+    return Warning(options.save + " was not written: no line of the plan is an action");
+  if (result.refused > 0) return Warning(options.save + " was not written: a plan is saved when all of it can be done");
   const workbench::History history(exchange.Dynamic());
   const int state = history.states().empty() ? 0 : history.states().back().number;
   const std::string name = std::filesystem::path(options.file).filename().string();
@@ -85,6 +86,14 @@ std::string Summary(const PlanResult& result, bool dryRun) {
   return counts + (dryRun ? "; nothing was kept, since this is a dry run" : "; nothing was kept");
 }
 
+void CheckSave(const ApplyOptions& options) {
+  CheckOutput(options.file, options.save);
+  std::error_code ignored;
+  for (const std::string& plan : options.plans)
+    if (std::filesystem::equivalent(plan, options.save, ignored))
+      throw Exit{Usage, "the plan cannot be saved over " + plan + ", from which it is read"};
+}
+
 int OpenPlan(const std::string& plan) {
   if (plan == "-") return STDIN_FILENO;
   if (!std::filesystem::exists(plan)) throw Exit{NotFound, "there is no plan file " + plan};
@@ -104,7 +113,7 @@ workbench::ReadAction ReaderOf(const ApplyOptions& options) {
 
 int Apply(const ApplyOptions& options) {
   // A dry run is performed on a copy: it needs no right to write, and keeps nobody out.
-  if (!options.save.empty()) CheckOutput(options.file, options.save);
+  if (!options.save.empty()) CheckSave(options);
   const auto exchange = options.dryRun ? OpenToRead(options.file) : OpenToWrite(options.file, options.wait);
   std::list<PlanStream> open;
   std::vector<workbench::PlanFile> files;

@@ -108,9 +108,12 @@ int Help(const HelpOptions& options, const Definition& program) {
   if (const FormDefinition* form = workbench::FindForm(options.name))
     return options.parameter.empty() ? HelpOnCommand(options, *form) : HelpOnParameter(options, *form);
   if (!options.parameter.empty()) throw Exit{NotFound, workbench::UnknownCommand(options.name)};
-  if (const Definition* subcommand = program.Find(options.name)) return HelpOnProgram(options, *subcommand);
   const auto guide = workbench::Resources().find(options.name + ".md");
-  if (guide == workbench::Resources().end()) FailUnknown(options.name, program);
+  const bool hasGuide = guide != workbench::Resources().end();
+  // A subcommand may have a guide of its name.
+  const Definition* subcommand = program.Find(options.name);
+  if (subcommand != nullptr && !(options.page && hasGuide)) return HelpOnProgram(options, *subcommand);
+  if (!hasGuide) FailUnknown(options.name, program);
   if (options.json) {
     PrintJson({{"guide", options.name}, {"text", guide->second}});
   } else {

@@ -90,6 +90,7 @@ int ShowState(const HistoryOptions& options) {
 }
 
 int Keep(const HistoryOptions& options) {
+  if (*options.keep == 0) throw Exit{Usage, "--keep takes a number from 1 on: the last state always stays"};
   const auto exchange = OpenToWrite(options.file);
   const std::size_t gone = AllOrNothing([&] { return workbench::KeepNewest(exchange->Dynamic(), *options.keep); });
   const std::size_t left = workbench::History(exchange->Dynamic()).states().size();

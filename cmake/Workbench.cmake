@@ -16,7 +16,12 @@ add_library(cordboard_workbench STATIC ${workbench_sources} ${resources})
 target_link_libraries(cordboard_workbench PUBLIC cordboard::cordboard PRIVATE SQLite::SQLite3
                       nlohmann_json::nlohmann_json)
 if(CORDBOARD_PRECOMPILE)
-  target_precompile_headers(cordboard_workbench REUSE_FROM cordboard_library)
+  target_precompile_headers(cordboard_workbench PRIVATE <algorithm> <array> <cstdint> <functional> <map> <memory>
+    <optional> <ranges> <set> <stdexcept> <string> <string_view> <utility> <variant> <vector>)
+endif()
+if(CORDBOARD_SANITIZE)
+  # Under sanitizers its tests take longer than to compile it.
+  target_compile_options(cordboard_workbench PRIVATE -O1)
 endif()
 
 # What the program says of its build is looked up by every build, and compiled where it has changed.

@@ -1302,10 +1302,11 @@ class Help(ProgramTest):
         self.assertEqual(self.ends(DONE, "help", "apply").stdout, self.ends(DONE, "apply", "--help").stdout)
         data = self.json("help", "apply")
         self.assertEqual(data["usage"], "cordboard apply [OPTIONS] FILE PLAN...")
-        self.assertIn(["--dry-run"], [argument["names"] for argument in data["arguments"]])
+        self.assertIn(["--check-only", "--dry-run"], [argument["names"] for argument in data["arguments"]])
         self.assertEqual([sub["name"] for sub in self.json("help")["subcommands"] if sub["name"] in SUBCOMMANDS],
                          SUBCOMMANDS)
         self.assertTrue(self.ends(DONE, "help", "plans").stdout.startswith("# Plans\n"))
+        self.assertTrue(self.ends(DONE, "help", "check", "--page").stdout.startswith("# Check\n"))
         self.fails(NOT_FOUND, "there is no command aplly. Did you mean apply?", "help", "aplly")
 
     def test_manual_pages_are_made_of_the_same_and_are_well_formed(self):
@@ -1317,7 +1318,7 @@ class Help(ProgramTest):
         page = (self.folder / "man/man1/cordboard-apply.1").read_text()
         self.assertEqual(page, self.ends(DONE, "man", "apply").stdout)
         self.assertRegex(page, r'^\.TH "cordboard\\-apply" 1 .*\n\.SH NAME\ncordboard\\-apply \\- Perform ')
-        self.assertIn(".TP\n\\fB\\-\\-dry\\-run\\fR\ntry everything and keep nothing\n", page)
+        self.assertIn(".TP\n\\fB\\-\\-check\\-only, \\-\\-dry\\-run\\fR\ntry everything and keep nothing\n", page)
         for path in (self.folder / "man").rglob("cordboard*"):
             self.assertNotRegex(path.read_text(), r"`|\*\*\w", path)
         if shutil.which("groff"):
@@ -1827,6 +1828,33 @@ class Check(ProgramTest):
         self.assertEqual(self.ends(DONE, "used", self.exchange, "201", "number").stdout, "number 201 of type EX, free\n")
         self.fails(NOT_FOUND, "has no thing 999, and nothing refers to one", "used", self.exchange, "999")
         self.fails(NOT_FOUND, "nothing is called nummer. Did you mean number?", "used", self.exchange, "1", "nummer")
+
+
+class Slips(ProgramTest):
+    """What a slip of the hand must not cost."""
+
+    def test_no_lines_are_written_over_an_exchange_or_a_plan_that_is_read(self):
+        other = self.folder / "other.cbx"
+        shutil.copy(self.exchange, other)
+        plan = self.write("a.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n")
+        before = other.read_bytes(), plan.read_bytes()
+        for words in (["export", self.exchange, "-o", other], ["generate", self.exchange, "-o", other],
+                      ["apply", self.exchange, plan, "--check-only", "--save", other]):
+            self.fails(USAGE, "other.cbx, which is an exchange", *words)
+        self.fails(USAGE, "from which it is read", "apply", self.exchange, plan, "--dry-run", "--save", plan)
+        self.assertEqual((other.read_bytes(), plan.read_bytes()), before)
+
+    def test_an_empty_argument_is_not_taken_for_none(self):
+        for words in (["undo", self.exchange, ""], ["used", self.exchange, ""], ["export", self.exchange, "--csv", ""]):
+            self.fails(USAGE, "an argument is empty", *words)
+        self.fails(USAGE, "--keep takes a number from 1 on", "history", self.exchange, "--keep", "0")
+
+    def test_a_message_is_one_line(self):
+        plan = self.write("a.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n")
+        for message in ("a\nb", "\x1b[31mred", b"\xff"):
+            self.fails(USAGE, "it is not one line of UTF-8 text", "apply", self.exchange, plan, "-m",
+                       os.fsdecode(message))
+        self.ends(DONE, "apply", self.exchange, plan, "-m", "")
 
 
 class JsonPage(ProgramTest):

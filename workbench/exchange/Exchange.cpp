@@ -109,7 +109,7 @@ std::unique_ptr<Exchange> Exchange::OpenForWriting(const std::filesystem::path& 
   const std::filesystem::path folder = std::filesystem::canonical(file).parent_path();
   if (access(folder.c_str(), W_OK) != 0)
     throw ExchangeError(file.string() +
-                        " cannot be written where it is: its journal stands beside it, and the folder " +
+                        " cannot be written where it is: its journal would stand beside it, and the folder " +
                         folder.string() + " may not be written");
   return Opened(Connection(file, patience));
 }

@@ -46,6 +46,7 @@ class Search {
       if (thing.home && !thing.home->used.empty() && reference->takes && reference->marks)
         LookForUnmarked(thing, *reference);
     }
+    if (!thing.alsoTaken.empty()) LookForUnmarkedBesides(thing);
     LookForShared(thing);
     if (thing.home && !thing.home->used.empty()) LookForUnheld(thing);
   }
@@ -92,6 +93,11 @@ class Search {
     Add(RecordsWhere(Kind::Unmarked, thing, reference, isFree));
   }
 
+  void LookForUnmarkedBesides(const Thing& thing) {
+    AddRows(Kind::Unmarked, thing,
+            "(" + thing.home->used + ") IS NOT TRUE AND " + thing.home->value + " IN (" + thing.alsoTaken + ")");
+  }
+
   // Of several that have the same the one that was there first has it, and each other is found.
   void LookForShared(const Thing& thing) {
     const std::string taken = TakenAlone(thing);
@@ -125,9 +131,13 @@ class Search {
                HasValue(*reference));
     }
     if (!thing.alsoTaken.empty()) except(thing.alsoTaken);
+    AddRows(Kind::Unheld, thing, condition);
+  }
+
+  void AddRows(Kind kind, const Thing& thing, const std::string& condition) {
     const RowSet rows = exchange_.Dynamic().Run("SELECT * FROM " + Values(*thing.home, condition) + " ORDER BY 1");
     for (std::size_t row = 0; row < rows.RowCount(); ++row)
-      found_.push_back({.kind = Kind::Unheld, .thing = &thing, .value = Joined(rows[0][row])});
+      found_.push_back({.kind = kind, .thing = &thing, .value = Joined(rows[0][row])});
   }
 
   Exchange& exchange_;
@@ -153,6 +163,7 @@ bool Stands(Exchange& exchange, const LeftBehind& found) {
     return StandingOf(exchange, *found.thing, found.value).isUsed &&
            WhoTakes(exchange, *found.thing, found.value, 1).empty();
   }
+  if (!found.record) return !StandingOf(exchange, *found.thing, found.value).isUsed;
   const KeyValues asItWas = {{"CmdId", std::to_string(found.record->CmdId)}, {found.reference->column, found.value}};
   if (RecordsWith(exchange, *found.record->record, asItWas, 1).empty()) return false;
   if (found.kind == Kind::Shared) {

@@ -22,7 +22,7 @@ struct LeftBehind {
   Kind kind;
   const Thing* thing;
   std::string value;
-  // The record that is not as it should be, and its column: of all kinds but the last.
+  // The record that is not as it should be, and its column; nothing where the row of the thing alone tells.
   const Reference* reference = nullptr;
   std::optional<Holder> record = {};
   std::optional<Holder> other = {};  // the one that has had it longer, where it is shared

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "workbench/database/Connection.h"
@@ -22,7 +23,8 @@ class History {
   explicit History(Connection& exchange);
 
   // The oldest first; none where the exchange was made before there was a history, and has not been changed since.
-  const std::vector<State>& states() const { return states_; }
+  const std::vector<State>& states() const& { return states_; }
+  std::vector<State> states() && { return std::move(states_); }
   // Fails with NoSuchState.
   const State& Find(int number) const;
   // Fails with a HistoryError where somebody wrote the file last who keeps no history.

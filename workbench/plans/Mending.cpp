@@ -1,6 +1,7 @@
 #include "workbench/plans/Mending.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <span>
@@ -163,19 +164,23 @@ std::string InWords(const LeftBehind& found) {
 std::vector<Mended> MendAll(Session& session) {
   Exchange& exchange = session.exchange();
   Mender mender(session);
-  std::vector<Mended> all;
+  std::vector<Mended> mended;
   std::set<std::string> seen;
+  std::vector<Mended> hopeless;
+  // What could not be mended is tried again once something else was.
   for (bool mends = true; mends;) {
-    mends = false;
+    hopeless.clear();
+    const std::size_t before = mended.size();
     for (LeftBehind& found : FindLeftBehind(exchange)) {
       if (!Stands(exchange, found)) continue;  // it went with one before
-      if (!seen.insert(found.Identity()).second) continue;
-      std::vector<UserAction> by = mender.Mend(found);
-      mends = mends || !by.empty();
-      all.push_back({std::move(found), std::move(by)});
+      std::vector<UserAction> by = seen.contains(found.Identity()) ? Actions() : mender.Mend(found);
+      if (!by.empty()) seen.insert(found.Identity());
+      (by.empty() ? hopeless : mended).push_back({std::move(found), std::move(by)});
     }
+    mends = mended.size() > before;
   }
-  return all;
+  std::ranges::move(hopeless, std::back_inserter(mended));
+  return mended;
 }
 
 }  // namespace cordboard::workbench

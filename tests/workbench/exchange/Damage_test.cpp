@@ -20,6 +20,14 @@ TEST(Damage, IsATableOrAnIndexThatIsMissing) {
   EXPECT_THAT(FindDamage(*exchange), testing::Contains(StartsWith("this is missing: CREATE TABLE [site.KSEXITempl")));
 }
 
+TEST(Damage, IsAHistoryThatIsNotWhole) {
+  const auto exchange = ExampleExchange();
+  exchange->Dynamic().Execute("DROP TABLE [Cordboard.States]");
+  EXPECT_THAT(FindDamage(*exchange), ElementsAre("a table of the history is missing"));
+  exchange->Dynamic().Execute("DROP TABLE [Cordboard.Changes]; DROP TABLE [Cordboard.Plans]");
+  EXPECT_THAT(FindDamage(*exchange), ElementsAre());
+}
+
 // What the database itself finds.
 TEST(Damage, IsARowThatBreaksARuleOfItsTable) {
   const auto exchange = ExampleExchange();

@@ -86,8 +86,8 @@ TEST_F(LeftBehindIn, APositionThatTwoHaveIsTakenFromTheLater) {
       ElementsAre(
           "KSEXI, EQU: the position 001-0-10-02 is that of the key extension DIR=202 (KSEXI) as well | edit KSEXI "
           "DIR=204:EQU=002-0-10-13;",
-          "the position 001-0-10-04 is marked as used, and no record has it",
-          "KSEXI, EQU: the position 001-0-10-02 is not marked as used | edit KSEXI DIR=202:EQU=001-0-10-02;"));
+          "KSEXI, EQU: the position 001-0-10-02 is not marked as used | edit KSEXI DIR=202:EQU=001-0-10-02;",
+          "the position 001-0-10-04 is marked as used, and no record has it"));
 }
 
 TEST_F(LeftBehindIn, AMarkComesAgainWithItsRecord) {
@@ -110,12 +110,25 @@ TEST_F(LeftBehindIn, AMendThatDoesHarmIsNotTaken) {
               ElementsAre("the number 126 is marked as used, and no record has it"));
 }
 
+// Where one line is in the way of another they come in the order that serves.
+TEST_F(LeftBehindIn, WhatIsRefusedAtFirstIsTriedAgain) {
+  Texts lines;
+  for (const std::string& text : AfterLine("delete NANSI NUMSE=80;")) {
+    if (!text.starts_with("RODDI")) continue;
+    EXPECT_THAT(text, testing::HasSubstr(" | "));
+    lines.push_back(text.substr(text.find(" | ") + 3));
+  }
+  EXPECT_EQ(lines.size(), 4u);
+}
+
 // What the rules leave behind by that is found all the same.
 TEST_F(LeftBehindIn, ADeletedSeriesAreTheMarksOfOthers) {
   const Texts found = AfterLine("delete NANSI NUMSE=126;");
   EXPECT_THAT(found, Contains("OPERI, EQU: the position 001-0-11-24 is not marked as used | edit OPERI "
                               "DIR=900:EQU=001-0-11-24;"));
-  EXPECT_THAT(found, testing::Each(testing::HasSubstr("is not marked as used | ")));
+  EXPECT_THAT(found, testing::Each(testing::HasSubstr("is not marked as used")));
+  // Those of radio units have no record of their own.
+  EXPECT_THAT(found, Contains("the position 001-0-18-1 is not marked as used"));
 }
 
 }  // namespace
