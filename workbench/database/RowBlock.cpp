@@ -65,18 +65,18 @@ class Bytes {
 
 void AppendValue(std::string& row, sqlite3_value* value) {
   switch (sqlite3_value_type(value)) {
-    case SQLITE_NULL: row += Null; return;
+    case SQLITE_NULL: row.push_back(Null); return;
     case SQLITE_INTEGER:
-      row += Whole;
+      row.push_back(Whole);
       AppendNumber(row, static_cast<std::uint64_t>(sqlite3_value_int64(value)));
       return;
     case SQLITE_FLOAT:
-      row += Real;
+      row.push_back(Real);
       AppendNumber(row, std::bit_cast<std::uint64_t>(sqlite3_value_double(value)));
       return;
     default: break;
   }
-  row += Text;
+  row.push_back(Text);
   const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
   AppendText(row, {text, static_cast<std::size_t>(sqlite3_value_bytes(value))});
 }

@@ -70,7 +70,7 @@ std::vector<int> History::TakenWith(std::optional<int> number, bool withLater) c
     return {course_.held.back()};
   }
   CheckUndo(Find(*number));
-  const std::vector<int> taken(std::ranges::find(course_.held, *number), course_.held.end());
+  std::vector<int> taken(std::ranges::find(course_.held, *number), course_.held.end());
   if (taken.size() == 1 || withLater) return taken;
   throw HistoryError(Named(*number) + " is not the last: " + Listed({taken.begin() + 1, taken.end()}) +
                      " came after it. Take back what came after it before, or all of it at once by --with-later");

@@ -35,7 +35,7 @@ class Cells {
  private:
   std::string Next() {
     if (rest_.starts_with('"')) return Quoted();
-    const std::string cell(rest_.substr(0, rest_.find(',')));
+    std::string cell(rest_.substr(0, rest_.find(',')));
     if (const std::size_t quote = cell.find('"'); quote != cell.npos) {
       rest_.remove_prefix(quote);
       Refuse("a double quote stands within a cell that does not begin with one");

@@ -54,7 +54,7 @@ std::string RecordAdds::Add(const RecordTable& table, Run run) {
   const auto& learnt = learnt_[&table.form()];
   const auto found = learnt.find(given);
   const Columns first = found == learnt.end() ? ToldOf(table, run.front()) : found->second;
-  const std::string refusal = AddTelling(table, run, first);
+  std::string refusal = AddTelling(table, run, first);
   if (refusal.empty() || first == given) return refusal;
   return AddTelling(table, run, given).empty() ? "" : refusal;
 }
@@ -80,7 +80,7 @@ std::vector<Problem> RecordAdds::Try(const RecordTable& table, Run run, const Co
   if (auto problems = trial.Do(AddOf(table, run, told)); !problems.empty()) return problems;
   const std::vector<Record> made = trial.Made(table);
   if (AreThese(made, run)) return {};
-  const std::vector<Problem> refusal = {
+  std::vector<Problem> refusal = {
       {.message = "the record would not have these values: " + Others(table, run.front(), made)}};
   if (run.size() != 1 || made.size() != 1 || told != GivenIn(run.front())) return refusal;
   const bool changed = trial.Do(EditOf(table, made.front(), run.front())).empty();
