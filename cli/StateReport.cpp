@@ -12,7 +12,9 @@ using workbench::StateKind;
 
 std::string InWords(const State& state) {
   std::string words = Named(state.note.kind);
-  if (!state.plans.empty()) words += " " + workbench::Separated(state.plans, ", ");
+  // A row of the table has no room for many names; --json has all.
+  if (!state.plans.empty()) words += " " + state.plans.front();
+  if (state.plans.size() > 1) words += " and " + std::to_string(state.plans.size() - 1) + " more";
   if (!state.concerns.empty())
     words += " of " + workbench::Separated(state.concerns, ", ", [](int number) { return std::to_string(number); });
   if (state.takenBackBy != 0) words += " (taken back by " + std::to_string(state.takenBackBy) + ")";
