@@ -2,6 +2,7 @@
 
 #include "script/Text.h"
 #include "workbench/text/Names.h"
+#include "workbench/text/Quoted.h"
 #include "workbench/text/Separated.h"
 #include "workbench/text/Utf8.h"
 
@@ -38,7 +39,12 @@ class Reader {
 
   // A value ends at one of `ends`; blanks around it do not count.
   std::string Content(std::string_view ends) {
-    if (rest_.starts_with('"')) return Quoted();
+    if (rest_.starts_with('"')) {
+      auto quoted = TakeQuoted(rest_);
+      if (!quoted) Refuse("a double quote is opened and not closed");
+      SkipBlanks();
+      return *quoted;
+    }
     const std::size_t end = std::min(rest_.find_first_of(ends), rest_.size());
     const std::string_view content = rest_.substr(0, end);
     std::string value(content.substr(0, content.find_last_not_of(blanks) + 1));
@@ -69,22 +75,6 @@ class Reader {
   void SkipBlanks() {
     const std::size_t first = rest_.find_first_not_of(blanks);
     rest_.remove_prefix(std::min(first, rest_.size()));
-  }
-
-  std::string Quoted() {
-    std::string value;
-    for (std::size_t i = 1; i < rest_.size(); ++i) {
-      if (rest_[i] != '"') {
-        value += rest_[i];
-      } else if (rest_.substr(i + 1).starts_with('"')) {
-        value += rest_[i++];
-      } else {
-        rest_.remove_prefix(i + 1);
-        SkipBlanks();
-        return value;
-      }
-    }
-    Refuse("a double quote is opened and not closed");
   }
 
   std::string_view line_;
@@ -164,9 +154,7 @@ std::string WrittenValue(const std::string& value) {
   const bool blankAtEnd =
       !value.empty() && (blanks.find(value.front()) != blanks.npos || blanks.find(value.back()) != blanks.npos);
   if (value.find_first_of("\",:;#") == value.npos && !blankAtEnd) return value;
-  std::string quoted = "\"";
-  for (const char c : value) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-  return quoted + '"';
+  return Quoted(value);
 }
 
 std::string WrittenLine(const UserAction& action) {

@@ -6,6 +6,7 @@
 #include "workbench/forms/Unknown.h"
 #include "workbench/plans/PlanLine.h"
 #include "workbench/text/Counted.h"
+#include "workbench/text/Quoted.h"
 #include "workbench/text/Separated.h"
 #include "workbench/text/Utf8.h"
 
@@ -34,7 +35,10 @@ class Cells {
 
  private:
   std::string Next() {
-    if (rest_.starts_with('"')) return Quoted();
+    if (rest_.starts_with('"')) {
+      if (auto cell = TakeQuoted(rest_)) return *cell;
+      Refuse("a double quote is opened and not closed in its line");
+    }
     std::string cell(rest_.substr(0, rest_.find(',')));
     if (const std::size_t quote = cell.find('"'); quote != cell.npos) {
       rest_.remove_prefix(quote);
@@ -42,21 +46,6 @@ class Cells {
     }
     rest_.remove_prefix(cell.size());
     return cell;
-  }
-
-  std::string Quoted() {
-    std::string cell;
-    for (std::size_t i = 1; i < rest_.size(); ++i) {
-      if (rest_[i] != '"') {
-        cell += rest_[i];
-      } else if (rest_.substr(i + 1).starts_with('"')) {
-        cell += rest_[i++];
-      } else {
-        rest_.remove_prefix(i + 1);
-        return cell;
-      }
-    }
-    Refuse("a double quote is opened and not closed in its line");
   }
 
   [[noreturn]] void Refuse(const std::string& message) const {
@@ -77,10 +66,7 @@ Texts CellsOf(std::string_view line) {
 }
 
 std::string WrittenCell(const std::string& value) {
-  if (value.find_first_of(signs) == value.npos) return value;
-  std::string quoted = "\"";
-  for (const char c : value) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-  return quoted + '"';
+  return value.find_first_of(signs) == value.npos ? value : Quoted(value);
 }
 
 bool IsBlank(std::string_view line) { return line.find_first_not_of(" \t,") == line.npos; }
