@@ -22,6 +22,7 @@ class LeftBehindIn : public testing::Test {
     example_ = Exchange::CreateInMemory("R7", ReadPlant("example"));
     Session session(*example_);
     for (const std::string& plan : ExamplePlans()) ASSERT_TRUE(ApplyExamplePlan(session, plan).kept) << plan;
+    ofExample_ = MendedNow(session);
   }
   static void TearDownTestSuite() { example_.reset(); }
 
@@ -30,20 +31,21 @@ class LeftBehindIn : public testing::Test {
   static Texts After(const Texts& statements) {
     Transaction transaction(*example_);
     for (const std::string& sql : statements) example_->Dynamic().Run(sql);
-    return MendedNow();
+    Session session(*example_);
+    return MendedNow(session);
   }
   static Texts AfterLine(const std::string& line) {
     Transaction transaction(*example_);
     Session session(*example_);
     EXPECT_TRUE(Perform(session, *ParsePlanLine(line)).done) << line;
-    return MendedNow();
+    return MendedNow(session);
   }
 
   static inline std::unique_ptr<Exchange> example_;
+  static inline Texts ofExample_;  // what was found in it, before it was mended
 
  private:
-  static Texts MendedNow() {
-    Session session(*example_);
+  static Texts MendedNow(Session& session) {
     Texts texts;
     std::size_t hopeless = 0;
     for (const Mended& mended : MendAll(session)) {
@@ -59,7 +61,20 @@ class LeftBehindIn : public testing::Test {
   }
 };
 
-TEST_F(LeftBehindIn, TheExampleEverythingFitsTogether) { EXPECT_THAT(After({}), IsEmpty()); }
+// A terminal has gone to another position, and freed the one on which a further one stands.
+TEST_F(LeftBehindIn, TheExampleIsOneMark) {
+  EXPECT_THAT(ofExample_, ElementsAre("ITNUI, EQU: the position 002-0-12-00 is not marked as used | edit ITNUI "
+                                      "DIR=130:EQU=002-0-12-00;"));
+}
+
+TEST_F(LeftBehindIn, WhatIsMendedIsNothing) { EXPECT_THAT(After({}), IsEmpty()); }
+
+// Its key extension and another terminal stand on the position; to mark it for the one marks it for both.
+TEST_F(LeftBehindIn, ADeletedTerminalIsTheMarkOfItsPosition) {
+  EXPECT_THAT(AfterLine("delete ITNUI DIR=120;"),
+              ElementsAre("KSEXI, EQU: the position 001-0-11-00 is not marked as used | edit KSEXI "
+                          "DIR=216:EQU=001-0-11-00;"));
+}
 
 TEST_F(LeftBehindIn, ADeletedExtensionAreItsKeys) {
   EXPECT_THAT(AfterLine("delete KSEXI DIR=201;"),
