@@ -1849,6 +1849,14 @@ class Slips(ProgramTest):
             self.fails(USAGE, "an argument is empty", *words)
         self.fails(USAGE, "--keep takes a number from 1 on", "history", self.exchange, "--keep", "0")
 
+    def test_a_full_disk_is_told_however_long_ago_it_was_full(self):
+        plan = self.write("a.plan", "NANSI:NUMTYP=EX,NUMSE=1000&&3999;\n")
+        self.ends(DONE, "apply", self.exchange, plan)
+        with open("/dev/full", "wb") as full:
+            ran = cordboard("compare", self.exchange, f"{self.exchange}@0", stdout=full)
+        self.assertEqual(ran.returncode, TROUBLE)
+        self.assertIn("error: standard output could not be written: the disk is full\n", ran.stderr)
+
     def test_a_message_is_one_line(self):
         plan = self.write("a.plan", "NANSI:NUMTYP=OI,NUMSE=900;\n")
         for message in ("a\nb", "\x1b[31mred", b"\xff"):

@@ -13,7 +13,7 @@ namespace cordboard::workbench {
 
 namespace {
 
-// The parameters that lines tell, by command.
+// The parameters that lines tell, by command; the empty one stands for the lines themselves.
 using Told = std::map<std::string, std::set<std::string>>;
 
 class OtherRelease {
@@ -36,6 +36,7 @@ Told ToldBy(Exchange& exchange, const std::string& release) {
   Told told;
   for (const GeneratedLine& line : Generate(session).lines) {
     std::set<std::string>& names = told[line.command];
+    names.insert("");
     const auto action = ReadableLine(line.text);
     if (!action) continue;
     for (const Assignment& each : action->values) names.insert(each.name);
@@ -52,33 +53,38 @@ std::size_t RecordsWithValue(Exchange& exchange, const FormDefinition& form, con
                                                                     column + " IS NOT NULL AND " + column + " <> ''")));
 }
 
+// What the lines of a release leave out of a command, and which releases tell it.
+std::map<std::string, std::vector<std::string>> OnlyToldByOthers(const std::map<std::string, Told>& byRelease,
+                                                                 const std::string& own, const std::string& command) {
+  const auto told = [&](const std::string& release) {
+    const auto found = byRelease.at(release).find(command);
+    return found == byRelease.at(release).end() ? std::set<std::string>() : found->second;
+  };
+  const std::set<std::string> ownTold = told(own);
+  std::map<std::string, std::vector<std::string>> others;
+  for (const std::string& release : Releases()) {
+    for (const std::string& parameter : told(release))
+      if (!ownTold.contains(parameter)) others[parameter].push_back(release);
+  }
+  // Without lines nothing is told, and it need not be said of each parameter.
+  if (const auto lines = others.find(""); lines != others.end()) return {*lines};
+  return others;
+}
+
 }  // namespace
 
 std::vector<LeftOut> FindLeftOut(Exchange& exchange) {
   std::map<std::string, Told> byRelease;
   for (const std::string& release : Releases()) byRelease.emplace(release, ToldBy(exchange, release));
-  const Told& own = byRelease.at(exchange.release());
 
   std::vector<LeftOut> found;
   for (const std::string& command : GenerationOrder()) {
     const FormDefinition* form = FindForm(command);
     if (form == nullptr || form->database != "dynamic") continue;
-    const auto ownLines = own.find(command);
-    std::map<std::string, std::vector<std::string>> others;  // what is left out, and who tells it
-    for (const std::string& release : Releases()) {
-      const auto lines = byRelease.at(release).find(command);
-      if (lines == byRelease.at(release).end()) continue;
-      if (ownLines == own.end()) {
-        others[""].push_back(release);
-        continue;
-      }
-      for (const std::string& parameter : lines->second)
-        if (!ownLines->second.contains(parameter)) others[parameter].push_back(release);
-    }
-    for (auto& [parameter, toldBy] : others) {
+    for (const auto& [parameter, toldBy] : OnlyToldByOthers(byRelease, exchange.release(), command)) {
       const std::size_t records =
           parameter.empty() ? CountRecords(exchange, *form).records : RecordsWithValue(exchange, *form, parameter);
-      if (records > 0) found.push_back({command, parameter, records, std::move(toldBy)});
+      if (records > 0) found.push_back({command, parameter, records, toldBy});
     }
   }
   return found;

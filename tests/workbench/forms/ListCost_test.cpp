@@ -5,6 +5,7 @@
 
 #include <map>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include "workbench/actions/Filling.h"
 #include "workbench/exchange/Plant.h"
@@ -42,6 +43,23 @@ std::vector<Case> Cases() {
   }
   return cases;
 }
+
+// Those of which a form without values has no list: they are not measured here.
+const std::set<string> ofOtherValues = {"CXRFI RPN",
+                                        "EXTEI ICAT_D1_SUB1",
+                                        "EXTEI ICAT_D1_SUB2",
+                                        "EXTEI ICAT_D1_SUB3",
+                                        "EXTEI ICAT_D1_SUB4",
+                                        "EXTEI ICAT_D4",
+                                        "EXTEITEMPLATE ICAT_D1_SUB1",
+                                        "EXTEITEMPLATE ICAT_D1_SUB2",
+                                        "EXTEITEMPLATE ICAT_D1_SUB3",
+                                        "EXTEITEMPLATE ICAT_D1_SUB4",
+                                        "EXTEITEMPLATE ICAT_D4",
+                                        "ICFUC EQU",
+                                        "OPERI PCM",
+                                        "VMPOI ICUIND",
+                                        "VMPOI IFCIND"};
 
 class ListCost : public testing::TestWithParam<Case> {
  protected:
@@ -97,7 +115,8 @@ class ListCost : public testing::TestWithParam<Case> {
     const auto [command, parameter] = GetParam();
     const Filling filling(session, *FindForm(command));
     const ValueList* list = session.host().FreshList(parameter);
-    if (list == nullptr) return {};  // that is left to the form
+    EXPECT_EQ(list == nullptr, ofOtherValues.contains(command + " " + parameter));
+    if (list == nullptr) return {};
     const auto& pool = FindForm(command)->Find(parameter)->pool;
     const Wanted free{.unusedOf = pool ? pool->table : ""};
     return {.one = StepCounter::Steps([&] { EXPECT_FALSE(list->Contains("10001 ")); }),
