@@ -36,6 +36,12 @@ std::string TakenAlone(const Thing& thing) {
   });
 }
 
+// Whether the record is there and has the value.
+bool Has(Exchange& exchange, const Holder& record, const std::string& column, const std::string& value) {
+  const KeyValues wanted = {{"CmdId", std::to_string(record.CmdId)}, {column, value}};
+  return !RecordsWith(exchange, *record.record, wanted, 1).empty();
+}
+
 class Search {
  public:
   explicit Search(Exchange& exchange) : exchange_(exchange) {}
@@ -57,22 +63,17 @@ class Search {
   // The records of a reference for whose value a condition is true.
   std::vector<LeftBehind> RecordsWhere(Kind kind, const Thing& thing, const Reference& reference,
                                        const std::string& condition) {
-    std::string columns = "[CmdId], " + Column(reference);
-    for (const std::string& name : reference.record->key) columns += ", [" + name + "]";
-    const RowSet rows = exchange_.Dynamic().Run("SELECT " + columns + " FROM " + reference.record->Rows() + " WHERE " +
-                                                HasValue(reference) + " AND " + condition + " ORDER BY [CmdId]");
+    const RecordKind& record = *reference.record;
+    const RowSet rows = exchange_.Dynamic().Run("SELECT " + HolderColumns(record) + ", " + Column(reference) +
+                                                " FROM " + record.Rows() + " WHERE " + HasValue(reference) + " AND " +
+                                                condition + " ORDER BY [CmdId]");
     std::vector<LeftBehind> found;
-    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-      Holder holder{reference.record, ToInt32(rows[0][row]), {}};
-      for (std::size_t i = 0; i < reference.record->key.size(); ++i) {
-        if (!rows[i + 2][row].IsBlank()) holder.key.emplace_back(reference.record->key[i], Joined(rows[i + 2][row]));
-      }
+    for (std::size_t row = 0; row < rows.RowCount(); ++row)
       found.push_back({.kind = kind,
                        .thing = &thing,
-                       .value = Joined(rows[1][row]),
+                       .value = Joined(rows[record.key.size() + 1][row]),
                        .reference = &reference,
-                       .record = std::move(holder)});
-    }
+                       .record = HolderAt(rows, row, record)});
     return found;
   }
 
@@ -164,11 +165,12 @@ bool Stands(Exchange& exchange, const LeftBehind& found) {
            WhoTakes(exchange, *found.thing, found.value, 1).empty();
   }
   if (!found.record) return !StandingOf(exchange, *found.thing, found.value).isUsed;
-  const KeyValues asItWas = {{"CmdId", std::to_string(found.record->CmdId)}, {found.reference->column, found.value}};
-  if (RecordsWith(exchange, *found.record->record, asItWas, 1).empty()) return false;
+  if (!Has(exchange, *found.record, found.reference->column, found.value)) return false;
   if (found.kind == Kind::Shared) {
-    const KeyValues first = {{"CmdId", std::to_string(found.other->CmdId)}};
-    return !RecordsWith(exchange, *found.other->record, first, 1).empty();
+    return std::ranges::any_of(found.thing->references, [&](const Reference* each) {
+      return each->takes && each->record == found.other->record &&
+             Has(exchange, *found.other, each->column, found.value);
+    });
   }
   const Standing standing = StandingOf(exchange, *found.thing, found.value);
   return found.kind == Kind::Unmarked ? !standing.isUsed : !standing.isThere;

@@ -169,6 +169,18 @@ Standing StandingOf(Exchange& exchange, const Thing& thing, const std::string& v
   return {.isThere = true, .isUsed = Joined(rows[0][0]) == "1", .trait = Joined(rows[1][0])};
 }
 
+std::string HolderColumns(const RecordKind& record) {
+  return "[CmdId]" + Separated(record.key, "", [](const std::string& name) { return ", [" + name + "]"; });
+}
+
+Holder HolderAt(const RowSet& rows, std::size_t row, const RecordKind& record) {
+  Holder holder{&record, ToInt32(rows[0][row]), {}};
+  for (std::size_t i = 0; i < record.key.size(); ++i) {
+    if (!rows[i + 1][row].IsBlank()) holder.key.emplace_back(record.key[i], Joined(rows[i + 1][row]));
+  }
+  return holder;
+}
+
 std::vector<Holder> RecordsWith(Exchange& exchange, const RecordKind& record, const KeyValues& values,
                                 std::size_t most) {
   std::vector<Value> parameters;
@@ -178,17 +190,11 @@ std::vector<Holder> RecordsWith(Exchange& exchange, const RecordKind& record, co
     parameters.emplace_back(value);
     return "[" + name + "] = ?";
   });
-  const std::string keys = Separated(record.key, "", [](const std::string& name) { return ", [" + name + "]"; });
-  const RowSet rows = exchange.Dynamic().Run(
-      "SELECT [CmdId]" + keys + " FROM " + record.Rows() + " WHERE " + condition + " LIMIT " + std::to_string(most),
-      parameters);
+  const RowSet rows = exchange.Dynamic().Run("SELECT " + HolderColumns(record) + " FROM " + record.Rows() + " WHERE " +
+                                                 condition + " LIMIT " + std::to_string(most),
+                                             parameters);
   std::vector<Holder> holders;
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-    Holder& holder = holders.emplace_back(Holder{&record, ToInt32(rows[0][row]), {}});
-    for (std::size_t i = 0; i < record.key.size(); ++i) {
-      if (!rows[i + 1][row].IsBlank()) holder.key.emplace_back(record.key[i], Joined(rows[i + 1][row]));
-    }
-  }
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) holders.push_back(HolderAt(rows, row, record));
   return holders;
 }
 

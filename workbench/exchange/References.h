@@ -25,6 +25,7 @@
 #include <utility>
 #include <vector>
 
+#include "script/List.h"
 #include "workbench/data/DataFile.h"
 
 namespace cordboard::workbench {
@@ -133,6 +134,9 @@ class References {
 const References& ShippedReferences();
 
 Standing StandingOf(Exchange& exchange, const Thing& thing, const std::string& value);
+// What a SELECT has to begin with so that HolderAt finds a record in each of its rows.
+std::string HolderColumns(const RecordKind& record);
+Holder HolderAt(const RowSet& rows, std::size_t row, const RecordKind& record);
 // The records that hold the thing, under this name or as what it is as well: of number 200 also those that name the
 // key extension 200. Of each column the first `most`.
 std::vector<Holder> WhoHolds(Exchange& exchange, const Thing& thing, const std::string& value, std::size_t most);

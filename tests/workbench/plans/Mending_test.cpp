@@ -105,6 +105,18 @@ TEST_F(LeftBehindIn, APositionThatTwoHaveIsTakenFromTheLater) {
           "the position 001-0-10-04 is marked as used, and no record has it"));
 }
 
+// The one that was there first has moved, since its own trouble came before.
+TEST_F(LeftBehindIn, WhatTwoHadIsLeftToTheOneThatStays) {
+  Transaction transaction(*example_);
+  example_->Dynamic().Run("UPDATE KSEXI SET EQU = '001-0-10-02' WHERE DIR = '204'");
+  const std::vector<LeftBehind> found = FindLeftBehind(*example_);
+  const auto shared = std::ranges::find(found, LeftBehind::Kind::Shared, &LeftBehind::kind);
+  ASSERT_NE(shared, found.end());
+  EXPECT_TRUE(Stands(*example_, *shared));
+  example_->Dynamic().Run("UPDATE KSEXI SET EQU = '001-0-10-20' WHERE DIR = '202'");
+  EXPECT_FALSE(Stands(*example_, *shared));
+}
+
 TEST_F(LeftBehindIn, AMarkComesAgainWithItsRecord) {
   EXPECT_THAT(After({"UPDATE NANSI SET USED = 0 WHERE NUMSE = '203'"}),
               ElementsAre("KSEXI, DIR: the number 203 is not marked as used | delete KSEXI DIR=203; | "
