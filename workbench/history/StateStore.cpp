@@ -3,7 +3,6 @@
 #include <array>
 
 #include "script/Conversions.h"
-#include "workbench/history/Course.h"
 #include "workbench/system/Signals.h"
 #include "workbench/system/User.h"
 
@@ -70,7 +69,6 @@ std::vector<State> StateStore::All() const {
         "SELECT [Plan] FROM [Cordboard.Plans] WHERE [State] = ? GROUP BY [Plan] ORDER BY MIN(rowid)", {state.number});
     for (std::size_t plan = 0; plan < plans.RowCount(); ++plan) state.plans.push_back(Joined(plans[0][plan]));
   }
-  FollowCourse(states);
   return states;
 }
 

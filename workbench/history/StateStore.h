@@ -5,9 +5,8 @@
 #pragma once
 
 #include <functional>
-#include <optional>
+#include <stdexcept>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "workbench/database/Connection.h"
@@ -24,7 +23,7 @@ class StateStore {
   bool Exists() const;
   void Make();
 
-  // All states, the oldest first, with what became of them.
+  // All states, the oldest first, as they were written: what became of them FollowCourse finds out.
   std::vector<State> All() const;
   // Fails with a DatabaseError where there is none.
   State Newest() const;
