@@ -90,6 +90,7 @@ class CommandLine {
     AddExplain();
     AddCheck();
     AddUsed();
+    AddWeb();
     AddServe();
     AddCommands();
     AddHelp();
@@ -353,6 +354,21 @@ class CommandLine {
     sub->add_option("VALUE", options.value, "what it is called, such as 300 or 001-0-10-02")->required();
     sub->add_option("THING", options.thing, "what it is, such as number, position or category; none: whatever it is");
     sub->add_flag("--json", options.json, "print as JSON");
+  }
+
+  void AddWeb() {
+    auto [sub, options] = Add("web", "Show the forms of an exchange in the browser", Web);
+    sub->add_option("FILE", options.file, "the exchange file")->required();
+    sub->add_flag("--read-only", options.readOnly, "show only, and change nothing");
+    sub->add_option("--port", options.port, "the port on which the page is served; 0: any free one")
+        ->capture_default_str()
+        ->check(CLI::Range(0, 65535));
+    sub->add_option("--address", options.address, "the address of this machine on which the page is served")
+        ->capture_default_str();
+    AddWait(sub, options.wait);
+    sub->footer(
+        "It prints the address to open, with a token in it: whoever has that address can do what you can. Each action\n"
+        "is kept at once, as a state of the history. Ctrl-C ends it.");
   }
 
   void AddServe() {

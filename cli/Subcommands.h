@@ -193,4 +193,13 @@ int Complete(const std::vector<std::string>& words, const Definition& program);
 
 int Serve();
 
+struct WebOptions {
+  std::string file;
+  std::string address = "127.0.0.1";  // on which the page is served
+  unsigned port = 0;                  // 0: any free one
+  bool readOnly = false;
+  unsigned wait = usualWait;
+};
+int Web(const WebOptions& options);
+
 }  // namespace cordboard::cli

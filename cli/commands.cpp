@@ -5,48 +5,22 @@
 
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
-#include "entry/Registry.h"
-#include "workbench/forms/FormDefinition.h"
+#include "workbench/forms/Families.h"
 
 namespace cordboard::cli {
 
-namespace {
-
-struct Family {
-  std::string_view name;
-  const char* title;
-};
-
-// In the order in which an exchange is set up.
-constexpr Family families[] = {
-    {"numberplan", "Number plan"},
-    {"system", "System data"},
-    {"authorisation", "Abbreviated numbers and authorisation"},
-    {"keyextensions", "Key extensions and directory numbers"},
-    {"extensions", "General extensions"},
-    {"groups", "Groups"},
-    {"operators", "Operators"},
-    {"routes", "Routes"},
-    {"cordless", "Cordless system"},
-    {"ip", "IP extensions and integrated voice mail"},
-    {"logging", "Call logging and external devices"},
-    {"links", "Links to information computers and voice mail"},
-};
-
-}  // namespace
-
 int Commands(const CommandsOptions& options) {
   nlohmann::json data = nlohmann::json::array();
-  for (const Family& family : families) {
+  bool isFirst = true;
+  for (const workbench::Family& family : workbench::Families()) {
     std::vector<std::vector<std::string>> rows;
-    for (const Command& command : Registry()) {
-      if (command.family != family.name) continue;
-      const workbench::FormDefinition& form = *workbench::FindForm(command.name);
-      data.push_back({{"command", form.command}, {"family", family.name}, {"title", form.title}, {"help", form.help}});
-      rows.push_back({form.command, form.title});
+    for (const workbench::FormDefinition* form : FormsOf(family)) {
+      data.push_back(
+          {{"command", form->command}, {"family", family.name}, {"title", form->title}, {"help", form->help}});
+      rows.push_back({form->command, form->title});
     }
     if (options.json) continue;
-    if (&family != families) std::cout << '\n';
+    if (!std::exchange(isFirst, false)) std::cout << '\n';
     PrintTable({family.title, ""}, rows);
   }
   if (options.json) PrintJson({{"commands", data}});

@@ -5,10 +5,11 @@ find_package(CLI11 REQUIRED)
 
 # The data files and the documentation are carried in the program.
 add_executable(embed tools/embed.cpp)
-file(GLOB_RECURSE carried_files CONFIGURE_DEPENDS data/*.json data/*.plan docs/*.md)
+file(GLOB_RECURSE carried_files CONFIGURE_DEPENDS data/*.json data/*.plan docs/*.md web/assets/*)
 set(resources ${PROJECT_BINARY_DIR}/Resources_data.cpp)
 add_custom_command(OUTPUT ${resources}
                    COMMAND embed ${resources} ${PROJECT_SOURCE_DIR}/data ${PROJECT_SOURCE_DIR}/docs
+                           ${PROJECT_SOURCE_DIR}/web/assets
                    DEPENDS embed ${carried_files} VERBATIM)
 
 file(GLOB workbench_sources CONFIGURE_DEPENDS workbench/*.cpp workbench/*/*.cpp)
@@ -24,6 +25,12 @@ if(CORDBOARD_SANITIZE)
   target_compile_options(cordboard_workbench PRIVATE -O1)
 endif()
 
+# The page for a browser.
+find_package(Boost REQUIRED)
+file(GLOB web_sources CONFIGURE_DEPENDS web/*.cpp web/pages/*.cpp)
+add_library(cordboard_web STATIC ${web_sources})
+target_link_libraries(cordboard_web PUBLIC cordboard_workbench PRIVATE Boost::headers)
+
 # What the program says of its build is looked up by every build, and compiled where it has changed.
 set(version ${PROJECT_BINARY_DIR}/Version.cpp)
 add_custom_target(cordboard_version BYPRODUCTS ${version}
@@ -34,7 +41,7 @@ add_custom_target(cordboard_version BYPRODUCTS ${version}
 file(GLOB cli_sources CONFIGURE_DEPENDS cli/*.cpp)
 add_executable(cordboard ${cli_sources} ${version})
 add_dependencies(cordboard cordboard_version)
-target_link_libraries(cordboard PRIVATE cordboard_workbench cordboard_remote CLI11::CLI11 nlohmann_json::nlohmann_json
+target_link_libraries(cordboard PRIVATE cordboard_workbench cordboard_web cordboard_remote CLI11::CLI11 nlohmann_json::nlohmann_json
                       SQLite::SQLite3)
 if(CORDBOARD_PRECOMPILE)
   target_precompile_headers(cordboard PRIVATE <nlohmann/json.hpp>)

@@ -28,6 +28,7 @@ ARROWS = {
     "commands": {"commands", "shared", "script"},
     "entry": {"entry", "script"},
     "workbench": {"workbench", "entry", "script"},
+    "web": {"web", "workbench", "entry", "script"},
     "remote": {"remote", "entry", "script"},
     "com": {"com", "entry", "script"},
 }

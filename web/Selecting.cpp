@@ -1,0 +1,44 @@
+#include "web/Selecting.h"
+
+#include "workbench/forms/Unknown.h"
+#include "workbench/plans/PlanLine.h"
+#include "workbench/text/Separated.h"
+
+namespace cordboard::web {
+
+using workbench::Assignment;
+using workbench::FormDefinition;
+
+const FormDefinition& FormOf(const Fields& fields) {
+  const std::string& command = fields["command"];
+  if (const FormDefinition* form = workbench::FindForm(command)) return *form;
+  throw Failed(NotFound, workbench::UnknownCommand(command));
+}
+
+std::vector<Assignment> SelectionOf(const Fields& fields) try {
+  std::vector<Assignment> selection;
+  for (const std::string& of : fields.Each("of")) selection.push_back(workbench::ParseAssignment(of));
+  return selection;
+} catch (const workbench::PlanLineError& error) {
+  throw Failed(BadRequest, std::string("the selection ") + error.what());
+}
+
+workbench::StoredRecord RecordOf(workbench::Exchange& exchange, const FormDefinition& form,
+                                 const std::vector<Assignment>& selection) {
+  const auto found = FindRecord(exchange, form, selection);
+  if (const auto* problem = std::get_if<workbench::Problem>(&found)) throw Failed(NotFound, problem->message);
+  return std::get<workbench::StoredRecord>(found);
+}
+
+Fields FieldsOf(const FormDefinition& form, const std::vector<Assignment>& selection) {
+  Fields fields = {{"command", form.command}};
+  for (const Assignment& each : selection) fields.Add("of", each.name + "=" + each.value);
+  return fields;
+}
+
+std::string Named(const FormDefinition& form, const std::vector<Assignment>& selection) {
+  return workbench::Separated(selection, ", ",
+                              [&form](const Assignment& each) { return each.name + "=" + form.Told(each); });
+}
+
+}  // namespace cordboard::web
