@@ -7,7 +7,6 @@
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "workbench/actions/EmptyList.h"
-#include "workbench/actions/FormRules.h"
 #include "workbench/actions/Records.h"
 #include "workbench/actions/ShownValues.h"
 #include "workbench/forms/Unknown.h"
@@ -24,18 +23,13 @@ void CheckParameter(const workbench::FormDefinition& form, const std::string& na
 }
 
 // The form of a record that is edited, with the new values.
-workbench::Filling FillFormOf(workbench::Session& session, const workbench::FormDefinition& form,
-                              const std::vector<workbench::Assignment>& selection,
-                              const std::vector<workbench::Assignment>& given) {
+workbench::Filling FillSelected(workbench::Session& session, const workbench::FormDefinition& form,
+                                const std::vector<workbench::Assignment>& selection,
+                                const std::vector<workbench::Assignment>& given) {
   if (!form.edits) throw Exit{Refused, "records of " + form.command + " cannot be changed"};
   const auto found = FindRecord(session.exchange(), form, selection);
   if (const auto* problem = std::get_if<workbench::Problem>(&found)) throw Exit{NotFound, problem->message};
-  const auto& [table, CmdId] = std::get<workbench::StoredRecord>(found);
-  workbench::Filling filling(session, *table, given);
-  ShowRecord(session, *table, CmdId);
-  CheckEdit(filling);
-  filling.SetGiven();
-  return filling;
+  return workbench::FillFormOf(session, std::get<workbench::StoredRecord>(found), given);
 }
 
 void Print(const std::vector<workbench::ValidValue>& values, bool json) {
@@ -64,7 +58,7 @@ int Values(const ValuesOptions& options) {
     return sources = std::make_shared<workbench::ListSources>(std::move(host));
   });
   workbench::Filling filling =
-      selection.empty() ? FillForm(session, form, given) : FillFormOf(session, form, selection, given);
+      selection.empty() ? FillForm(session, form, given) : FillSelected(session, form, selection, given);
   sources->Forget();
   const workbench::ValueList* list = filling.IsRefused() ? nullptr : filling.ListOf(options.parameter);
   for (const auto& problem : filling.problems()) Error({.command = form.command}, problem);

@@ -36,6 +36,15 @@ if(CORDBOARD_WORKBENCH)
   add_test(NAME workbench COMMAND workbench-tests --gtest_brief=1)
 endif()
 
+# The pages for a browser.
+if(CORDBOARD_WORKBENCH)
+  file(GLOB web_tests CONFIGURE_DEPENDS tests/web/*.cpp)
+  add_executable(web-tests ${web_tests})
+  target_link_libraries(web-tests PRIVATE cordboard_test_support cordboard_web)
+  read_gmock_once(web-tests)
+  add_test(NAME web COMMAND web-tests --gtest_brief=1)
+endif()
+
 # The habits of the project: what stands in the tree, and the tools that put it there.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_test(NAME tree.habits COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree.py)

@@ -14,6 +14,7 @@ Html Head(const std::string& title) {
                  Element("meta", {{"charset", "utf-8"}}) +
                      Element("meta", {{"name", "viewport"}, {"content", "width=device-width, initial-scale=1"}}) +
                      Element("title", title) + Element("link", {{"rel", "stylesheet"}, {"href", "/style.css"}}) +
+                             Element("link", {{"rel", "icon"}, {"href", "/icon.svg"}}) +
                      Element("script", {{"src", "/page.js"}, {"defer", ""}}));
 }
 
@@ -33,7 +34,8 @@ Html Top(const Visit& visit) {
 }  // namespace
 
 Answer Page(const Visit& visit, const std::string& title, const Html& content, int status) {
-  const Html body = Top(visit) + Element("main", {{"id", "main"}, {"tabindex", "-1"}}, Element("h1", title) + content);
+  const Html body = Top(visit) + Element("main", {{"id", "main"}, {"tabindex", "-1"}}, Element("h1", title) + content) +
+                    Element("p", {{"id", "status"}, {"role", "status"}});
   const Html page = Element("html", {{"lang", "en"}}, Head(title + " - " + visit.Name()) + Element("body", body));
   return {.status = status, .body = "<!DOCTYPE html>" + page.markup()};
 }

@@ -2,7 +2,9 @@
 
 #include "workbench/forms/Unknown.h"
 #include "workbench/plans/PlanLine.h"
+#include "workbench/text/Escaped.h"
 #include "workbench/text/Separated.h"
+#include "workbench/text/Utf8.h"
 
 namespace cordboard::web {
 
@@ -15,9 +17,15 @@ const FormDefinition& FormOf(const Fields& fields) {
   throw Failed(NotFound, workbench::UnknownCommand(command));
 }
 
+const std::string& OneLine(const std::string& text) {
+  if (!workbench::IsUtf8(text)) throw Failed(BadRequest, "A value is no UTF-8 text.");
+  if (workbench::Escaped(text) != text) throw Failed(BadRequest, "A value is one line, without control characters.");
+  return text;
+}
+
 std::vector<Assignment> SelectionOf(const Fields& fields) try {
   std::vector<Assignment> selection;
-  for (const std::string& of : fields.Each("of")) selection.push_back(workbench::ParseAssignment(of));
+  for (const std::string& of : fields.Each("of")) selection.push_back(workbench::ParseAssignment(OneLine(of)));
   return selection;
 } catch (const workbench::PlanLineError& error) {
   throw Failed(BadRequest, std::string("the selection ") + error.what());

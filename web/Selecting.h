@@ -12,6 +12,9 @@ namespace cordboard::web {
 // The form of the command that is asked for as "command"; fails with Failed.
 const workbench::FormDefinition& FormOf(const Fields& fields);
 
+// A text that becomes part of a line of a plan; fails with Failed where it is none, or more than one.
+const std::string& OneLine(const std::string& text);
+
 // The selection that is asked for; fails with Failed where it is none.
 std::vector<workbench::Assignment> SelectionOf(const Fields& fields);
 // The one record that it selects; fails with Failed.

@@ -21,6 +21,13 @@ struct Route {
 
 constexpr Route routes[] = {
     {"GET", "/", Commands},
+    {"GET", "/form", OpenForm},
+    {"POST", "/form", CheckForm},
+    {"POST", "/values", Values},
+    {"POST", "/try", TryAction},
+    {"POST", "/act", DoAction},
+    {"GET", "/delete", ConfirmDelete},
+    {"POST", "/delete", Delete},
 };
 
 struct Asset {
@@ -28,6 +35,7 @@ struct Asset {
   const char* type;
 };
 constexpr Asset assets[] = {
+    {"/icon.svg", "image/svg+xml"},
     {"/style.css", "text/css; charset=utf-8"},
     {"/page.js", "text/javascript; charset=utf-8"},
 };

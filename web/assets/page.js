@@ -1,0 +1,208 @@
+// Makes the pages quicker: a form is checked when a field is left, and the values of a field are offered while it is
+// typed in. All of it works without this as well.
+"use strict";
+
+// The fields of a form as the server reads them, and what it answers.
+async function send(form, address, more = {}) {
+  const fields = new URLSearchParams(new FormData(form));
+  for (const [name, value] of Object.entries(more)) fields.set(name, value);
+  const answer = await fetch(address, {method: "POST", body: fields, headers: {"X-Part": "1"}});
+  if (answer.status !== 200) throw new Error((await answer.text()).slice(0, 200));
+  return answer.text();
+}
+
+function status(text, kind = "") {
+  const place = document.getElementById("status");
+  place.textContent = text;
+  place.className = kind;
+}
+
+// ---- The form, checked when a field is left.
+
+let checks = 0;
+
+async function check(left) {
+  const form = document.getElementById("form");
+  const sent = new Map(Array.from(form.elements, (field) => [field.id, field.value]));
+  const number = ++checks;
+  let text;
+  try {
+    text = await send(form, "/form");
+  } catch (error) {
+    return status("The form cannot be checked: is cordboard web still at work?", "trouble");
+  }
+  // A later check knows more.
+  if (number !== checks) return;
+  const typed = Array.from(form.elements).filter((field) => field.id && field.value !== sent.get(field.id));
+  const open = Array.from(form.querySelectorAll("details[open]"), (details) => details.id);
+  const focused = document.activeElement;
+  const place = focused.selectionStart;
+  document.getElementById("filled").innerHTML = text;
+  for (const id of open) document.getElementById(id)?.setAttribute("open", "");
+  for (const field of typed) {
+    const now = document.getElementById(field.id);
+    if (now) now.value = field.value;
+  }
+  const now = focused.id && document.getElementById(focused.id);
+  if (now && focused !== now) {
+    quiet = true;
+    now.focus();
+    quiet = false;
+    if (place !== null && now.setSelectionRange) now.setSelectionRange(place, place);
+  }
+  const wrong = document.getElementById(left)?.closest(".field")?.querySelector(".error, .warning");
+  status(wrong ? wrong.textContent : "");
+}
+
+// ---- The values of a field.
+
+let list = null;   // the element that shows them
+let field = null;  // whose values they are
+let asked = 0;
+let quiet = false;  // while the page itself moves the focus
+
+// The value that is being typed: of several the last one.
+function typedPart(value) {
+  return value.slice(value.lastIndexOf("&") + 1);
+}
+
+function close() {
+  if (!list) return;
+  list.remove();
+  list = null;
+  field.setAttribute("aria-expanded", "false");
+  field.removeAttribute("aria-activedescendant");
+}
+
+function options() {
+  return list ? Array.from(list.querySelectorAll("[role=option]")) : [];
+}
+
+function mark(option) {
+  for (const each of options()) each.setAttribute("aria-selected", String(each === option));
+  if (!option) return field.removeAttribute("aria-activedescendant");
+  field.setAttribute("aria-activedescendant", option.id);
+  option.scrollIntoView({block: "nearest"});
+}
+
+function choose(option) {
+  const begun = field.value.slice(0, field.value.lastIndexOf("&") + 1);
+  field.value = begun + option.dataset.value;
+  close();
+  field.focus();
+  check(field.id);
+}
+
+async function offer(input, all) {
+  const number = ++asked;
+  const part = all ? "" : typedPart(input.value);
+  let text;
+  try {
+    text = await send(input.form, "/values", {parameter: input.dataset.list, q: part});
+  } catch (error) {
+    return status("The values cannot be listed: is cordboard web still at work?", "trouble");
+  }
+  if (number !== asked || document.activeElement !== input) return;
+  close();
+  field = input;
+  list = document.createElement("div");
+  list.className = "options";
+  list.innerHTML = text;
+  options().forEach((option, index) => (option.id = "option." + index));
+  input.closest(".choice").append(list);
+  input.setAttribute("aria-expanded", "true");
+  status(options().length + " values");
+}
+
+function move(event) {
+  const all = options();
+  const now = all.findIndex((option) => option.getAttribute("aria-selected") === "true");
+  if (event.key === "ArrowDown") {
+    event.preventDefault();
+    if (!list) return offer(event.target, true);
+    if (all.length) mark(all[(now + 1) % all.length]);
+  } else if (event.key === "ArrowUp" && all.length) {
+    event.preventDefault();
+    mark(all[(now + all.length - (now < 0 ? 0 : 1)) % all.length]);
+  } else if (event.key === "Enter" && now >= 0) {
+    event.preventDefault();
+    choose(all[now]);
+  } else if (event.key === "Escape" && list) {
+    event.preventDefault();
+    close();
+  }
+}
+
+function equip(root) {
+  for (const input of root.querySelectorAll("input[data-list]")) {
+    input.setAttribute("role", "combobox");
+    input.setAttribute("aria-expanded", "false");
+    input.setAttribute("aria-autocomplete", "list");
+    input.setAttribute("aria-controls", "options");
+  }
+}
+
+// ---- What happens on a page.
+
+document.addEventListener("change", (event) => {
+  if (event.target.form?.id === "form" && !event.target.closest(".options")) check(event.target.id);
+});
+
+document.addEventListener("input", (event) => {
+  if (event.target.dataset?.list) offer(event.target, false);
+});
+
+document.addEventListener("keydown", (event) => {
+  if (event.target.dataset?.list) move(event);
+});
+
+document.addEventListener("mousedown", (event) => {
+  const option = event.target.closest?.("[role=option]");
+  // The field keeps the focus, so that it is not left.
+  if (option) event.preventDefault();
+});
+
+document.addEventListener("click", (event) => {
+  const option = event.target.closest?.("[role=option]");
+  if (option && list?.contains(option)) return choose(option);
+  const button = event.target.closest?.("button.open");
+  if (button) {
+    event.preventDefault();
+    const input = button.previousElementSibling;
+    if (list && field === input) return close();
+    input.focus();
+    offer(input, true);
+  } else if (list && !list.contains(event.target) && event.target !== field) {
+    close();
+  }
+});
+
+document.addEventListener("focusout", (event) => {
+  if (!quiet && event.target === field) close();
+});
+
+// What was sent is sent once.
+document.addEventListener("submit", (event) => {
+  setTimeout(() => {
+    for (const button of event.target.querySelectorAll("button")) button.disabled = true;
+  });
+});
+
+// A page that comes back from the browser's memory may be sent again.
+window.addEventListener("pageshow", () => {
+  for (const button of document.querySelectorAll("button")) button.disabled = false;
+});
+
+document.addEventListener("DOMContentLoaded", () => {
+  const filled = document.getElementById("filled");
+  if (!filled) return;
+  equip(filled);
+  new MutationObserver(() => equip(filled)).observe(filled, {childList: true});
+  // The form is checked by itself here.
+  document.documentElement.classList.add("script");
+  const wrong = document.querySelector("main > .notice.error");
+  if (wrong) {
+    wrong.setAttribute("tabindex", "-1");
+    wrong.focus();
+  }
+});

@@ -12,7 +12,8 @@ using workbench::FormDefinition;
 
 std::vector<Html> Row(Exchange& exchange, const FormDefinition& form) {
   const auto [records, blank] = CountRecords(exchange, form);
-  const Html ways = form.adds ? Link(Address("/form", {{"command", form.command}}), "Add") : Html();
+  const Html ways =
+      form.adds ? Link(Address("/form", {{"command", form.command}}), form.single ? "Change" : "Add") : Html();
   return {Link(Address("/records", {{"command", form.command}}), form.command), form.title,
           std::to_string(records) + (blank == 0 ? "" : " and " + std::to_string(blank) + " blank"), ways};
 }

@@ -233,15 +233,23 @@ std::vector<Problem> Explained(Filling& filling, const std::vector<ReportedMessa
   return problems;
 }
 
-std::string WhoNames(Exchange& exchange, const FormDefinition& definition, const Form& form) {
+std::vector<Naming> NamedBy(Exchange& exchange, const FormDefinition& definition, const Form& form, std::size_t most) {
+  std::vector<Naming> namings;
   for (const Thing& thing : ShippedReferences().things()) {
     if (thing.definedBy == nullptr || thing.definedBy->table != definition.table) continue;
     const std::string value = Joined(form.Get(thing.home->value));
     if (value.empty()) continue;
-    const std::vector<Holder> holders = WhoHolds(exchange, thing, value, 1);
-    if (!holders.empty()) return "the " + thing.name + " " + value + " is named by the " + Called(holders.front());
+    std::vector<Holder> holders = WhoHolds(exchange, thing, value, most);
+    if (!holders.empty()) namings.push_back({&thing, value, std::move(holders)});
   }
-  return "";
+  return namings;
+}
+
+std::string WhoNames(Exchange& exchange, const FormDefinition& definition, const Form& form) {
+  const std::vector<Naming> namings = NamedBy(exchange, definition, form, 1);
+  if (namings.empty()) return "";
+  const auto& [thing, value, holders] = namings.front();
+  return "the " + thing->name + " " + value + " is named by the " + Called(holders.front());
 }
 
 }  // namespace cordboard::workbench

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "script/Conversions.h"
-#include "workbench/actions/Records.h"
+#include "workbench/actions/FormRules.h"
 
 namespace cordboard::workbench {
 
@@ -40,6 +40,14 @@ void ShowRecord(Session& session, const FormDefinition& definition, std::int32_t
   session.host().TakeMessages();
   LoadRecord(session.exchange(), definition, CmdId, session.form());
   session.form().ShowOneRecord();
+}
+
+Filling FillFormOf(Session& session, const StoredRecord& record, std::vector<Assignment> given) {
+  Filling filling(session, *record.definition, std::move(given));
+  ShowRecord(session, *record.definition, record.CmdId);
+  CheckEdit(filling);
+  filling.SetGiven();
+  return filling;
 }
 
 ShownValues::ShownValues(const Form& form) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "workbench/actions/Filling.h"
+#include "workbench/actions/Records.h"
 
 namespace cordboard::workbench {
 
@@ -14,6 +15,9 @@ namespace cordboard::workbench {
 // (the values that belong to an instrument, what has to be given); but whatever they think of the values, those are the
 // stored ones.
 void ShowRecord(Session& session, const FormDefinition& definition, std::int32_t CmdId);
+
+// The form of a stored record, with these new values.
+Filling FillFormOf(Session& session, const StoredRecord& record, std::vector<Assignment> given);
 
 class ShownValues {
  public:

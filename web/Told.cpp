@@ -1,0 +1,30 @@
+#include "web/Told.h"
+
+#include "web/Frame.h"
+
+namespace cordboard::web {
+
+using workbench::Problem;
+
+std::string InWords(const Problem& problem) {
+  std::string text = problem.message;
+  if (!problem.reason.empty()) text += text.ends_with('.') ? " (" + problem.reason + ")" : ": " + problem.reason;
+  if (problem.possible) text += (text.ends_with('.') ? " " : ". ") + ("Possible: " + InWords(*problem.possible));
+  return text;
+}
+
+Html ProblemList(const std::string& heading, const std::string& kind, const std::vector<Problem>& problems,
+                 bool withFields) {
+  if (problems.empty()) return {};
+  Html items;
+  for (const Problem& problem : problems) {
+    const std::string where = problem.parameter + (problem.value.empty() ? "" : "=" + problem.value);
+    Html item;
+    if (!problem.parameter.empty())
+      item += (withFields ? Link("#v." + problem.parameter, where) : Html(where)) + Html(": ");
+    items += Element("li", item + InWords(problem));
+  }
+  return Notice(kind, Element("h2", heading) + Element("ul", items));
+}
+
+}  // namespace cordboard::web
