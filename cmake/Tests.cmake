@@ -36,6 +36,8 @@ if(CORDBOARD_WORKBENCH)
   add_test(NAME workbench COMMAND workbench-tests --gtest_brief=1)
 endif()
 
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
 # The pages for a browser.
 if(CORDBOARD_WORKBENCH)
   file(GLOB web_tests CONFIGURE_DEPENDS tests/web/*.cpp)
@@ -43,10 +45,14 @@ if(CORDBOARD_WORKBENCH)
   target_link_libraries(web-tests PRIVATE cordboard_test_support cordboard_web)
   read_gmock_once(web-tests)
   add_test(NAME web COMMAND web-tests --gtest_brief=1)
+  add_test(NAME web.wire COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/web/wire_test.py
+                                 $<TARGET_FILE:cordboard>)
+  # In a real browser: Debian's, which Debian's own Python drives.
+  add_test(NAME web.browser COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tests/web/browser_test.py
+                                    $<TARGET_FILE:cordboard>)
 endif()
 
 # The habits of the project: what stands in the tree, and the tools that put it there.
-find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_test(NAME tree.habits COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree.py)
 add_test(NAME tree.check_tree COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_tree_test.py)
 add_test(NAME tree.calls COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_calls.py

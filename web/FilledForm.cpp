@@ -151,7 +151,7 @@ class Writer {
     for (const Problem& problem : errors) tell("error", InWords(problem));
     for (const Problem& problem : ProblemsOf(warnings_, parameter.name)) tell("warning", InWords(problem));
     for (const Assignment& taken : filling_.taken())
-      if (taken.name == parameter.name) tell("note", "next: " + taken.value);
+      if (taken.name == parameter.name) tell("note", InWords(taken));
     if (const std::string takes = Takes(parameter); !takes.empty()) tell("note", takes);
     return about;
   }
@@ -210,8 +210,10 @@ Html FilledForm(const Visit& visit, const SentForm& sent, Filling& filling, cons
                 const std::vector<Problem>& warnings) {
   Writer writer(sent, filling, errors, warnings);
   const Html fields = writer.Fields_();
-  Html content = Identity(sent) + Hidden("shown", writer.shown().Encoded());
-  // The first button is the one that the enter key means.
+  // The first button of a form is the one that the enter key means.
+  Html content =
+      Element("button", {{"type", "submit"}, {"class", "default"}, {"tabindex", "-1"}, {"aria-hidden", "true"}});
+  content += Identity(sent) + Hidden("shown", writer.shown().Encoded());
   Html buttons = Button("/try", "main", "Show what it will do");
   if (!visit.readOnly()) buttons += Button("/act", "other", sent.IsEdit() ? "Change at once" : "Add at once");
   buttons += Button("/form", "other check", "Check");

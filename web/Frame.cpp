@@ -14,7 +14,7 @@ Html Head(const std::string& title) {
                  Element("meta", {{"charset", "utf-8"}}) +
                      Element("meta", {{"name", "viewport"}, {"content", "width=device-width, initial-scale=1"}}) +
                      Element("title", title) + Element("link", {{"rel", "stylesheet"}, {"href", "/style.css"}}) +
-                             Element("link", {{"rel", "icon"}, {"href", "/icon.svg"}}) +
+                     Element("link", {{"rel", "icon"}, {"href", "/icon.svg"}}) +
                      Element("script", {{"src", "/page.js"}, {"defer", ""}}));
 }
 

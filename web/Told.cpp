@@ -1,6 +1,8 @@
 #include "web/Told.h"
 
 #include "web/Frame.h"
+#include "workbench/text/Elements.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::web {
 
@@ -11,6 +13,11 @@ std::string InWords(const Problem& problem) {
   if (!problem.reason.empty()) text += text.ends_with('.') ? " (" + problem.reason + ")" : ": " + problem.reason;
   if (problem.possible) text += (text.ends_with('.') ? " " : ". ") + ("Possible: " + InWords(*problem.possible));
   return text;
+}
+
+std::string InWords(const workbench::Assignment& taken) {
+  using workbench::AsRanges, workbench::Elements, workbench::Separated;
+  return "next: " + taken.name + "=" + Separated(AsRanges(Elements(taken.value)), "&");
 }
 
 Html ProblemList(const std::string& heading, const std::string& kind, const std::vector<Problem>& problems,

@@ -89,7 +89,7 @@ TEST_F(FormTest, next_stays_what_is_typed_and_tells_what_it_takes) {
   const Fields form = Left(Left(Adding("KSEXI"), "DIR", "next:2"), "ITYPE", "12");
   const Answer answer = Post("/form", With(form, "v.EQU", "next"), true);
   EXPECT_EQ(ValueOf(answer.body, "v.DIR"), "next:2");
-  EXPECT_TRUE(Says(answer.body, "next: 102&amp;103"));
+  EXPECT_TRUE(Says(answer.body, "next: DIR=102&amp;&amp;103"));
 }
 
 TEST_F(FormTest, what_is_emptied_is_given_no_more) {

@@ -25,10 +25,13 @@ async function check(left) {
   const form = document.getElementById("form");
   const sent = new Map(Array.from(form.elements, (field) => [field.id, field.value]));
   const number = ++checks;
+  const filled = document.getElementById("filled");
+  filled.setAttribute("aria-busy", "true");
   let text;
   try {
     text = await send(form, "/form");
   } catch (error) {
+    filled.removeAttribute("aria-busy");
     return status("The form cannot be checked: is cordboard web still at work?", "trouble");
   }
   // A later check knows more.
@@ -37,7 +40,8 @@ async function check(left) {
   const open = Array.from(form.querySelectorAll("details[open]"), (details) => details.id);
   const focused = document.activeElement;
   const place = focused.selectionStart;
-  document.getElementById("filled").innerHTML = text;
+  filled.innerHTML = text;
+  filled.removeAttribute("aria-busy");
   for (const id of open) document.getElementById(id)?.setAttribute("open", "");
   for (const field of typed) {
     const now = document.getElementById(field.id);

@@ -23,7 +23,7 @@ Html Button(const std::string& kind, const std::string& text) {
 // What was done or is going to be: the line, what became of the records, what to know.
 Html Told(const Performed& performed) {
   Html told = ProblemList("What to know", "warning", performed.problems, false);
-  for (const auto& [name, value] : performed.taken) told += Element("p", "next: " + name + "=" + value);
+  for (const workbench::Assignment& taken : performed.taken) told += Element("p", InWords(taken));
   return told + performed.changes + Element("h2", "As a line of a plan") +
          Element("pre", {{"class", "lines"}, {"tabindex", "0"}}, performed.line);
 }
