@@ -1,52 +1,78 @@
 #!/usr/bin/python3
-"""The page in a real browser, used as people use it. Runs with Debian's Chromium, its driver and python3-selenium.
+"""The page in a real browser, used as people use it.
 
 Usage: browser_test.py PROGRAM [unittest arguments]
 """
 
-import os
 import pathlib
+import re
+import shutil
 import subprocess
 import sys
 import tempfile
 import unittest
 
-from selenium import webdriver
-from selenium.webdriver.common.action_chains import ActionChains
-from selenium.webdriver.chrome.service import Service
-from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
-from selenium.webdriver.support.ui import WebDriverWait
+
+from person import VIEWS, Person, Site, chromium
 
 PROGRAM = ""
+PLANS = pathlib.Path(__file__).resolve().parents[2] / "data" / "plans"
+NUMBERS = "NANSI:NUMTYP=EX,NUMSE=100&&119;\n"
+OFFICE = NUMBERS + "EXCCS:CAT=1,TRAF=11,SERV_D6=1;\nKSEXI:DIR=100,ITYPE=12,EQU=next,CAT=1;\n"
+
+# What of a page people cannot read or reach: fields without a label, headings out of order, a page wider than its
+# window, and text of too little contrast (4.5 to 1, or 3 to 1 where it is large).
+COMPLAINTS = """
+  const complaints = [];
+  const shown = (element) => element.getClientRects().length > 0 && getComputedStyle(element).visibility !== 'hidden';
+  for (const field of document.querySelectorAll('input:not([type=hidden]), select'))
+    if (shown(field) && !field.labels.length) complaints.push('no label: ' + field.name);
+  for (const button of document.querySelectorAll('button:not([aria-hidden])'))
+    if (!(button.textContent.trim() || button.ariaLabel)) complaints.push('no text: ' + button.outerHTML);
+  let level = 0;
+  for (const heading of document.querySelectorAll('h1, h2, h3, h4')) {
+    const own = Number(heading.tagName[1]);
+    if (own > level + 1) complaints.push('heading out of order: ' + heading.textContent);
+    level = own;
+  }
+  if (document.querySelectorAll('h1').length !== 1) complaints.push('not one first heading');
+  for (const cell of document.querySelectorAll('th:not([scope])')) complaints.push('no scope: ' + cell.textContent);
+  for (const table of document.querySelectorAll('table')) if (!table.caption) complaints.push('a table without caption');
+  const ids = Array.from(document.querySelectorAll('[id]'), (element) => element.id);
+  for (const id of ids) if (ids.indexOf(id) !== ids.lastIndexOf(id)) complaints.push('twice: ' + id);
+  if (document.documentElement.scrollWidth > innerWidth)
+    complaints.push('wider than the window: ' + document.documentElement.scrollWidth);
+  const channels = (color) => (color.match(/[0-9.]+/g) || [0, 0, 0, 0]).map(Number);
+  const behind = (element) => {
+    for (; element; element = element.parentElement) {
+      const color = channels(getComputedStyle(element).backgroundColor);
+      if (color.length < 4 || color[3] > 0) return color;
+    }
+    return [255, 255, 255];
+  };
+  const light = (color) => {
+    const [r, g, b] = color.map((c) => (c / 255 <= 0.04045 ? c / 255 / 12.92 : ((c / 255 + 0.055) / 1.055) ** 2.4));
+    return 0.2126 * r + 0.7152 * g + 0.0722 * b;
+  };
+  for (const element of document.querySelectorAll('body *')) {
+    const own = Array.from(element.childNodes).some((node) => node.nodeType === 3 && node.textContent.trim());
+    if (!own || !shown(element) || element.closest('.skip')) continue;
+    const style = getComputedStyle(element);
+    const [one, other] = [light(channels(style.color)), light(behind(element))];
+    const contrast = (Math.max(one, other) + 0.05) / (Math.min(one, other) + 0.05);
+    const large = parseFloat(style.fontSize) >= 24 || (parseFloat(style.fontSize) >= 18.7 && style.fontWeight >= 700);
+    if (contrast < (large ? 3 : 4.5)) complaints.push(`contrast ${contrast.toFixed(1)}: ${element.textContent}`);
+  }
+  return complaints;
+"""
 
 
-def chromium(width=1200, height=900):
-    options = webdriver.ChromeOptions()
-    for argument in ("--headless=new", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage", "--no-proxy-server",
-                     "--lang=en", f"--window-size={width},{height}"):
-        options.add_argument(argument)
-    options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
-    return webdriver.Chrome(service=Service("/usr/bin/chromedriver"), options=options)
-
-
-class Site:
-    """cordboard web on a file, as long as the block lasts."""
-
-    def __init__(self, file, *arguments):
-        self.process = subprocess.Popen([PROGRAM, "web", str(file), *arguments], stdout=subprocess.PIPE,
-                                        stderr=subprocess.PIPE, text=True)
-        self.entrance = self.process.stdout.readline().strip()
-        if not self.entrance:
-            raise RuntimeError(self.process.stderr.read())
-        self.root = self.entrance[:self.entrance.index("?")]
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *_):
-        self.process.terminate()
-        self.process.communicate(timeout=20)
+def program(*arguments, text=None):
+    ran = subprocess.run([PROGRAM, *map(str, arguments)], input=text, capture_output=True, text=True)
+    if ran.returncode != 0:
+        raise AssertionError(ran.stdout + ran.stderr)
+    return ran.stdout
 
 
 class BrowserTest(unittest.TestCase):
@@ -55,188 +81,135 @@ class BrowserTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.browser = chromium()
+        cls.made = tempfile.TemporaryDirectory()
+        cls.empty = pathlib.Path(cls.made.name) / "empty.cbx"
+        program("new", cls.empty, "--release", "R7")
 
     @classmethod
     def tearDownClass(cls):
         cls.browser.quit()
+        cls.made.cleanup()
 
-    def setUp(self):
+    def open(self, plan="", *arguments):
+        """Opens the page of an exchange that a plan has made."""
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
-        self.file = self.folder / "office.cbx"
-        self.program("new", self.file, "--release", "R7")
-
-    def program(self, *arguments, code=0, text=None):
-        ran = subprocess.run([PROGRAM, *map(str, arguments)], input=text, capture_output=True, text=True)
-        self.assertEqual(ran.returncode, code, ran.stdout + ran.stderr)
-        return ran.stdout
-
-    def apply(self, plan):
-        self.program("apply", self.file, "-", text=plan)
-
-    def open(self, *arguments):
-        site = Site(self.file, *arguments)
-        self.addCleanup(site.__exit__)
-        self.site = site
-        self.browser.get(site.entrance)
-        return site
-
-    # What a person does.
-
-    def go(self, path):
-        self.browser.get(self.site.root + path)
-
-    def settled(self):
-        WebDriverWait(self.browser, 20, 0.02).until(
-            lambda browser: not browser.find_elements(By.CSS_SELECTOR, "#filled[aria-busy]"))
-
-    def field(self, name):
-        return self.browser.find_element(By.ID, "v." + name)
-
-    def type(self, name, value):
-        """Types over what the field has in it, and leaves it."""
-        field = self.field(name)
-        for summary in field.find_elements(By.XPATH, "ancestor::details[not(@open)]/summary"):
-            summary.click()
-        field.send_keys(Keys.CONTROL, "a")
-        field.send_keys(value or Keys.DELETE)
-        self.settled()
-        field.send_keys(Keys.TAB)
-        self.settled()
-
-    def value(self, name):
-        return self.field(name).get_attribute("value")
-
-    def about(self, name):
-        return self.browser.find_element(By.ID, "about." + name).text
-
-    def press(self, text):
-        """Presses a button or follows a link, and waits for the page that comes."""
-        main = self.browser.find_element(By.ID, "main")
-        here = self.browser.find_element(By.TAG_NAME, "html")
-        main.find_element(By.XPATH, f'.//*[self::button or self::a][normalize-space()="{text}"]').click()
-        WebDriverWait(self.browser, 20, 0.02).until(
-            lambda browser: browser.find_element(By.TAG_NAME, "html") != here)
-
-    def text(self):
-        return self.browser.find_element(By.ID, "main").text
-
-    def heading(self):
-        return self.browser.find_element(By.TAG_NAME, "h1").text
-
-    def add(self, command, **values):
-        self.go("form?command=" + command)
-        for name, value in values.items():
-            self.type(name, value)
-        self.press("Show what it will do")
+        self.file = pathlib.Path(folder.name) / "office.cbx"
+        shutil.copy(self.empty, self.file)
+        if plan:
+            program("apply", self.file, "-", text=plan)
+        self.site = Site(PROGRAM, self.file, *arguments)
+        self.addCleanup(self.site.close)
+        self.browser.get_log("browser")
+        return Person(self.browser, self.site)
 
 
 class Office(BrowserTest):
     def test_a_person_sets_up_ten_extensions_with_keys(self):
-        self.open()
-        self.assertEqual(self.heading(), "Commands")
-        self.add("NANSI", NUMTYP="EX", NUMSE="100&&119")
-        self.assertIn("Nothing is done yet.", self.text())
-        self.press("Do it")
-        self.assertIn("Done, and kept as state 1.", self.text())
-        self.add("EXCCS", CAT="1", TRAF="11", SERV_D6="1", CDIV_D1="1", ROC_D2="1")
-        self.press("Do it")
+        person = self.open()
+        self.assertEqual(person.heading(), "Commands")
+        person.fill("NANSI", NUMTYP="EX", NUMSE="100&&119")
+        person.press("Show what it will do")
+        self.assertIn("Nothing is done yet.", person.text())
+        person.press("Do it")
+        self.assertIn("Done, and kept as state 1.", person.text())
+        person.add("EXCCS", CAT="1", TRAF="11", SERV_D6="1", CDIV_D1="1", ROC_D2="1")
         # Refused: nobody has said what the extensions may do.
-        self.add("KSEXI", DIR="next:10", ITYPE="12", EQU="next")
-        self.assertIn("The exchange refuses this", self.text())
-        self.assertIn("give CAT", self.about("CAT"))
-        self.assertEqual(self.value("DIR"), "next:10")
-        self.type("CAT", "1")
-        self.press("Show what it will do")
-        self.assertIn("next: DIR=100&&109", self.text())
-        self.press("Do it")
-        self.assertIn("Done, and kept as state 3.", self.text())
-        self.add("KSFKC", DIR="100&&109", KEY="5", FCN="PCK")
-        self.press("Do it")
-        lines = self.program("generate", self.file)
+        person.fill("KSEXI", DIR="next:10", ITYPE="12", EQU="next")
+        person.press("Show what it will do")
+        self.assertIn("The exchange refuses this", person.text())
+        self.assertIn("give CAT", person.about("CAT"))
+        self.assertEqual(person.value("DIR"), "next:10")
+        person.type("CAT", "1")
+        person.press("Show what it will do")
+        self.assertIn("next: DIR=100&&109", person.text())
+        person.press("Do it")
+        self.assertIn("Done, and kept as state 3.", person.text())
+        person.add("KSFKC", DIR="100&&109", KEY="5", FCN="PCK")
+        lines = program("generate", self.file)
         self.assertEqual((lines.count("KSEXI:DIR="), lines.count("KEY=5,FCN=PCK")), (10, 10))
 
     def test_values_are_offered_while_one_types_and_the_keyboard_is_enough(self):
-        self.apply("NANSI:NUMTYP=EX,NUMSE=100&&119;\n")
-        self.open()
-        self.go("form?command=KSEXI")
-        field = self.field("DIR")
-        field.send_keys("11")
-        WebDriverWait(self.browser, 20, 0.02).until(
-            lambda browser: [option.text for option in browser.find_elements(By.CSS_SELECTOR, "[role=option]")] ==
-            [str(number) for number in range(110, 120)])
-        self.assertEqual(field.get_attribute("aria-expanded"), "true")
-        field.send_keys(Keys.ARROW_DOWN, Keys.ARROW_DOWN, Keys.ENTER)
-        self.settled()
-        self.assertEqual(self.value("DIR"), "111")
+        person = self.open(NUMBERS)
+        person.go("form?command=KSEXI")
+        person.field("DIR").send_keys("11")
+        person.until(lambda: [option.text for option in person.all("[role=option]")] == [str(n) for n in range(110, 120)])
+        self.assertEqual(person.field("DIR").get_attribute("aria-expanded"), "true")
+        person.keys(Keys.ARROW_DOWN, Keys.ARROW_DOWN, Keys.ENTER)
+        person.settled()
+        self.assertEqual(person.value("DIR"), "111")
         self.assertEqual(self.browser.switch_to.active_element.get_attribute("id"), "v.DIR")
-        self.browser.switch_to.active_element.send_keys("&", Keys.ARROW_DOWN)
-        WebDriverWait(self.browser, 20, 0.02).until(
-            lambda browser: browser.find_elements(By.CSS_SELECTOR, "[role=option]"))
-        self.browser.switch_to.active_element.send_keys(Keys.ESCAPE)
-        self.assertEqual(self.browser.find_elements(By.CSS_SELECTOR, "[role=option]"), [])
-        self.type("DIR", "111")
+        person.keys("&", Keys.ARROW_DOWN)
+        person.until(lambda: person.all("[role=option]"))
+        person.keys(Keys.ESCAPE)
+        self.assertEqual(person.all("[role=option]"), [])
+        person.type("DIR", "111")
         # The enter key means the first button.
-        here = self.browser.find_element(By.TAG_NAME, "html")
-        self.field("DIR").send_keys(Keys.ENTER)
-        WebDriverWait(self.browser, 20, 0.02).until(lambda browser: browser.find_element(By.TAG_NAME, "html") != here)
-        self.assertIn("The exchange refuses this", self.text())
+        person.page_that_comes(lambda: person.field("DIR").send_keys(Keys.ENTER))
+        self.assertIn("The exchange refuses this", person.text())
 
     def test_what_is_typed_while_a_check_is_on_its_way_stays(self):
-        self.apply("NANSI:NUMTYP=EX,NUMSE=100&&119;\n")
-        self.open()
-        self.go("form?command=KSEXI")
-        self.field("DIR").click()
-        ActionChains(self.browser).send_keys("100", Keys.TAB, Keys.TAB, "12", Keys.TAB, Keys.TAB, "1").perform()
-        self.settled()
-        self.assertEqual([self.value(name) for name in ("DIR", "ITYPE", "ACCTYP")], ["100", "12", "1"])
+        person = self.open(NUMBERS)
+        person.go("form?command=KSEXI")
+        person.field("DIR").click()
+        person.keys("100", Keys.TAB, Keys.TAB, "12", Keys.TAB, Keys.TAB, "1")
+        person.settled()
+        self.assertEqual([person.value(name) for name in ("DIR", "ITYPE", "ACCTYP")], ["100", "12", "1"])
 
     def test_hostile_values_do_nothing(self):
         hostile = '<img src=x onerror="document.title=1"><script>document.title=1</script>\'"&;,'
-        self.open()
-        self.go("form?command=KSEXI")
-        for field in self.browser.find_elements(By.CSS_SELECTOR, "#form input[type=text]"):
-            if field.is_displayed():
-                self.browser.execute_script("arguments[0].value = arguments[1]", field, hostile)
-        self.type("DIR", hostile)
-        self.assertEqual(self.value("DIR"), hostile)
-        self.press("Show what it will do")
+        person = self.open()
+        person.go("form?command=KSEXI")
+        for field in person.all("#form input[type=text]"):
+            self.browser.execute_script("arguments[0].value = arguments[1]", field, hostile)
+        person.type("DIR", hostile)
+        self.assertEqual(person.value("DIR"), hostile)
+        person.press("Show what it will do")
         self.assertEqual(self.browser.title, "KSEXI: add - office.cbx")
-        self.assertEqual(self.browser.find_elements(By.CSS_SELECTOR, "main img, main script"), [])
+        self.assertEqual(person.all("main img, main script"), [])
 
     def test_two_tabs_do_not_overwrite_each_other(self):
-        self.apply("NANSI:NUMTYP=EX,NUMSE=100&&119;\nEXCCS:CAT=1,TRAF=11,SERV_D6=1;\n"
-                   "KSEXI:DIR=100,ITYPE=12,EQU=next,CAT=1;\n")
-        self.open()
-        self.go("form?command=KSEXI&of=DIR%3D100")
+        person = self.open(OFFICE)
+        person.go("form?command=KSEXI&of=DIR%3D100")
         first = self.browser.current_window_handle
         self.browser.switch_to.new_window("tab")
-        self.go("form?command=KSEXI&of=DIR%3D100")
-        self.type("CUST", "1")
-        self.press("Change at once")
+        person.go("form?command=KSEXI&of=DIR%3D100")
+        person.type("CUST", "1")
+        person.press("Change at once")
         self.browser.close()
         self.browser.switch_to.window(first)
-        self.type("LANG", "2")
-        self.assertIn("The exchange has changed since this form was opened.", self.text())
-        self.press("Change at once")
-        self.assertIn("so nothing was done", self.text())
-        self.assertEqual((self.value("CUST"), self.value("LANG")), ("1", "2"))
-        self.press("Change at once")
-        self.assertIn("Done", self.text())
-        shown = self.program("show", self.file, "KSEXI", "DIR=100")
-        self.assertRegex(shown.splitlines()[1], r"\b1\b.*\b2\b")
+        person.type("LANG", "2")
+        self.assertIn("The exchange has changed since this form was opened.", person.text())
+        person.press("Change at once")
+        self.assertIn("so nothing was done", person.text())
+        self.assertEqual((person.value("CUST"), person.value("LANG")), ("1", "2"))
+        person.press("Change at once")
+        self.assertIn("Done", person.text())
+        self.assertIn("edit KSEXI DIR=100:LANG=2;", program("history", self.file, "3", "--plans"))
 
-    def test_no_page_complains_in_the_console(self):
-        self.open()
-        self.browser.get_log("browser")  # what tests before have left
-        for page in ("", "form?command=KSEXI", "form?command=NANSI"):
-            self.go(page)
+    def test_a_file_that_is_only_read_has_no_button_that_changes_it(self):
+        person = self.open(OFFICE, "--read-only")
+        person.go("form?command=KSEXI&of=DIR%3D100")
+        self.assertEqual([button.text for button in person.all(".actions button") if button.is_displayed()],
+                         ["Show what it will do"])
+
+
+class Views(BrowserTest):
+    """Every main view, in three widths, light and dark."""
+
+    def test_each_can_be_read_and_reached_and_complains_of_nothing(self):
+        person = self.open("".join(path.read_text() for path in (PLANS / "example.plan", PLANS / "extensions.plan")))
+        for name, come in VIEWS.items():
+            person.window(1280, 800)
+            come(person)
+            for width, scheme in ((1280, "light"), (1280, "dark"), (768, "light"), (360, "light")):
+                person.window(width, 800, scheme)
+                with self.subTest(view=name, width=width, scheme=scheme):
+                    self.assertEqual(self.browser.execute_script(COMPLAINTS), [])
         told = [entry["message"] for entry in self.browser.get_log("browser")]
         self.assertEqual(told, [])
 
 
 if __name__ == "__main__":
     PROGRAM = str(pathlib.Path(sys.argv.pop(1)).resolve())
-    os.environ.setdefault("HOME", tempfile.gettempdir())
     unittest.main()

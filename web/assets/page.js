@@ -20,12 +20,15 @@ function status(text, kind = "") {
 // ---- The form, checked when a field is left.
 
 let checks = 0;
+let replacing = false;      // while the form makes room for the one that was checked, its events mean nothing
+let unchecked = new Set();  // the fields in which somebody typed meanwhile
 
 async function check(left) {
   const form = document.getElementById("form");
+  const filled = document.getElementById("filled");
   const sent = new Map(Array.from(form.elements, (field) => [field.id, field.value]));
   const number = ++checks;
-  const filled = document.getElementById("filled");
+  unchecked.clear();
   filled.setAttribute("aria-busy", "true");
   let text;
   try {
@@ -38,24 +41,34 @@ async function check(left) {
   if (number !== checks) return;
   const typed = Array.from(form.elements).filter((field) => field.id && field.value !== sent.get(field.id));
   const open = Array.from(form.querySelectorAll("details[open]"), (details) => details.id);
-  const focused = document.activeElement;
-  const place = focused.selectionStart;
-  filled.innerHTML = text;
-  filled.removeAttribute("aria-busy");
+  replace(filled, text, typed);
   for (const id of open) document.getElementById(id)?.setAttribute("open", "");
-  for (const field of typed) {
-    const now = document.getElementById(field.id);
-    if (now) now.value = field.value;
-  }
-  const now = focused.id && document.getElementById(focused.id);
-  if (now && focused !== now) {
-    quiet = true;
-    now.focus();
-    quiet = false;
-    if (place !== null && now.setSelectionRange) now.setSelectionRange(place, place);
-  }
+  filled.removeAttribute("aria-busy");
   const wrong = document.getElementById(left)?.closest(".field")?.querySelector(".error, .warning");
   status(wrong ? wrong.textContent : "");
+}
+
+// What was typed meanwhile stays, and the focus where it was, with the values that are offered there.
+function replace(filled, text, typed) {
+  const focused = document.activeElement;
+  const place = focused.selectionStart ?? null;
+  const offered = list !== null && field === focused;
+  replacing = true;
+  close();
+  filled.innerHTML = text;
+  for (const each of typed) {
+    const now = document.getElementById(each.id);
+    if (!now) continue;
+    now.value = each.value;
+    unchecked.add(each.id);
+  }
+  const now = focused.isConnected ? null : focused.id && document.getElementById(focused.id);
+  if (now) {
+    now.focus();
+    if (place !== null) now.setSelectionRange?.(place, place);
+  }
+  replacing = false;
+  if (now && offered) offer(now, false);
 }
 
 // ---- The values of a field.
@@ -63,7 +76,6 @@ async function check(left) {
 let list = null;   // the element that shows them
 let field = null;  // whose values they are
 let asked = 0;
-let quiet = false;  // while the page itself moves the focus
 
 // The value that is being typed: of several the last one.
 function typedPart(value) {
@@ -149,7 +161,7 @@ function equip(root) {
 // ---- What happens on a page.
 
 document.addEventListener("change", (event) => {
-  if (event.target.form?.id === "form" && !event.target.closest(".options")) check(event.target.id);
+  if (!replacing && event.target.form?.id === "form") check(event.target.id);
 });
 
 document.addEventListener("input", (event) => {
@@ -182,7 +194,9 @@ document.addEventListener("click", (event) => {
 });
 
 document.addEventListener("focusout", (event) => {
-  if (!quiet && event.target === field) close();
+  if (replacing) return;
+  if (event.target === field) close();
+  if (unchecked.has(event.target.id)) check(event.target.id);
 });
 
 // What was sent is sent once.
