@@ -47,6 +47,9 @@ if(CORDBOARD_WORKBENCH)
   add_test(NAME web COMMAND web-tests --gtest_brief=1)
   add_test(NAME web.wire COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/web/wire_test.py
                                  $<TARGET_FILE:cordboard>)
+  if(CORDBOARD_SANITIZE)
+    set_tests_properties(web.wire PROPERTIES ENVIRONMENT CORDBOARD_SANITIZED=1)
+  endif()
   # In a real browser: Debian's, which Debian's own Python drives.
   add_test(NAME web.browser COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tests/web/browser_test.py
                                     $<TARGET_FILE:cordboard>)

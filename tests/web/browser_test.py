@@ -4,8 +4,8 @@
 Usage: browser_test.py PROGRAM [unittest arguments]
 """
 
+import json
 import pathlib
-import re
 import shutil
 import subprocess
 import sys
@@ -192,6 +192,55 @@ class Office(BrowserTest):
         person.go("form?command=KSEXI&of=DIR%3D100")
         self.assertEqual([button.text for button in person.all(".actions button") if button.is_displayed()],
                          ["Show what it will do"])
+
+
+# How long the browser waits for a form, and for the check of a value: the best of ten, in milliseconds.
+WAITS = """
+  const done = arguments[arguments.length - 1];
+  const best = async (ask) => {
+    let best = Infinity;
+    for (let i = 0; i < 10; ++i) {
+      const begun = performance.now();
+      await (await ask()).text();
+      best = Math.min(best, performance.now() - begun);
+    }
+    return best;
+  };
+  const fields = new URLSearchParams(new FormData(document.getElementById('form')));
+  const sent = {method: 'POST', body: fields, headers: {'X-Part': '1'}};
+  (async () => done([await best(() => fetch(location.href)), await best(() => fetch('/form', sent))]))();
+"""
+
+
+class Speed(BrowserTest):
+    """What a person waits for does not grow with the exchange."""
+
+    def exchange(self, folder, extensions):
+        boards = [{"lim": 1 + board // 64, "magazine": board % 64 // 16, "slot": board % 16, "type": "77"}
+                  for board in range(2 + extensions // 32)]
+        plant = folder / "plant.json"
+        plant.write_text(json.dumps({
+            "name": "large", "locations": [{"location": "HQ"}], "customers": [{"cust": "1"}], "categories": 32,
+            "lims": [{"lim": lim, "location": "HQ"} for lim in sorted({board["lim"] for board in boards})],
+            "boards": boards}))
+        file = folder / f"{extensions}.cbx"
+        program("new", file, "--release", "R8", "--plant", plant)
+        program("apply", file, "-", text="NANSI:NUMTYP=EX,NUMSE=10000&&19999;\n"
+                f"KSEXI:DIR=10000&&{9999 + extensions},ITYPE=9,EQU=next,TRAF=00,SERV=000000000,CDIV=000000000,ROC=010000;\n")
+        return file
+
+    def test_a_form_opens_and_is_checked_as_quickly_in_a_large_exchange(self):
+        waits = []
+        with tempfile.TemporaryDirectory() as folder:
+            for extensions in (20, 2000):
+                site = Site(PROGRAM, self.exchange(pathlib.Path(folder), extensions))
+                self.addCleanup(site.close)
+                person = Person(self.browser, site)
+                person.fill("KSEXI", DIR="19990", ITYPE="9", TRAF="00")
+                waits.append(self.browser.execute_async_script(WAITS))
+        for what, small, large in zip(("form", "check"), *waits):
+            with self.subTest(what=what, small=small, large=large):
+                self.assertLess(large, 2.5 * small)
 
 
 class Views(BrowserTest):

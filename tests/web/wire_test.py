@@ -4,6 +4,7 @@
 Usage: wire_test.py PROGRAM [unittest arguments]
 """
 
+import os
 import pathlib
 import random
 import re
@@ -15,6 +16,9 @@ import unittest
 import urllib.parse
 
 PROGRAM = ""
+# Under sanitizers each request takes long, and what is freed is kept for a while: for a short while here.
+SANITIZED = "CORDBOARD_SANITIZED" in os.environ
+ENVIRONMENT = {**os.environ, "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=4"}
 PLAN = "NANSI:NUMTYP=EX,NUMSE=100&&119;\n"
 
 
@@ -26,7 +30,7 @@ class Wire(unittest.TestCase):
         cls.program("new", cls.file, "--release", "R7")
         cls.program("apply", cls.file, "-", text=PLAN)
         cls.process = subprocess.Popen([PROGRAM, "web", str(cls.file)], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                                       text=True)
+                                       text=True, env=ENVIRONMENT)
         entrance = urllib.parse.urlsplit(cls.process.stdout.readline().strip())
         cls.host, cls.port, cls.token = entrance.netloc, entrance.port, entrance.query.removeprefix("token=")
         cls.cookie = f"cordboard-{cls.port}={cls.token}"
@@ -190,6 +194,18 @@ class Wire(unittest.TestCase):
                            "frame-ancestors 'none'", "X-Frame-Options: DENY", "X-Content-Type-Options: nosniff",
                            "Cache-Control: no-store", "Referrer-Policy: same-origin"):
                 self.assertIn(header, text)
+
+    def test_memory_stays_as_it_is(self):
+        form = self.post("/form", self.adding())
+
+        def memory(requests):
+            for _ in range(requests):
+                self.assertEqual(self.answer(form)[0], 200)
+            status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
+            return int(re.search(r"VmRSS:\s+(\d+) kB", status)[1])
+
+        before = memory(20)
+        self.assertLess(memory(200 if SANITIZED else 1000), before + (20000 if SANITIZED else 2000))
 
     def test_whatever_is_sent_is_answered_and_changes_nothing(self):
         """Good requests with some bytes changed, cut off or doubled."""

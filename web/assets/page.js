@@ -40,22 +40,22 @@ async function check(left) {
   // A later check knows more.
   if (number !== checks) return;
   const typed = Array.from(form.elements).filter((field) => field.id && field.value !== sent.get(field.id));
-  const open = Array.from(form.querySelectorAll("details[open]"), (details) => details.id);
   replace(filled, text, typed);
-  for (const id of open) document.getElementById(id)?.setAttribute("open", "");
   filled.removeAttribute("aria-busy");
   const wrong = document.getElementById(left)?.closest(".field")?.querySelector(".error, .warning");
   status(wrong ? wrong.textContent : "");
 }
 
-// What was typed meanwhile stays, and the focus where it was, with the values that are offered there.
+// What was typed meanwhile stays, what was unfolded, and the focus where it was, with the values that are offered there.
 function replace(filled, text, typed) {
   const focused = document.activeElement;
   const place = focused.selectionStart ?? null;
   const offered = list !== null && field === focused;
+  const open = Array.from(filled.querySelectorAll("details[open]"), (details) => details.id);
   replacing = true;
   close();
   filled.innerHTML = text;
+  for (const id of open) document.getElementById(id)?.setAttribute("open", "");
   for (const each of typed) {
     const now = document.getElementById(each.id);
     if (!now) continue;
