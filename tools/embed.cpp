@@ -1,5 +1,5 @@
-// Writes the files under some folders into one C++ source, so that the program carries them with it: each by its path
-// in its folder. Usage: embed OUTPUT FOLDER...
+// Writes the files under some folders, but for pictures, into one C++ source, so that the program carries them with it:
+// each by its path in its folder. Usage: embed OUTPUT FOLDER...
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
   std::map<std::string, fs::path> files;
   for (int i = 2; i < argc; ++i) {
     for (const auto& entry : fs::recursive_directory_iterator(argv[i])) {
-      if (!entry.is_regular_file()) continue;
+      if (!entry.is_regular_file() || entry.path().extension() == ".png") continue;
       const std::string name = fs::relative(entry.path(), argv[i]).generic_string();
       if (files.emplace(name, entry.path()).second) continue;
       std::cerr << "embed: there are two files " << name << '\n';

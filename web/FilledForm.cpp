@@ -124,7 +124,15 @@ class Writer {
   Html Label(const ParameterDefinition& parameter, const std::string& id) const {
     Html text = Element("span", {{"class", "name"}}, parameter.name) + " " + parameter.title;
     if (form_.IsMandatory(parameter.name)) text += " " + Element("span", {{"class", "mark"}}, "has to be given");
-    return Element("label", {{"for", id}}, text);
+    // Who goes from field to field by keys comes by it with F1.
+    const std::string help = Address("/help", {{"command", definition().command}, {"parameter", parameter.name}});
+    return Element("label", {{"for", id}}, text) + Element("a",
+                                                           {{"class", "help"},
+                                                            {"href", help},
+                                                            {"tabindex", "-1"},
+                                                            {"aria-label", "Help on " + parameter.name},
+                                                            {"title", "Help (F1)"}},
+                                                           "?");
   }
 
   Html Input(const ParameterDefinition& parameter, Attributes input, bool hasList) const {

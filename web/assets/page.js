@@ -170,6 +170,10 @@ document.addEventListener("input", (event) => {
 
 document.addEventListener("keydown", (event) => {
   if (event.target.dataset?.list) move(event);
+  const help = event.key === "F1" && event.target.closest?.(".field")?.querySelector("a.help");
+  if (!help) return;
+  event.preventDefault();
+  window.open(help.href);
 });
 
 document.addEventListener("mousedown", (event) => {
