@@ -1,6 +1,5 @@
 #include "workbench/plans/SavedPlan.h"
 
-#include <regex>
 #include <string_view>
 #include <utility>
 
@@ -9,6 +8,8 @@ namespace cordboard::workbench {
 namespace {
 
 constexpr std::string_view beginning = "# saved by cordboard: ";
+constexpr std::string_view keyMark = ", key ";
+constexpr std::string_view sumMark = ", sum ";
 const char* const advice = "; nothing was kept. Try the plan again with --dry-run --save";
 
 }  // namespace
@@ -20,7 +21,8 @@ void SavedPlan::Add(const std::string& line) {
 }
 
 std::string SavedPlan::Written(const std::string& how, const std::string& key) const {
-  return std::string(beginning) + how + ", key " + key + ", sum " + sum_.Written() + "\n" + text_;
+  return std::string(beginning) + how + std::string(keyMark) + key + std::string(sumMark) + sum_.Written() + "\n" +
+         text_;
 }
 
 void SavedPlanCheck::Take(const std::string& line, const std::string& key) {
@@ -29,13 +31,15 @@ void SavedPlanCheck::Take(const std::string& line, const std::string& key) {
     sum_.Add("\n");
   }
   if (!std::exchange(isFirst_, false) || !line.starts_with(beginning)) return;
-  static const std::regex form(R"((.*), key (\S+), sum ([0-9a-f]{16}))");
-  std::smatch parts;
+  // "how it was tried, key 1f2e, sum 0123456789abcdef": the first part may have any signs in it.
   const std::string head = line.substr(beginning.size());
-  if (!std::regex_match(head, parts, form)) throw StalePlan(file_ + " was changed after it was saved" + advice);
-  if (parts[2] != key)
-    throw StalePlan(file_ + " was " + parts[1].str() + ", and the exchange or the options are others now" + advice);
-  sumShown_ = parts[3];
+  const std::size_t sumAt = head.rfind(sumMark);
+  const std::size_t keyAt = sumAt == head.npos ? head.npos : head.rfind(keyMark, sumAt);
+  sumShown_ = keyAt == head.npos ? "" : head.substr(sumAt + sumMark.size());
+  if (sumShown_.size() != 16) throw StalePlan(file_ + " was changed after it was saved" + advice);
+  if (head.substr(keyAt + keyMark.size(), sumAt - keyAt - keyMark.size()) != key)
+    throw StalePlan(file_ + " was " + head.substr(0, keyAt) + ", and the exchange or the options are others now" +
+                    advice);
 }
 
 void SavedPlanCheck::End() const {

@@ -57,6 +57,19 @@ TEST_F(SavedPlanTest, IsRefusedWhereTheExchangeWasChanged) {
   EXPECT_EQ(exchange_->OpenTransactions(), 0);
 }
 
+// Whatever stands in it: the first line may be as long as a line may be.
+TEST_F(SavedPlanTest, IsRefusedWhereItsFirstLineIsNone) {
+  const std::string changed = "saved.plan was changed after it was saved";
+  const std::string beginning = "# saved by cordboard: ";
+  EXPECT_THAT(Applied(beginning + std::string(60000, 'a') + ", key x, sum 0123456789abcdef\n" + ten),
+              HasSubstr("others"));
+  EXPECT_THAT(Applied(beginning + std::string(60000, 'a') + "\n" + ten), HasSubstr(changed));
+  EXPECT_THAT(Applied(beginning + "tried, key x\n" + ten), HasSubstr(changed));
+  EXPECT_THAT(Applied(beginning + "tried, sum 0123456789abcdef\n" + ten), HasSubstr(changed));
+  EXPECT_THAT(Applied(beginning + "tried, key x, sum 0123\n" + ten), HasSubstr(changed));
+  EXPECT_EQ(Numbers(), 0);
+}
+
 TEST_F(SavedPlanTest, IsRefusedByAnotherExchangeAndWithOtherOptions) {
   const std::string saved = Tried(ten);
   EXPECT_THAT(Applied(saved, true), HasSubstr(others));

@@ -164,6 +164,15 @@ class Destinations : public Routes {
   }
 };
 
+// What was looked for may be as long as somebody has made it by hand: then it is not told.
+TEST_F(Routes, AnEndlessValueEndsTheLinesInGoodOrder) {
+  Prepare({series, "ROCAI:ROU=3,PROTOCOL=QSIG,MARKET=DE,TRAF=1;"});
+  Single("UPDATE ROCAI SET MARKET = '" + std::string(200000, 'N') + "' RETURNING 1");
+  const Generated generated = Generate(session());
+  ASSERT_FALSE(generated.problems.empty());
+  EXPECT_THAT(generated.problems[0].second.message, HasSubstr("found no row of those that they need"));
+}
+
 TEST_F(Destinations, TheListsHoldTheRoutesAndTheFreeNumbersOfTheirType) {
   Prepare({"NANSI:NUMTYP=EX,NUMSE=100&&109;"});
   EXPECT_THAT(Valid("RODDI", "ROU"), ElementsAre("1", "2"));
