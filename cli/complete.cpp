@@ -8,11 +8,11 @@
 #include "cli/Candidates.h"
 #include "cli/Definition.h"
 #include "cli/Files.h"
-#include "cli/StateReport.h"
 #include "cli/Subcommands.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
 #include "workbench/history/History.h"
+#include "workbench/history/StateInWords.h"
 
 namespace cordboard::cli {
 

@@ -6,13 +6,13 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
-#include "cli/CommandPage.h"
 #include "cli/Definition.h"
 #include "cli/Markdown.h"
 #include "cli/Output.h"
 #include "cli/ParameterHelp.h"
 #include "cli/Subcommands.h"
 #include "workbench/data/Resources.h"
+#include "workbench/forms/CommandPage.h"
 #include "workbench/forms/Unknown.h"
 #include "workbench/text/Nearest.h"
 #include "workbench/text/Separated.h"

@@ -11,6 +11,7 @@
 #include "cli/Subcommands.h"
 #include "workbench/actions/StateChanges.h"
 #include "workbench/history/History.h"
+#include "workbench/history/StateInWords.h"
 #include "workbench/history/Undo.h"
 #include "workbench/text/Counted.h"
 

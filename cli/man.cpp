@@ -5,10 +5,10 @@
 #include <fstream>
 #include <iostream>
 
-#include "cli/CommandPage.h"
 #include "cli/Definition.h"
 #include "cli/Markdown.h"
 #include "cli/Subcommands.h"
+#include "workbench/forms/CommandPage.h"
 #include "workbench/forms/Unknown.h"
 
 namespace cordboard::cli {

@@ -7,6 +7,7 @@
 #include "cli/Output.h"
 #include "cli/StateReport.h"
 #include "cli/Subcommands.h"
+#include "workbench/history/StateInWords.h"
 #include "workbench/history/Undo.h"
 
 namespace cordboard::cli {

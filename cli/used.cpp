@@ -1,62 +1,25 @@
 // cordboard used: everything that refers to a number, a position, a category or another thing.
 
-#include <algorithm>
 #include <iostream>
-#include <limits>
 #include <nlohmann/json.hpp>
 
 #include "cli/Files.h"
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "workbench/actions/Called.h"
-#include "workbench/exchange/References.h"
-#include "workbench/text/Nearest.h"
+#include "workbench/actions/Uses.h"
 
 namespace cordboard::cli {
 
 namespace {
 
-using workbench::Holder;
-using workbench::Reference;
-using workbench::Thing;
-
-constexpr std::size_t all = std::numeric_limits<std::int32_t>::max();
-
-// A thing of this name, and who refers to it.
-struct Use {
-  const Thing* thing;
-  workbench::Standing standing;
-  std::vector<std::pair<const Reference*, Holder>> holders;
-};
-
-std::vector<Use> FindUses(workbench::Exchange& exchange, const UsedOptions& options) {
-  std::vector<Use> uses;
-  for (const Thing& thing : workbench::ShippedReferences().things()) {
-    if (!options.thing.empty() && thing.name != options.thing) continue;
-    Use use{.thing = &thing, .standing = StandingOf(exchange, thing, options.value), .holders = {}};
-    for (const Reference* reference : thing.references) {
-      for (Holder& holder : RecordsWith(exchange, *reference->record, {{reference->column, options.value}}, all))
-        use.holders.emplace_back(reference, std::move(holder));
-    }
-    if (use.standing.isThere || !use.holders.empty()) uses.push_back(std::move(use));
-  }
-  return uses;
-}
-
-std::string InWords(const Use& use, const std::string& value) {
-  std::string text = use.thing->name + " " + value;
-  if (!use.standing.isThere) return text + ", which there is not";
-  if (!use.standing.trait.empty()) text += " " + use.standing.trait;
-  if (use.thing->home && !use.thing->home->used.empty()) text += use.standing.isUsed ? ", in use" : ", free";
-  return text;
-}
+using workbench::Use;
 
 void Print(const std::vector<Use>& uses, const std::string& value) {
   for (const Use& use : uses) {
     std::cout << Printed(InWords(use, value)) << '\n';
     for (const auto& [reference, holder] : use.holders)
-      std::cout << "  " << (reference->takes ? "taken" : "named") << " by the " << Printed(Called(holder)) << " as "
-                << reference->column << '\n';
+      std::cout << "  " << Printed(InWords(*reference, holder)) << '\n';
   }
 }
 
@@ -74,19 +37,15 @@ nlohmann::json ToJson(const Use& use) {
           {"holders", holders}};
 }
 
-void CheckThing(const std::string& name) {
-  std::vector<std::string> names;
-  for (const Thing& thing : workbench::ShippedReferences().things()) names.push_back(thing.name);
-  if (std::ranges::find(names, name) == names.end())
-    throw Exit{NotFound, "nothing is called " + name + "." + workbench::DidYouMean(name, names)};
-}
-
 }  // namespace
 
 int Used(const UsedOptions& options) {
-  if (!options.thing.empty()) CheckThing(options.thing);
+  if (!options.thing.empty()) {
+    if (const std::string unknown = workbench::UnknownThing(options.thing); !unknown.empty())
+      throw Exit{NotFound, unknown};
+  }
   const auto exchange = OpenToRead(options.file);
-  const std::vector<Use> uses = FindUses(*exchange, options);
+  const std::vector<Use> uses = FindUses(*exchange, options.value, options.thing);
   if (options.json) {
     nlohmann::json things = nlohmann::json::array();
     for (const Use& use : uses) things.push_back(ToJson(use));
@@ -95,8 +54,7 @@ int Used(const UsedOptions& options) {
     Print(uses, options.value);
   }
   if (!uses.empty()) return Done;
-  Error(options.file + " has no " + (options.thing.empty() ? "thing" : options.thing) + " " + options.value +
-        ", and nothing refers to one");
+  Error(options.file + " has no " + workbench::NoUse(options.value, options.thing));
   return NotFound;
 }
 

@@ -1,4 +1,4 @@
-#include "cli/CommandPage.h"
+#include "workbench/forms/CommandPage.h"
 
 #include <regex>
 #include <sstream>
@@ -6,13 +6,7 @@
 #include "workbench/data/Resources.h"
 #include "workbench/text/Separated.h"
 
-namespace cordboard::cli {
-
-using workbench::DigitPlace;
-using workbench::Folding;
-using workbench::FormDefinition;
-using workbench::ParameterDefinition;
-using workbench::Separated;
+namespace cordboard::workbench {
 
 namespace {
 
@@ -56,7 +50,7 @@ std::string Traits(const FormDefinition& form, const ParameterDefinition& parame
   const auto add = [&traits](const std::string& trait) {
     if (!trait.empty()) traits.push_back(trait);
   };
-  for (const workbench::ParameterFlag& flag : workbench::ParameterFlags()) {
+  for (const ParameterFlag& flag : ParameterFlags()) {
     if (parameter.*flag.flag) add(flag.words);
   }
   add(DigitsOf(form, parameter.name));
@@ -102,8 +96,8 @@ std::string OfLines(const FormDefinition& form) {
 std::string Example(const FormDefinition& form) {
   const std::string start = form.command + ":";
   const std::regex line("(.*;)\\s*(#.*)?");
-  for (const std::string_view path : workbench::ResourcesIn("plans/")) {
-    std::istringstream plan{std::string(workbench::Resource(path))};
+  for (const std::string_view path : ResourcesIn("plans/")) {
+    std::istringstream plan{std::string(Resource(path))};
     std::smatch found;
     for (std::string text; std::getline(plan, text);) {
       if (text.starts_with(start) && std::regex_match(text, found, line)) return found[1];
@@ -114,8 +108,8 @@ std::string Example(const FormDefinition& form) {
 
 std::string Notes(const FormDefinition& form) {
   static constexpr std::string_view mark = "<!-- notes -->\n";
-  const auto page = workbench::Resources().find("commands/" + form.command + ".md");
-  if (page == workbench::Resources().end()) return "";
+  const auto page = Resources().find("commands/" + form.command + ".md");
+  if (page == Resources().end()) return "";
   const std::size_t at = page->second.find(mark);
   if (at == page->second.npos) return "";
   const std::string_view notes = page->second.substr(at + mark.size());
@@ -149,4 +143,4 @@ std::string Page(const FormDefinition& form) {
   return page.str();
 }
 
-}  // namespace cordboard::cli
+}  // namespace cordboard::workbench
