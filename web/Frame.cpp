@@ -1,5 +1,7 @@
 #include "web/Frame.h"
 
+#include <sstream>
+
 namespace cordboard::web {
 
 namespace {
@@ -51,9 +53,14 @@ Html Notice(const std::string& kind, const Html& content) {
   return Element("div", {{"class", "notice " + kind}, {"role", isUrgent ? "alert" : "status"}}, content);
 }
 
-Html Table(const std::string& caption, const std::vector<Html>& headings, const std::vector<std::vector<Html>>& rows) {
+Html Table(const std::string& caption, const std::vector<Heading>& headings,
+           const std::vector<std::vector<Html>>& rows) {
   Html head;
-  for (const Html& heading : headings) head += Element("th", {{"scope", "col"}}, heading);
+  for (const auto& [content, attributes] : headings) {
+    Attributes all = {{"scope", "col"}};
+    all.insert(all.end(), attributes.begin(), attributes.end());
+    head += Element("th", all, content);
+  }
   Html body;
   for (const std::vector<Html>& row : rows) {
     Html cells;
@@ -63,6 +70,36 @@ Html Table(const std::string& caption, const std::vector<Html>& headings, const 
   return Element(
       "div", {{"class", "wide"}, {"tabindex", "0"}, {"role", "region"}, {"aria-label", caption}},
       Element("table", Element("caption", caption) + Element("thead", Element("tr", head)) + Element("tbody", body)));
+}
+
+Html AsLines(const std::vector<Html>& lines) {
+  Html content;
+  for (const Html& line : lines) content += line + Element("br");
+  return Element("pre", {{"class", "lines"}}, content);
+}
+
+Html AsLines(const std::string& text) {
+  std::vector<Html> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.emplace_back(line);
+  return AsLines(lines);
+}
+
+Answer AsFile(const std::string& name, std::string text) {
+  return {.body = std::move(text),
+          .type = "text/plain; charset=utf-8",
+          .headers = {{"Content-Disposition", "attachment; filename=\"" + name + "\""}}};
+}
+
+Html Choice(const std::string& name, const std::string& label,
+            const std::vector<std::pair<std::string, std::string>>& values, const std::string& chosen) {
+  Html options;
+  for (const auto& [value, words] : values) {
+    Attributes attributes = {{"value", value}};
+    if (value == chosen) attributes.emplace_back("selected", "");
+    options += Element("option", attributes, words);
+  }
+  return Element("label", {{"for", name}}, label) + Element("select", {{"id", name}, {"name", name}}, options);
 }
 
 }  // namespace cordboard::web

@@ -28,6 +28,22 @@ constexpr Route routes[] = {
     {"POST", "/act", DoAction},
     {"GET", "/delete", ConfirmDelete},
     {"POST", "/delete", Delete},
+    {"GET", "/records", Records},
+    {"GET", "/history", History},
+    {"GET", "/state", OneState},
+    {"GET", "/undo", AskUndo},
+    {"POST", "/undo", DoUndo},
+    {"GET", "/redo", AskRedo},
+    {"POST", "/redo", DoRedo},
+    {"GET", "/lines", Lines},
+    {"GET", "/lines.txt", LinesAsText},
+    {"GET", "/compare", Compare},
+    {"GET", "/between", PlanBetween},
+    {"GET", "/between.txt", PlanBetweenAsText},
+    {"GET", "/plan", Plan},
+    {"GET", "/plan.txt", PlanAsText},
+    {"GET", "/used", Used},
+    {"GET", "/help", Help},
 };
 
 struct Asset {

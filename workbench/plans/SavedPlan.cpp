@@ -1,5 +1,6 @@
 #include "workbench/plans/SavedPlan.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -23,6 +24,11 @@ void SavedPlan::Add(const std::string& line) {
 std::string SavedPlan::Written(const std::string& how, const std::string& key) const {
   return std::string(beginning) + how + std::string(keyMark) + key + std::string(sumMark) + sum_.Written() + "\n" +
          text_;
+}
+
+std::string WithoutFirstLine(std::string plan) {
+  if (plan.starts_with(beginning)) plan.erase(0, std::min(plan.find('\n'), plan.size() - 1) + 1);
+  return plan;
 }
 
 void SavedPlanCheck::Take(const std::string& line, const std::string& key) {

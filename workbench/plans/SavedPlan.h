@@ -29,6 +29,9 @@ class SavedPlan {
   Sum sum_;
 };
 
+// A saved plan without its first line, so that it can be applied on any exchange; any other text as it is.
+std::string WithoutFirstLine(std::string plan);
+
 // Whether a file that is applied is a saved plan, and if so whether it is what was shown.
 class SavedPlanCheck {
  public:
