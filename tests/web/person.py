@@ -128,8 +128,11 @@ VIEWS = {
     "lines": lambda person: person.go("lines"),
     "history": lambda person: person.go("history"),
     "state": lambda person: person.go("state?number=1"),
+    "undo": lambda person: person.go("undo?number=1"),
     "compare": lambda person: person.go("compare?first=%400&second="),
+    "between": lambda person: person.go("between?first=%400&second="),
     "plan": lambda person: person.go("plan"),
     "used": lambda person: person.go("used?value=200"),
     "help": lambda person: person.go("help?command=KSEXI"),
+    "parameter": lambda person: person.go("help?command=NANSI&parameter=NUMTYP"),
 }

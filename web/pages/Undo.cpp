@@ -75,12 +75,13 @@ Answer AskUndo(const Visit& visit, const Request& request) {
   const auto copy = visit.Read();
   const workbench::History history(copy->Dynamic());
   const std::vector<int> taken = history.TakenWith(StateNumberOf(request.query, "number"), true);
+  const Html hidden = Hidden("number", std::to_string(taken.front()));
   const Html content =
       Element("p", taken.size() == 1 ? "This state is taken back:" : "These states are taken back, the newest first:") +
-      Listed(history, taken) + Element("h2", "What that does") +
-      Tried(*copy, [&](Connection& exchange) { Undo(exchange, taken.front(), true, ""); });
-  const Html hidden = Hidden("number", std::to_string(taken.front()));
-  return Page(visit, "Undo", content + Question(visit, "/undo", hidden, history.states().back().number, "Take back"));
+      Listed(history, taken) + Question(visit, "/undo", hidden, history.states().back().number, "Take back");
+  return Page(visit, "Undo", content + Element("h2", "What that will do") + Tried(*copy, [&](Connection& exchange) {
+                               Undo(exchange, taken.front(), true, "");
+                             }));
 }
 
 Answer DoUndo(const Visit& visit, const Request& request) {
@@ -92,11 +93,12 @@ Answer DoUndo(const Visit& visit, const Request& request) {
 Answer AskRedo(const Visit& visit, const Request&) {
   const auto copy = visit.Read();
   const workbench::History history(copy->Dynamic());
-  const State& undo = history.LastUndo();
   const Html content = Element("p", "What this undo has taken back is brought again:") +
-                       Listed(history, {undo.number}) + Element("h2", "What that does") +
-                       Tried(*copy, [](Connection& exchange) { Redo(exchange, ""); });
-  return Page(visit, "Redo", content + Question(visit, "/redo", {}, history.states().back().number, "Bring again"));
+                       Listed(history, {history.LastUndo().number}) +
+                       Question(visit, "/redo", {}, history.states().back().number, "Bring again");
+  return Page(visit, "Redo", content + Element("h2", "What that will do") + Tried(*copy, [](Connection& exchange) {
+                               Redo(exchange, "");
+                             }));
 }
 
 Answer DoRedo(const Visit& visit, const Request& request) {
