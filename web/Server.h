@@ -20,10 +20,10 @@ class ServerError : public std::runtime_error {
 };
 
 struct Bounds {
-  std::size_t head = 16 * 1024;    // bytes of a request's first line and headers
-  std::size_t body = 1024 * 1024;  // bytes behind them
-  std::size_t connections = 64;    // at the same time
-  unsigned seconds = 10;           // for a request to come in whole, and for an answer to be taken
+  std::size_t head = 16'384;     // bytes of a request's first line and headers
+  std::size_t body = 1'048'576;  // bytes behind them
+  std::size_t connections = 64;  // at the same time
+  unsigned seconds = 10;         // for a request to come in whole, and for an answer to be taken
 };
 
 class Server {

@@ -24,9 +24,9 @@ constexpr std::size_t searched = 500;
 enum class Match { None, Within, Start };
 Match MatchOf(const std::string& text, const std::string& part) {
   const auto isSame = [](unsigned char one, unsigned char other) { return std::tolower(one) == std::tolower(other); };
-  const auto found = std::ranges::search(text, part, isSame);
-  if (part.empty() || (!found.empty() && found.begin() == text.begin())) return Match::Start;
-  return found.empty() ? Match::None : Match::Within;
+  const auto found = std::search(text.begin(), text.end(), part.begin(), part.end(), isSame);
+  if (part.empty() || (found == text.begin() && !text.empty())) return Match::Start;
+  return found == text.end() ? Match::None : Match::Within;
 }
 
 // The first values of the list that begin with the part, then those that have it further behind, then those that are
