@@ -1,6 +1,7 @@
 #include "workbench/history/History.h"
 
 #include "web/OfficeTest.h"
+#include "web/Visit.h"
 
 namespace cordboard::web {
 namespace {
@@ -86,6 +87,17 @@ TEST_F(HistoryPage, DoesNothingWhereAnotherStateHasComeSince) {
   EXPECT_EQ(Post("/undo", {{"number", "3"}, {"newest", "3"}}).status, SeeOther);
   EXPECT_EQ(Post("/redo", {{"newest", "3"}}).status, Conflict);
   EXPECT_EQ(Newest(), 4);
+}
+
+TEST_F(HistoryPage, NeedNotBeThere) {
+  for (const char* table : {"States", "Changes", "Plans"}) Change("DROP TABLE [Cordboard." + std::string(table) + "]");
+  OpenAnew();
+  EXPECT_THAT(TextOf(Ask("/history")), HasSubstr("There is no history yet"));
+  for (const char* page : {"/plan", "/lines", "/compare", "/records?command=KSEXI"}) EXPECT_EQ(Ask(page).status, Ok);
+  EXPECT_EQ(Ask("/undo").status, Conflict);
+  EXPECT_EQ(Post("/undo", {{"newest", "1"}}).status, Conflict);
+  ApplyAs(planOfPage, "NANSI:NUMTYP=EX,NUMSE=970;");
+  EXPECT_THAT(TextOf(Ask("/plan")), HasSubstr("NUMSE=970"));
 }
 
 TEST_F(HistoryPage, OfAReadOnlyVisitChangesNothing) {

@@ -157,6 +157,14 @@ TEST_F(RecordsPage, LeavesOutBlankRowsAndSaysSo) {
   EXPECT_THAT(text, AllOf(HasSubstr(" 4 records "), HasSubstr("28 rows prepared")));
 }
 
+TEST_F(RecordsPage, ShowsARecordWithoutAnyValue) {
+  Change("DELETE FROM SYTDS");
+  Change("INSERT INTO SYTDS (CMDID) VALUES (999999)");
+  const Answer answer = Ask("/records?command=SYTDS&find=");
+  EXPECT_EQ(CountIn(answer.body, "of=CMDID%3D999999"), 2u);
+  EXPECT_EQ(Ask("/records?command=SYTDS&find=1&sort=PGIV").status, Ok);
+}
+
 TEST_F(RecordsPage, RefusesAnUnknownCommand) {
   const Answer answer = Ask("/records?command=KSEXY");
   EXPECT_EQ(answer.status, NotFound);

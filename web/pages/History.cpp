@@ -93,7 +93,7 @@ Answer OneState(const Visit& visit, const Request& request) {
   if (!number) throw Failed(BadRequest, "The number of a state is missing.");
   const auto exchange = visit.Read();
   const workbench::History history(exchange->Dynamic());
-  const State state = history.Find(*number);
+  const State& state = history.Find(*number);
   Html ways = Element("li", Link("/history", "History"));
   if (!visit.readOnly() && CanBeTakenBack(history, *number)) ways += Element("li", UndoOf(state, "Undo"));
   Html content = Element("p", Told(state)) + Element("ul", {{"class", "actions"}}, ways);

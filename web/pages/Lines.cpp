@@ -1,6 +1,3 @@
-#include <algorithm>
-#include <map>
-
 #include "web/Frame.h"
 #include "web/Selecting.h"
 #include "web/States.h"

@@ -28,13 +28,13 @@ Answer Plan(const Visit& visit, const Request&) {
     return Page(visit, "This visit", Element("p", "Nothing has been changed on these pages since the visit began."));
   Html list;
   for (const State& state : states) list += Element("li", LinkTo(state));
-  const Fields since = {{"since", std::to_string(visit.firstState())}};
-  const Html ways = Element("ul", {{"class", "actions"}},
-                            Element("li", Link("/plan.txt", "Download the plan, with secrets")) +
-                                Element("li", Link(Address("/lines", since), "Lines that came and went")));
+  Html ways = Element("li", Link("/plan.txt", "Download the plan, with secrets"));
+  if (visit.firstState() >= 0)
+    ways += Element(
+        "li", Link(Address("/lines", {{"since", std::to_string(visit.firstState())}}), "Lines that came and went"));
   return Page(visit, "This visit",
               Element("p", "What was done on these pages since the visit began, and holds:") + Element("ul", list) +
-                  ways + Element("h2", "The plan that does it again") +
+                  Element("ul", {{"class", "actions"}}, ways) + Element("h2", "The plan that does it again") +
                   AsLines(workbench::ToldPlan(PlanOf(*exchange, states))));
 }
 

@@ -89,8 +89,9 @@ Html Ways(const Visit& visit, const FormDefinition& form, const ListedRecord& re
   };
   Html ways;
   if (form.edits) ways += way("/form", visit.readOnly() ? "Open" : "Edit");
-  if (form.edits && form.deletes) ways += " ";
-  if (form.deletes && !visit.readOnly()) ways += way("/delete", "Delete");
+  if (!form.deletes || visit.readOnly()) return ways;
+  if (form.edits) ways += " ";
+  ways += way("/delete", "Delete");
   return ways;
 }
 
@@ -106,11 +107,17 @@ Html TableOf(const Visit& visit, const RecordList& list, const std::vector<Liste
   return Table("Records of " + wish.form.command, headings, rows);
 }
 
+// Such as "Find in any column, or in one: DIR=10".
+std::string WhatToFind(const RecordList& list) {
+  const auto open = std::ranges::find_if(list.columns(), [&](const std::string& each) { return list.IsOpen(each); });
+  return "Find in any column" + (open == list.columns().end() ? "" : ", or in one: " + *open + "=10");
+}
+
 Html Search(const RecordList& list, const Wish& wish) {
   Html content = Hidden("command", wish.form.command);
   if (!wish.sort.empty()) content += Hidden("sort", wish.sort);
   if (wish.down) content += Hidden("down", "1");
-  content += Element("label", {{"for", "find"}}, "Find in any column, or in one: " + list.columns().front() + "=10") +
+  content += Element("label", {{"for", "find"}}, WhatToFind(list)) +
              Element("input", {{"type", "search"}, {"id", "find"}, {"name", "find"}, {"value", wish.find}}) +
              Element("button", "Find");
   return Element("form", {{"action", "/records"}, {"role", "search"}, {"class", "actions"}}, content);
