@@ -7,20 +7,28 @@
 
 namespace cordboard::cli {
 
-// Does the work and gives its result. A signal ends it as long as it can still be undone; afterwards it comes too late.
-// Where nothing was kept, because of a signal or of the file, the subcommand ends and says so.
+// Does the work and gives its result. Where nothing was kept because of the file, the subcommand ends and says so.
+template <typename Work>
+auto KeptOrNothing(const Work& work) {
+  try {
+    return work();
+  } catch (const workbench::StorageError& error) {
+    throw Exit{Trouble, std::string(error.what()) + "; nothing was kept"};
+  }
+}
+
+// The same for the one work of a process. A signal ends it as long as it can still be undone, and the subcommand says
+// so; afterwards it comes too late.
 template <typename Work>
 auto AllOrNothing(const Work& work) {
   const workbench::SignalsHeldBack held;
   try {
-    auto result = work();
+    auto result = KeptOrNothing(work);
     workbench::IgnoreSignals();
     return result;
   } catch (const workbench::Interrupted& interrupted) {
     workbench::IgnoreSignals();
     throw Exit{static_cast<ExitCode>(AfterSignal + interrupted.signal()), "interrupted; nothing was kept"};
-  } catch (const workbench::StorageError& error) {
-    throw Exit{Trouble, std::string(error.what()) + "; nothing was kept"};
   }
 }
 

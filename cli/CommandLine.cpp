@@ -79,6 +79,7 @@ class CommandLine {
     AddPlants();
     AddPlant();
     AddApply();
+    AddShell();
     AddHistory();
     AddUndo();
     AddRedo();
@@ -238,6 +239,23 @@ class CommandLine {
     sub->footer(
         "A line adds (NANSI:NUMTYP=EX,NUMSE=100&&199;), changes (edit KSEXI DIR=100:CUST=3;) or removes\n"
         "(delete KSEXI DIR=100;). Lines that begin with # are comments. See cordboard help plans.");
+  }
+
+  void AddShell() {
+    const auto options = std::make_shared<ShellOptions>();
+    CLI::App* sub = app_.add_subcommand("shell", "Type lines of a plan one by one, and see what is valid");
+    sub->add_option("FILE", options->file, "the exchange file")->required();
+    sub->add_flag("--read-only", options->readOnly, "keep nothing: what reads, and lines that are tried");
+    sub->add_flag("--stop", options->stop, "end at the first line that is refused");
+    AddDebug(sub);
+    AddWait(sub, options->wait);
+    sub->footer(
+        "Each line is kept at once as a state of the history; help lists the other words. Standard input may be a "
+        "file\n"
+        "or a pipe: then the exit code is 3 where a line was refused. A program takes apply --json, which tells it "
+        "what\n"
+        "became of a plan as a whole. See cordboard help shell --page.");
+    sub->callback([this, options] { exitCode_ = Shell(*options, Program()); });
   }
 
   void AddHistory() {

@@ -26,6 +26,7 @@ struct Document {
   bool listing = false;  // a list is open
   bool listed = false;   // and has an element
   bool tellsCauses = false;
+  std::string place = {};  // of what is told without one
   nlohmann::json problems = nlohmann::json::array();
 };
 
@@ -64,8 +65,12 @@ void Tell(const Severity& severity, const std::string& label, const std::string&
   }
 }
 
+std::string AtPlace(const std::string& text) {
+  return TheDocument().place.empty() ? text : TheDocument().place + ": " + text;
+}
+
 std::string Written(const Place& place, const workbench::Problem& problem) {
-  std::string text = place.file;
+  std::string text = place.file.empty() ? TheDocument().place : place.file;
   if (place.line > 0) text += ":" + std::to_string(place.line);
   if (!text.empty()) text += ": ";
   std::string where = place.command;
@@ -119,11 +124,14 @@ void EndList() {
 void GatherMessages() { TheDocument().gathers = true; }
 void TellOnStandardError() { TheDocument().gathers = false; }
 
+MessagesAt::MessagesAt(std::string place) : before_(std::exchange(TheDocument().place, std::move(place))) {}
+MessagesAt::~MessagesAt() { TheDocument().place = before_; }
+
 void TellCauses() { TheDocument().tellsCauses = true; }
 
 void Note(const std::string& label, const std::string& text) { Tell(note, label, text, {{"message", text}}); }
-void Error(const std::string& text) { Tell(error, error.name, text, {{"message", text}}); }
-void Warning(const std::string& text) { Tell(warning, warning.name, text, {{"message", text}}); }
+void Error(const std::string& text) { Tell(error, error.name, AtPlace(text), {{"message", text}}); }
+void Warning(const std::string& text) { Tell(warning, warning.name, AtPlace(text), {{"message", text}}); }
 
 void Error(const Place& place, const workbench::Problem& problem) {
   Tell(error, error.name, Written(place, problem), ToJson(place, problem));

@@ -19,6 +19,18 @@ void TellOnStandardError();
 // From now on a problem is told with the technical cause of a failure behind it, and Debug tells what it is given.
 void TellCauses();
 
+// While it lives, an error or a warning without a place of its own is told with this one: "standard input:3".
+class MessagesAt {
+ public:
+  explicit MessagesAt(std::string place);
+  ~MessagesAt();
+  MessagesAt(const MessagesAt&) = delete;
+  MessagesAt& operator=(const MessagesAt&) = delete;
+
+ private:
+  std::string before_;
+};
+
 // A message: a line on standard error, its label in colour where that is a terminal that has them (TERM) and NO_COLOR
 // is not set to anything; or a problem of the document. Control characters are shown escaped.
 void Note(const std::string& label, const std::string& text);

@@ -148,11 +148,15 @@ void TellByCause(const PlanResult& result) {
   TellUntold(result);
 }
 
-void PrintChanges(const LineReport& report) {
-  const std::string where = Where(report) + ": ";
-  for (const auto& [name, value] : report.taken) std::cout << where << name << "=next took " << value << '\n';
-  for (const RecordChange& change : report.changes) std::cout << where << Written(change) << '\n';
+std::string ChangesInWords(const LineReport& report) {
+  const std::string where = report.file.empty() ? "" : Where(report) + ": ";
+  std::string text;
+  for (const auto& [name, value] : report.taken) text += Printed(where + name + "=next took " + value) + '\n';
+  for (const RecordChange& change : report.changes) text += Printed(where + Written(change)) + '\n';
+  return text;
 }
+
+void PrintChanges(const LineReport& report) { std::cout << ChangesInWords(report); }
 
 void AddChanges(nlohmann::json& document, const LineReport& report) {
   for (const auto& [name, value] : report.taken)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
+#include <string>
 
 #include "workbench/plans/Plan.h"
 
@@ -13,8 +14,9 @@ void TellProblems(const workbench::PlanResult& result);
 // where they differ in values and other numbers alone.
 void TellByCause(const workbench::PlanResult& result);
 
-// What a line did, on standard output: a line for each record and for each "next".
+// What a line did, on standard output: a line for each record and for each "next". Where it stands is told of a file.
 void PrintChanges(const workbench::LineReport& report);
+std::string ChangesInWords(const workbench::LineReport& report);
 // The same in the document: under "changes" and "taken".
 void AddChanges(nlohmann::json& document, const workbench::LineReport& report);
 

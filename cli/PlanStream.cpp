@@ -1,10 +1,13 @@
 #include "cli/PlanStream.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <system_error>
 
+#include "cli/Subcommands.h"
 #include "workbench/system/Signals.h"
 
 namespace cordboard::cli {
@@ -21,6 +24,14 @@ PlanStream::Buffer::int_type PlanStream::Buffer::underflow() {
   if (size == 0) return traits_type::eof();
   setg(read_.data(), read_.data(), read_.data() + size);
   return traits_type::to_int_type(*gptr());
+}
+
+int OpenPlan(const std::string& plan) {
+  if (plan == "-") return STDIN_FILENO;
+  if (!std::filesystem::exists(plan)) throw Exit{NotFound, "there is no plan file " + plan};
+  const int file = std::filesystem::is_directory(plan) ? -1 : open(plan.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) throw Exit{Trouble, "the plan file " + plan + " cannot be read"};
+  return file;
 }
 
 }  // namespace cordboard::cli

@@ -4,6 +4,7 @@
 #include <array>
 #include <istream>
 #include <streambuf>
+#include <string>
 
 namespace cordboard::cli {
 
@@ -32,5 +33,8 @@ class PlanStream : public std::istream {
 
   Buffer buffer_;
 };
+
+// Opens the file of a plan, or standard input for "-"; ends the subcommand where it cannot be read.
+int OpenPlan(const std::string& plan);
 
 }  // namespace cordboard::cli

@@ -1,10 +1,15 @@
 // The program's subcommands: one file each, named after the subcommand. What each is given on the command line stands
-// in its options (cli/CommandLine.cpp reads them); each gives its exit code, or ends with an Exit.
+// in its options (cli/CommandLine.cpp reads them); each gives its exit code, or ends with an Exit. Some can be given an
+// exchange that is open: they look at that, and the file is a name.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <vector>
+
+namespace cordboard::workbench {
+class Exchange;
+}  // namespace cordboard::workbench
 
 namespace cordboard::cli {
 
@@ -78,6 +83,7 @@ struct HistoryOptions {
   bool json = false;
 };
 int History(const HistoryOptions& options);
+int ShowHistory(workbench::Exchange& exchange, const HistoryOptions& options);
 
 struct UndoOptions {
   std::string file;
@@ -107,6 +113,7 @@ struct ValuesOptions {
   bool json = false;
 };
 int Values(const ValuesOptions& options);
+int Values(workbench::Exchange& exchange, const ValuesOptions& options);
 
 struct ShowOptions {
   std::string file;
@@ -116,6 +123,7 @@ struct ShowOptions {
   bool json = false;
 };
 int Show(const ShowOptions& options);
+int Show(workbench::Exchange& exchange, const ShowOptions& options);
 
 struct GenerateOptions {
   std::string file;
@@ -125,6 +133,7 @@ struct GenerateOptions {
   bool json = false;
 };
 int Generate(const GenerateOptions& options);
+int Generate(workbench::Exchange& exchange, const GenerateOptions& options);
 
 struct ExportOptions {
   std::string file;
@@ -166,6 +175,7 @@ struct UsedOptions {
   bool json = false;
 };
 int Used(const UsedOptions& options);
+int Used(workbench::Exchange& exchange, const UsedOptions& options);
 
 struct CommandsOptions {
   bool json = false;
@@ -190,6 +200,14 @@ int Man(const ManOptions& options, const Definition& program);
 // Prints what the last of the words behind "cordboard" may be completed to, one a line, with a description behind a
 // tabulator where there is one; or the line ":files" where that is a file's name.
 int Complete(const std::vector<std::string>& words, const Definition& program);
+
+struct ShellOptions {
+  std::string file;
+  bool readOnly = false;
+  bool stop = false;  // ends at the first line that is refused
+  unsigned wait = usualWait;
+};
+int Shell(const ShellOptions& options, const Definition& program);
 
 int Serve();
 

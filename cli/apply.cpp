@@ -1,6 +1,5 @@
 // cordboard apply: performs the actions of plan files, all or nothing.
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -92,14 +91,6 @@ void CheckSave(const ApplyOptions& options) {
   for (const std::string& plan : options.plans)
     if (std::filesystem::equivalent(plan, options.save, ignored))
       throw Exit{Usage, "the plan cannot be saved over " + plan + ", from which it is read"};
-}
-
-int OpenPlan(const std::string& plan) {
-  if (plan == "-") return STDIN_FILENO;
-  if (!std::filesystem::exists(plan)) throw Exit{NotFound, "there is no plan file " + plan};
-  const int file = std::filesystem::is_directory(plan) ? -1 : open(plan.c_str(), O_RDONLY | O_CLOEXEC);
-  if (file < 0) throw Exit{Trouble, "the plan file " + plan + " cannot be read"};
-  return file;
 }
 
 workbench::ReadAction ReaderOf(const ApplyOptions& options) {

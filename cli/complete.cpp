@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 #include <map>
+#include <memory>
 #include <utility>
 
 #include "cli/Candidates.h"
@@ -11,8 +12,6 @@
 #include "cli/Subcommands.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
-#include "workbench/history/History.h"
-#include "workbench/history/StateInWords.h"
 
 namespace cordboard::cli {
 
@@ -93,21 +92,19 @@ Candidates Options(const Definition& definition) {
   return candidates;
 }
 
+LookUp InFile(const Typed& typed) {
+  return {.exchange = [file = typed.First("FILE"),
+                       open = std::shared_ptr<workbench::Exchange>()]() mutable -> workbench::Exchange& {
+    if (!open) open = OpenToRead(file);
+    return *open;
+  }};
+}
+
 Candidates Assignments(const Typed& typed) {
   const auto given = typed.given.find("NAME=VALUE");
   const auto values = typed.definition->name == "show" ? StoredValues : FormValues;
-  return values(typed.First("FILE"), typed.Form(),
-                given == typed.given.end() ? std::vector<std::string>() : given->second, typed.word);
-}
-
-// The states of the exchange, the newest first.
-Candidates States(const Typed& typed) {
-  const auto exchange = OpenToRead(typed.First("FILE"));
-  const workbench::History history(exchange->Dynamic());
-  Candidates candidates;
-  for (auto state = history.states().rbegin(); state != history.states().rend(); ++state)
-    candidates.push_back({std::to_string(state->number), Told(*state)});
-  return candidates;
+  return values(InFile(typed), typed.Form(),
+                AssignmentsOf(given == typed.given.end() ? std::vector<std::string>() : given->second), typed.word);
 }
 
 Candidates Nothing(const Typed&) { return {}; }
@@ -122,13 +119,13 @@ const Offer offers[] = {
     {"COMMAND", [](const Typed&) { return CommandNames(); }},
     {"KEEP", Nothing},
     {"LIMIT", Nothing},
-    {"LINE", [](const Typed& typed) { return LineContinued(typed.First("FILE"), typed.word); }},
+    {"LINE", [](const Typed& typed) { return LineContinued(InFile(typed), typed.word); }},
     {"MESSAGE", Nothing},
     {"NAME=VALUE", Assignments},
     {"PARAM", [](const Typed& typed) { return ParameterNames(typed.Form()); }},
     {"PLANT", Plants, true},
     {"RELEASE", Releases},
-    {"STATE", States},
+    {"STATE", [](const Typed& typed) { return StateNumbers(InFile(typed)); }},
 };
 
 void Print(const Candidates& candidates, const std::string& word) {

@@ -40,11 +40,12 @@ std::string Lines(const workbench::Generated& generated) {
 
 }  // namespace
 
-int Generate(const GenerateOptions& options) {
-  const auto exchange = OpenToRead(options.file);
+int Generate(const GenerateOptions& options) { return Generate(*OpenToRead(options.file), options); }
+
+int Generate(workbench::Exchange& exchange, const GenerateOptions& options) {
   CheckOutput(options.file, options.output);
   const std::string database = DatabaseOf(options);
-  workbench::Session session(*exchange);
+  workbench::Session session(exchange);
   const workbench::Generated generated = workbench::Generate(session, database, options.commands);
   for (const auto& [command, problem] : generated.problems) Error({.command = command}, problem);
   NoteThoseWithout(generated);
@@ -56,7 +57,7 @@ int Generate(const GenerateOptions& options) {
     for (const auto& line : generated.lines) std::cout << Printed(line.text) << '\n';
   } else {
     WriteOutput(options.output, Lines(generated));
-    WarnOfReaders(*exchange, options.output);
+    WarnOfReaders(exchange, options.output);
     Note("lines", std::to_string(generated.lines.size()) + " written to " + options.output);
   }
   return generated.problems.empty() ? Done : Refused;

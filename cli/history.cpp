@@ -28,9 +28,8 @@ void WarnOfOthers(const workbench::History& history) {
   }
 }
 
-int ShowStates(const HistoryOptions& options) {
-  const auto exchange = OpenToRead(options.file);
-  const workbench::History history(exchange->Dynamic());
+int ShowStates(workbench::Exchange& exchange, const HistoryOptions& options) {
+  const workbench::History history(exchange.Dynamic());
   nlohmann::json data = nlohmann::json::array();
   std::vector<std::vector<std::string>> rows;
   for (auto state = history.states().rbegin(); state != history.states().rend(); ++state) {
@@ -68,18 +67,17 @@ nlohmann::json TextsOf(const workbench::StateStore& store, int number) {
   return texts;
 }
 
-int ShowState(const HistoryOptions& options) {
+int ShowState(workbench::Exchange& exchange, const HistoryOptions& options) {
   const int number = *options.state;
-  const auto exchange = OpenToRead(options.file);
-  const workbench::State state = workbench::History(exchange->Dynamic()).Find(number);
-  const workbench::StateStore store(exchange->Dynamic());
+  const workbench::State state = workbench::History(exchange.Dynamic()).Find(number);
+  const workbench::StateStore store(exchange.Dynamic());
   if (options.plans && !options.json) {
     PrintTexts(store, number);
     return Done;
   }
   nlohmann::json document = {{"states", {ToJson(state)}}};
   if (options.plans) document["texts"] = TextsOf(store, number);
-  const workbench::StateChanges changes(*exchange, number);
+  const workbench::StateChanges changes(exchange, number);
   if (options.json) {
     document["changes"] = ToJson(changes.records());
     PrintJson(std::move(document));
@@ -107,8 +105,11 @@ int Keep(const HistoryOptions& options) {
 }  // namespace
 
 int History(const HistoryOptions& options) {
-  if (options.keep) return Keep(options);
-  return options.state ? ShowState(options) : ShowStates(options);
+  return options.keep ? Keep(options) : ShowHistory(*OpenToRead(options.file), options);
+}
+
+int ShowHistory(workbench::Exchange& exchange, const HistoryOptions& options) {
+  return options.state ? ShowState(exchange, options) : ShowStates(exchange, options);
 }
 
 }  // namespace cordboard::cli

@@ -119,9 +119,10 @@ void ShowRecords(workbench::Exchange& exchange, const ShowOptions& options) {
 
 }  // namespace
 
-int Show(const ShowOptions& options) {
-  const auto exchange = OpenToRead(options.file);
-  options.command.empty() ? ShowCommands(*exchange, options.json) : ShowRecords(*exchange, options);
+int Show(const ShowOptions& options) { return Show(*OpenToRead(options.file), options); }
+
+int Show(workbench::Exchange& exchange, const ShowOptions& options) {
+  options.command.empty() ? ShowCommands(exchange, options.json) : ShowRecords(exchange, options);
   return Done;
 }
 

@@ -39,13 +39,14 @@ nlohmann::json ToJson(const Use& use) {
 
 }  // namespace
 
-int Used(const UsedOptions& options) {
+int Used(const UsedOptions& options) { return Used(*OpenToRead(options.file), options); }
+
+int Used(workbench::Exchange& exchange, const UsedOptions& options) {
   if (!options.thing.empty()) {
     if (const std::string unknown = workbench::UnknownThing(options.thing); !unknown.empty())
       throw Exit{NotFound, unknown};
   }
-  const auto exchange = OpenToRead(options.file);
-  const std::vector<Use> uses = FindUses(*exchange, options.value, options.thing);
+  const std::vector<Use> uses = FindUses(exchange, options.value, options.thing);
   if (options.json) {
     nlohmann::json things = nlohmann::json::array();
     for (const Use& use : uses) things.push_back(ToJson(use));

@@ -3,12 +3,11 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
+#include "cli/EditedForm.h"
 #include "cli/Files.h"
 #include "cli/Output.h"
 #include "cli/Subcommands.h"
 #include "workbench/actions/EmptyList.h"
-#include "workbench/actions/Records.h"
-#include "workbench/actions/ShownValues.h"
 #include "workbench/forms/Unknown.h"
 
 namespace cordboard::cli {
@@ -20,16 +19,6 @@ void CheckParameter(const workbench::FormDefinition& form, const std::string& na
   if (parameter == nullptr) throw Exit{NotFound, workbench::UnknownParameter(form, name)};
   if (!parameter->IsIn(release))
     throw Exit{NotFound, "the release " + release + " does not have the parameter " + name + " in " + form.command};
-}
-
-// The form of a record that is edited, with the new values.
-workbench::Filling FillSelected(workbench::Session& session, const workbench::FormDefinition& form,
-                                const std::vector<workbench::Assignment>& selection,
-                                const std::vector<workbench::Assignment>& given) {
-  if (!form.edits) throw Exit{Refused, "records of " + form.command + " cannot be changed"};
-  const auto found = FindRecord(session.exchange(), form, selection);
-  if (const auto* problem = std::get_if<workbench::Problem>(&found)) throw Exit{NotFound, problem->message};
-  return workbench::FillFormOf(session, std::get<workbench::StoredRecord>(found), given);
 }
 
 void Print(const std::vector<workbench::ValidValue>& values, bool json) {
@@ -46,15 +35,16 @@ void Print(const std::vector<workbench::ValidValue>& values, bool json) {
 
 }  // namespace
 
-int Values(const ValuesOptions& options) {
-  const auto exchange = OpenToRead(options.file);
+int Values(const ValuesOptions& options) { return Values(*OpenToRead(options.file), options); }
+
+int Values(workbench::Exchange& exchange, const ValuesOptions& options) {
   const workbench::FormDefinition& form = FormOf(options.command);
-  CheckParameter(form, options.parameter, exchange->release());
+  CheckParameter(form, options.parameter, exchange.release());
   const std::vector<workbench::Assignment> given = AssignmentsOf(options.given);
   const std::vector<workbench::Assignment> selection = AssignmentsOf(options.of);
 
   std::shared_ptr<workbench::ListSources> sources;
-  workbench::Session session(*exchange, [&sources](std::shared_ptr<Host> host) {
+  workbench::Session session(exchange, [&sources](std::shared_ptr<Host> host) {
     return sources = std::make_shared<workbench::ListSources>(std::move(host));
   });
   workbench::Filling filling =

@@ -38,14 +38,21 @@ add_custom_target(cordboard_version BYPRODUCTS ${version}
           -DBUILD_TYPE=$<CONFIG> -P ${PROJECT_SOURCE_DIR}/cmake/Version.cmake
   COMMENT "Looking up the version" VERBATIM)
 
-file(GLOB cli_sources CONFIGURE_DEPENDS cli/*.cpp)
-add_executable(cordboard ${cli_sources} ${version})
-add_dependencies(cordboard cordboard_version)
-target_link_libraries(cordboard PRIVATE cordboard_workbench cordboard_web cordboard_remote CLI11::CLI11 nlohmann_json::nlohmann_json
-                      SQLite::SQLite3)
+# The shell stands on libedit. All but main is a library, for tests.
+find_path(EDIT_INCLUDE histedit.h REQUIRED)
+find_library(EDIT_LIBRARY edit REQUIRED)
+file(GLOB cli_sources CONFIGURE_DEPENDS cli/*.cpp cli/*/*.cpp)
+list(FILTER cli_sources EXCLUDE REGEX /main\\.cpp$)
+add_library(cordboard_cli STATIC ${cli_sources} ${version})
+add_dependencies(cordboard_cli cordboard_version)
+target_include_directories(cordboard_cli PRIVATE ${EDIT_INCLUDE})
+target_link_libraries(cordboard_cli PUBLIC cordboard_workbench nlohmann_json::nlohmann_json
+                      PRIVATE cordboard_web cordboard_remote CLI11::CLI11 SQLite::SQLite3 ${EDIT_LIBRARY})
 if(CORDBOARD_PRECOMPILE)
-  target_precompile_headers(cordboard PRIVATE <nlohmann/json.hpp>)
+  target_precompile_headers(cordboard_cli PRIVATE <nlohmann/json.hpp>)
 endif()
+add_executable(cordboard cli/main.cpp)
+target_link_libraries(cordboard PRIVATE cordboard_cli)
 
 # The manual pages, as the program prints them.
 set(man_pages ${PROJECT_BINARY_DIR}/man)

@@ -16,35 +16,17 @@ namespace cordboard::workbench {
 
 namespace {
 
-// The next line, cut where it is longer than any line may be, so that a hostile file costs no memory.
-bool ReadLine(std::istream& in, std::string& line) {
-  line.clear();
-  int c = in.get();
-  if (c == std::istream::traits_type::eof()) return false;
-  for (; c != std::istream::traits_type::eof() && c != '\n'; c = in.get()) {
-    if (line.size() <= longestLine) line += static_cast<char>(c);
-  }
-  return true;
-}
-
-// The mark that some editors put in front of UTF-8 text.
-void DropByteOrderMark(std::string& line) {
-  if (line.starts_with("\xEF\xBB\xBF")) line.erase(0, 3);
-}
-
 // The lines of a file, each with the one behind it. Each that is come to is handed to `take`.
 class Lines {
  public:
   using Take = std::function<void(const std::string& line)>;
-  Lines(std::istream& in, Take take) : in_(in), take_(std::move(take)), hasNext_(ReadLine(in, behind_)) {
-    DropByteOrderMark(behind_);
-  }
+  Lines(std::istream& in, Take take) : in_(in), take_(std::move(take)), hasNext_(FirstLine(in, behind_)) {}
 
   bool HasNext() const { return hasNext_; }
   bool Next() {
     if (!hasNext_) return false;
     std::swap(line_, behind_);
-    hasNext_ = ReadLine(in_, behind_);
+    hasNext_ = NextLine(in_, behind_);
     ++number_;
     take_(line_);
     return true;

@@ -37,6 +37,16 @@ class Reader {
     return name;
   }
 
+  // NAME=value, whose value ends at one of `ends`.
+  Assignment NextAssignment(std::string_view ends, const std::string& hint) {
+    const std::string name = Name();
+    if (name.empty()) Refuse("a parameter name is missing");
+    if (!Take('=')) Refuse("an equals sign is missing", hint);
+    const std::size_t begin = Position();
+    assigned_.push_back({{name, Content(ends)}, begin, Position()});
+    return assigned_.back().assignment;
+  }
+
   // A value ends at one of `ends`; blanks around it do not count.
   std::string Content(std::string_view ends) {
     if (rest_.starts_with('"')) {
@@ -67,11 +77,24 @@ class Reader {
   // Refuses the line for what stands next. Its text is not told: in a line that cannot be read it may be part of a
   // secret.
   [[noreturn]] void Refuse(const std::string& message, const std::string& hint = "") const {
-    const std::size_t column = Length(line_.substr(0, line_.size() - rest_.size())) + 1;
-    throw PlanLineError(message + " at column " + std::to_string(column) + hint);
+    const std::size_t column = Column(Position());
+    throw PlanLineError(message + " at column " + std::to_string(column) + hint, column, AtEnd());
   }
 
+  // All assignments that were read, and where the value of each begins and ends.
+  struct Assigned {
+    Assignment assignment;
+    std::size_t begin;
+    std::size_t end;
+  };
+  const std::vector<Assigned>& assigned() const { return assigned_; }
+
+  std::size_t Column(std::size_t position) const { return Length(line_.substr(0, position)) + 1; }
+  std::string_view line() const { return line_; }
+
  private:
+  std::size_t Position() const { return line_.size() - rest_.size(); }
+
   void SkipBlanks() {
     const std::size_t first = rest_.find_first_not_of(blanks);
     rest_.remove_prefix(std::min(first, rest_.size()));
@@ -79,6 +102,7 @@ class Reader {
 
   std::string_view line_;
   std::string_view rest_;
+  std::vector<Assigned> assigned_;
 };
 
 std::vector<Assignment> Assignments(Reader& reader, std::string_view ends) {
@@ -86,11 +110,8 @@ std::vector<Assignment> Assignments(Reader& reader, std::string_view ends) {
   if (reader.AtEnd() || ends.find(reader.rest().front()) != ends.npos) return assignments;
   std::string hint;
   do {
-    const std::string name = reader.Name();
-    if (name.empty()) reader.Refuse("a parameter name is missing");
-    if (!reader.Take('=')) reader.Refuse("an equals sign is missing", hint);
+    assignments.push_back(reader.NextAssignment(std::string(ends) + ",", hint));
     hint = "; a value that holds a comma stands in double quotes";
-    assignments.push_back({name, reader.Content(std::string(ends) + ",")});
   } while (reader.Take(','));
   return assignments;
 }
@@ -104,28 +125,27 @@ std::string SmallLetters(const std::string& command) {
 }
 
 void End(Reader& reader) {
-  if (reader.AtEnd()) throw PlanLineError("the line is not ended: a semicolon is missing");
+  if (reader.AtEnd()) throw PlanLineError("the line is not ended: a semicolon is missing", {}, true);
   if (!reader.Take(';')) reader.Refuse("a comma or the semicolon is missing");
   if (!reader.AtEnd() && !reader.AtComment())
     throw PlanLineError("after the semicolon stands more than a comment; give one action a line");
 }
 
-}  // namespace
-
-std::optional<UserAction> ParsePlanLine(std::string_view line) {
+void CheckText(std::string_view line) {
   if (line.size() > longestLine)
     throw PlanLineError("the line is longer than " + std::to_string(longestLine) + " bytes");
   if (!IsUtf8(line)) throw PlanLineError("the line is not UTF-8 text");
   if (line.find('\0') != line.npos) throw PlanLineError("the line holds a zero character");
-  Reader reader(line);
-  if (reader.AtEnd() || reader.AtComment()) return std::nullopt;
+}
 
+std::optional<UserAction> Parse(Reader& reader) {
+  if (reader.AtEnd() || reader.AtComment()) return std::nullopt;
   UserAction action;
   action.command = reader.Name();
   if (action.command == "edit" || action.command == "delete") {
     action.kind = action.command == "edit" ? UserAction::Kind::Edit : UserAction::Kind::Delete;
     action.command = reader.Name();
-    if (action.command.empty()) throw PlanLineError("after edit or delete a command is missing");
+    if (action.command.empty()) throw PlanLineError("after edit or delete a command is missing", {}, reader.AtEnd());
     if (reader.Word("from")) throw PlanLineError("only an add is made from a template");
     action.selection = Assignments(reader, ":;");
   }
@@ -140,6 +160,52 @@ std::optional<UserAction> ParsePlanLine(std::string_view line) {
   }
   End(reader);
   return action;
+}
+
+}  // namespace
+
+bool NextLine(std::istream& in, std::string& line) {
+  line.clear();
+  int c = in.get();
+  if (c == std::istream::traits_type::eof()) return false;
+  for (; c != std::istream::traits_type::eof() && c != '\n'; c = in.get()) {
+    if (line.size() <= longestLine) line += static_cast<char>(c);
+  }
+  return true;
+}
+
+bool FirstLine(std::istream& in, std::string& line) {
+  const bool isThere = NextLine(in, line);
+  if (line.starts_with("\xEF\xBB\xBF")) line.erase(0, 3);
+  return isThere;
+}
+
+std::optional<UserAction> ParsePlanLine(std::string_view line) {
+  CheckText(line);
+  Reader reader(line);
+  return Parse(reader);
+}
+
+std::optional<Stretch> FindInLine(std::string_view line, const std::string& parameter, const std::string& value) {
+  Reader reader(line);
+  const auto action = Parse(reader);
+  if (!action) return std::nullopt;
+  if (parameter.empty()) {
+    const std::size_t begin = line.find(action->command);
+    return Stretch{reader.Column(begin), Length(action->command)};
+  }
+  std::optional<Stretch> found;
+  for (const auto& [assignment, begin, end] : reader.assigned()) {
+    if (assignment.name != parameter) continue;
+    const std::string_view text = TrimBlanks(line.substr(begin, end - begin));
+    const std::size_t element = value.empty() ? text.npos : text.find(value);
+    if (element == text.npos) {
+      found = {reader.Column(begin), std::max<std::size_t>(Length(text), 1)};
+    } else {
+      return Stretch{reader.Column(begin + element), Length(value)};
+    }
+  }
+  return found;
 }
 
 std::optional<UserAction> ReadableLine(std::string_view line) {

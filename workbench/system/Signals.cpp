@@ -38,6 +38,16 @@ int WaitingSignal() {
   return 0;
 }
 
+int TakeSignal() {
+  const int waiting = WaitingSignal();
+  if (waiting == 0) return 0;
+  sigset_t one;
+  sigemptyset(&one);
+  sigaddset(&one, waiting);
+  constexpr timespec now{};
+  return sigtimedwait(&one, nullptr, &now) == waiting ? waiting : 0;
+}
+
 void EndOnSignal() {
   if (const int signal = WaitingSignal()) throw Interrupted(signal);
 }

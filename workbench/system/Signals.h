@@ -33,6 +33,8 @@ void IgnoreSignals();
 
 // The signal that waits; 0 where none does, and always where they are not held back.
 int WaitingSignal();
+// Takes the signal that waits, so that it does so no longer, and gives it; 0 where none does.
+int TakeSignal();
 // Fails with Interrupted where a signal waits.
 void EndOnSignal();
 // Waits until there is something to read, or the end. Gives false where a signal comes first.
