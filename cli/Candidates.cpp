@@ -203,17 +203,19 @@ Candidates StoredValues(const LookUp& lookUp, const FormDefinition& form, const 
   const auto tables = TablesWith(form, selection);
   if (form.IsSecret(column) || !std::holds_alternative<std::vector<const FormDefinition*>>(tables)) return {};
   selection.pop_back();
-  const std::string typed = AsLiteral(word.substr(equals + 1));
+  const ParameterDefinition* parameter = form.Find(column);
+  const std::size_t begin = parameter == nullptr ? equals + 1 : ValueBegins(*parameter, word, equals);
+  const std::string typed = AsLiteral(word.substr(begin));
   const std::string end = " GROUP BY [" + column + "] HAVING SUBSTR([" + column + "], 1, LENGTH(" + typed +
                           ")) = " + typed + " LIMIT " + std::to_string(lookUp.most);
   Candidates candidates;
   for (const FormDefinition* table : std::get<0>(tables)) {
     const RowSet stored = SelectRecords(lookUp.exchange(), *table, "[" + column + "]", selection, end);
     for (std::size_t row = 0; row < stored.RowCount(); ++row) {
-      if (!stored[0][row].IsBlank()) candidates.push_back({column + "=" + Joined(stored[0][row]), ""});
+      if (!stored[0][row].IsBlank()) candidates.push_back({Joined(stored[0][row]), ""});
     }
   }
-  return candidates;
+  return After(word.substr(0, begin), std::move(candidates));
 }
 
 Candidates LineContinued(const LookUp& lookUp, const std::string& line) {

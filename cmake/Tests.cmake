@@ -125,6 +125,15 @@ if(CORDBOARD_WORKBENCH)
   add_test(NAME fault.host COMMAND fault-tests --gtest_brief=1 --gtest_filter=-Of/Faults.*)
 endif()
 
+# Those parts of the program that are more than what its users see.
+if(CORDBOARD_WORKBENCH)
+  file(GLOB cli_tests CONFIGURE_DEPENDS tests/cli/*_test.cpp)
+  add_executable(cli-tests ${cli_tests})
+  target_link_libraries(cli-tests PRIVATE cordboard_test_support cordboard_cli)
+  read_gmock_once(cli-tests)
+  add_test(NAME cli COMMAND cli-tests --gtest_brief=1)
+endif()
+
 # The program as its users run it, one class of tests at a time.
 if(CORDBOARD_WORKBENCH)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)

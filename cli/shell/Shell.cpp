@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <iostream>
 #include <memory>
 #include <optional>
 
@@ -68,10 +69,11 @@ Shell::Shell(const ShellOptions& options, const Definition& program, bool isTerm
     input_ = std::make_unique<PipedInput>();
     return;
   }
-  const LookUp lookUp{.exchange = [this]() -> workbench::Exchange& { return work_.Look(); }, .most = mostLookedFor};
-  input_ = std::make_unique<LineEditor>([this, lookUp](const std::string& row, const Room& room) {
+  input_ = std::make_unique<LineEditor>([this](const std::string& row, const Room& room) {
+    std::optional<Work::Look> look;
+    const auto exchange = [&]() -> workbench::Exchange& { return look ? *look : look.emplace(work_); };
     const std::string line = typed_.LineWith(row);
-    return Complete(line, Continuations(lookUp, line), room);
+    return Complete(line, Continuations({.exchange = exchange, .most = mostLookedFor}, line), room);
   });
 }
 
@@ -123,6 +125,7 @@ void Shell::Do(const Entry& entry) {
   if (!isTerminal_ && (code == Trouble || code == Internal)) exitCode_ = code;
   if (!isTerminal_ && refused_ && exitCode_ == Done) exitCode_ = Refused;
   if (!interrupted) return;
+  if (isTerminal_) std::cerr << '\n';  // behind the ^C that the terminal shows
   Error("interrupted; nothing was kept");
   throw *interrupted;
 }

@@ -43,26 +43,26 @@ int RunKeep(Setting& setting, const Arguments& given) {
 }
 
 int RunShow(Setting& setting, const Arguments& given) {
-  return Show(setting.work.Look(),
+  return Show(Work::Look(setting.work),
               {.file = setting.work.fileName(), .command = At(given, 0), .selection = From(given, 1)});
 }
 
 int RunValues(Setting& setting, const Arguments& given) {
   return Values(
-      setting.work.Look(),
+      Work::Look(setting.work),
       {.file = setting.work.fileName(), .command = given[0], .parameter = given[1], .given = From(given, 2), .of = {}});
 }
 
 int RunUsed(Setting& setting, const Arguments& given) {
-  return Used(setting.work.Look(), {.file = setting.work.fileName(), .value = given[0], .thing = At(given, 1)});
+  return Used(Work::Look(setting.work), {.file = setting.work.fileName(), .value = given[0], .thing = At(given, 1)});
 }
 
 int RunGenerate(Setting& setting, const Arguments& given) {
-  return Generate(setting.work.Look(), {.file = setting.work.fileName(), .commands = given, .output = {}});
+  return Generate(Work::Look(setting.work), {.file = setting.work.fileName(), .commands = given, .output = {}});
 }
 
 int RunHistory(Setting& setting, const Arguments& given) {
-  return ShowHistory(setting.work.Look(),
+  return ShowHistory(Work::Look(setting.work),
                      {.file = setting.work.fileName(), .state = StateNumber(given), .keep = std::nullopt});
 }
 
@@ -113,6 +113,8 @@ const Word words[] = {
 };
 
 [[noreturn]] void FailUnknown(const std::string& name) {
+  constexpr std::size_t longest = 64;
+  if (name.size() > longest) throw Exit{Usage, "there is no such word"};
   std::vector<std::string> names = {"edit", "delete"};
   for (const Word& word : words) names.emplace_back(word.name);
   for (const workbench::FormDefinition* form : workbench::Forms()) names.push_back(form->command);
@@ -172,7 +174,8 @@ Arguments Split(std::string_view text) {
 int RunWord(Setting& setting, const std::string& text) {
   const Arguments typed = Split(text);
   const Word* word = FindWord(typed.front());
-  if (word == nullptr) FailUnknown(typed.front());
+  // A command in small letters is taken for a word as well.
+  if (word == nullptr) FailUnknown(typed.front().substr(0, typed.front().find(':')));
   const Arguments given = From(typed, 1);
   const Word::Kinds kinds = word->ArgumentKinds();
   if (given.size() < kinds.least || (!kinds.several && given.size() > kinds.names.size()))

@@ -73,6 +73,7 @@ int Work::Perform(const Entry& entry) {
 }
 
 int Work::Read(const std::string& plan) {
+  if (plan == "-") throw Exit{Usage, "standard input is what this shell reads"};
   PlanStream in(OpenPlan(plan));
   std::string text;
   const PlanResult result = Apply({plan, in}, text, {.read = [&](const std::string&, const std::string& line) {

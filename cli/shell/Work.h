@@ -19,8 +19,18 @@ class Work {
   // `source` is what lines come from, as the history of the exchange calls it.
   Work(ExchangeFile& file, std::string source) : file_(file), source_(std::move(source)) {}
 
-  // The exchange for who asks of it: in a trial as the trial has made it.
-  workbench::Exchange& Look() { return trial_ ? trial_->exchange() : file_.Look(); }
+  // The exchange for who asks of it: in a trial as the trial has made it. Whatever rules write while they are asked
+  // goes again with the transaction.
+  class Look {
+   public:
+    explicit Look(Work& work)
+        : exchange_(work.trial_ ? work.trial_->exchange() : work.file_.Look()), undone_(exchange_) {}
+    operator workbench::Exchange&() { return exchange_; }
+
+   private:
+    workbench::Exchange& exchange_;
+    workbench::Transaction undone_;
+  };
   const std::string& fileName() const { return file_.name(); }
   const std::optional<Trial>& trial() const { return trial_; }
 

@@ -21,8 +21,8 @@ class ShellTest(ProgramTest):
 class Piped(ShellTest):
     """Standard input is a file or a pipe."""
 
-    def shell(self, code, lines, *options):
-        ran = self.ends(code, "shell", self.exchange, *options, given=lines)
+    def shell(self, code, lines, *options, **how):
+        ran = self.ends(code, "shell", self.exchange, *options, given=lines, **how)
         return ran.stdout.splitlines(), ran.stderr.splitlines()
 
     def test_each_line_is_kept_at_once_and_one_that_is_refused_leaves_the_others(self):
@@ -125,6 +125,10 @@ drop
         told, _ = self.shell(DONE, together)
         self.assertEqual(self.states()[1:], [["standard input"]] * 2)
         self.assertEqual(self.json("history", self.exchange, "4")["states"][0]["lines"], 2)
+        # By itself the first of them makes a record, which the second removes.
+        self.assertEqual([line for line in told if "KSFKC" in line], [])
+        told, _ = self.shell(REFUSED, b"undo\ntry\n" + together.replace(b"\\", b"")[together.index(b"KSFKC"):])
+        self.assertEqual(len([line for line in told if "KSFKC" in line]), 2)
 
     def test_a_file_that_is_not_there_or_held_and_the_end_of_standard_output(self):
         self.fails(NOT_FOUND, "there is no file", "shell", self.folder / "nowhere.cbx")
@@ -134,10 +138,30 @@ drop
         with open("/dev/full", "wb") as full:
             self.ends(TROUBLE, "shell", self.exchange, given=b"commands\ncommands\n", stdout=full)
 
-    def test_a_signal_ends_it(self):
+    def test_a_file_that_vanishes_and_a_full_disk_keep_nothing(self):
+        _, problems = self.shell(TROUBLE, b"NANSI:NUMTYP=EX,NUMSE=200;\n",
+                                 preexec_fn=program_test.no_file_beyond(self.exchange.stat().st_size // 2))
+        self.assertRegex(problems[0], "^error: standard input:1: .*: .*; nothing was kept$")
+        self.assertEqual(self.states(), [])
+        shell = self.piped()
+        shell.stdin.write("NANSI:NUMTYP=EX,NUMSE=200;\n")
+        shell.stdin.flush()
+        self.assertIn("added", shell.stdout.readline())
+        self.exchange.rename(self.folder / "moved.cbx")
+        told, problems = shell.communicate("NANSI:NUMTYP=EX,NUMSE=201;\nshow NANSI\ntry\nused 100\nhelp try\n")
+        self.assertEqual(problems.splitlines(), [f"error: standard input:{row}: there is no file {self.exchange}"
+                                                 for row in (2, 3, 4, 5)])
+        self.assertIn("begin a trial", told)
+        self.assertEqual(list(self.folder.glob("office.cbx*")), [])
+
+    def piped(self):
         shell = subprocess.Popen([program_test.PROGRAM, "shell", self.exchange], stdin=subprocess.PIPE,
                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         self.addCleanup(program_test.ended, shell)
+        return shell
+
+    def test_a_signal_ends_it(self):
+        shell = self.piped()
         shell.stdin.write("try\nNANSI:NUMTYP=EX,NUMSE=200;\n")
         shell.stdin.flush()
         self.assertIn("added", shell.stdout.readline())
@@ -214,6 +238,17 @@ class Typing(ShellTest):
         self.assertEqual(shell.enter("0;\r", "office>"), "NANSI NUMSE=200 added: NUMTYP=EX")
         shell.type("\x04")
         self.assertEqual(shell.end(), DONE)
+        self.assertEqual(self.states(), [["shell"]])
+
+    def test_ctrl_c_ends_what_is_being_done_and_not_the_shell(self):
+        holder = self.applying(self.exchange)
+        shell = self.shell("--wait", "60")
+        row = shell.screen.row
+        shell.type("NANSI:NUMTYP=EX,NUMSE=200;\r")
+        shell.wait(lambda: shell.screen.row > row)
+        self.assertIn("error: interrupted; nothing was kept", shell.enter("\x03", "office>"))
+        program_test.ended(holder)
+        shell.enter("NANSI:NUMTYP=EX,NUMSE=200;\r", "office>")
         self.assertEqual(self.states(), [["shell"]])
 
     def test_what_was_typed_comes_again_and_secrets_are_not_kept(self):
