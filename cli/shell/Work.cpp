@@ -177,10 +177,11 @@ int Work::Redo() {
 std::string Work::KeptLines() {
   const workbench::History history(file_.Look().Dynamic());
   std::string lines;
-  for (const auto& [text, number] : kept_) {
+  for (const Kept& kept : kept_) {
     const auto state =
-        std::ranges::find_if(history.states(), [&](const workbench::State& each) { return each.number == number; });
-    if (state == history.states().end() || state->takenBackBy == 0) lines += text + (text.ends_with('\n') ? "" : "\n");
+        std::ranges::find_if(history.states(), [&](const workbench::State& each) { return each.number == kept.state; });
+    if (state != history.states().end() && state->takenBackBy != 0) continue;
+    lines += kept.text + (kept.text.ends_with('\n') ? "" : "\n");
   }
   return lines;
 }
