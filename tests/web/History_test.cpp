@@ -29,7 +29,7 @@ TEST_F(HistoryPage, ShowsTheStatesWithTheNewestFirst) {
   EXPECT_THAT(answer.body, HasSubstr("apply &lt;b&gt;.plan"));
   EXPECT_LT(answer.body.find("/state?number=2"), answer.body.find("/state?number=1"));
   EXPECT_THAT(answer.body, AllOf(HasSubstr("aria-label=\"Undo: state 2\""),
-                                 HasSubstr("aria-label=\"Undo with the later ones: state 1\""),
+                                 HasSubstr("aria-label=\"Undo with later ones: state 1\""),
                                  Not(HasSubstr("/undo?number=0")), Not(HasSubstr("/redo"))));
 }
 
@@ -83,6 +83,7 @@ TEST_F(HistoryPage, DoesNothingWhereAnotherStateHasComeSince) {
   EXPECT_EQ(refused.status, Conflict);
   EXPECT_THAT(TextOf(refused), HasSubstr("There came state 3, apply by "));
   EXPECT_EQ(Post("/undo", {{"number", "2"}}).status, BadRequest);
+  EXPECT_EQ(Post("/undo", {{"number", "3"}, {"newest", "3"}, {"message", "two\nlines"}}).status, BadRequest);
   EXPECT_EQ(Newest(), 3);
   EXPECT_EQ(Post("/undo", {{"number", "3"}, {"newest", "3"}}).status, SeeOther);
   EXPECT_EQ(Post("/redo", {{"newest", "3"}}).status, Conflict);

@@ -56,16 +56,16 @@ Html TableOf(const Visit& visit, const workbench::History& history) {
   for (auto state = states.rbegin(); state != states.rend(); ++state) {
     Html way;
     if (!visit.readOnly() && CanBeTakenBack(history, state->number)) {
-      way = UndoOf(*state, isLast ? "Undo" : "Undo with the later ones");
+      way = UndoOf(*state, isLast ? "Undo" : "Undo with later ones");
       isLast = false;
     }
     const workbench::StateNote& note = state->note;
-    rows.push_back({Link(AddressOf(*state), std::to_string(state->number)), state->time, state->user, InWords(*state),
-                    std::to_string(note.lines), std::to_string(note.added), std::to_string(note.changed),
-                    std::to_string(note.removed), note.message, way});
+    rows.push_back({Link(AddressOf(*state), std::to_string(state->number)), way, state->time, state->user,
+                    InWords(*state), std::to_string(note.lines), std::to_string(note.added),
+                    std::to_string(note.changed), std::to_string(note.removed), note.message});
   }
   return Table("States, the newest first",
-               {"State", "Time", "User", "Change", "Lines", "Added", "Changed", "Removed", "Message", "Actions"}, rows);
+               {"State", "Actions", "Time", "User", "Change", "Lines", "Added", "Changed", "Removed", "Message"}, rows);
 }
 
 Html Plans(workbench::Exchange& exchange, int number) {

@@ -4,6 +4,7 @@
 
 #include "web/ChangedRecords.h"
 #include "web/Frame.h"
+#include "web/Selecting.h"
 #include "web/States.h"
 #include "web/pages/Pages.h"
 #include "workbench/actions/Changes.h"
@@ -86,8 +87,9 @@ Answer AskUndo(const Visit& visit, const Request& request) {
 
 Answer DoUndo(const Visit& visit, const Request& request) {
   const auto number = StateNumberOf(request.form, "number");
-  return Done(visit, request.form,
-              [&](Connection& exchange) { return workbench::Undo(exchange, number, true, request.form["message"]); });
+  return Done(visit, request.form, [&](Connection& exchange) {
+    return workbench::Undo(exchange, number, true, OneLine(request.form["message"]));
+  });
 }
 
 Answer AskRedo(const Visit& visit, const Request&) {
@@ -103,7 +105,7 @@ Answer AskRedo(const Visit& visit, const Request&) {
 
 Answer DoRedo(const Visit& visit, const Request& request) {
   return Done(visit, request.form,
-              [&](Connection& exchange) { return workbench::Redo(exchange, request.form["message"]); });
+              [&](Connection& exchange) { return workbench::Redo(exchange, OneLine(request.form["message"])); });
 }
 
 }  // namespace cordboard::web
