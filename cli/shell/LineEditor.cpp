@@ -11,6 +11,7 @@
 #include <sstream>
 
 #include "cli/Output.h"
+#include "cli/shell/Typed.h"
 #include "workbench/system/Signals.h"
 
 namespace cordboard::cli::shell {
@@ -85,11 +86,8 @@ std::optional<std::string> LineEditor::Next(const std::string& prompt) {
 // What has several lines is brought again line by line.
 void LineEditor::Remember(const std::string& text) {
   HistEvent event;
-  std::istringstream lines(text);
-  for (std::string line; std::getline(lines, line);) {
-    if (!lines.eof()) line += '\\';
-    ::history(history_.get(), &event, H_ENTER, line.c_str());
-  }
+  std::istringstream rows(RowsOf(text));
+  for (std::string row; std::getline(rows, row);) ::history(history_.get(), &event, H_ENTER, row.c_str());
   recent_.Add(text);
 }
 
@@ -98,8 +96,9 @@ std::size_t LineEditor::Columns() const { return TerminalRoom().columns; }
 char* LineEditor::Prompt(EditLine* editor) { return Of(editor).prompt_.data(); }
 
 // A character, where no signal comes before it. Bytes that make none are passed over.
-int LineEditor::Read(EditLine*, wchar_t* character) {
+int LineEditor::Read(EditLine* editor, wchar_t* character) {
   std::mbstate_t state{};
+  el_resize(editor);
   while (true) {
     if (!workbench::WaitForInput(STDIN_FILENO)) {
       errno = EINTR;

@@ -85,7 +85,7 @@ void RecentLines::Add(const std::string& text) {
   if (file_.empty() || failed_ || !IsKept(text) || (!lines_.empty() && lines_.back() == text)) return;
   lines_ = {text};
   try {
-    Write(text + "\n");
+    Write(RowsOf(text) + "\n");
   } catch (const fs::filesystem_error& error) {
     failed_ = true;
     Warning("what is typed is not kept for the next time: " + file_.string() + ": " +

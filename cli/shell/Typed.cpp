@@ -23,6 +23,12 @@ bool IsLine(std::string_view text) {
   return word == "edit" || word == "delete" || text.front() < 'a' || text.front() > 'z';
 }
 
+std::string RowsOf(const std::string& text) {
+  std::string rows;
+  for (const char c : text) rows += c == '\n' ? "\\\n" : std::string(1, c);
+  return rows;
+}
+
 bool Typed::Add(std::string_view row) {
   row = row.substr(0, row.find_last_not_of("\r") + 1);
   if (IsBlank(row)) return false;

@@ -11,6 +11,9 @@ namespace cordboard::cli::shell {
 // a small letter is a word of the shell.
 bool IsLine(std::string_view text);
 
+// A text that was whole, in rows that make it again.
+std::string RowsOf(const std::string& text);
+
 // What is typed, row by row.
 class Typed {
  public:

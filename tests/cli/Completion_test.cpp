@@ -15,9 +15,10 @@ using testing::IsEmpty;
 struct Completion : testing::Test {
   static void SetUpTestSuite() {
     road = std::make_unique<workbench::Road>();
-    for (const char* line : {"NANSI:NUMTYP=EX,NUMSE=100&&199;", "NANSI:NUMTYP=AC,NUMSE=70;", "EXCCS:CAT=1,TRAF=11,SERV_D6=1;",
-                             "KSEXI:DIR=100&&101,ITYPE=12,EQU=next,CAT=1;", "ADCOI:ABB=70,TRA=4711,DESCRIPTION=\"Mill, gate 2\";",
-                             "KSEXITEMPLATE:TEMPLATENAME=Office,CAT=1;", "KSEXITEMPLATE:TEMPLATENAME=\"Of:it\",CAT=1;"})
+    for (const char* line :
+         {"NANSI:NUMTYP=EX,NUMSE=100&&199;", "NANSI:NUMTYP=AC,NUMSE=70;", "EXCCS:CAT=1,TRAF=11,SERV_D6=1;",
+          "KSEXI:DIR=100&&101,ITYPE=12,EQU=next,CAT=1;", "ADCOI:ABB=70,TRA=4711,DESCRIPTION=\"Mill, gate 2\";",
+          "KSEXITEMPLATE:TEMPLATENAME=Office,CAT=1;", "KSEXITEMPLATE:TEMPLATENAME=\"Of:it\",CAT=1;"})
       ASSERT_EQ(road->Do(line), "done") << line;
   }
   static void TearDownTestSuite() { road.reset(); }

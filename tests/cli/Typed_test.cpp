@@ -38,6 +38,12 @@ TEST(Typed, ABackslashGoesOnWithoutABlankAndJoinsLines) {
   EXPECT_EQ(TextOf({"A:B=1;\\", "", "# comment", "C:D=2;\\"}), "A:B=1;\nC:D=2; ...");
 }
 
+TEST(Typed, ATextIsWrittenAsRowsThatMakeItAgain) {
+  EXPECT_EQ(RowsOf("A:B=1;"), "A:B=1;");
+  EXPECT_EQ(TextOf({"A:B=1;\\", "C:D=2;"}), "A:B=1;\nC:D=2;");
+  EXPECT_EQ(RowsOf("A:B=1;\nC:D=2;"), "A:B=1;\\\nC:D=2;");
+}
+
 TEST(Typed, BlankRowsCommentsAndLineEndsOfWindowsDoNotCount) {
   EXPECT_EQ(TextOf({"", "  \t", "# no", "quit\r"}), "quit");
   EXPECT_EQ(TextOf({"A:B=1,\r", "", "# no;", "C=2;\r"}), "A:B=1, C=2;");

@@ -139,6 +139,10 @@ class Terminal:
         self.wait_for_row(prompt, below=row)
         return "\n".join(self.screen.text(each) for each in range(row + 1, self.screen.row))
 
+    def resize(self, columns, rows=30):
+        self.screen.columns = columns
+        fcntl.ioctl(self.file, termios.TIOCSWINSZ, struct.pack("HHHH", rows, columns, 0, 0))
+
     def end(self):
         """Waits for the end of the program and gives its exit code."""
         while self.read():

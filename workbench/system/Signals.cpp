@@ -3,6 +3,8 @@
 #include <poll.h>
 #include <sys/signalfd.h>
 
+#include <cerrno>
+
 namespace cordboard::workbench {
 
 namespace {
@@ -56,7 +58,9 @@ bool WaitForInput(int file) {
   static const sigset_t all = AllOfThem();
   static const int arrivals = signalfd(-1, &all, SFD_CLOEXEC | SFD_NONBLOCK);
   pollfd ready[] = {{.fd = file, .events = POLLIN, .revents = 0}, {.fd = arrivals, .events = POLLIN, .revents = 0}};
-  poll(ready, 2, -1);
+  // A signal that does something else, such as telling another size of the terminal, is no end of it.
+  while (poll(ready, 2, -1) < 0 && errno == EINTR) {
+  }
   return WaitingSignal() == 0;
 }
 
