@@ -154,7 +154,7 @@ Candidates FromTemplate(const LookUp& lookUp, const FormDefinition& form, const 
   Candidates candidates = AsInLines(begin + typed.substr(from.size()), [&](const std::string& word) {
     return StoredValues(lookUp, FormOf(form.templates.command), {}, word);
   });
-  for (auto& [value, description] : candidates) value = from + value.substr(begin.size()) + ":";
+  for (auto& [value, description] : candidates) value.replace(0, begin.size(), from).append(":");
   return candidates;
 }
 

@@ -151,8 +151,9 @@ void TellByCause(const PlanResult& result) {
 std::string ChangesInWords(const LineReport& report) {
   const std::string where = report.file.empty() ? "" : Where(report) + ": ";
   std::string text;
-  for (const auto& [name, value] : report.taken) text += Printed(where + name + "=next took " + value) + '\n';
-  for (const RecordChange& change : report.changes) text += Printed(where + Written(change)) + '\n';
+  const auto add = [&](const std::string& what) { text.append(Printed(where + what)).append("\n"); };
+  for (const auto& [name, value] : report.taken) add(name + "=next took " + value);
+  for (const RecordChange& change : report.changes) add(Written(change));
   return text;
 }
 

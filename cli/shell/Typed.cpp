@@ -30,7 +30,7 @@ std::string RowsOf(const std::string& text) {
 }
 
 bool Typed::Add(std::string_view row) {
-  row = row.substr(0, row.find_last_not_of("\r") + 1);
+  row = row.substr(0, row.find_last_not_of('\r') + 1);
   if (IsBlank(row)) return false;
   const bool goesOn = row.ends_with('\\');
   if (goesOn) row.remove_suffix(1);
