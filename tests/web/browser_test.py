@@ -126,8 +126,22 @@ class Office(BrowserTest):
         person.press("Do it")
         self.assertIn("Done, and kept as state 3.", person.text())
         person.add("KSFKC", DIR="100&&109", KEY="5", FCN="PCK")
+        # A mistake is taken back, and the right keys take its place.
+        person.go("history")
+        person.press("Undo...")
+        self.assertIn("This state is taken back:", person.text())
+        person.press("Take back")
+        self.assertNotIn("KEY=5", program("generate", self.file))
+        person.add("KSFKC", DIR="100&&109", KEY="6", FCN="CBK")
+        person.go("lines?since=0")
+        self.assertEqual((person.text().count("+ KSEXI:DIR="), person.text().count("KEY=6,FCN=CBK")), (10, 10))
+        person.go("plan")
+        self.assertIn("KSFKC:DIR=100&&109,KEY=6,FCN=CBK;", person.text())
+        self.assertNotIn("KEY=5", person.text())
         lines = program("generate", self.file)
-        self.assertEqual((lines.count("KSEXI:DIR="), lines.count("KEY=5,FCN=PCK")), (10, 10))
+        self.assertEqual((lines.count("KSEXI:DIR="), lines.count("KEY=6,FCN=CBK"), lines.count("KEY=5")), (10, 10, 0))
+        person.go("records?command=KSEXI")
+        self.assertIn("10 records", person.text())
 
     def test_values_are_offered_while_one_types_and_the_keyboard_is_enough(self):
         person = self.open(NUMBERS)
