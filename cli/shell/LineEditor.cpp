@@ -52,7 +52,8 @@ LineEditor::LineEditor(AtTab atTab) : atTab_(std::move(atTab)), history_(history
   el_set(editor, EL_EDITOR, "emacs");
   el_set(editor, EL_SIGNAL, 1);  // stopping, going on, and another size; those that end are held back
   el_set(editor, EL_GETCFN, Read);
-  el_set(editor, EL_ADDFN, "complete", "Complete what is typed", Complete);
+  // The wide texts stay where they are; of others libedit loses a copy.
+  el_wset(editor, EL_ADDFN, L"complete", L"Complete what is typed", Complete);
   el_set(editor, EL_BIND, "^I", "complete", nullptr);
   el_set(editor, EL_BIND, "^R", "em-inc-search-prev", nullptr);
   HistEvent event;
