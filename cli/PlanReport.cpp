@@ -151,8 +151,8 @@ void TellByCause(const PlanResult& result) {
 std::string ChangesInWords(const LineReport& report) {
   const std::string where = report.file.empty() ? "" : Where(report) + ": ";
   std::string text;
-  const auto add = [&](const std::string& what) { text.append(Printed(where + what)).append("\n"); };
-  for (const auto& [name, value] : report.taken) add(name + "=next took " + value);
+  const auto add = [&](std::string what) { text.append(Printed(what.insert(0, where))).append("\n"); };
+  for (const auto& [name, value] : report.taken) add(std::string(name).append("=next took ").append(value));
   for (const RecordChange& change : report.changes) add(Written(change));
   return text;
 }
