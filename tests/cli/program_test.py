@@ -959,6 +959,9 @@ class ReadOnly(ProgramTest):
             self.ends(DONE, arguments[0], self.exchange, *arguments[1:], given=plan, **self.as_reader)
         ran = self.ends(DONE, "generate", self.exchange, **self.as_reader)
         self.assertEqual((ran.stdout, ran.stderr), (LINES, ""))
+        ran = self.ends(TROUBLE, "shell", self.exchange, given=b"try\n" + plan + b"drop\n" + plan, **self.as_reader)
+        self.assertIn("standard input:2: NANSI NUMSE=900 added", ran.stdout)
+        self.assertRegex(ran.stderr, r"^dropped: 1 line\nerror: standard input:4: .*may not be written.*\n$")
         self.assertEqual((sorted(self.folder.iterdir()), self.exchange.read_bytes()), before)
 
     def test_reading_needs_no_other_right_and_leaves_nothing(self):
