@@ -132,6 +132,8 @@ std::string FirstRows(const Table& pool, bool unused, const std::string& sql) {
 
 }  // namespace
 
+bool DrawsFromPool(const ListStatement& list) { return PoolOf(list) != nullptr; }
+
 std::optional<RowSet> FirstOfPool(const ListStatement& list, std::size_t count, std::string_view unusedOf) {
   const Table* pool = PoolOf(list);
   if (pool == nullptr) return std::nullopt;

@@ -19,6 +19,9 @@
 
 namespace cordboard::workbench {
 
+// Whether the list is of this shape.
+bool DrawsFromPool(const ListStatement& list);
+
 // The first `count` rows of the list; of the table `unusedOf`, where that is its pool, those alone that are not taken.
 // Nothing where the statement is not of this shape.
 std::optional<RowSet> FirstOfPool(const ListStatement& list, std::size_t count, std::string_view unusedOf);

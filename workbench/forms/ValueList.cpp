@@ -106,7 +106,8 @@ ValueList::Values ValueList::Rows(ListStatement statement) {
   const auto rows = std::make_shared<RowList>(RowList{std::move(statement)});
   return {.hold = [rows](const std::string& value) { return Gives(*rows, value); },
           .offer = [rows](std::size_t page, const std::string& unusedOf,
-                          const Take& take) { OfferRows(rows->all, page, unusedOf, take); }};
+                          const Take& take) { OfferRows(rows->all, page, unusedOf, take); },
+          .drawFromPool = [rows] { return workbench::DrawsFromPool(rows->all); }};
 }
 
 ValueList::Values ValueList::One(const std::string& one) {
@@ -199,6 +200,10 @@ const ValueList::Step* ValueList::LastWith(const std::string& value) const {
 bool ValueList::Contains(const std::string& value) const {
   const Step* step = LastWith(value);
   return step != nullptr && step->adds;
+}
+
+bool ValueList::DrawsFromPool() const {
+  return std::ranges::any_of(steps_, [](const Step& step) { return step.adds && step.values.drawFromPool(); });
 }
 
 bool ValueList::TakesAway(const std::string& value) const {

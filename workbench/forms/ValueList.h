@@ -48,6 +48,9 @@ class ValueList {
   // The first values, in the same order, of those that are wanted. Costs what they cost, not what the list costs.
   std::vector<ValidValue> First(std::size_t count, const Wanted& wanted = {}) const;
   bool Contains(const std::string& value) const;
+  // Whether its values are rows of a pool (workbench/exchange/PoolList.h): each further one of these costs more than
+  // the one before.
+  bool DrawsFromPool() const;
   // Whether the list takes the value away from what it goes on with.
   bool TakesAway(const std::string& value) const;
 
@@ -62,6 +65,7 @@ class ValueList {
     // Offers them in order, and need not offer what `unusedOf` marks as used; they are read in pages of this size and
     // more. Values that are known without the database need not offer themselves to be taken away.
     std::function<void(std::size_t page, const std::string& unusedOf, const Take& take)> offer;
+    std::function<bool()> drawFromPool = [] { return false; };
   };
   // Adds the values to the list or takes them away.
   struct Step {
