@@ -138,8 +138,22 @@ void Fields::End() const {
   if (!complaints.empty()) object_.Fail(complaints.front());
 }
 
-DataItem ReadData(std::string_view text, const std::string& file) {
+template <typename Parse>
+DataItem DataItem::Parsed(std::string_view text, const std::string& file, Parse parse) {
   if (!IsUtf8(text)) throw DataError(file, "this is not UTF-8 text");
+  try {
+    const auto read = std::make_shared<const File>(File{file, parse(text)});
+    return DataItem(read, read->json);
+  } catch (const Json::exception& error) {
+    throw DataError(file, Complaint(error));
+  }
+}
+
+DataItem ReadOwnData(std::string_view text, const std::string& file) {
+  return DataItem::Parsed(text, file, [](std::string_view json) { return Json::parse(json); });
+}
+
+DataItem ReadData(std::string_view text, const std::string& file) {
   // The reader of JSON would take the last of two fields with the same key in silence.
   std::vector<std::set<std::string>> open;
   const auto note = [&](int, Json::parse_event_t event, Json& parsed) {
@@ -149,14 +163,9 @@ DataItem ReadData(std::string_view text, const std::string& file) {
       throw DataError(file, "the key \"" + parsed.get<std::string>() + "\" stands there twice in one object");
     return true;
   };
-  try {
-    const auto read = std::make_shared<const DataItem::File>(DataItem::File{file, Json::parse(text, note)});
-    return DataItem(read, read->json);
-  } catch (const Json::exception& error) {
-    throw DataError(file, Complaint(error));
-  }
+  return DataItem::Parsed(text, file, [&](std::string_view json) { return Json::parse(json, note); });
 }
 
-DataItem ReadResource(std::string_view path) { return ReadData(Resource(path), std::string(path)); }
+DataItem ReadResource(std::string_view path) { return ReadOwnData(Resource(path), std::string(path)); }
 
 }  // namespace cordboard::workbench

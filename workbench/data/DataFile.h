@@ -58,8 +58,13 @@ class DataItem {
  private:
   friend class Fields;
   friend DataItem ReadData(std::string_view text, const std::string& file);
+  friend DataItem ReadOwnData(std::string_view text, const std::string& file);
   using Json = nlohmann::ordered_json;
   struct File;
+
+  // What `parse` makes of the text of the file.
+  template <typename Parse>
+  static DataItem Parsed(std::string_view text, const std::string& file, Parse parse);
 
   DataItem(std::shared_ptr<const File> file, const Json& json) : file_(std::move(file)), json_(&json) {}
 
@@ -100,7 +105,9 @@ class Fields {
 
 // The whole of a file; `file` names it in errors.
 DataItem ReadData(std::string_view text, const std::string& file);
-// The same of one of the program's own files, by its path under data/.
+// The same of a file that the program carries: a test has looked whether a key stands there twice.
+DataItem ReadOwnData(std::string_view text, const std::string& file);
+// The same by its path under data/.
 DataItem ReadResource(std::string_view path);
 
 template <typename T>

@@ -92,8 +92,9 @@ Connection Connection::CopyOf(const std::filesystem::path& file) {
 }
 
 bool Connection::CopyTo(Connection& other) const {
-  // Read in one transaction, so that the count is that of what is copied. It ends with the connection.
-  const int started = sqlite3_exec(database_.get(), "BEGIN; SELECT 1 FROM sqlite_master", nullptr, nullptr, nullptr);
+  // Read in one transaction, so that the count is that of what is copied. It ends with the connection. A number of the
+  // file's head is read without its schema.
+  const int started = sqlite3_exec(database_.get(), "BEGIN; PRAGMA schema_version", nullptr, nullptr, nullptr);
   if (Kind(started) == SQLITE_READONLY) return false;
   if (started != SQLITE_OK) Fail(started);
   other.timesCopied_ = TimesWritten();

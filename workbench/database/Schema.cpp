@@ -154,7 +154,7 @@ const DatabaseSchema& Schema::Database(std::string_view name) const {
 
 Schema ReadSchema(std::string_view json) {
   Schema schema;
-  for (const auto& [name, tables] : ReadData(json, "schema.json").Entries()) {
+  for (const auto& [name, tables] : ReadOwnData(json, "schema.json").Entries()) {
     DatabaseSchema& database = schema.databases.emplace_back(
         DatabaseSchema{.name = name, .prefix = name == "site" ? "site." : "", .tables = {}, .views = {}});
     for (const DataItem& item : tables.List()) {

@@ -89,7 +89,7 @@ void EnterTable(Connection& database, const FixedTable& table) {
 }  // namespace
 
 void ReadFixedValues(std::string_view json, const std::string& file, FixedValues& values) {
-  ReadData(json, file).Object([&](Fields& fields) {
+  ReadOwnData(json, file).Object([&](Fields& fields) {
     if (fields.Has("table")) {
       values.tables.push_back(ReadTable(fields));
       return;

@@ -60,7 +60,7 @@ std::string RecordKind::Rows() const { return ShippedSchema().Database(database)
 
 References::References(std::string_view json) {
   std::vector<Entry> entries;
-  ReadData(json, "references.json").Object([&](Fields& fields) {
+  ReadOwnData(json, "references.json").Object([&](Fields& fields) {
     for (const DataItem& item : fields.At("records").List()) records_.push_back(ReadRecord(item));
     const std::vector<DataItem> items = fields.At("things").List();
     things_.reserve(items.size());

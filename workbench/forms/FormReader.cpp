@@ -192,7 +192,7 @@ void ReadActions(FormDefinition& form) {
 }  // namespace
 
 FormDefinition ReadForm(const std::string& command, std::string_view json, const std::string& file) {
-  const DataItem item = ReadData(json, file);
+  const DataItem item = ReadOwnData(json, file);
   return item.Object([&](Fields& fields) {
     FormDefinition form{.command = command,
                         .title = fields.Get<std::string>("title"),

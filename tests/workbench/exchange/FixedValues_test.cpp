@@ -67,8 +67,6 @@ TEST(FixedValues, MistakesAreRefusedWithTheirPlace) {
             "values/A.json: lists[0]: unknown key \"release\". Did you mean releases?");
   EXPECT_EQ(RefusedList(R"("values": {"1": 1})"), "values/A.json: lists[0].values.1: a text is wanted, not a number");
   EXPECT_EQ(RefusedList(R"("values": {"": "None"})"), "values/A.json: lists[0].values.\"\": a value is not blank");
-  EXPECT_EQ(RefusedList(R"("values": {"1": "One", "1": "Two"})"),
-            "values/A.json: the key \"1\" stands there twice in one object");
   EXPECT_EQ(RefusedList(R"("values": {"9&&10": "%"})"),
             "values/A.json: lists[0].values.9&&10: the range 9&&10 has ends of different length");
   EXPECT_EQ(RefusedList(R"("releases": ["R7", "R9"], "values": {})"),
