@@ -13,6 +13,7 @@
 #include "bench/Bounds.h"
 #include "tests/workbench/support/ExamplePlans.h"
 #include "tests/workbench/support/Steps.h"
+#include "workbench/actions/Generation.h"
 #include "workbench/database/Schema.h"
 #include "workbench/exchange/Plant.h"
 #include "workbench/plans/PlanLine.h"
@@ -110,9 +111,11 @@ class Measurement {
  public:
   explicit Measurement(Exchange& exchange) : exchange_(exchange), session_(exchange) {}
 
-  // Each line of the plans; then, of each command, the last that added once more, which is refused, an edit of that
-  // record that sets what it has, and from the last to the first a delete of what was added.
+  // The generation of each command, by line; each line of the plans; then, of each command, the last that added once
+  // more, which is refused, an edit of that record that sets what it has, and from the last to the first a delete of
+  // what was added.
   Costs Do() {
+    CountGeneration();
     std::vector<UserAction> added;
     for (const std::string& plan : workbench::ExamplePlans()) {
       std::istringstream lines{std::string(workbench::Resource("plans/" + plan))};
@@ -137,6 +140,16 @@ class Measurement {
   }
 
  private:
+  void CountGeneration() {
+    for (const std::string& command : workbench::GenerationOrder()) {
+      const workbench::FormDefinition* form = workbench::FindForm(command);
+      if (form == nullptr || !form->generates) continue;
+      std::size_t lines = 0;
+      const long steps = StepCounter::Steps([&] { lines = LinesOf(session_, *form).size(); });
+      costs_[command + " generate"] = static_cast<double>(steps) / static_cast<double>(std::max<std::size_t>(lines, 1));
+    }
+  }
+
   bool Count(const UserAction& action, const char* how) {
     static constexpr const char* kinds[] = {" add", " edit", " delete"};
     bool done = false;

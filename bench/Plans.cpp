@@ -6,8 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "bench/Bounds.h"
 #include "bench/Measure.h"
 #include "bench/Plants.h"
+#include "tests/workbench/support/Steps.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/plans/Plan.h"
 
@@ -25,6 +27,7 @@ struct LargePlan {
   int actions;  // lines, or values of the one line
   std::string before;
   std::string plan;
+  double bound;  // steps of the database for each action
 };
 
 // The line as often, with {n} for a number that counts up.
@@ -38,13 +41,13 @@ std::string Lines(const std::string& line, int first, int count) {
 
 std::vector<LargePlan> Plans() {
   const std::string twenty = "KSEXI:DIR=10000&&29999" + extension + "\n";
-  return {{"NACDS, 4000 lines", 4000, "", Lines("NACDS:NUM={n},CDCAT=1;", 10000, 4000)},
-          {"NACDS, one line with 9000 values", 9000, "", "NACDS:NUM=10000&&18999,CDCAT=1;\n"},
-          {"KSEXI, 4000 lines", 4000, "", Lines("KSEXI:DIR={n}" + extension, 10000, 4000)},
-          {"KSEXI, one line with 9000 values", 9000, "", "KSEXI:DIR=10000&&18999" + extension + "\n"},
-          {"delete NANSI, 1000 lines", 1000, "", Lines("delete NANSI NUMSE={n};", 50000, 1000)},
-          {"the same, 20,000 positions taken", 1000, twenty, Lines("delete NANSI NUMSE={n};", 50000, 1000)},
-          {"KSEXI, 1000 lines that are refused", 1000, "", Lines("KSEXI:DIR={n},ITYPE=9,EQU=9;", 50000, 1000)}};
+  return {{"NACDS, 4000 lines", 4000, "", Lines("NACDS:NUM={n},CDCAT=1;", 10000, 4000), 1000},
+          {"NACDS, one line with 9000 values", 9000, "", "NACDS:NUM=10000&&18999,CDCAT=1;\n", 1000},
+          {"KSEXI, 4000 lines", 4000, "", Lines("KSEXI:DIR={n}" + extension, 10000, 4000), 1000},
+          {"KSEXI, one line with 9000 values", 9000, "", "KSEXI:DIR=10000&&18999" + extension + "\n", 1000},
+          {"delete NANSI, 1000 lines", 1000, "", Lines("delete NANSI NUMSE={n};", 50000, 1000), 1000},
+          {"the same, 20,000 positions taken", 1000, twenty, Lines("delete NANSI NUMSE={n};", 50000, 1000), 1000},
+          {"KSEXI, 1000 lines that are refused", 1000, "", Lines("KSEXI:DIR={n},ITYPE=9,EQU=9;", 50000, 1000), 1000}};
 }
 
 void Apply(workbench::Session& session, const std::string& plan) {
@@ -56,13 +59,18 @@ void Apply(workbench::Session& session, const std::string& plan) {
 }  // namespace
 
 void MeasurePlans() {
-  std::printf("\n%-38s %10s %14s\n", "90,000 numbers and 50,000 positions", "ms", "us per action");
-  for (const auto& [title, actions, before, plan] : Plans()) {
+  std::printf("\n%-38s %10s %14s %16s\n", "90,000 numbers and 50,000 positions", "ms", "us per action",
+              "steps per action");
+  const workbench::StepCounter counter;
+  for (const LargePlan& large : Plans()) {
     const auto exchange = workbench::Exchange::CreateInMemory(release, PlantWith("77", 32, positions));
     workbench::Session session(*exchange);
-    Apply(session, numbers + before);
-    const double seconds = Seconds([&] { Apply(session, plan); });
-    std::printf("  %-36s %10.1f %14.1f\n", title, seconds * 1e3, seconds * 1e6 / actions);
+    Apply(session, numbers + large.before);
+    double seconds = 0;
+    const long all = workbench::StepCounter::Steps([&] { seconds = Seconds([&] { Apply(session, large.plan); }); });
+    const double steps = static_cast<double>(all) / large.actions;
+    std::printf("  %-36s %10.1f %14.1f %16.1f%s\n", large.title, seconds * 1e3, seconds * 1e6 / large.actions, steps,
+                Held(large.title, steps, large.bound).c_str());
   }
 }
 
