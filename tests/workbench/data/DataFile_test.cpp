@@ -79,7 +79,8 @@ TEST(DataFile, AKeyThatStandsTwiceInOneObjectIsRefused) {
 
 TEST(DataFile, NoFileThatTheProgramCarriesHasAKeyTwice) {
   for (const auto& [path, text] : Resources()) {
-    if (path.ends_with(".json")) EXPECT_NO_THROW(ReadData(text, std::string(path)));
+    if (!path.ends_with(".json")) continue;
+    EXPECT_NO_THROW(ReadData(text, std::string(path)));
   }
 }
 
