@@ -41,13 +41,13 @@ std::string Lines(const std::string& line, int first, int count) {
 
 std::vector<LargePlan> Plans() {
   const std::string twenty = "KSEXI:DIR=10000&&29999" + extension + "\n";
-  return {{"NACDS, 4000 lines", 4000, "", Lines("NACDS:NUM={n},CDCAT=1;", 10000, 4000), 1000},
-          {"NACDS, one line with 9000 values", 9000, "", "NACDS:NUM=10000&&18999,CDCAT=1;\n", 1000},
-          {"KSEXI, 4000 lines", 4000, "", Lines("KSEXI:DIR={n}" + extension, 10000, 4000), 1000},
-          {"KSEXI, one line with 9000 values", 9000, "", "KSEXI:DIR=10000&&18999" + extension + "\n", 1000},
-          {"delete NANSI, 1000 lines", 1000, "", Lines("delete NANSI NUMSE={n};", 50000, 1000), 1000},
-          {"the same, 20,000 positions taken", 1000, twenty, Lines("delete NANSI NUMSE={n};", 50000, 1000), 1000},
-          {"KSEXI, 1000 lines that are refused", 1000, "", Lines("KSEXI:DIR={n},ITYPE=9,EQU=9;", 50000, 1000), 1000}};
+  return {{"NACDS, 4000 lines", 4000, "", Lines("NACDS:NUM={n},CDCAT=1;", 10000, 4000), 150},
+          {"NACDS, one line with 9000 values", 9000, "", "NACDS:NUM=10000&&18999,CDCAT=1;\n", 105},
+          {"KSEXI, 4000 lines", 4000, "", Lines("KSEXI:DIR={n}" + extension, 10000, 4000), 2750},
+          {"KSEXI, one line with 9000 values", 9000, "", "KSEXI:DIR=10000&&18999" + extension + "\n", 600},
+          {"delete NANSI, 1000 lines", 1000, "", Lines("delete NANSI NUMSE={n};", 50000, 1000), 260},
+          {"the same, 20,000 positions taken", 1000, twenty, Lines("delete NANSI NUMSE={n};", 50000, 1000), 520},
+          {"KSEXI, 1000 lines that are refused", 1000, "", Lines("KSEXI:DIR={n},ITYPE=9,EQU=9;", 50000, 1000), 14000}};
 }
 
 void Apply(workbench::Session& session, const std::string& plan) {
