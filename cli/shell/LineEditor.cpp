@@ -21,6 +21,8 @@ namespace {
 constexpr int mostRemembered = 1000;
 // A list leaves room for the row that is typed.
 constexpr std::size_t mostRows = 20;
+// Stands for a byte that is no character.
+constexpr std::string_view replacement = "\uFFFD";
 
 LineEditor& Of(EditLine* editor) {
   void* data = nullptr;
@@ -81,6 +83,9 @@ std::optional<std::string> LineEditor::Next(const std::string& prompt) {
   }
   std::string text(row, static_cast<std::size_t>(length));
   if (text.ends_with('\n')) text.pop_back();
+  // What was no character is none in the row either, so that nobody takes the row for what was meant.
+  for (std::size_t at = text.find(replacement); at != text.npos; at = text.find(replacement, at))
+    text.replace(at, replacement.size(), "\xFF");
   return text;
 }
 
@@ -96,7 +101,7 @@ std::size_t LineEditor::Columns() const { return TerminalRoom().columns; }
 
 char* LineEditor::Prompt(EditLine* editor) { return Of(editor).prompt_.data(); }
 
-// A character, where no signal comes before it. Bytes that make none are passed over.
+// A character, where no signal comes before it. Bytes that make none are shown as such.
 int LineEditor::Read(EditLine* editor, wchar_t* character) {
   std::mbstate_t state{};
   el_resize(editor);
@@ -111,8 +116,10 @@ int LineEditor::Read(EditLine* editor, wchar_t* character) {
     if (size <= 0) return static_cast<int>(size);
     const std::size_t made = std::mbrtowc(character, &byte, 1, &state);
     if (made == static_cast<std::size_t>(-1)) {
-      state = {};
-    } else if (made != static_cast<std::size_t>(-2)) {
+      *character = L'\uFFFD';
+      return 1;
+    }
+    if (made != static_cast<std::size_t>(-2)) {
       return 1;
     }
   }

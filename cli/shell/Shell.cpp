@@ -161,7 +161,10 @@ int Shell::Run() {
       if (const auto entry = Next()) {
         input_->Remember(entry->text);
         Do(*entry);
-        if (stops_ && refused_) break;
+        if (stops_ && refused_) {
+          exitCode_ = exitCode_ == Done ? static_cast<int>(Refused) : exitCode_;
+          break;
+        }
       } else {
         setting_.quits = true;
       }

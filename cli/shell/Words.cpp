@@ -22,6 +22,9 @@ Arguments From(const Arguments& given, std::size_t place) {
   return {given.begin() + static_cast<std::ptrdiff_t>(std::min(place, given.size())), given.end()};
 }
 
+// As the subcommand has it, which the history speaks of.
+const char* const withLaterOnes = "--with-later";
+
 std::optional<int> StateNumber(const Arguments& given) {
   if (given.empty()) return std::nullopt;
   const std::string& text = given.front();
@@ -40,6 +43,11 @@ int RunKeep(Setting& setting, const Arguments& given) {
   const std::string message = workbench::Separated(given, " ");
   if (workbench::Escaped(message) != message) throw Exit{Usage, "the message is not one line of text"};
   return setting.work.Keep(message);
+}
+
+int RunUndo(Setting& setting, const Arguments& given) {
+  const bool withLater = !given.empty() && given.back() == withLaterOnes;
+  return setting.work.Undo(StateNumber({given.begin(), given.end() - (withLater ? 1 : 0)}), withLater);
 }
 
 int RunShow(Setting& setting, const Arguments& given) {
@@ -92,8 +100,8 @@ const Word words[] = {
     {"keep", "[MESSAGE...]", "end the trial and perform its lines on the file, as one change", RunKeep},
     {"drop", "", "end the trial and keep nothing of it",
      [](Setting& setting, const Arguments&) { return setting.work.Drop(); }},
-    {"undo", "[STATE]", "take back the last change or that of a state; in a trial its last line",
-     [](Setting& setting, const Arguments& given) { return setting.work.Undo(StateNumber(given)); }},
+    {"undo", "[STATE] [--with-later]", "take back the last change or that of a state; in a trial its last line",
+     RunUndo},
     {"redo", "", "bring again what the last undo has taken back",
      [](Setting& setting, const Arguments&) { return setting.work.Redo(); }},
     {"history", "[STATE]", "list the states of the exchange, or show what one of them changed", RunHistory},
@@ -172,7 +180,9 @@ Arguments Split(std::string_view text) {
 }
 
 int RunWord(Setting& setting, const std::string& text) {
-  const Arguments typed = Split(text);
+  // Who types lines all day ends a word as he ends a line.
+  const std::size_t last = text.find_last_not_of(" \t\r");
+  const Arguments typed = Split(std::string_view(text).substr(0, text[last] == ';' && last > 0 ? last : last + 1));
   const Word* word = FindWord(typed.front());
   // A command in small letters is taken for a word as well.
   if (word == nullptr) FailUnknown(typed.front().substr(0, typed.front().find(':')));

@@ -150,12 +150,13 @@ int Work::Drop() {
   return Done;
 }
 
-int Work::Undo(std::optional<int> state) {
+int Work::Undo(std::optional<int> state, bool withLater) {
   if (!trial_) {
     const auto file = file_.ToWrite();
-    return TellState(KeptOrNothing([&] { return workbench::Undo(file->Dynamic(), state, false, ""); }));
+    return TellState(KeptOrNothing([&] { return workbench::Undo(file->Dynamic(), state, withLater, ""); }));
   }
-  if (state) throw Exit{Usage, "in a trial undo takes back its last line; leave out the number"};
+  if (state || withLater)
+    throw Exit{Usage, "in a trial undo takes back its last line; leave out what stands behind it"};
   const auto text = trial_->TakeBack();
   if (!text) throw Exit{Refused, "the trial has no line that could be taken back"};
   Note("taken back", Named(*text));

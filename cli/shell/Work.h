@@ -45,7 +45,7 @@ class Work {
   int Keep(const std::string& message);
   int Drop();
   // In a trial both go by its lines, and otherwise by the states of the exchange.
-  int Undo(std::optional<int> state);
+  int Undo(std::optional<int> state, bool withLater);
   int Redo();
   // Writes the lines of the trial as a plan, or those that were kept here and not taken back.
   int Save(const std::string& plan);

@@ -137,7 +137,8 @@ TEST(Words, EachHasItsHelpAndSaysWhatItTakes) {
   EXPECT_EQ(kinds.least, 2U);
   EXPECT_EQ(kinds.At(1), "PARAM");
   EXPECT_EQ(kinds.At(7), "NAME=VALUE");
-  EXPECT_EQ(FindWord("undo")->ArgumentKinds().At(1), "");
+  EXPECT_EQ(FindWord("undo")->ArgumentKinds().At(1), "--with-later");
+  EXPECT_EQ(FindWord("undo")->ArgumentKinds().At(2), "");
 }
 
 }  // namespace

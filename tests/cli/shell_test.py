@@ -226,6 +226,27 @@ class Typing(ShellTest):
         self.assertNotIn("Tulip", shown)
         self.assertEqual(self.states(), [])
 
+    def test_bytes_that_are_no_characters_make_no_line(self):
+        shell = self.shell()
+        for typed in (b"NANSI:NUMTYP=EX,NUMSE=2\xfc00;\r", b"NANSI:NUMTYP=EX,NUMSE=200;\xff\r", b"show \xfc\r"):
+            shell.type(typed)
+            shell.wait(lambda: "error: the line is not UTF-8 text" in shell.shown())
+            shell.enter("commands\r", "office>")
+        self.assertEqual(self.states(), [])
+
+    def test_it_ends_with_the_code_of_what_was_refused_where_it_is_to_stop(self):
+        shell = self.shell("--stop")
+        shell.type("NANSI:NUMTYP=XX;\r")
+        self.assertEqual(shell.end(), REFUSED)
+
+    def test_a_word_may_end_as_a_line_does(self):
+        shell = self.shell()
+        shell.enter("NANSI:NUMTYP=EX,NUMSE=200;\r", "office>")
+        self.assertIn("200", shell.enter("show NANSI NUMSE=200;\r", "office>"))
+        shell.enter("NANSI:NUMTYP=EX,NUMSE=201;\r", "office>")
+        shell.enter("undo 2\r", "office>")
+        self.assertIn("undo of 2, 3", shell.enter("undo 2 --with-later\r", "office>"))
+
     def test_lines_go_on_and_ctrl_c_and_ctrl_d_drop_what_is_typed(self):
         shell = self.shell()
         shell.enter("NANSI:NUMTYP=EX,\r", "...>")

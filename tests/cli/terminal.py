@@ -124,7 +124,7 @@ class Terminal:
                 raise AssertionError("it does not happen; the screen shows:\n" + self.shown())
 
     def type(self, text):
-        data = text.encode()
+        data = text if isinstance(text, bytes) else text.encode()
         while data:
             data = data[os.write(self.file, data):]
 
