@@ -4,6 +4,7 @@
 #include <map>
 
 #include "script/Conversions.h"
+#include "web/Markdown.h"
 #include "web/Selecting.h"
 #include "web/Told.h"
 #include "workbench/actions/NextValues.h"
@@ -115,20 +116,33 @@ class Writer {
     if (form_.IsMandatory(name)) input.emplace_back("aria-required", "true");
     if (!errors.empty()) input.emplace_back("aria-invalid", "true");
     if (IsFixed(parameter)) input.emplace_back("readonly", "");
+    const bool canBeCleared = parameter.secret && sent_.IsEdit() && !IsFixed(parameter);
     const bool hasList = (parameter.list || parameter.fixed) && !parameter.secret && !IsFixed(parameter);
     Html field = Input(parameter, input, hasList);
+    if (canBeCleared) field += Clearing(name);
     field += Element("div", {{"id", "about." + name}}, About(parameter, errors));
     return Element("div", {{"class", errors.empty() ? "field" : "field wrong"}}, Label(parameter, id) + field);
   }
 
+  // What is stored is not in the field of a secret, and cannot be emptied there.
+  Html Clearing(const std::string& name) const {
+    Attributes box = {{"type", "checkbox"}, {"name", "clear"}, {"value", name}, {"id", "clear." + name}};
+    const Assignment* given = sent_.Find(name);
+    if (given != nullptr && given->value.empty()) box.emplace_back("checked", "");
+    return Element("label", {{"class", "clear"}}, Element("input", box) + " clear what is stored");
+  }
+
   Html Label(const ParameterDefinition& parameter, const std::string& id) const {
-    Html text = Element("span", {{"class", "name"}}, parameter.name) + " " + parameter.title;
+    Html text = Element("span", {{"class", "name"}}, parameter.name) + " " +
+                LineAsHtml(parameter.title, [](const std::string&) { return std::string(); });
     if (form_.IsMandatory(parameter.name)) text += " " + Element("span", {{"class", "mark"}}, "has to be given");
     // Who goes from field to field by keys comes by it with F1.
     const std::string help = Address("/help", {{"command", definition().command}, {"parameter", parameter.name}});
     return Element("label", {{"for", id}}, text) + Element("a",
                                                            {{"class", "help"},
                                                             {"href", help},
+                                                            {"target", "_blank"},
+                                                            {"rel", "noopener"},
                                                             {"tabindex", "-1"},
                                                             {"aria-label", "Help on " + parameter.name},
                                                             {"title", "Help (F1)"}},
@@ -204,6 +218,7 @@ Html Templates(const SentForm& sent, Filling& filling) {
 
 Html Identity(const SentForm& sent) {
   Html hidden = Hidden("command", sent.form().command) + Hidden("mark", sent.mark());
+  if (sent.IsEdit()) hidden += Hidden("edit", "1");
   for (const Assignment& each : sent.selection()) hidden += Hidden("of", each.name + "=" + each.value);
   return hidden + Hidden("given", workbench::Separated(sent.given(), ",", &Assignment::name));
 }
@@ -223,7 +238,11 @@ Html FilledForm(const Visit& visit, const SentForm& sent, Filling& filling, cons
       Element("button", {{"type", "submit"}, {"class", "default"}, {"tabindex", "-1"}, {"aria-hidden", "true"}});
   content += Identity(sent) + Hidden("shown", writer.shown().Encoded());
   Html buttons = Button("/try", "main", "Show what it will do");
-  if (!visit.readOnly()) buttons += Button("/act", "other", sent.IsEdit() ? "Change at once" : "Add at once");
+  if (!visit.readOnly())
+    buttons += Button("/act", "other",
+                      sent.IsEdit()        ? "Change at once"
+                      : sent.form().single ? "Set at once"
+                                           : "Add at once");
   buttons += Button("/form", "other check", "Check");
   content += Templates(sent, filling) + fields + Element("div", {{"class", "actions"}}, buttons);
   return ChangingForm(visit, "/try", {{"id", "form"}, {"class", "form"}, {"novalidate", ""}}, content);
@@ -235,12 +254,15 @@ Html HiddenForm(const SentForm& sent) {
   for (const Assignment& given : sent.given()) {
     shown.Add(given.name, given.value);
     values += Hidden("v." + given.name, given.value);
+    if (given.value.empty() && sent.form().IsSecret(given.name)) values += Hidden("clear", given.name);
   }
   return Identity(sent) + Hidden("from", sent.from()) + Hidden("shown", shown.Encoded()) + values;
 }
 
 std::string TitleOf(const SentForm& sent) {
-  return sent.form().command + (sent.IsEdit() ? ": change " + Named(sent.form(), sent.selection()) : ": add");
+  const std::string record = Named(sent.form(), sent.selection());
+  if (!sent.IsEdit()) return sent.form().command + (sent.form().single ? ": set" : ": add");
+  return sent.form().command + ": change" + (record.empty() ? "" : " " + record);
 }
 
 }  // namespace cordboard::web

@@ -1,5 +1,6 @@
 #include "web/Selecting.h"
 
+#include "workbench/actions/Selection.h"
 #include "workbench/forms/Unknown.h"
 #include "workbench/plans/PlanLine.h"
 #include "workbench/text/Escaped.h"
@@ -36,6 +37,13 @@ workbench::StoredRecord RecordOf(workbench::Exchange& exchange, const FormDefini
   const auto found = FindRecord(exchange, form, selection);
   if (const auto* problem = std::get_if<workbench::Problem>(&found)) throw Failed(NotFound, problem->message);
   return std::get<workbench::StoredRecord>(found);
+}
+
+std::vector<Assignment> SelectionForLines(workbench::Exchange& exchange, const FormDefinition& form,
+                                          const std::vector<Assignment>& selection) {
+  const workbench::StoredRecord record = RecordOf(exchange, form, selection);
+  const bool isByIdentifier = selection.size() == 1 && selection.front().name == "CMDID";
+  return isByIdentifier ? workbench::SelectionOf(exchange, form, record) : selection;
 }
 
 Fields FieldsOf(const FormDefinition& form, const std::vector<Assignment>& selection) {

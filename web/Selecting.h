@@ -21,6 +21,12 @@ std::vector<workbench::Assignment> SelectionOf(const Fields& fields);
 workbench::StoredRecord RecordOf(workbench::Exchange& exchange, const workbench::FormDefinition& form,
                                  const std::vector<workbench::Assignment>& selection);
 
+// The same record by what a line of a plan finds it by, here and in another exchange; fails with Failed where there is
+// no such record.
+std::vector<workbench::Assignment> SelectionForLines(workbench::Exchange& exchange,
+                                                     const workbench::FormDefinition& form,
+                                                     const std::vector<workbench::Assignment>& selection);
+
 // The other way round: what an address has to say of a record.
 Fields FieldsOf(const workbench::FormDefinition& form, const std::vector<workbench::Assignment>& selection);
 // A record as it is read: "DIR=100, KEY=3".

@@ -14,6 +14,7 @@ using workbench::Filling;
 SentForm::SentForm(const Fields& fields)
     : form_(&FormOf(fields)),
       selection_(SelectionOf(fields)),
+      isEdit_(!selection_.empty() || fields["edit"] == "1"),
       from_(OneLine(fields["from"])),
       mark_(OneLine(fields["mark"])) {
   if (IsEdit() ? !form_->edits : !form_->adds)
@@ -26,7 +27,13 @@ SentForm::SentForm(const Fields& fields)
 void SentForm::ReadGiven(const Fields& fields) {
   const auto shown = Fields::Read(fields["shown"]);
   if (!shown) throw Failed(BadRequest, "The form cannot be read.");
-  const auto now = [&](const std::string& name) { return OneLine(fields["v." + name]); };
+  // A tab, as it comes from a table, is a blank.
+  const auto now = [&](const std::string& name) {
+    std::string value = fields["v." + name];
+    std::ranges::replace(value, '\t', ' ');
+    return OneLine(value);
+  };
+  const std::vector<std::string> cleared = fields.Each("clear");
   const auto give = [&](const std::string& name) {
     if (Find(name) == nullptr) given_.push_back({name, now(name)});
   };
@@ -34,15 +41,27 @@ void SentForm::ReadGiven(const Fields& fields) {
   for (std::string name; std::getline(before, name, ',');) {
     if (form_->Find(name) == nullptr || !fields.Has("v." + name)) continue;
     const bool isEmptied = now(name).empty() && !(*shown)[name].empty();
-    if (IsEdit() || !isEmptied) give(name);
+    if (form_->IsSecret(name) ? !now(name).empty() : IsEdit() || !isEmptied) give(name);
   }
   for (const auto& [field, value] : fields) {
     if (!field.starts_with("v.")) continue;
     const std::string name = field.substr(2);
     if (form_->Find(name) == nullptr) throw Failed(BadRequest, "The form has no such field.");
     const bool wasGiven = ("," + fields["given"] + ",").find("," + name + ",") != std::string::npos;
-    if (!wasGiven && OneLine(value) != (*shown)[name]) give(name);
+    const bool isCleared = std::ranges::find(cleared, name) != cleared.end() && value.empty();
+    if (!isCleared && (wasGiven || now(name) == (*shown)[name])) continue;
+    DropPartsOf(name);
+    give(name);
   }
+}
+
+// Who types a whole means it as it is, and not with the digits that were given before.
+void SentForm::DropPartsOf(const std::string& whole) {
+  std::erase_if(given_, [&](const Assignment& given) {
+    const workbench::Folding* folding = form_->FoldingWith(given.name);
+    while (folding != nullptr && folding->parameter != whole) folding = form_->FoldingWith(folding->parameter);
+    return folding != nullptr && !folding->isList;
+  });
 }
 
 const Assignment* SentForm::Find(const std::string& name) const {

@@ -1,12 +1,14 @@
 // The form of a command as a page sends it: what its user has given, in the order in which it came, and what the page
 // had shown. Fields of the page:
 //   command       whose form it is
-//   of            the selection of the record that is changed (web/Selecting.h); none: a record is added
+//   of            the selection of the record that is changed (web/Selecting.h)
+//   edit          "1" where a record is changed though no selection tells it: the one of the whole exchange
 //   from          the template that is added from, if any
 //   given         the names of what was given before, with commas
 //   shown         what each field had in it when the page was made, as one text (Fields::Encoded)
 //   mark          of the exchange as it stood then (StateStore::Mark)
 //   v.NAME        what is in the field of a parameter now
+//   clear         the names of secrets that are to be cleared: their fields do not show what is stored
 #pragma once
 
 #include <string>
@@ -28,7 +30,12 @@ class SentForm {
   const std::string& from() const { return from_; }
   const std::string& mark() const { return mark_; }
   void SetMark(std::string mark) { mark_ = std::move(mark); }
-  bool IsEdit() const { return !selection_.empty(); }
+  bool IsEdit() const { return isEdit_; }
+  // It is this record that is changed from now on.
+  void Select(std::vector<workbench::Assignment> selection) {
+    selection_ = std::move(selection);
+    isEdit_ = true;
+  }
 
   // What is given for a parameter; null where nothing is.
   const workbench::Assignment* Find(const std::string& name) const;
@@ -41,9 +48,11 @@ class SentForm {
 
  private:
   void ReadGiven(const Fields& fields);
+  void DropPartsOf(const std::string& whole);
 
   const workbench::FormDefinition* form_;
   std::vector<workbench::Assignment> selection_;
+  bool isEdit_;
   std::vector<workbench::Assignment> given_;
   std::string from_;
   std::string mark_;

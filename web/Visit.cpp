@@ -33,6 +33,19 @@ std::unique_ptr<Exchange> Visit::Write() const {
   return Exchange::OpenForWriting(file_, std::chrono::seconds(wait_));
 }
 
+Answer Visit::Keep(Answer page) const {
+  constexpr std::size_t most = 30;
+  const std::size_t number = ++kept_->count;
+  kept_->last.emplace(number, std::move(page));
+  if (kept_->last.size() > most) kept_->last.erase(kept_->last.begin());
+  return Answer::Elsewhere(Address("/shown", {{"page", std::to_string(number)}}));
+}
+
+std::optional<Answer> Visit::Kept(std::size_t number) const {
+  const auto found = kept_->last.find(number);
+  return found == kept_->last.end() ? std::nullopt : std::optional(found->second);
+}
+
 std::vector<State> Visit::Own(Exchange& exchange) const {
   std::vector<State> states = History(exchange.Dynamic()).states();
   std::erase_if(states, [this](const State& state) {

@@ -1,10 +1,13 @@
 // A visit: the exchange that the site shows, from when it was opened until it is closed.
 #pragma once
 
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "web/Request.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/history/State.h"
 
@@ -33,6 +36,12 @@ class Visit {
   // Fails with Failed where nothing may be changed.
   std::unique_ptr<workbench::Exchange> Write() const;
 
+  // Keeps a page that was made of a form that was sent, and sends the browser there: to load it again sends nothing
+  // again. The last ones are kept.
+  Answer Keep(Answer page) const;
+  // Nothing where it is gone.
+  std::optional<Answer> Kept(std::size_t number) const;
+
   // The number of the newest state when the visit began.
   int firstState() const { return firstState_; }
   // The states that came since, by actions on pages, and that hold.
@@ -44,6 +53,11 @@ class Visit {
   unsigned wait_;
   std::string proof_;
   int firstState_ = -1;
+  struct KeptPages {
+    std::size_t count = 0;
+    std::map<std::size_t, Answer> last = {};
+  };
+  std::shared_ptr<KeptPages> kept_ = std::make_shared<KeptPages>();
 };
 
 }  // namespace cordboard::web

@@ -54,7 +54,7 @@ TEST_F(FormTest, every_command_has_its_form) {
     const Answer answer = Get("/form", {{"command", form->command}});
     EXPECT_EQ(answer.status, form->adds ? Ok : NotFound) << form->command;
     if (!form->adds) continue;
-    EXPECT_TRUE(Says(answer.body, "<h1>" + form->command + ": add</h1>"));
+    EXPECT_TRUE(Says(answer.body, "<h1>" + form->command + (form->single ? ": set</h1>" : ": add</h1>")));
     const Answer tried = Post("/try", FieldsIn(answer.body));
     EXPECT_TRUE(tried.status == Ok || tried.status == Conflict) << form->command << ": " << tried.body;
   }
@@ -83,6 +83,13 @@ TEST_F(FormTest, a_whole_gives_its_digits_and_a_digit_changes_its_whole) {
   EXPECT_EQ(form["v.SERV_D6"], "1");
   form = Left(form, "SERV_D6", "0");
   EXPECT_EQ(form["v.SERV"], "000000000");
+}
+
+// Who types the whole means it as it is, whatever digit he has tried before.
+TEST_F(FormTest, a_whole_that_is_typed_takes_the_place_of_its_digits) {
+  const Fields form = Left(Left(Adding("EXCCS"), "SERV_D6", "0"), "SERV", "111111111");
+  EXPECT_EQ(form["v.SERV"], "111111111");
+  EXPECT_EQ(form["given"], "SERV");
 }
 
 TEST_F(FormTest, next_stays_what_is_typed_and_tells_what_it_takes) {
@@ -125,7 +132,7 @@ TEST_F(FormTest, an_action_is_shown_before_it_is_done) {
   const Answer tried = Post("/try", form);
   EXPECT_EQ(tried.status, Ok);
   EXPECT_TRUE(Says(tried.body, "Nothing is done yet."));
-  EXPECT_TRUE(Says(tried.body, "<pre class=\"lines\" tabindex=\"0\">KSEXI:DIR=102,ITYPE=12,EQU=next,CAT=1;</pre>"));
+  EXPECT_TRUE(Says(tried.body, "<pre class=\"lines\">KSEXI:DIR=102,ITYPE=12,EQU=next,CAT=1;<br></pre>"));
   EXPECT_TRUE(Says(tried.body, "next: EQU=001-0-1"));
   EXPECT_EQ(Records("KSEXI"), 2);
   const Fields shown = FieldsIn(tried.body);
@@ -170,7 +177,7 @@ TEST_F(FormTest, a_value_of_a_record_is_cleared_by_emptying_its_field) {
 TEST_F(FormTest, an_edit_that_changes_nothing_is_refused) {
   const Answer refused = Post("/act", Opened({{"command", "KSEXI"}, {"of", "DIR=100"}}));
   EXPECT_EQ(refused.status, Conflict);
-  EXPECT_TRUE(Says(refused.body, "nothing is changed"));
+  EXPECT_TRUE(Says(refused.body, "Nothing is changed yet"));
 }
 
 TEST_F(FormTest, a_record_that_there_is_not_has_no_form) {
@@ -213,8 +220,40 @@ TEST_F(FormTest, a_deletion_tells_who_names_the_record_and_what_goes) {
   const Answer done = Post("/delete", FieldsIn(confirm.body));
   EXPECT_TRUE(Says(done.body, "Done, and kept as state 3."));
   EXPECT_EQ(Records("KSEXI"), 1);
-  EXPECT_EQ(Post("/delete", FieldsIn(confirm.body)).status, Conflict);
+  EXPECT_TRUE(Says(Post("/delete", FieldsIn(confirm.body)).body, "there is no record of KSEXI with DIR=101"));
   EXPECT_TRUE(Says(Get("/delete", {{"command", "KSEXI"}, {"of", "DIR=100"}}).body, "Named by other records"));
+}
+
+TEST_F(FormTest, a_stale_deletion_asks_once_more) {
+  const Fields form = FieldsIn(Get("/delete", {{"command", "KSEXI"}, {"of", "DIR=101"}}).body);
+  Apply(file_, "edit KSEXI DIR=100:LANG=1;\n");
+  const Answer refused = Post("/delete", form);
+  EXPECT_EQ(refused.status, Conflict);
+  EXPECT_TRUE(Says(refused.body, "so nothing was done"));
+  EXPECT_EQ(Post("/delete", FieldsIn(refused.body)).status, Ok);
+  EXPECT_EQ(Records("KSEXI"), 1);
+}
+
+// The identifier of a record is another one in another exchange: lines have its key.
+TEST_F(FormTest, a_record_that_is_found_by_its_identifier_is_told_by_its_key) {
+  const auto exchange = workbench::Exchange::OpenForReading(file_);
+  const auto found = FindRecord(*exchange, *workbench::FindForm("KSEXI"), {{"DIR", "101"}});
+  const std::string identifier = "CMDID=" + std::to_string(std::get<workbench::StoredRecord>(found).CmdId);
+  const Fields form = Opened({{"command", "KSEXI"}, {"of", identifier}});
+  EXPECT_TRUE(Says(Post("/act", With(form, "v.CUST", "1")).body, "edit KSEXI DIR=101:CUST=1;"));
+  EXPECT_TRUE(Says(Get("/delete", {{"command", "KSEXI"}, {"of", identifier}}).body, "delete KSEXI DIR=101;"));
+}
+
+TEST_F(FormTest, a_held_file_leaves_the_form_as_it_is) {
+  const Fields form = With(Opened({{"command", "KSEXI"}, {"of", "DIR=100"}}), "v.CUST", "1");
+  const auto holder = workbench::Exchange::OpenForWriting(file_);
+  holder->Start();
+  const Answer refused = Post("/act", form);
+  EXPECT_EQ(refused.status, Busy);
+  EXPECT_TRUE(Says(refused.body, "is held by"));
+  EXPECT_EQ(ValueOf(refused.body, "v.CUST"), "1");
+  holder->RollBack();
+  EXPECT_EQ(Post("/act", FieldsIn(refused.body)).status, Ok);
 }
 
 TEST_F(FormTest, a_site_that_only_reads_shows_and_changes_nothing) {
@@ -247,6 +286,7 @@ TEST_F(FormTest, a_value_is_one_line) {
   const Fields form = Adding("KSEXI");
   EXPECT_EQ(Post("/act", With(form, "v.DIR", "102;\nNANSI:NUMTYP=EX,NUMSE=500;")).status, BadRequest);
   EXPECT_EQ(Post("/act", With(form, "v.DIR", "102\xFF")).status, BadRequest);
+  EXPECT_EQ(ValueOf(Post("/form", With(form, "v.DIR", "102\t103"), true).body, "v.DIR"), "102 103");
   EXPECT_EQ(Post("/act", With(form, "from", "a\nb")).status, BadRequest);
   EXPECT_EQ(Post("/act", With(form, "mark", "a\nb")).status, BadRequest);
   EXPECT_EQ(Post("/act", With(form, "of", "DIR=1\n00")).status, BadRequest);
@@ -266,11 +306,15 @@ TEST_F(FormTest, a_record_is_made_from_a_template) {
   EXPECT_TRUE(Says(done.body, "KSEXI from Office:DIR=102,ITYPE=12,EQU=next;"));
 }
 
-TEST_F(FormTest, the_record_that_stands_for_the_whole_exchange_is_shown_and_changed) {
-  const Fields form = Adding("NASCS");
-  const Answer answer = Post("/try", form);
-  EXPECT_TRUE(answer.status == Ok || answer.status == Conflict);
+TEST_F(FormTest, the_record_of_the_whole_exchange_is_changed_where_it_stands) {
+  Apply(file_, "SYDAS:NTC=1;\n");
+  const Answer page = Get("/form", {{"command", "SYDAS"}});
+  EXPECT_TRUE(Says(page.body, "<h1>SYDAS: change</h1>"));
+  EXPECT_EQ(ValueOf(page.body, "v.NTC"), "1");
+  EXPECT_TRUE(Says(Post("/act", With(FieldsIn(page.body), "v.NTC", "2")).body, "edit SYDAS:NTC=2;"));
 }
+
+TEST_F(FormTest, a_page_that_is_gone_says_so) { EXPECT_EQ(Get("/shown", {{"page", "1"}}).status, NotFound); }
 
 }  // namespace
 }  // namespace cordboard::web

@@ -70,7 +70,10 @@ Answer SiteTest::Post(const std::string& path, Fields form, bool wantsPart) cons
   if (!form.Has("proof")) form.Add("proof", site_->gate().proof());
   request.form = std::move(form);
   request.wantsPart = wantsPart;
-  return site_->Serve(request);
+  const Answer answer = site_->Serve(request);
+  const std::string shown = "/shown?page=";
+  const std::string& location = answer.headers["Location"];
+  return location.starts_with(shown) ? Get("/shown", {{"page", location.substr(shown.size())}}) : answer;
 }
 
 testing::AssertionResult Says(const std::string& page, const std::string& markup) {
@@ -85,8 +88,11 @@ std::string ValueOf(const std::string& page, const std::string& name) { return F
 Fields FieldsIn(const std::string& page) {
   Fields fields;
   const std::regex input("<input [^>]*>");
+  const auto isLeftOut = [](const std::string& element) {
+    return Attribute(element, "type") == "checkbox" && element.find(" checked") == element.npos;
+  };
   for (auto each = std::sregex_iterator(page.begin(), page.end(), input); each != std::sregex_iterator(); ++each)
-    fields.Add(Attribute(each->str(), "name"), Attribute(each->str(), "value"));
+    if (!isLeftOut(each->str())) fields.Add(Attribute(each->str(), "name"), Attribute(each->str(), "value"));
   return fields;
 }
 

@@ -45,7 +45,7 @@ class SiteTest : public testing::Test {
   // A request that passes the gate.
   Request Coming(const std::string& method, const std::string& path) const;
   Answer Get(const std::string& path, const Fields& query = {}) const;
-  // The proof comes with the form.
+  // The proof comes with the form. Where the browser is sent on to a page that was made of it, that page.
   Answer Post(const std::string& path, Fields form, bool wantsPart = false) const;
 
  private:

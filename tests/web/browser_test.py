@@ -12,6 +12,7 @@ import sys
 import tempfile
 import unittest
 
+from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.keys import Keys
 
 from person import VIEWS, Person, Site, chromium
@@ -170,6 +171,34 @@ class Office(BrowserTest):
         person.settled()
         self.assertEqual([person.value(name) for name in ("DIR", "ITYPE", "ACCTYP")], ["100", "12", "1"])
 
+    def test_a_button_that_is_pressed_slowly_is_pressed(self):
+        """To press it leaves the field, which is checked meanwhile."""
+        person = self.open(OFFICE)
+        for text, heading in (("Show what it will do", "KSEXI: change DIR=100, what it will do"),
+                              ("Change at once", "KSEXI: change DIR=100")):
+            person.go("form?command=KSEXI&of=DIR%3D100")
+            person.field("LANG").send_keys("2")
+            person.until(lambda: person.all("[role=option]"))
+            person.keys(Keys.ESCAPE)  # the values lie over the buttons
+            button = next(each for each in person.all(".actions button") if each.text == text)
+            press = ActionChains(self.browser).move_to_element(button).click_and_hold().pause(0.3).release()
+            person.page_that_comes(press.perform)
+            self.assertEqual(person.heading(), heading)
+        self.assertIn("edit KSEXI DIR=100:LANG=2;", program("history", self.file, "2", "--plans"))
+
+    def test_who_comes_back_finds_what_was_typed(self):
+        person = self.open(NUMBERS)
+        person.fill("KSEXI", DIR="105", ITYPE="12")
+        person.press("Records")
+        person.page_that_comes(self.browser.back)
+        person.until(lambda: person.value("DIR") == "105")
+        person.settled()
+        self.assertEqual(person.value("ITYPE"), "12")
+        # What was done is done once, however often its page is loaded.
+        person.add("NANSI", NUMTYP="EX", NUMSE="300")
+        person.page_that_comes(self.browser.refresh)
+        self.assertIn("Done, and kept as state 2.", person.text())
+
     def test_hostile_values_do_nothing(self):
         hostile = '<img src=x onerror="document.title=1"><script>document.title=1</script>\'"&;,'
         person = self.open()
@@ -265,7 +294,7 @@ class Views(BrowserTest):
         for name, come in VIEWS.items():
             person.window(1280, 800)
             come(person)
-            for width, scheme in ((1280, "light"), (1280, "dark"), (768, "light"), (360, "light")):
+            for width, scheme in ((1280, "light"), (1280, "dark"), (768, "light"), (320, "light")):
                 person.window(width, 800, scheme)
                 with self.subTest(view=name, width=width, scheme=scheme):
                     self.assertEqual(self.browser.execute_script(COMPLAINTS), [])

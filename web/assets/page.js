@@ -6,10 +6,28 @@
 async function send(form, address, more = {}) {
   const fields = new URLSearchParams(new FormData(form));
   for (const [name, value] of Object.entries(more)) fields.set(name, value);
-  const answer = await fetch(address, {method: "POST", body: fields, headers: {"X-Part": "1"}});
-  if (answer.status !== 200) throw new Error((await answer.text()).slice(0, 200));
-  return answer.text();
+  let answer;
+  try {
+    answer = await fetch(address, {method: "POST", body: fields, headers: {"X-Part": "1"}});
+  } catch (error) {
+    throw new Error("There is no answer: is cordboard web still at work?");
+  }
+  const text = await answer.text();
+  if (answer.status === 200) return text;
+  const page = new DOMParser().parseFromString(text, "text/html");
+  throw new Error((page.querySelector(".notice") ?? page.body).textContent);
 }
+
+// While a button of the mouse is down nothing may move: what is pressed and what is let go have to be the same.
+let letGo = Promise.resolve();
+document.addEventListener("pointerdown", () => {
+  letGo = new Promise((resolve) => {
+    const done = () => setTimeout(resolve);  // after the click that comes of it
+    document.addEventListener("pointerup", done, {once: true});
+    document.addEventListener("pointercancel", done, {once: true});
+  });
+});
+let leaving = false;  // the page makes room for the next one
 
 function status(text, kind = "") {
   const place = document.getElementById("status");
@@ -35,10 +53,11 @@ async function check(left) {
     text = await send(form, "/form");
   } catch (error) {
     filled.removeAttribute("aria-busy");
-    return status("The form cannot be checked: is cordboard web still at work?", "trouble");
+    return status(error.message, "trouble");
   }
+  await letGo;
   // A later check knows more.
-  if (number !== checks) return;
+  if (number !== checks || leaving) return;
   const typed = Array.from(form.elements).filter((field) => field.id && field.value !== sent.get(field.id));
   replace(filled, text, typed);
   filled.removeAttribute("aria-busy");
@@ -116,8 +135,9 @@ async function offer(input, all) {
   try {
     text = await send(input.form, "/values", {parameter: input.dataset.list, q: part});
   } catch (error) {
-    return status("The values cannot be listed: is cordboard web still at work?", "trouble");
+    return status(error.message, "trouble");
   }
+  input = document.getElementById(input.id);  // the form may have been checked meanwhile
   if (number !== asked || document.activeElement !== input) return;
   close();
   field = input;
@@ -205,6 +225,7 @@ document.addEventListener("focusout", (event) => {
 
 // What was sent is sent once.
 document.addEventListener("submit", (event) => {
+  leaving = true;
   setTimeout(() => {
     for (const button of event.target.querySelectorAll("button")) button.disabled = true;
   });
@@ -212,8 +233,33 @@ document.addEventListener("submit", (event) => {
 
 // A page that comes back from the browser's memory may be sent again.
 window.addEventListener("pageshow", () => {
+  leaving = false;
   for (const button of document.querySelectorAll("button")) button.disabled = false;
 });
+
+// What was typed is there again for who goes on and comes back; passwords are typed anew.
+const memory = "form " + location.search;
+
+window.addEventListener("pagehide", () => {
+  const form = document.getElementById("form");
+  if (!form || location.pathname !== "/form") return;
+  const given = form.elements.given.value.split(",");
+  const typed = Array.from(form.querySelectorAll("input[type=text]"))
+    .filter((field) => field.value !== field.defaultValue || given.includes(field.id.slice(2)));
+  sessionStorage.setItem(memory, JSON.stringify(typed.map((field) => [field.id, field.value])));
+});
+
+function bringBack() {
+  const comesBack = performance.getEntriesByType("navigation")[0]?.type === "back_forward";
+  const typed = JSON.parse(sessionStorage.getItem(memory) ?? "[]");
+  sessionStorage.removeItem(memory);
+  if (!comesBack || location.pathname !== "/form" || !typed.length) return;
+  for (const [id, value] of typed) {
+    const field = document.getElementById(id);
+    if (field) field.value = value;
+  }
+  check(typed[0][0]);
+}
 
 document.addEventListener("DOMContentLoaded", () => {
   const filled = document.getElementById("filled");
@@ -222,6 +268,7 @@ document.addEventListener("DOMContentLoaded", () => {
   new MutationObserver(() => equip(filled)).observe(filled, {childList: true});
   // The form is checked by itself here.
   document.documentElement.classList.add("script");
+  bringBack();
   const wrong = document.querySelector("main > .notice.error");
   if (wrong) {
     wrong.setAttribute("tabindex", "-1");

@@ -9,6 +9,7 @@
 #include "workbench/actions/Called.h"
 #include "workbench/actions/Reasons.h"
 #include "workbench/plans/SavedPlan.h"
+#include "workbench/plans/ToldPlan.h"
 
 namespace cordboard::web {
 
@@ -46,47 +47,60 @@ Html Referring(workbench::Exchange& exchange, const workbench::StoredRecord& rec
   return Element("h2", "Named by other records") + Element("ul", items);
 }
 
-}  // namespace
+Html Ways(const FormDefinition& form, const Html& last) {
+  return Element("p", {{"class", "actions"}},
+                 Link(Address("/records", {{"command", form.command}}), "Records of " + form.command) + " " + last);
+}
 
-Answer ConfirmDelete(const Visit& visit, const Request& request) {
-  const FormDefinition& form = Deletable(request.query);
-  const std::vector<Assignment> selection = SelectionOf(request.query);
+// Who names the record, what goes with it, and the button.
+Answer Question(const Visit& visit, const FormDefinition& form, const std::vector<Assignment>& asked,
+                const Html& notice, int status) {
   const auto copy = visit.Read();
-  Html content = Referring(*copy, RecordOf(*copy, form, selection));
+  const std::vector<Assignment> selection = SelectionForLines(*copy, form, asked);
+  const std::string title = TitleOf(form, selection);
+  const Html named = notice + Referring(*copy, RecordOf(*copy, form, selection));
   const std::string mark = MarkOf(*copy);
   const Performed performed = PerformOn(*copy, Deletion(form, selection), mark);
   if (!performed.done) {
-    content = ProblemList("The exchange refuses this", "error", performed.problems, false) + content;
-    return Page(visit, TitleOf(form, selection), content, Conflict);
+    const Html refusal = ProblemList("The exchange refuses this", "error", performed.problems, false);
+    return Page(visit, title, refusal + named + Ways(form, {}), Conflict);
   }
-  content += ProblemList("What to know", "warning", performed.problems, false) + Element("h2", "What it will do") +
-             performed.changes;
   Html fields = Hidden("command", form.command) + Hidden("mark", mark);
   for (const Assignment& each : selection) fields += Hidden("of", each.name + "=" + each.value);
+  Html button;
   if (!visit.readOnly())
-    content += ChangingForm(visit, "/delete", {{"class", "actions"}},
-                            fields + Element("button", {{"type", "submit"}, {"class", "main"}}, "Delete it"));
-  return Page(visit, TitleOf(form, selection), Notice("note", "Nothing is done yet.") + content);
+    button = ChangingForm(visit, "/delete", {{"class", "actions"}},
+                          fields + Element("button", {{"type", "submit"}, {"class", "main"}}, "Delete it"));
+  return Page(visit, title,
+              Notice("note", "Nothing is done yet.") + named +
+                  ProblemList("What to know", "warning", performed.problems, false) + Element("h2", "What it will do") +
+                  performed.changes + Element("h2", "As a line of a plan") +
+                  AsLines(workbench::ToldPlan(performed.line)) + button + Ways(form, {}),
+              status);
+}
+
+}  // namespace
+
+Answer ConfirmDelete(const Visit& visit, const Request& request) {
+  return Question(visit, Deletable(request.query), SelectionOf(request.query), {}, Ok);
 }
 
 Answer Delete(const Visit& visit, const Request& request) {
   const FormDefinition& form = Deletable(request.form);
   const std::vector<Assignment> selection = SelectionOf(request.form);
   const std::string title = TitleOf(form, selection);
-  const Html back = Element("p", {{"class", "actions"}},
-                            Link(Address("/records", {{"command", form.command}}), "Records of " + form.command) + " " +
-                                Link("/history", "Undo"));
+  const std::string& mark = OneLine(request.form["mark"]);
   const auto exchange = visit.Write();
   try {
-    const Performed performed = PerformOn(*exchange, Deletion(form, selection), OneLine(request.form["mark"]));
-    if (!performed.done)
-      return Page(visit, title, ProblemList("The exchange refuses this", "error", performed.problems, false) + back,
-                  Conflict);
-    return Page(visit, title,
-                Notice("done", "Done, and kept as state " + std::to_string(performed.state.value_or(0)) + ".") +
-                    ProblemList("What to know", "warning", performed.problems, false) + performed.changes + back);
+    const Performed performed = PerformOn(*exchange, Deletion(form, selection), mark);
+    const Html told = ProblemList(performed.done ? "What to know" : "The exchange refuses this",
+                                  performed.done ? "warning" : "error", performed.problems, false);
+    if (!performed.done) return Page(visit, title, told + Ways(form, {}), Conflict);
+    const std::string done = "Done, and kept as state " + std::to_string(performed.state.value_or(0)) + ".";
+    return visit.Keep(
+        Page(visit, title, Notice("done", done) + told + performed.changes + Ways(form, Link("/history", "Undo"))));
   } catch (const workbench::StalePlan&) {
-    return Page(visit, title, ChangesSince(visit, request.form["mark"]) + back, Conflict);
+    return Question(visit, form, selection, ChangesSince(visit, mark), Conflict);
   }
 }
 

@@ -15,7 +15,7 @@ Html Help(const SentForm& sent) {
 }
 
 // The form as it now is. One that was opened on another state of the exchange says so: what is valid may be another.
-Answer Shown(const Visit& visit, SentForm sent, workbench::Exchange& exchange, bool isPart) {
+Answer Filled(const Visit& visit, SentForm sent, workbench::Exchange& exchange, bool isPart) {
   workbench::Session session(exchange);
   workbench::Filling filling = sent.Fill(session);
   Html content;
@@ -32,16 +32,26 @@ Answer Shown(const Visit& visit, SentForm sent, workbench::Exchange& exchange, b
   return Page(visit, TitleOf(sent), Help(sent) + Element("div", {{"id", "filled"}}, content));
 }
 
+// A record by what a line of a plan finds it by: its identifier is another one in another exchange. The one record of
+// the whole exchange is changed where it stands.
+void SelectForLines(SentForm& sent, workbench::Exchange& exchange) {
+  const workbench::FormDefinition& form = sent.form();
+  if (form.single && form.edits && (sent.IsEdit() || StandingRecord(exchange, form))) return sent.Select({});
+  if (sent.IsEdit()) sent.Select(SelectionForLines(exchange, form, sent.selection()));
+}
+
 }  // namespace
 
 Answer OpenForm(const Visit& visit, const Request& request) {
   const auto exchange = visit.Read();
-  return Shown(visit, SentForm(request.query), *exchange, false);
+  SentForm sent(request.query);
+  SelectForLines(sent, *exchange);
+  return Filled(visit, std::move(sent), *exchange, false);
 }
 
 Answer CheckForm(const Visit& visit, const Request& request) {
   const auto exchange = visit.Read();
-  return Shown(visit, SentForm(request.form), *exchange, request.wantsPart);
+  return Filled(visit, SentForm(request.form), *exchange, request.wantsPart);
 }
 
 }  // namespace cordboard::web

@@ -42,9 +42,11 @@ Answer OpenForm(const Visit& visit, const Request& request);
 Answer CheckForm(const Visit& visit, const Request& request);
 // POST /values: the values that are valid for "parameter" as the form is filled in, of which "q" is a part.
 Answer Values(const Visit& visit, const Request& request);
-// POST /try and /act: what the action of a form will do, and doing it.
+// POST /try and /act: what the action of a form will do, and doing it. Both lead to a page of what came of it.
 Answer TryAction(const Visit& visit, const Request& request);
 Answer DoAction(const Visit& visit, const Request& request);
+// GET /shown: such a page.
+Answer Shown(const Visit& visit, const Request& request);
 // GET and POST /delete: what a deletion will do, and doing it.
 Answer ConfirmDelete(const Visit& visit, const Request& request);
 Answer Delete(const Visit& visit, const Request& request);

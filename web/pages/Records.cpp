@@ -88,6 +88,8 @@ Html Ways(const Visit& visit, const FormDefinition& form, const ListedRecord& re
     return Element("a", {{"href", Address(path, FieldsOf(form, record.selection))}, {"aria-label", named}}, text);
   };
   Html ways;
+  // Some rules write several records under one identifier.
+  if (record.selection.empty()) return ways;
   if (form.edits) ways += way("/form", visit.readOnly() ? "Open" : "Edit");
   if (!form.deletes || visit.readOnly()) return ways;
   if (form.edits) ways += " ";

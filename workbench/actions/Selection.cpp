@@ -115,4 +115,34 @@ std::variant<Selection, Problem> FindRecords(Exchange& exchange, const FormDefin
   return selected;
 }
 
+namespace {
+
+bool Finds(Exchange& exchange, const FormDefinition& command, const std::vector<Assignment>& selection,
+           const StoredRecord& record) {
+  if (selection.empty()) return false;
+  const auto found = FindRecord(exchange, command, selection);
+  const auto* one = std::get_if<StoredRecord>(&found);
+  return one != nullptr && one->CmdId == record.CmdId && one->definition == record.definition;
+}
+
+}  // namespace
+
+std::vector<Assignment> SelectionOf(Exchange& exchange, const FormDefinition& command, const StoredRecord& record) {
+  const FormDefinition& table = *record.definition;
+  Form form(table);
+  LoadRecord(exchange, table, record.CmdId, form);
+  std::vector<Assignment> key;
+  std::vector<Assignment> all;
+  for (const std::string& column : table.columns) {
+    const std::string value = Joined(form.Get(column));
+    if (value.empty() || !table.Shows(column) || table.IsSecret(column)) continue;
+    const bool isKey = std::ranges::find(table.key, column) != table.key.end();
+    (isKey ? key : all).push_back({column, value});
+  }
+  all.insert(all.begin(), key.begin(), key.end());
+  for (const auto& selection : {key, all, std::vector<Assignment>{{"CMDID", std::to_string(record.CmdId)}}})
+    if (Finds(exchange, command, selection, record)) return selection;
+  return {};
+}
+
 }  // namespace cordboard::workbench

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "script/Conversions.h"
+#include "workbench/actions/Selection.h"
 #include "workbench/database/Schema.h"
 #include "workbench/plans/RecordTable.h"
 #include "workbench/text/Separated.h"
@@ -106,21 +107,7 @@ std::vector<ListedRecord> RecordList::Read(std::size_t from, std::size_t count) 
 }
 
 std::vector<Assignment> RecordList::SelectionOf(const FormDefinition& form, const RowSet& rows, std::size_t row) const {
-  std::vector<Assignment> key;
-  bool isTold = true;
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    std::string value = Joined(rows[i + columnsInFront][row]);
-    if (value.empty() || !Has(form.key, columns_[i])) continue;
-    isTold = isTold && IsOpen(columns_[i]);
-    key.push_back({columns_[i], std::move(value)});
-  }
-  const std::string CmdId = Joined(rows[1][row]);
-  if (isTold && !key.empty()) {
-    const auto found = FindRecord(exchange_, command_, key);
-    const auto* record = std::get_if<StoredRecord>(&found);
-    if (record != nullptr && std::to_string(record->CmdId) == CmdId) return key;
-  }
-  return {{"CMDID", CmdId}};
+  return workbench::SelectionOf(exchange_, command_, {&form, ToInt32(rows[1][row])});
 }
 
 }  // namespace cordboard::workbench
