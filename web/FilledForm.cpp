@@ -30,7 +30,7 @@ class Writer {
       : sent_(sent), filling_(filling), form_(filling.form()), errors_(errors), warnings_(warnings) {}
 
   // All fields: digits stand in a group with the whole that they make.
-  Html Fields_() {
+  Html AllFields() {
     Html fields;
     std::vector<std::string> groups;
     for (const ParameterDefinition& parameter : definition().parameters) {
@@ -232,7 +232,7 @@ Html Button(const std::string& address, const std::string& kind, const std::stri
 Html FilledForm(const Visit& visit, const SentForm& sent, Filling& filling, const std::vector<Problem>& errors,
                 const std::vector<Problem>& warnings) {
   Writer writer(sent, filling, errors, warnings);
-  const Html fields = writer.Fields_();
+  const Html fields = writer.AllFields();
   // The first button of a form is the one that the enter key means.
   Html content =
       Element("button", {{"type", "submit"}, {"class", "default"}, {"tabindex", "-1"}, {"aria-hidden", "true"}});

@@ -49,13 +49,15 @@ void SentForm::ReadGiven(const Fields& fields) {
     if (form_->Find(name) == nullptr) throw Failed(BadRequest, "The form has no such field.");
     const bool wasGiven = ("," + fields["given"] + ",").find("," + name + ",") != std::string::npos;
     const bool isCleared = std::ranges::find(cleared, name) != cleared.end() && value.empty();
-    if (!isCleared && (wasGiven || now(name) == (*shown)[name])) continue;
+    if (!isCleared && now(name) == (*shown)[name]) continue;
+    // What was given keeps its place; but who types a whole means it as it is, whatever digits he has given before.
+    if (wasGiven && !isCleared && (form_->FoldingOf(name) == nullptr || Find(name) == nullptr)) continue;
+    std::erase_if(given_, [&](const Assignment& given) { return given.name == name; });
     DropPartsOf(name);
     give(name);
   }
 }
 
-// Who types a whole means it as it is, and not with the digits that were given before.
 void SentForm::DropPartsOf(const std::string& whole) {
   std::erase_if(given_, [&](const Assignment& given) {
     const workbench::Folding* folding = form_->FoldingWith(given.name);

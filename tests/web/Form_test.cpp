@@ -90,6 +90,10 @@ TEST_F(FormTest, a_whole_that_is_typed_takes_the_place_of_its_digits) {
   const Fields form = Left(Left(Adding("EXCCS"), "SERV_D6", "0"), "SERV", "111111111");
   EXPECT_EQ(form["v.SERV"], "111111111");
   EXPECT_EQ(form["given"], "SERV");
+  const Fields again = Left(Left(form, "SERV_D6", "0"), "SERV", "111111111");
+  EXPECT_EQ(again["v.SERV"], "111111111");
+  EXPECT_EQ(again["given"], "SERV");
+  EXPECT_EQ(Left(again, "SERV", "")["given"], "");
 }
 
 TEST_F(FormTest, next_stays_what_is_typed_and_tells_what_it_takes) {
