@@ -3,6 +3,7 @@
 import subprocess
 
 from selenium import webdriver
+from selenium.common.exceptions import StaleElementReferenceException
 from selenium.webdriver.chrome.service import Service
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
@@ -42,7 +43,8 @@ class Person:
         browser.get(site.entrance)
 
     def until(self, condition):
-        return WebDriverWait(self.browser, 30, 0.02).until(lambda _: condition())
+        # What is looked at may make room for what is checked meanwhile.
+        return WebDriverWait(self.browser, 30, 0.02, [StaleElementReferenceException]).until(lambda _: condition())
 
     def all(self, selector):
         return self.browser.find_elements(By.CSS_SELECTOR, selector)
