@@ -5,6 +5,7 @@
 
 #include "script/Conversions.h"
 #include "workbench/text/Elements.h"
+#include "workbench/text/Escaped.h"
 #include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
@@ -136,6 +137,8 @@ std::vector<Assignment> SelectionOf(Exchange& exchange, const FormDefinition& co
   for (const std::string& column : table.columns) {
     const std::string value = Joined(form.Get(column));
     if (value.empty() || !table.Shows(column) || table.IsSecret(column)) continue;
+    // No line can hold a line end.
+    if (Escaped(value) != value) continue;
     const bool isKey = std::ranges::find(table.key, column) != table.key.end();
     (isKey ? key : all).push_back({column, value});
   }

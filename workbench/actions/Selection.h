@@ -26,8 +26,7 @@ std::variant<Selection, Problem> FindRecords(Exchange& exchange, const FormDefin
 
 // The other way round: by what a line of a plan finds this record, here and in another exchange. That is its key; where
 // this does not tell it, more of what it has; and where nothing else does, its identifier, which is another one
-// elsewhere. Secrets are no part of it. Nothing where no selection finds it alone, or where the command holds one
-// record for the whole exchange.
+// elsewhere. Secrets are no part of it. Nothing where no selection finds it alone.
 std::vector<Assignment> SelectionOf(Exchange& exchange, const FormDefinition& command, const StoredRecord& record);
 
 }  // namespace cordboard::workbench

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "support/Road.h"
+#include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -97,6 +98,27 @@ TEST_F(SelectionTest, RecordsOfTwoTablesAreSelectedTogether) {
   EXPECT_EQ(road_.Do("AUCOI:AUTH=2222,DIR=100,CAT=1;"), "done");
   EXPECT_EQ(road_.Do("edit AUCOI CAT=1&2:CAT=2;"), "done\nthere is no record of AUCOI with CAT=2");
   EXPECT_EQ(road_.Rows("SELECT CAT FROM AUCOI_Central UNION ALL SELECT CAT FROM AUCOI_Regional"), "2 2");
+}
+
+// --- The other way round.
+
+TEST_F(SelectionTest, ARecordIsToldByItsKeyAndWhereThatIsNotEnoughByMoreOfWhatItHas) {
+  const FormDefinition& form = *FindForm("KSEXI");
+  const auto told = [&](const std::string& where) {
+    const std::string identifier = road_.Rows("SELECT CmdId FROM KSEXI WHERE " + where);
+    return Separated(SelectionOf(road_.exchange(), form, {&form, std::stoi(identifier)}), " ",
+                     [](const Assignment& each) { return each.name + "=" + each.value; });
+  };
+  EXPECT_EQ(told("EQU = '001-0-10-01'"), "DIR=101");
+  road_.Rows("UPDATE KSEXI SET DIR = '101' WHERE DIR = '102' RETURNING 1");
+  EXPECT_THAT(told("EQU = '001-0-10-02'"), testing::StartsWith("DIR=101 EQU=001-0-10-02"));
+  // Another one is the same in all it has.
+  road_.Rows("UPDATE KSEXI SET EQU = '001-0-10-01' WHERE EQU = '001-0-10-02' RETURNING 1");
+  EXPECT_THAT(told("EQU = '001-0-10-01' LIMIT 1"), testing::StartsWith("CMDID="));
+  // No line can hold a line end.
+  road_.Rows("UPDATE KSEXI SET DIR = '103' || CHAR(10) || 'x' WHERE DIR = '103' RETURNING 1");
+  EXPECT_THAT(told("EQU = '001-0-10-03'"),
+              testing::AllOf(testing::HasSubstr("EQU=001-0-10-03"), testing::Not(testing::HasSubstr("DIR"))));
 }
 
 }  // namespace
