@@ -76,10 +76,8 @@ std::string Written(const Place& place, const workbench::Problem& problem) {
   std::string where = place.command;
   if (!problem.parameter.empty()) where += (where.empty() ? "" : ", ") + problem.parameter;
   if (!problem.parameter.empty() && !problem.value.empty()) where += "=" + problem.value;
-  text += (where.empty() ? "" : where + ": ") + problem.message;
-  if (!problem.reason.empty()) text += text.ends_with('.') ? " (" + problem.reason + ")" : ": " + problem.reason;
+  text += (where.empty() ? "" : where + ": ") + InWords(problem);
   if (TheDocument().tellsCauses && !problem.cause.empty()) text += " [" + problem.cause + "]";
-  if (problem.possible) text += (text.ends_with('.') ? " " : ". ") + ("Possible: " + InWords(*problem.possible));
   return text;
 }
 

@@ -8,13 +8,6 @@ namespace cordboard::web {
 
 using workbench::Problem;
 
-std::string InWords(const Problem& problem) {
-  std::string text = problem.message;
-  if (!problem.reason.empty()) text += text.ends_with('.') ? " (" + problem.reason + ")" : ": " + problem.reason;
-  if (problem.possible) text += (text.ends_with('.') ? " " : ". ") + ("Possible: " + InWords(*problem.possible));
-  return text;
-}
-
 std::string InWords(const workbench::Assignment& taken) {
   using workbench::AsRanges, workbench::Elements, workbench::Separated;
   return "next: " + taken.name + "=" + Separated(AsRanges(Elements(taken.value)), "&");

@@ -9,9 +9,6 @@
 
 namespace cordboard::web {
 
-// "this value is not possible here: 300 is used by the key extension DIR=300 (KSEXI). Possible: 301, 302"
-std::string InWords(const workbench::Problem& problem);
-
 // What "next" stands for: "next: DIR=100&&109".
 std::string InWords(const workbench::Assignment& taken);
 

@@ -63,6 +63,18 @@ void Tell(std::vector<Problem>& told, std::vector<Problem> problems, const std::
 
 }  // namespace
 
+std::string WithReason(const Problem& problem) {
+  const std::string& message = problem.message;
+  if (problem.reason.empty()) return message;
+  return message + (message.ends_with('.') ? " (" + problem.reason + ")" : ": " + problem.reason);
+}
+
+std::string InWords(const Problem& problem) {
+  std::string text = WithReason(problem);
+  if (problem.possible) text += (text.ends_with('.') ? " " : ". ") + ("Possible: " + InWords(*problem.possible));
+  return text;
+}
+
 Outcome Edit(Session& session, const StoredRecord& record, const std::vector<Assignment>& values) {
   const FormDefinition& definition = *record.definition;
   const std::int32_t CmdId = record.CmdId;

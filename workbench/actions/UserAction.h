@@ -35,6 +35,12 @@ struct Problem {
   std::string cause = {};                 // of a failure within the rules: where it struck, for their developer
 };
 
+// "this value is not possible here: 300 is used by the key extension DIR=300 (KSEXI)". The parameter and its value are
+// told in front of it, or stand beside it.
+std::string WithReason(const Problem& problem);
+// The same with what would be possible: "... Possible: 301, 302".
+std::string InWords(const Problem& problem);
+
 struct Outcome {
   bool done = false;
   std::vector<Problem> problems = {};  // why it was refused

@@ -76,7 +76,7 @@ class Turning {
     Trial trial(session_, changes_);
     const UserAction remove = DeleteOf(table, record, selected);
     const auto problems = trial.Do(remove);
-    if (!problems.empty()) return Note(table, record, remove, InWords(problems.front()));
+    if (!problems.empty()) return Note(table, record, remove, Refusal(problems.front()));
     trial.Keep(result_.lines);
     return true;
   }
@@ -102,7 +102,7 @@ class Turning {
     Trial trial(session_, changes_);
     const UserAction edit = EditOf(table, before, now);
     if (const auto problems = trial.Do(edit); !problems.empty())
-      return Note(table, now, edit, InWords(problems.front()));
+      return Note(table, now, edit, Refusal(problems.front()));
     if (!Holds(trial.Made(table), now)) return Note(table, now, edit, "the record does not have these values then");
     trial.Keep(result_.lines);
     return true;

@@ -42,10 +42,10 @@ bool LeaveOut(const RecordTable& table, const std::string& parameter, Columns& t
 
 }  // namespace
 
-std::string InWords(const Problem& problem) {
+std::string Refusal(const Problem& problem) {
   const std::string about =
       problem.parameter + (problem.parameter.empty() || problem.value.empty() ? "" : "=") + problem.value;
-  return about + (about.empty() ? "" : ": ") + problem.message + (problem.reason.empty() ? "" : ": " + problem.reason);
+  return about + (about.empty() ? "" : ": ") + WithReason(problem);
 }
 
 // What served for records with the same columns is tried first, and all columns at last.
@@ -70,7 +70,7 @@ std::string RecordAdds::AddTelling(const RecordTable& table, Run run, Columns to
       learnt_[&table.form()][GivenIn(run.front())] = told;
       return "";
     }
-    if (refusal.empty()) refusal = InWords(problems.front());
+    if (refusal.empty()) refusal = Refusal(problems.front());
     if (!LeaveOut(table, problems.front().parameter, told)) return refusal;
   }
 }

@@ -40,6 +40,6 @@ class RecordAdds {
 };
 
 // A problem as a comment tells it.
-std::string InWords(const Problem& problem);
+std::string Refusal(const Problem& problem);
 
 }  // namespace cordboard::workbench
