@@ -75,7 +75,9 @@ std::optional<Answer> Gate::Stop(const Request& request) const {
   if (request.method == "GET") return std::nullopt;
   if (request.origin != "http://" + *request.host)
     return Refusal(Forbidden, "A change is taken from the page itself alone.");
-  if (!request.contentType || !request.contentType->starts_with("application/x-www-form-urlencoded"))
+  // Behind the type may stand the characters in which it is written.
+  if (!request.contentType ||
+      request.contentType->substr(0, request.contentType->find(';')) != "application/x-www-form-urlencoded")
     return Refusal(NoSuchType, "What is sent is no form.");
   if (!IsSame(request.form["proof"], proof_))
     return Refusal(Forbidden, "The form is not from this page: open it again.");

@@ -127,7 +127,7 @@ class Wire(unittest.TestCase):
         for proof in ("", "0" * 32, self.token):
             self.assert_refused(self.post("/act", {**good, "proof": proof}), 403)
         self.assert_refused(self.post("/act", {name: value for name, value in good.items() if name != "proof"}), 403)
-        for kind in (None, "text/plain", "multipart/form-data; boundary=x", "application/json"):
+        for kind in (None, "text/plain", "application/x-www-form-urlencoded2", "multipart/form-data; boundary=x", "application/json"):
             self.assert_refused(self.post("/act", good, Content_Type=kind), 415)
         self.assert_refused(self.post("/act", good, Cookie=None), 403)
         # In the address nothing is taken.
