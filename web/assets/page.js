@@ -20,7 +20,9 @@ async function send(form, address, more = {}) {
 
 // While a button of the mouse is down nothing may move: what is pressed and what is let go have to be the same.
 let letGo = Promise.resolve();
-document.addEventListener("pointerdown", () => {
+document.addEventListener("pointerdown", (event) => {
+  // Of a bar that is scrolled nobody tells when it is let go.
+  if (!event.target.closest?.("a, button, summary, label, input, select")) return;
   letGo = new Promise((resolve) => {
     const done = () => setTimeout(resolve);  // after the click that comes of it
     document.addEventListener("pointerup", done, {once: true});
@@ -239,10 +241,11 @@ window.addEventListener("pageshow", () => {
 
 // What was typed is there again for who goes on and comes back; passwords are typed anew.
 const memory = "form " + location.search;
+const isOpened = location.pathname === "/form" && location.search !== "";  // and not sent
 
 window.addEventListener("pagehide", () => {
   const form = document.getElementById("form");
-  if (!form || location.pathname !== "/form") return;
+  if (!form || !isOpened) return;
   const given = form.elements.given.value.split(",");
   const typed = Array.from(form.querySelectorAll("input[type=text]"))
     .filter((field) => field.value !== field.defaultValue || given.includes(field.id.slice(2)));
@@ -253,7 +256,7 @@ function bringBack() {
   const comesBack = performance.getEntriesByType("navigation")[0]?.type === "back_forward";
   const typed = JSON.parse(sessionStorage.getItem(memory) ?? "[]");
   sessionStorage.removeItem(memory);
-  if (!comesBack || location.pathname !== "/form" || !typed.length) return;
+  if (!comesBack || !isOpened || !typed.length) return;
   for (const [id, value] of typed) {
     const field = document.getElementById(id);
     if (field) field.value = value;
