@@ -22,7 +22,7 @@ struct Route {
 constexpr Route routes[] = {
     {"GET", "/", Commands},       {"GET", "/form", OpenForm},        {"POST", "/form", CheckForm},
     {"POST", "/values", Values},  {"POST", "/try", TryAction},       {"POST", "/act", DoAction},
-    {"GET", "/shown", Shown},     {"GET", "/delete", ConfirmDelete}, {"POST", "/delete", Delete},
+    {"GET", "/kept", Kept},       {"GET", "/delete", ConfirmDelete}, {"POST", "/delete", Delete},
     {"GET", "/records", Records}, {"GET", "/history", History},      {"GET", "/state", OneState},
     {"GET", "/undo", AskUndo},    {"POST", "/undo", DoUndo},         {"GET", "/redo", AskRedo},
     {"POST", "/redo", DoRedo},    {"GET", "/lines", Lines},          {"GET", "/lines.txt", LinesAsText},

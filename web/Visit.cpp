@@ -38,7 +38,7 @@ Answer Visit::Keep(Answer page) const {
   const std::size_t number = ++kept_->count;
   kept_->last.emplace(number, std::move(page));
   if (kept_->last.size() > most) kept_->last.erase(kept_->last.begin());
-  return Answer::Elsewhere(Address("/shown", {{"page", std::to_string(number)}}));
+  return Answer::Elsewhere(Address("/kept", {{"page", std::to_string(number)}}));
 }
 
 std::optional<Answer> Visit::Kept(std::size_t number) const {

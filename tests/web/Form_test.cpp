@@ -256,8 +256,16 @@ TEST_F(FormTest, a_held_file_leaves_the_form_as_it_is) {
   EXPECT_EQ(refused.status, Busy);
   EXPECT_TRUE(Says(refused.body, "is held by"));
   EXPECT_EQ(ValueOf(refused.body, "v.CUST"), "1");
+  const Fields deletion = FieldsIn(Get("/delete", {{"command", "KSEXI"}, {"of", "DIR=101"}}).body);
+  const Answer kept = Post("/delete", deletion);
+  EXPECT_EQ(kept.status, Busy);
+  EXPECT_TRUE(Says(kept.body, "is held by"));
   holder->RollBack();
-  EXPECT_EQ(Post("/act", FieldsIn(refused.body)).status, Ok);
+  EXPECT_EQ(Post("/delete", FieldsIn(kept.body)).status, Ok);
+  EXPECT_EQ(
+      Post("/act", With(FieldsIn(refused.body), "mark", FieldsIn(Get("/form", {{"command", "NANSI"}}).body)["mark"]))
+          .status,
+      Ok);
 }
 
 TEST_F(FormTest, a_site_that_only_reads_shows_and_changes_nothing) {
@@ -318,7 +326,7 @@ TEST_F(FormTest, the_record_of_the_whole_exchange_is_changed_where_it_stands) {
   EXPECT_TRUE(Says(Post("/act", With(FieldsIn(page.body), "v.NTC", "2")).body, "edit SYDAS:NTC=2;"));
 }
 
-TEST_F(FormTest, a_page_that_is_gone_says_so) { EXPECT_EQ(Get("/shown", {{"page", "1"}}).status, NotFound); }
+TEST_F(FormTest, a_page_that_is_gone_says_so) { EXPECT_EQ(Get("/kept", {{"page", "1"}}).status, NotFound); }
 
 }  // namespace
 }  // namespace cordboard::web

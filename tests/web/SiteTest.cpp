@@ -71,9 +71,9 @@ Answer SiteTest::Post(const std::string& path, Fields form, bool wantsPart) cons
   request.form = std::move(form);
   request.wantsPart = wantsPart;
   const Answer answer = site_->Serve(request);
-  const std::string shown = "/shown?page=";
+  const std::string kept = "/kept?page=";
   const std::string& location = answer.headers["Location"];
-  return location.starts_with(shown) ? Get("/shown", {{"page", location.substr(shown.size())}}) : answer;
+  return location.starts_with(kept) ? Get("/kept", {{"page", location.substr(kept.size())}}) : answer;
 }
 
 testing::AssertionResult Says(const std::string& page, const std::string& markup) {

@@ -7,7 +7,6 @@
 #include "web/pages/Pages.h"
 #include "workbench/plans/SavedPlan.h"
 #include "workbench/plans/ToldPlan.h"
-#include "workbench/text/Separated.h"
 
 namespace cordboard::web {
 
@@ -70,7 +69,6 @@ Answer TryAction(const Visit& visit, const Request& request) {
 
 Answer DoAction(const Visit& visit, const Request& request) {
   const SentForm sent(request.form);
-  if (visit.readOnly()) throw Failed(Forbidden, "This exchange is only read here: nothing can be changed.");
   if (IsNothing(sent)) return Nothing(visit, sent);
   try {
     const auto exchange = visit.Write();

@@ -1,5 +1,4 @@
 // Deleting a record: who refers to it, what that will do, and doing it.
-#include "script/Conversions.h"
 #include "web/Frame.h"
 #include "web/Performing.h"
 #include "web/Selecting.h"
@@ -90,8 +89,8 @@ Answer Delete(const Visit& visit, const Request& request) {
   const std::vector<Assignment> selection = SelectionOf(request.form);
   const std::string title = TitleOf(form, selection);
   const std::string& mark = OneLine(request.form["mark"]);
-  const auto exchange = visit.Write();
   try {
+    const auto exchange = visit.Write();
     const Performed performed = PerformOn(*exchange, Deletion(form, selection), mark);
     const Html told = ProblemList(performed.done ? "What to know" : "The exchange refuses this",
                                   performed.done ? "warning" : "error", performed.problems, false);
@@ -101,6 +100,8 @@ Answer Delete(const Visit& visit, const Request& request) {
         Page(visit, title, Notice("done", done) + told + performed.changes + Ways(form, Link("/history", "Undo"))));
   } catch (const workbench::StalePlan&) {
     return Question(visit, form, selection, ChangesSince(visit, mark), Conflict);
+  } catch (const workbench::StorageError& error) {
+    return Question(visit, form, selection, Notice("error", std::string(error.what()) + "; nothing was kept"), Busy);
   }
 }
 

@@ -5,7 +5,7 @@
 
 namespace cordboard::web {
 
-Answer Shown(const Visit& visit, const Request& request) {
+Answer Kept(const Visit& visit, const Request& request) {
   const std::string& text = request.query["page"];
   std::size_t number = 0;
   std::from_chars(text.data(), text.data() + text.size(), number);

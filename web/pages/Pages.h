@@ -45,8 +45,8 @@ Answer Values(const Visit& visit, const Request& request);
 // POST /try and /act: what the action of a form will do, and doing it. Both lead to a page of what came of it.
 Answer TryAction(const Visit& visit, const Request& request);
 Answer DoAction(const Visit& visit, const Request& request);
-// GET /shown: such a page.
-Answer Shown(const Visit& visit, const Request& request);
+// GET /kept: such a page.
+Answer Kept(const Visit& visit, const Request& request);
 // GET and POST /delete: what a deletion will do, and doing it.
 Answer ConfirmDelete(const Visit& visit, const Request& request);
 Answer Delete(const Visit& visit, const Request& request);
