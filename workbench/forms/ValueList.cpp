@@ -48,6 +48,7 @@ bool Gives(RowList& list, const std::string& value) {
 
 constexpr std::size_t smallestPage = 16;
 constexpr std::size_t wholePage = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t lookUpsOfFirst = 5000;  // before what they look for is read whole
 
 // Gives whether `take` wants more than the rows from `row` on.
 template <typename Take>
@@ -151,16 +152,27 @@ void ValueList::Append(const ValueList& changes) {
 
 // --- Questions.
 
-void ValueList::TakeAway(const Values& values, std::vector<ValidValue>& list) {
-  auto unwanted = values.hold;
-  if (values.offer) {
-    // To read them all costs less than a look-up for each value of the list.
-    const auto all = std::make_shared<std::unordered_set<std::string>>();
-    values.offer(wholePage, {}, [&](ValidValue&& entry) { return all->insert(std::move(entry.value)), true; });
-    unwanted = [all](const std::string& value) { return all->contains(value); };
+// What a step takes away. Look-ups are cheap for few values; to read all that it has costs less than as many of them.
+class ValueList::Gone {
+ public:
+  Gone(const Values& values, std::size_t lookUps) : values_(values), lookUps_(lookUps) {}
+
+  bool Has(const std::string& value) {
+    if (all_) return all_->contains(value);
+    if (!values_.offer || lookUps_ > 0) {
+      if (lookUps_ > 0) --lookUps_;
+      return values_.hold(value);
+    }
+    all_.emplace();
+    values_.offer(wholePage, {}, [this](ValidValue&& entry) { return all_->insert(std::move(entry.value)), true; });
+    return all_->contains(value);
   }
-  std::erase_if(list, [&](const ValidValue& entry) { return unwanted(entry.value); });
-}
+
+ private:
+  const Values& values_;
+  std::size_t lookUps_;  // that are left
+  std::optional<std::unordered_set<std::string>> all_;
+};
 
 std::vector<ValidValue> ValueList::All() const {
   std::vector<ValidValue> all;
@@ -168,7 +180,8 @@ std::vector<ValidValue> ValueList::All() const {
     if (step.adds) {
       step.values.offer(wholePage, {}, [&](ValidValue&& entry) { return all.push_back(std::move(entry)), true; });
     } else {
-      TakeAway(step.values, all);
+      Gone gone(step.values, 0);
+      std::erase_if(all, [&gone](const ValidValue& entry) { return gone.Has(entry.value); });
     }
   }
   return all;
@@ -178,11 +191,13 @@ std::vector<ValidValue> ValueList::First(std::size_t count, const Wanted& wanted
   std::vector<ValidValue> first;
   for (auto step = steps_.begin(); step != steps_.end() && first.size() < count; ++step) {
     if (!step->adds) continue;
+    std::vector<Gone> gone;
+    for (auto later = step + 1; later != steps_.end(); ++later) {
+      if (!later->adds) gone.emplace_back(later->values, lookUpsOfFirst);
+    }
     step->values.offer(count, wanted.unusedOf, [&](ValidValue&& entry) {
-      const bool gone = std::any_of(step + 1, steps_.end(), [&entry](const Step& later) {
-        return !later.adds && later.values.hold(entry.value);
-      });
-      if (!gone && (!wanted.accept || wanted.accept(entry.value))) first.push_back(std::move(entry));
+      const bool isGone = std::ranges::any_of(gone, [&entry](Gone& each) { return each.Has(entry.value); });
+      if (!isGone && (!wanted.accept || wanted.accept(entry.value))) first.push_back(std::move(entry));
       return first.size() < count;
     });
   }

@@ -73,12 +73,13 @@ class ValueList {
     Values values;
   };
 
+  class Gone;
+
   // The last step that holds the value; nothing where none does.
   const Step* LastWith(const std::string& value) const;
   static Values Rows(ListStatement statement);
   static Values One(const std::string& value);
   static Values Numbers(long long from, long long to);
-  static void TakeAway(const Values& values, std::vector<ValidValue>& list);
 
   std::vector<Step> steps_;
   bool replaces_ = false;  // what stands before the steps, in a list that goes on with this one

@@ -4,6 +4,7 @@
 
 #include "workbench/database/Connection.h"
 #include "workbench/forms/ValueList.h"
+#include "workbench/support/Steps.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -83,6 +84,26 @@ TEST_F(ValueListFirst, CountsTheAcceptedOnes) {
   list.Collect(Rows("even", ""));
   const auto accepted = list.First(2, {.accept = [](const std::string& value) { return value.ends_with("98"); }});
   EXPECT_THAT(accepted, ElementsAre(ValidValue{"198", ""}, ValidValue{"298", ""}));
+}
+
+// Behind so many that are gone they are read, and no more looked up one by one.
+TEST(ValueListFirstOfMany, CostsLittleForEachThatIsGone) {
+  const StepCounter counter;
+  Connection database;
+  constexpr long many = 40000;
+  for (const char* table : {"Numbers", "Gone"}) {
+    database.Run("CREATE TABLE " + std::string(table) +
+                 " AS WITH RECURSIVE n(N) AS (SELECT 100000 UNION ALL SELECT N + 1" +
+                 " FROM n LIMIT 40000) SELECT CAST(N AS TEXT) AS N FROM n");
+    database.Run("CREATE INDEX Of" + std::string(table) + " ON " + table + " (N)");
+  }
+  database.Run("INSERT INTO Numbers VALUES ('200000')");
+  ValueList list;
+  list.Collect({&database, "SELECT N FROM Numbers ORDER BY N", {}});
+  list.Subtract({&database, "SELECT N FROM Gone", {}});
+  std::vector<ValidValue> first;
+  EXPECT_LT(StepCounter::Steps([&] { first = list.First(1); }), 20 * many);
+  EXPECT_THAT(first, ElementsAre(ValidValue{"200000", ""}));
 }
 
 }  // namespace
