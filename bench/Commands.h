@@ -1,6 +1,6 @@
-// What each action of each command costs, by the lines of the example plans, on an exchange that holds little besides
-// and on one that holds much: boards of every type with as many positions, as many numbers of each type, and as many
-// records of each command that has a DIR. Counted are steps of the database, which depend on nothing else.
+// What each action and each list of each command costs, on an exchange that holds little (bench/LargeExchange.h) and on
+// one that holds ten times as much. Counted are steps of the database, which depend on nothing else; the time of the
+// processor stands beside them, since it alone tells of walks within the program.
 #pragma once
 
 namespace cordboard::bench {

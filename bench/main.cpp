@@ -11,7 +11,6 @@
 #include "bench/Commands.h"
 #include "bench/Comparison.h"
 #include "bench/Folder.h"
-#include "bench/Growth.h"
 #include "bench/Plans.h"
 #include "bench/Start.h"
 #include "bench/Upkeep.h"
@@ -68,8 +67,6 @@ void All(const std::string& program) {
   MeasureCommands();
   std::printf("\nMost memory of the workload on an exchange in a file\n");
   for (const int series : sizes) Memory(program, series);
-  std::printf("\nOne more action as the tables grow\n");
-  MeasureGrowth(program);
 }
 
 void Run(int count, char** words) {
@@ -82,11 +79,8 @@ void Run(int count, char** words) {
   if (what == "commands") return MeasureCommands();
   if (what == "start") return MeasureStart(Cordboard(program));
   if (what == "upkeep") return MeasureUpkeep(Cordboard(program));
-  if (what == "growth") return MeasureGrowth(program, count > 2 ? words[2] : "");
   if (what == "workload" && count == 4) return Do(std::stoi(words[2]), words[3]);
-  if (what == "once" && count == 5) return DoOnce(words[2], std::stoul(words[3]), words[4]);
-  throw std::runtime_error(
-      "usage: cordboard-bench [all | lines | plans | start | upkeep | commands | growth [COMMAND]]");
+  throw std::runtime_error("usage: cordboard-bench [all | lines | plans | start | upkeep | commands]");
 }
 
 }  // namespace
