@@ -28,7 +28,7 @@ bool ListBPOS(const Action& action) {
   List positions;
   for (std::size_t i = 0; i < boards.RowCount(); ++i) {
     const Value& Slot = boards[2][i];
-    positions.Append(BoardPosition(boards[0][i], boards[1][i], Equals(Slot, "0") ? "00" : Slot));
+    positions.Append(BoardPosition(boards[0][i], boards[1][i], Joined(Slot) == "0" ? "00" : Slot));
   }
   return OfferBoardPositions(fail, positions, " SELECT BPOS FROM IPBOI");
 }

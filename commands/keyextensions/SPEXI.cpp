@@ -74,8 +74,8 @@ void CheckExcludingLetter(const std::string& letter, const Value& previous) {
 
 // Walks the letters, every second character. Each resets DIR and puts it back, so that its list follows. Without any
 // letter nothing changes: NDC stays mandatory where it was.
-bool CheckOPT(const Action&) {
-  const Reporter fail("StatCheck");
+bool CheckOPT(const Action& action) {
+  const Reporter fail("StatCheck: " + action.CmdName);
   const std::string text = Joined(scGetParamValue("OPT"));
   const Value DIR = scGetParamValue("DIR");
   Value previous;

@@ -35,14 +35,17 @@ bool CheckNDIR(const Action& action) { return StatCheck_RecheckValue(action.CmdN
 
 // --- Add.
 
-// Enters a common number that is not in use yet. No answer is tested; a number of no series fails the call.
-void TakeIntoUse(const Value& RERNUM) {
+// Enters a common number that is not in use yet. A number of no series fails the call, and so does a count that cannot
+// be had.
+bool TakeIntoUse(const Reporter& fail, const Value& RERNUM) {
   RowSet rows;
-  scRunQuery(Sql("SELECT NUMTYP FROM NANSI WHERE NUMSE = '", RERNUM, "' "), rows);
+  if (!scRunQuery(Sql("SELECT NUMTYP FROM NANSI WHERE NUMSE = '", RERNUM, "' "), rows)) return fail(StatementFailed);
   const Value NUMTYP = rows[0][0];
-  if (!Equals(NUMTYP, "OC")) return;
-  if (!Equals(UncheckedCount(Sql("SELECT COUNT(*) FROM USEDEXTOPEGRP WHERE DIR = '", RERNUM, "' ")), 0)) return;
-  scRunQuery(Sql(" INSERT INTO UsedExtOpeGrp", NL, " (DIR, NUMTYP) ", NL, " VALUES ('", RERNUM, "', '", NUMTYP, "')"));
+  if (!Equals(NUMTYP, "OC")) return true;
+  if (!Equals(UncheckedCount(Sql("SELECT COUNT(*) FROM USEDEXTOPEGRP WHERE DIR = '", RERNUM, "' ")), 0)) return true;
+  return scRunQuery(Sql(" INSERT INTO UsedExtOpeGrp", NL, " (DIR, NUMTYP) ", NL, " VALUES ('", RERNUM, "', '", NUMTYP,
+                        "')")) ||
+         fail(StatementFailed);
 }
 
 // A record for each group. The number is looked up anew for each of them.
@@ -54,7 +57,7 @@ bool Add(const Action& action) {
     for (const Value& CORG : groups) {
       const List record = Record(action.ParamList, {{"CORG", CORG}});
       const Value RERNUM = ValueOf("RERNUM", action.ParamList, record);
-      if (!RERNUM.IsBlank()) TakeIntoUse(RERNUM);
+      if (!RERNUM.IsBlank() && !TakeIntoUse(fail, RERNUM)) return false;
       if (!scSQLInsert(action.CmdName, action.ParamList, record)) return fail(InsertFailed, action.CmdName);
     }
     return true;

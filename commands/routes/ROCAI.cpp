@@ -30,6 +30,11 @@ bool ListMARKET(const Action& action) {
                                    NL, "AND RELEASE ='", action.oaRelease, "'"));
 }
 
+// Compared as they are written; a null is no market.
+bool IsSameMarket(const Value& market, const Value& MARKET) {
+  return !market.IsNull() && !MARKET.IsNull() && Joined(Trim(market)) == Joined(MARKET);
+}
+
 // A market that the new protocol has as well survives the change of protocol; any other is dropped in silence.
 bool CheckPROTOCOL(const Action& action) {
   const Value PROTOCOL = scGetParamValue("PROTOCOL");
@@ -40,7 +45,7 @@ bool CheckPROTOCOL(const Action& action) {
       Sql("SELECT MARKET FROM ROUTEDATA WHERE PROTOCOL='", PROTOCOL, "'", NL, "AND RELEASE='", action.oaRelease, "'"),
       markets, "static");
   for (std::size_t row = 0; row < markets.RowCount(); ++row) {
-    if (!Equals(Trim(markets[0][row]), MARKET)) continue;
+    if (!IsSameMarket(markets[0][row], MARKET)) continue;
     // This message alone has no context.
     return scSetParamValue("MARKET", MARKET) || Reporter("")(SetFailed, "MARKET");
   }

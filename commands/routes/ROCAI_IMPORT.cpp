@@ -41,9 +41,9 @@ bool ListSIG_D12(const Action& action) {
 // the check as it was.
 void RestoreDigit(const std::string& name, const Value& kept) {
   if (IsBlankTrimmed(kept)) return;
+  const std::int32_t digit = Digit(kept);
   List list;
   scGetValidValues(name, list);
-  const std::int32_t digit = Digit(kept);
   if (IsValueInList(digit, list) && !scSetParamValue(name, digit)) Reporter("")(SetFailed, name);
 }
 

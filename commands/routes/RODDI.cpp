@@ -98,11 +98,10 @@ bool Edit(const Action& action) {
       return fail(StatementFailed);
     for (std::size_t i = 0; i < std::size(columns); ++i) {
       const std::string column = columns[i];
-      Value value = scGetParamValue(column);
+      const Value value = scGetParamValue(column);
       if (column == "DEST" && Length(Joined(value)) > 5) return fail(ValueNotValidHere, "DEST");
-      value = OrStored(value, old, i);
-      const bool written = UpdateColumnOrNull("RODDI", action.CmdId, column, value) &&
-                           (column != "DEST" || UpdateExtOpeGrp(old[0][0], value));
+      const bool written = UpdateColumnOrNull("RODDI", action.CmdId, column, OrStored(value, old, i)) &&
+                           (column != "DEST" || UpdateExtOpeGrp(old[0][0], value.IsBlank() ? old[0][0] : value));
       if (!written) return fail(ColumnNotWritten, column);
     }
     return true;
