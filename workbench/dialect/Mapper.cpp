@@ -1,5 +1,7 @@
 #include "workbench/dialect/Mapper.h"
 
+#include <map>
+#include <unordered_map>
 #include <utility>
 
 #include "workbench/dialect/Mapping.h"
@@ -113,6 +115,16 @@ MappedStatement Map(std::string_view statement, std::string_view tablePrefix) {
   }
   if (!mapping.At(Symbol::End)) mapping.Refuse("expected the end of the statement");
   return std::move(mapping.result);
+}
+
+const MappedStatement& MapOnce(const std::string& statement, const std::string& tablePrefix) {
+  constexpr std::size_t most = 500;
+  static std::map<std::string, std::unordered_map<std::string, MappedStatement>> known;  // by prefix
+  auto& mapped = known[tablePrefix];
+  if (const auto found = mapped.find(statement); found != mapped.end()) return found->second;
+  MappedStatement anew = Map(statement, tablePrefix);
+  if (mapped.size() >= most) mapped.clear();
+  return mapped.emplace(statement, std::move(anew)).first->second;
 }
 
 }  // namespace cordboard::workbench

@@ -30,5 +30,7 @@ inline constexpr int deepestNesting = 100;                // brackets within bra
 // which the database has to supply: NumericValue of script/Conversions.h and LikeMatches of Like.h, null for a null.
 // Tables may stand in the database under longer names than the statement's: `tablePrefix` goes before each.
 MappedStatement Map(std::string_view statement, std::string_view tablePrefix = "");
+// The same for texts that come again and again, literals included: what they become is kept.
+const MappedStatement& MapOnce(const std::string& statement, const std::string& tablePrefix);
 
 }  // namespace cordboard::workbench

@@ -57,8 +57,8 @@ class Exchange {
   // The database in which the tables of a selector stand: "dynamic" and "site" share the exchange's file, "static" has
   // one of its own. Nothing for any other.
   Connection* Database(const std::string& selector);
-  // The static database with the lists of this command, at least.
-  Connection& FixedListsOf(const std::string& command) { return Static().With(command); }
+  // The fixed values of the release.
+  FixedDatabase& Static();
   Connection& Dynamic() { return dynamic_; }
 
   // A new record identifier, and the first of several that follow each other.
@@ -75,7 +75,6 @@ class Exchange {
   explicit Exchange(Connection dynamic) : dynamic_(std::move(dynamic)) {}
   void Fill(const std::string& release, const Plant& plant);
   static std::unique_ptr<Exchange> Opened(Connection dynamic);
-  FixedDatabase& Static();
 
   Connection dynamic_;
   std::string release_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "script/Conversions.h"
 #include "workbench/data/DataFile.h"
 #include "workbench/data/Resources.h"
 #include "workbench/database/Schema.h"
@@ -171,6 +172,20 @@ Connection& FixedDatabase::Whole() {
   });
   whole_ = true;
   return database_;
+}
+
+std::shared_ptr<const DescribedValues> FixedDatabase::List(const std::string& command, const std::string& parameter,
+                                                           int definition) {
+  std::shared_ptr<const DescribedValues>& read = read_[{command, parameter, definition}];
+  if (read != nullptr) return read;
+  const RowSet rows = With(command).Run(
+      "SELECT [Value], [ValDesc] FROM [ParamValueDesc] WHERE [Command] = ? AND [Param] = ? AND [DefinitionNo] = ? "
+      "ORDER BY rowid",
+      {command, parameter, definition});
+  DescribedValues values;
+  for (std::size_t row = 0; row < rows.RowCount(); ++row)
+    values.emplace_back(Joined(rows[0][row]), Joined(rows[1][row]));
+  return read = std::make_shared<const DescribedValues>(std::move(values));
 }
 
 template <typename Work>

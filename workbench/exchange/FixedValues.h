@@ -11,9 +11,12 @@
 // Or it holds the rows of a table: {"table": "PARNUMVAL", "columns": [...], "rows": [[...], ...]}
 #pragma once
 
+#include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -22,12 +25,15 @@
 
 namespace cordboard::workbench {
 
+// Values with their descriptions, in order.
+using DescribedValues = std::vector<std::pair<std::string, std::string>>;
+
 struct FixedList {
   std::vector<std::string> commands;
   std::vector<std::string> parameters;
   std::vector<std::string> releases;
   std::vector<int> definitions;
-  std::vector<std::pair<std::string, std::string>> values;  // with their descriptions
+  DescribedValues values;
 };
 
 struct FixedTable {
@@ -58,6 +64,8 @@ class FixedDatabase {
   Connection& With(const std::string& command);
   // With all lists and tables.
   Connection& Whole();
+  // The list of a parameter in one definition, which is read once.
+  std::shared_ptr<const DescribedValues> List(const std::string& command, const std::string& parameter, int definition);
 
  private:
   template <typename Work>
@@ -67,6 +75,7 @@ class FixedDatabase {
   std::string release_;
   Connection database_;
   std::set<std::string> entered_;  // commands
+  std::map<std::tuple<std::string, std::string, int>, std::shared_ptr<const DescribedValues>> read_;
   bool whole_ = false;
 };
 

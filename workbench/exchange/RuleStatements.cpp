@@ -82,17 +82,10 @@ std::optional<ListStatement> PrepareList(Exchange& exchange, const std::string& 
                                          DebugLines& debug) {
   return Try(sql, debug, [&] {
     Connection& database = Database(exchange, selector);
-    MappedStatement mapped = Map(sql, Prefix(selector));
+    const MappedStatement& mapped = MapOnce(sql, Prefix(selector));
     if (database.PrepareRule(mapped.sql) == 0) throw DatabaseError("the statement gives no values");
-    return ListStatement{&database, std::move(mapped.sql), std::move(mapped.parameters), mapped.order};
+    return ListStatement{&database, mapped.sql, mapped.parameters, mapped.order};
   });
-}
-
-ListStatement FixedValuesList(Exchange& exchange, const std::string& command, const std::string& parameter,
-                              int definition) {
-  const std::string values =
-      "SELECT [Value], [ValDesc] FROM [ParamValueDesc] WHERE [Command] = ? AND [Param] = ? AND [DefinitionNo] = ?";
-  return {&exchange.FixedListsOf(command), values + " ORDER BY rowid", {command, parameter, definition}, values.size()};
 }
 
 bool InsertRow(Exchange& exchange, const std::string& selector, const std::string& table, const List& columns,

@@ -32,9 +32,6 @@ std::optional<RowSet> RunRule(Exchange& exchange, const std::string& sql, const 
 // A query as a step of a list, checked against the schema but not run. Nothing where it would fail.
 std::optional<ListStatement> PrepareList(Exchange& exchange, const std::string& sql, const std::string& selector,
                                          DebugLines& debug);
-// The fixed values of a parameter in one definition.
-ListStatement FixedValuesList(Exchange& exchange, const std::string& command, const std::string& parameter,
-                              int definition);
 
 // Rows by names and values, without statement text, in the database of a selector. An empty value becomes a null; a key
 // without a name counts for nothing.

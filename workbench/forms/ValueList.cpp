@@ -111,6 +111,19 @@ ValueList::Values ValueList::Rows(ListStatement statement) {
           .drawFromPool = [rows] { return workbench::DrawsFromPool(rows->all); }};
 }
 
+ValueList::Values ValueList::Fixed(std::shared_ptr<const DescribedValues> values) {
+  return {.hold =
+              [values](const std::string& value) {
+                return std::ranges::find(*values, value, &DescribedValues::value_type::first) != values->end();
+              },
+          .offer =
+              [values](std::size_t, const std::string&, const Take& take) {
+                for (const auto& [value, description] : *values) {
+                  if (!take({value, description})) return;
+                }
+              }};
+}
+
 ValueList::Values ValueList::One(const std::string& one) {
   return {.hold = [one](const std::string& value) { return value == one; },
           .offer =
@@ -133,6 +146,11 @@ void ValueList::Collect(ListStatement statement) {
   steps_.clear();
   replaces_ = true;
   Add(std::move(statement));
+}
+
+void ValueList::Collect(std::shared_ptr<const DescribedValues> values) {
+  steps_ = {{true, Fixed(std::move(values))}};
+  replaces_ = true;
 }
 
 void ValueList::Add(ListStatement statement) { steps_.push_back({true, Rows(std::move(statement))}); }

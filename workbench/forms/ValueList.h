@@ -4,10 +4,12 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "script/Value.h"
+#include "workbench/exchange/FixedValues.h"
 #include "workbench/exchange/RuleStatements.h"
 
 namespace cordboard::workbench {
@@ -32,8 +34,9 @@ ListStatement Membership(const ListStatement& list);
 class ValueList {
  public:
   // Replace the list, add to it, and take away from it, with the first column of a statement's rows (and the second as
-  // descriptions).
+  // descriptions), or with fixed values.
   void Collect(ListStatement statement);
+  void Collect(std::shared_ptr<const DescribedValues> values);
   void Add(ListStatement statement);
   void Subtract(ListStatement statement);
   void Push(const std::string& value);
@@ -78,6 +81,7 @@ class ValueList {
   // The last step that holds the value; nothing where none does.
   const Step* LastWith(const std::string& value) const;
   static Values Rows(ListStatement statement);
+  static Values Fixed(std::shared_ptr<const DescribedValues> values);
   static Values One(const std::string& value);
   static Values Numbers(long long from, long long to);
 

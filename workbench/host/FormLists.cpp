@@ -44,8 +44,8 @@ bool FormLists::BuildAnew(const ParameterDefinition& parameter) {
   return build_ && build_(parameter.name);
 }
 
-ListStatement FormLists::Fixed(const std::string& parameter, int definition) {
-  return FixedValuesList(exchange_, form_.definition().command, parameter, definition);
+std::shared_ptr<const DescribedValues> FormLists::Fixed(const std::string& parameter, int definition) {
+  return exchange_.Static().List(form_.definition().command, parameter, definition);
 }
 
 // A check may put back the previous value of a parameter that had none: nothing to choose.

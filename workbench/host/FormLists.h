@@ -50,7 +50,7 @@ class FormLists {
  private:
   bool IsBuilding(const std::string& parameter) const;
   bool BuildAnew(const ParameterDefinition& parameter);
-  ListStatement Fixed(const std::string& parameter, int definition);
+  std::shared_ptr<const DescribedValues> Fixed(const std::string& parameter, int definition);
 
   Exchange& exchange_;
   const Form& form_;

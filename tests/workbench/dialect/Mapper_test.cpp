@@ -67,6 +67,19 @@ TEST(Mapper, GivesStatementsThatDifferInLiteralsAloneTheSameText) {
   EXPECT_EQ(Sql("INSERT INTO BuiltCmd VALUES (1,'x')"), Sql("INSERT INTO BuiltCmd VALUES (-20, 'yy')"));
 }
 
+TEST(Mapper, KeepsWhatATextBecomes) {
+  const string statement = "SELECT DIR FROM KSEXI WHERE DIR = '100'";
+  for (const char* prefix : {"", "site."}) {
+    const MappedStatement mapped = Map(statement, prefix);
+    for (int time = 1; time <= 2; ++time) {
+      EXPECT_EQ(MapOnce(statement, prefix).sql, mapped.sql);
+      EXPECT_EQ(MapOnce(statement, prefix).parameters, mapped.parameters);
+    }
+    EXPECT_EQ(&MapOnce(statement, prefix), &MapOnce(statement, prefix));
+  }
+  EXPECT_THROW(MapOnce("SELECT", ""), DialectError);
+}
+
 TEST(Mapper, TellsReadingFromWriting) {
   EXPECT_EQ(Map("SELECT a FROM t").kind, Kind::Read);
   EXPECT_EQ(Map(" delete * from t").kind, Kind::Write);

@@ -101,19 +101,28 @@ TEST(FixedValues, EveryListIsEnteredForItsReleasesAlone) {
 
 TEST(FixedValues, TheListsOfACommandAreEnteredWhenTheyAreAskedFor) {
   const auto exchange = ExampleExchange();
-  Connection& database = exchange->FixedListsOf("CLOHI");
+  Connection& database = exchange->Static().With("CLOHI");
   const auto commands = [&database] {
     return database.Single("SELECT GROUP_CONCAT(DISTINCT Command) FROM ParamValueDesc");
   };
   EXPECT_EQ(commands(), Value("CLOHI"));
   const Value rows = database.Single("SELECT COUNT(*) FROM ParamValueDesc");
-  exchange->FixedListsOf("CLOHI");
+  exchange->Static().With("CLOHI");
   EXPECT_EQ(database.Single("SELECT COUNT(*) FROM ParamValueDesc"), rows);
-  exchange->FixedListsOf("KSANI");
+  exchange->Static().With("KSANI");
   EXPECT_EQ(commands(), Value("CLOHI,KSANI"));
   // Together with all others each stands there once.
   exchange->Database("static");
   EXPECT_EQ(database.Single("SELECT COUNT(*) FROM ParamValueDesc WHERE Command = 'CLOHI'"), rows);
+}
+
+TEST(FixedValues, AListIsReadOnce) {
+  const auto exchange = ExampleExchange();
+  const auto read = exchange->Static().List("NANSI", "NUMTYP", 1);
+  ASSERT_FALSE(read->empty());
+  EXPECT_EQ(read->front(), DescribedValues::value_type("AC", "Abbreviated number codes"));
+  EXPECT_EQ(exchange->Static().List("NANSI", "NUMTYP", 1), read);
+  EXPECT_TRUE(exchange->Static().List("NANSI", "NUMTYP", 2)->empty());
 }
 
 TEST(FixedValues, EveryRowOfATableIsEntered) {

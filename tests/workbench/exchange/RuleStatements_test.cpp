@@ -127,14 +127,6 @@ TEST_F(RuleStatementsTest, AStatementThatWouldFailMakesNoList) {
   EXPECT_EQ(Count(*exchange_, "CUSTOMERS"), 2);
 }
 
-TEST_F(RuleStatementsTest, TheFixedValuesOfAParameterAreThoseOfOneDefinition) {
-  ValueList list;
-  list.Collect(FixedValuesList(*exchange_, "NANSI", "NUMTYP", 1));
-  EXPECT_TRUE(list.Contains("EX"));
-  list.Collect(FixedValuesList(*exchange_, "NANSI", "NUMTYP", 2));
-  EXPECT_THAT(list.All(), IsEmpty());
-}
-
 // --- Rows by names and values.
 
 TEST_F(RuleStatementsTest, ARowGoesInWithoutQuotingAndAnEmptyValueIsANull) {

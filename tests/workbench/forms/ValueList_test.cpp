@@ -54,6 +54,17 @@ TEST_F(ValueListTest, ACollectionHoldsTheRowsInTheirOrderWithTheirDescriptions) 
                                        ValidValue{"10", "ten again"}, ValidValue{"07", "seven"}));
 }
 
+TEST_F(ValueListTest, FixedValuesAreFoundAsTheyAreWritten) {
+  list_.Push("5");
+  list_.Collect(std::make_shared<DescribedValues>(DescribedValues{{"1", "one"}, {"02", "two"}, {"A", ""}}));
+  EXPECT_THAT(list_.All(), ElementsAre(ValidValue{"1", "one"}, ValidValue{"02", "two"}, ValidValue{"A", ""}));
+  EXPECT_THAT(list_.First(2), ElementsAre(ValidValue{"1", "one"}, ValidValue{"02", "two"}));
+  EXPECT_TRUE(list_.Contains("A"));
+  for (const char* missing : {"5", "a", "01", "2", ""}) EXPECT_FALSE(list_.Contains(missing)) << missing;
+  list_.Collect(std::make_shared<DescribedValues>());
+  EXPECT_THAT(list_.All(), IsEmpty());
+}
+
 TEST_F(ValueListTest, ACollectionReplacesWhatWasThere) {
   list_.Push("5");
   list_.Collect(Of("SELECT [Text] FROM [t] WHERE [Whole] = 7"));
