@@ -168,6 +168,11 @@ void Filling::CheckTogether(const Assignment& assignment) {
 }
 
 bool Filling::IsPossible(const ParameterDefinition& parameter, const Assignment& assignment) {
+  // The next free values have been taken from the list just now.
+  if (std::ranges::find(taken_, assignment.name, &Assignment::name) != taken_.end()) {
+    fromList_.insert(parameter.name);
+    return true;
+  }
   const std::size_t before = problems_.size();
   std::vector<std::string> elements = {assignment.value};
   try {

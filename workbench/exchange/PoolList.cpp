@@ -15,7 +15,7 @@ namespace cordboard::workbench {
 namespace {
 
 // So many rows that a list does not give are passed in front of those that it gives.
-constexpr std::size_t alongTheWay = 32;
+constexpr std::size_t alongTheWay = 3;
 
 std::string InBrackets(const std::string& name) { return "[" + name + "]"; }
 

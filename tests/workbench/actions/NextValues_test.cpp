@@ -85,6 +85,12 @@ TEST_F(NextValues, PassOverWhatIsTakenThoughItIsListed) {
   EXPECT_EQ(Extensions().back(), "133 002-0-11-01");
 }
 
+TEST_F(NextValues, AreEachAnother) {
+  exchange().Dynamic().Run("INSERT INTO Boards SELECT * FROM Boards WHERE BoardID = '31'");
+  EXPECT_THAT(Refusals({"KSEXI:DIR=140&141,ITYPE=3,EQU=next,CAT=1;"}), IsEmpty());
+  EXPECT_THAT(Extensions(), ElementsAre("140 001-0-10-00", "141 001-0-10-01"));
+}
+
 TEST_F(NextValues, ServeAnEditToo) {
   EXPECT_THAT(Refusals({"KSEXI:DIR=100&101,ITYPE=3,EQU=next,CAT=1;", "edit KSEXI DIR=100:DIR=next,EQU=next;"}),
               IsEmpty());
