@@ -143,7 +143,7 @@ std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinit
   return record == nullptr ? std::nullopt : std::optional(record->CmdId);
 }
 
-void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form) {
+StoredValues ReadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId) {
   // A whole comes even where the form shows its digits alone: an edit of one digit keeps the others.
   std::vector<std::string> columns;
   std::ranges::copy_if(definition.columns, std::back_inserter(columns),
@@ -152,15 +152,25 @@ void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32
   const RowSet stored = exchange.Dynamic().Run(
       "SELECT " + Separated(columns, ", ", bracketed) + " FROM " + definition.Rows() + " WHERE [CmdId] = ? LIMIT 1",
       {CmdId});
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    const Value value = stored.IsEmpty() ? Value() : stored[i][0];
+  StoredValues values;
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    values.emplace_back(columns[i], stored.IsEmpty() ? Value() : stored[i][0]);
+  return values;
+}
+
+void PutOnForm(const StoredValues& values, Form& form) {
+  for (const auto& [column, value] : values) {
     // Some commands write the empty text for nothing: on the form neither was given.
     if (value.IsBlank()) {
-      form.Reset(columns[i]);
+      form.Reset(column);
     } else {
-      form.Set(columns[i], Joined(value));
+      form.Set(column, Joined(value));
     }
   }
+}
+
+void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form) {
+  PutOnForm(ReadRecord(exchange, definition, CmdId), form);
 }
 
 void WriteKeysAfterEdit(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId,

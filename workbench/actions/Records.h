@@ -56,7 +56,11 @@ bool IsHeld(Exchange& exchange, const FormDefinition& definition, const std::str
 // The one record of a command that holds one for the whole exchange, where it stands.
 std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinition& definition);
 
-// Puts the stored values of a record on the form.
+// What is stored of a record, by the columns that its form shows; empty where there is no such record.
+using StoredValues = std::vector<std::pair<std::string, Value>>;
+StoredValues ReadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId);
+void PutOnForm(const StoredValues& values, Form& form);
+// Both.
 void LoadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId, Form& form);
 
 // What the rules of some commands leave to the host: a changed value is written into its row, a deleted record's row

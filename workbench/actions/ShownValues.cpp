@@ -33,12 +33,13 @@ std::vector<std::string> GivenColumns(const Filling& filling) {
 }
 
 void ShowRecord(Session& session, const FormDefinition& definition, std::int32_t CmdId) {
-  LoadRecord(session.exchange(), definition, CmdId, session.form());
+  const StoredValues stored = ReadRecord(session.exchange(), definition, CmdId);
+  PutOnForm(stored, session.form());
   for (const ParameterDefinition& parameter : definition.parameters) {
     if (parameter.check && !session.form().Get(parameter.name).IsBlank()) session.Check(parameter.name);
   }
   session.host().TakeMessages();
-  LoadRecord(session.exchange(), definition, CmdId, session.form());
+  PutOnForm(stored, session.form());
   session.form().ShowOneRecord();
 }
 

@@ -58,7 +58,7 @@ bool Folding::Has(std::string_view subDigit) const {
 
 FoldingList::FoldingList(std::vector<Folding> foldings) {
   const auto kept = std::make_shared<Kept>(Kept{std::move(foldings)});
-  const auto add = [](ByName& names, const std::string& name, const Folding& folding) {
+  const auto add = [](ByName& names, std::string_view name, const Folding& folding) {
     std::vector<const Folding*>& named = names[name];
     if (named.empty() || named.back() != &folding) named.push_back(&folding);
   };
@@ -113,6 +113,7 @@ std::string FormDefinition::Told(const Assignment& assignment) const {
 }
 
 bool FormDefinition::IsElsewhere(std::string_view name) const {
+  if (elsewhere.empty()) return false;
   const Folding* folding = FoldingWith(name);
   return std::ranges::find(elsewhere, folding == nullptr ? name : folding->parameter) != elsewhere.end();
 }

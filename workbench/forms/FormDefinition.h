@@ -4,12 +4,12 @@
 
 #include <functional>
 #include <initializer_list>
-#include <map>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace cordboard::workbench {
@@ -133,9 +133,9 @@ class FoldingList {
   const std::vector<const Folding*>& With(std::string_view subDigit) const { return Named(kept_->byDigit, subDigit); }
 
  private:
-  using ByName = std::map<std::string, std::vector<const Folding*>, std::less<>>;
+  using ByName = std::unordered_map<std::string_view, std::vector<const Folding*>>;
   struct Kept {
-    std::vector<Folding> all;
+    std::vector<Folding> all;  // which hold the names
     ByName byWhole = {};
     ByName byDigit = {};
   };
