@@ -32,7 +32,10 @@ int ConnectionOpened(sqlite3* database, char**, const void*) {
   return SQLITE_OK;
 }
 
-// Says what runs while the rules read or write rows.
+// A look-up in a list of the rules: they gave the statement within it, and the workbench asks when it needs the answer.
+bool IsLookUp(std::string_view sql) { return sql.starts_with("WITH list("); }
+
+// Says what runs while the rules read or write rows, or begin or end a transaction.
 class MarkingHost : public ForwardingHost {
  public:
   MarkingHost(std::shared_ptr<Host> next, bool& ofRules) : ForwardingHost(std::move(next)), ofRules_(ofRules) {}
@@ -53,6 +56,19 @@ class MarkingHost : public ForwardingHost {
   RowSet scSQLSelect(const std::string& table, const List& columns, const List& keys, const List& keyValues) override {
     const Mark mark(ofRules_);
     return next().scSQLSelect(table, columns, keys, keyValues);
+  }
+
+  bool scStartTransaction() override {
+    const Mark mark(ofRules_);
+    return next().scStartTransaction();
+  }
+  bool scCommitTransaction() override {
+    const Mark mark(ofRules_);
+    return next().scCommitTransaction();
+  }
+  bool scRollBackTransaction() override {
+    const Mark mark(ofRules_);
+    return next().scRollBackTransaction();
   }
 
  private:
@@ -84,7 +100,7 @@ void Recorder::Opened(sqlite3* database) { databases_.push_back(database); }
 
 void Recorder::Ran(sqlite3* database, const char* sql) {
   const auto number = std::ranges::find(databases_, database) - databases_.begin();
-  statements_.push_back({static_cast<std::size_t>(number), sql, ofRules_});
+  statements_.push_back({static_cast<std::size_t>(number), sql, ofRules_ || IsLookUp(sql)});
 }
 
 std::shared_ptr<Host> Recorder::InFrontOf(std::shared_ptr<Host> workbench) {
