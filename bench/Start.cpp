@@ -17,11 +17,15 @@ struct Run {
   const char* words;
   double bound;  // millions of instructions
 };
-constexpr Run runs[] = {{"--version", 6},
-                        {"help KSEXI", 26},
-                        {"values FILE KSEXI CAT", 32},
-                        {"show FILE KSEXI", 32},
-                        {"generate FILE", 62}};
+constexpr Run runs[] = {{"--version", 4.5},
+                        {"help KSEXI", 13},
+                        {"commands", 26},
+                        {"values FILE KSEXI CAT", 18},
+                        {"show FILE KSEXI", 18.5},
+                        {"generate FILE", 32},
+                        {"complete help KS", 25},
+                        {"complete values FILE KSEXI C", 8.5},
+                        {"complete explain FILE KSEXI:ITYPE=", 22}};
 
 }  // namespace
 

@@ -4,7 +4,9 @@ find_package(nlohmann_json REQUIRED)
 find_package(CLI11 REQUIRED)
 
 # The data files and the documentation are carried in the program.
-add_executable(embed tools/embed.cpp)
+add_executable(embed tools/embed.cpp workbench/data/DataTree.cpp workbench/text/Utf8.cpp)
+target_include_directories(embed PRIVATE ${PROJECT_SOURCE_DIR})
+target_link_libraries(embed PRIVATE nlohmann_json::nlohmann_json)
 file(GLOB_RECURSE carried_files CONFIGURE_DEPENDS data/*.json data/*.plan docs/*.md web/assets/*)
 set(resources ${PROJECT_BINARY_DIR}/Resources_data.cpp)
 add_custom_command(OUTPUT ${resources}
@@ -53,6 +55,10 @@ if(CORDBOARD_PRECOMPILE)
 endif()
 add_executable(cordboard cli/main.cpp)
 target_link_libraries(cordboard PRIVATE cordboard_cli)
+if(NOT CORDBOARD_SANITIZE)
+  # To bind thousands of names of the standard library takes a quarter of a short run.
+  target_link_options(cordboard PRIVATE -static-libstdc++ -static-libgcc)
+endif()
 
 # The manual pages, as the program prints them.
 set(man_pages ${PROJECT_BINARY_DIR}/man)

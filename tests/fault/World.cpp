@@ -23,10 +23,7 @@ constexpr std::size_t rowsPerTable = 4;
 constexpr std::size_t mostKnown = 100;
 constexpr int categories = 6;
 
-const workbench::Schema& Tables() {
-  static const workbench::Schema schema = workbench::ReadSchema(workbench::Resource("schema.json"));
-  return schema;
-}
+const workbench::Schema& Tables() { return workbench::ShippedSchema(); }
 
 std::string Capitals(std::string name) {
   for (char& c : name) c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;

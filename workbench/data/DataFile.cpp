@@ -1,121 +1,150 @@
 #include "workbench/data/DataFile.h"
 
 #include <algorithm>
-#include <limits>
-#include <nlohmann/json.hpp>
-#include <set>
+#include <charconv>
+#include <system_error>
 
 #include "workbench/data/Resources.h"
 #include "workbench/text/Nearest.h"
-#include "workbench/text/Utf8.h"
 
 namespace cordboard::workbench {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Kind = DataNode::Kind;
+
+// Fields that hardly any object is asked for more of.
+constexpr std::size_t most = 32;
 
 // The kind of a value as an error names it.
-std::string Kind(const Json& json) {
-  switch (json.type()) {
-    case Json::value_t::null: return "null";
-    case Json::value_t::boolean: return "a truth value";
-    case Json::value_t::string: return "a text";
-    case Json::value_t::array: return "a list";
-    case Json::value_t::object: return "an object";
-    default: return "a number";
+const char* NameOf(Kind kind) {
+  switch (kind) {
+    case Kind::Null: return "null";
+    case Kind::Truth: return "a truth value";
+    case Kind::Number: return "a number";
+    case Kind::Text: return "a text";
+    case Kind::List: return "a list";
+    case Kind::Object: break;
   }
+  return "an object";
 }
 
-// The library's own words, without its mark in front: "parse error at line 1, column 2: ...".
-std::string Complaint(const Json::exception& error) {
-  const std::string text = error.what();
-  const std::size_t mark = text.find("] ");
-  return mark == text.npos ? text : text.substr(mark + 2);
+template <typename Take>
+void EachIn(const DataNode& whole, Take take) {
+  for (const DataNode* node = &whole + 1; node != &whole + whole.size; node += node->size) take(*node);
 }
 
 // A list counts its objects from 0 and names those that have a name.
-std::string Step(std::size_t index, const Json& json) {
-  const std::string step = "[" + std::to_string(index) + "]";
-  const bool named = json.is_object() && json.contains("name") && json["name"].is_string();
-  return named ? step + " (" + json["name"].get<std::string>() + ")" : step;
+std::string Step(const DataTree& tree, std::size_t index, const DataNode& item) {
+  std::string step = "[" + std::to_string(index) + "]";
+  if (item.kind != Kind::Object) return step;
+  EachIn(item, [&](const DataNode& field) {
+    if (tree.Text(field.key) == "name" && field.kind == Kind::Text)
+      step += " (" + std::string(tree.Text(field.text)) + ")";
+  });
+  return step;
 }
 
-// How the wanted value is reached, "parameters[3].title"; nothing where it does not stand in this one.
-std::optional<std::string> PlaceIn(const Json& json, const Json& wanted) {
-  if (&json == &wanted) return "";
+// How the wanted value is reached, "parameters[3].title".
+std::string PlaceIn(const DataTree& tree, const DataNode& whole, const DataNode& wanted) {
+  std::string place;
   std::size_t index = 0;
-  for (const auto& [key, value] : json.items()) {
-    const auto rest = value.is_structured() || &value == &wanted ? PlaceIn(value, wanted) : std::nullopt;
-    const std::string step = json.is_array() ? Step(index++, value) : key.empty() ? "\"\"" : key;
-    if (rest) return step + (rest->empty() || rest->front() == '[' ? "" : ".") + *rest;
-  }
-  return std::nullopt;
+  EachIn(whole, [&](const DataNode& node) {
+    const std::size_t number = index++;
+    if (&wanted < &node || &wanted >= &node + node.size) return;
+    const std::string key(tree.Text(node.key));
+    const std::string step = whole.kind == Kind::List ? Step(tree, number, node) : key.empty() ? "\"\"" : key;
+    const std::string rest = PlaceIn(tree, node, wanted);
+    place = step + (rest.empty() || rest.front() == '[' ? "" : ".") + rest;
+  });
+  return place;
+}
+
+// Gives whether the whole text is such a number.
+template <typename Number>
+bool ReadNumber(std::string_view text, Number& number) {
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc() && end == text.data() + text.size();
 }
 
 }  // namespace
 
 struct DataItem::File {
   std::string name;
-  Json json;
+  OwnDataTree own;  // of one that the program does not carry
+  DataTree tree;
 };
 
+template <typename Take>
+void DataItem::Each(Take take) const {
+  EachIn(*node_, take);
+}
+
+std::string_view DataItem::TextAt(TextPlace place) const { return file_->tree.Text(place); }
+
 void DataItem::Fail(const std::string& complaint) const {
-  const std::string place = *PlaceIn(file_->json, *json_);
+  const std::string place = PlaceIn(file_->tree, file_->tree.nodes.front(), *node_);
   throw DataError(file_->name, (place.empty() ? "" : place + ": ") + complaint);
 }
 
-void DataItem::FailAs(const char* wanted) const { Fail(std::string(wanted) + " is wanted, not " + Kind(*json_)); }
+void DataItem::FailAs(const char* wanted) const {
+  Fail(std::string(wanted) + " is wanted, not " + NameOf(node_->kind));
+}
 
 std::string DataItem::Text() const {
-  if (!json_->is_string()) FailAs("a text");
-  return json_->get<std::string>();
+  if (node_->kind != Kind::Text) FailAs("a text");
+  return std::string(TextAt(node_->text));
 }
 
 bool DataItem::Truth() const {
-  if (!json_->is_boolean()) FailAs("a truth value");
-  return json_->get<bool>();
+  if (node_->kind != Kind::Truth) FailAs("a truth value");
+  return node_->text.length > 0;
 }
 
 int DataItem::Whole() const {
-  if (!json_->is_number()) FailAs("a whole number");
-  const double number = json_->get<double>();
-  if (!json_->is_number_integer() || number < std::numeric_limits<int>::min() ||
-      number > std::numeric_limits<int>::max())
-    Fail("a whole number is wanted, not " + json_->dump());
-  return json_->get<int>();
+  if (node_->kind != Kind::Number) FailAs("a whole number");
+  int number = 0;
+  if (!ReadNumber(TextAt(node_->text), number))
+    Fail("a whole number is wanted, not " + std::string(TextAt(node_->text)));
+  return number;
 }
 
 Value DataItem::Cell() const {
-  if (json_->is_null()) return Value::Null();
-  if (json_->is_boolean()) return json_->get<bool>();
-  if (json_->is_number()) return json_->get<double>();
-  return Text();
+  if (node_->kind == Kind::Null) return Value::Null();
+  if (node_->kind == Kind::Truth) return Truth();
+  if (node_->kind != Kind::Number) return Text();
+  double number = 0;
+  if (!ReadNumber(TextAt(node_->text), number)) FailAs("a number of a lesser magnitude");
+  return number;
 }
 
 std::vector<DataItem> DataItem::List() const {
-  if (!json_->is_array()) FailAs("a list");
+  if (node_->kind != Kind::List) FailAs("a list");
   std::vector<DataItem> items;
-  for (const Json& json : *json_) items.push_back(DataItem(file_, json));
+  Each([&](const DataNode& node) { items.push_back(DataItem(file_, node)); });
   return items;
 }
 
 std::vector<std::pair<std::string, DataItem>> DataItem::Entries() const {
-  if (!json_->is_object()) FailAs("an object");
+  if (node_->kind != Kind::Object) FailAs("an object");
   std::vector<std::pair<std::string, DataItem>> entries;
-  for (const auto& [key, value] : json_->items()) entries.emplace_back(key, DataItem(file_, value));
+  Each([&](const DataNode& node) { entries.emplace_back(TextAt(node.key), DataItem(file_, node)); });
   return entries;
 }
 
 Fields::Fields(const DataItem& object) : object_(object) {
-  if (!object.json_->is_object()) object.FailAs("an object");
+  if (object.node_->kind != Kind::Object) object.FailAs("an object");
+  asked_.reserve(most);
 }
 
 std::optional<DataItem> Fields::Find(const char* key) {
-  asked_.emplace_back(key);
-  const auto found = object_.json_->find(key);
-  if (found == object_.json_->end()) return std::nullopt;
-  return DataItem(object_.file_, *found);
+  asked_.push_back(key);
+  const std::string_view wanted = key;
+  const DataNode* found = nullptr;
+  object_.Each([&](const DataNode& node) {
+    if (object_.TextAt(node.key) == wanted) found = &node;
+  });
+  return found == nullptr ? std::nullopt : std::optional(DataItem(object_.file_, *found));
 }
 
 DataItem Fields::At(const char* key) {
@@ -126,10 +155,12 @@ DataItem Fields::At(const char* key) {
 
 std::vector<std::string> Fields::Unknown() const {
   std::vector<std::string> complaints;
-  for (const auto& [key, value] : object_.json_->items()) {
-    if (std::find(asked_.begin(), asked_.end(), key) == asked_.end())
-      complaints.push_back("unknown key \"" + key + "\"." + DidYouMean(key, asked_));
-  }
+  object_.Each([&](const DataNode& node) {
+    const std::string_view key = object_.TextAt(node.key);
+    if (std::ranges::find(asked_, key) == asked_.end())
+      complaints.push_back("unknown key \"" + std::string(key) + "\"." +
+                           DidYouMean(std::string(key), {asked_.begin(), asked_.end()}));
+  });
   return complaints;
 }
 
@@ -138,34 +169,22 @@ void Fields::End() const {
   if (!complaints.empty()) object_.Fail(complaints.front());
 }
 
-template <typename Parse>
-DataItem DataItem::Parsed(std::string_view text, const std::string& file, Parse parse) {
-  if (!IsUtf8(text)) throw DataError(file, "this is not UTF-8 text");
+DataItem ReadData(std::string_view text, const std::string& file) {
   try {
-    const auto read = std::make_shared<const File>(File{file, parse(text)});
-    return DataItem(read, read->json);
-  } catch (const Json::exception& error) {
-    throw DataError(file, Complaint(error));
+    const auto read =
+        std::make_shared<DataItem::File>(DataItem::File{.name = file, .own = ParseData(text), .tree = {}});
+    read->tree = read->own;
+    return DataItem(read, read->tree.nodes.front());
+  } catch (const std::runtime_error& error) {
+    throw DataError(file, error.what());
   }
 }
 
-DataItem ReadOwnData(std::string_view text, const std::string& file) {
-  return DataItem::Parsed(text, file, [](std::string_view json) { return Json::parse(json); });
+DataItem ReadResource(std::string_view path) {
+  const DataTree tree = ResourceTrees().at(path);
+  const auto carried =
+      std::make_shared<DataItem::File>(DataItem::File{.name = std::string(path), .own = {}, .tree = tree});
+  return DataItem(carried, tree.nodes.front());
 }
-
-DataItem ReadData(std::string_view text, const std::string& file) {
-  // The reader of JSON would take the last of two fields with the same key in silence.
-  std::vector<std::set<std::string>> open;
-  const auto note = [&](int, Json::parse_event_t event, Json& parsed) {
-    if (event == Json::parse_event_t::object_start) open.emplace_back();
-    if (event == Json::parse_event_t::object_end) open.pop_back();
-    if (event == Json::parse_event_t::key && !open.back().insert(parsed.get<std::string>()).second)
-      throw DataError(file, "the key \"" + parsed.get<std::string>() + "\" stands there twice in one object");
-    return true;
-  };
-  return DataItem::Parsed(text, file, [&](std::string_view json) { return Json::parse(json, note); });
-}
-
-DataItem ReadResource(std::string_view path) { return ReadOwnData(Resource(path), std::string(path)); }
 
 }  // namespace cordboard::workbench

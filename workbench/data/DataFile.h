@@ -7,7 +7,6 @@
 #pragma once
 
 #include <memory>
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -17,6 +16,7 @@
 #include <vector>
 
 #include "script/Value.h"
+#include "workbench/data/DataTree.h"
 
 namespace cordboard::workbench {
 
@@ -58,23 +58,22 @@ class DataItem {
  private:
   friend class Fields;
   friend DataItem ReadData(std::string_view text, const std::string& file);
-  friend DataItem ReadOwnData(std::string_view text, const std::string& file);
-  using Json = nlohmann::ordered_json;
+  friend DataItem ReadResource(std::string_view path);
   struct File;
 
-  // What `parse` makes of the text of the file.
-  template <typename Parse>
-  static DataItem Parsed(std::string_view text, const std::string& file, Parse parse);
+  DataItem(std::shared_ptr<const File> file, const DataNode& node) : file_(std::move(file)), node_(&node) {}
 
-  DataItem(std::shared_ptr<const File> file, const Json& json) : file_(std::move(file)), json_(&json) {}
-
+  std::string_view TextAt(TextPlace place) const;
+  // What it holds, one after the other.
+  template <typename Take>
+  void Each(Take take) const;
   [[noreturn]] void FailAs(const char* wanted) const;
 
   std::shared_ptr<const File> file_;
-  const Json* json_;  // stands in the file: where, is found out when it is told
+  const DataNode* node_;  // stands in the file: where, is found out when it is told
 };
 
-// The fields of an object, each asked for by its key.
+// The fields of an object, each asked for by its key, a literal.
 class Fields {
  public:
   explicit Fields(const DataItem& object);
@@ -100,14 +99,12 @@ class Fields {
 
  private:
   const DataItem& object_;
-  std::vector<std::string> asked_;
+  std::vector<std::string_view> asked_;
 };
 
 // The whole of a file; `file` names it in errors.
 DataItem ReadData(std::string_view text, const std::string& file);
-// The same of a file that the program carries: a test has looked whether a key stands there twice.
-DataItem ReadOwnData(std::string_view text, const std::string& file);
-// The same by its path under data/.
+// A file that the program carries, by its path under data/: the build has read it.
 DataItem ReadResource(std::string_view path);
 
 template <typename T>

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "workbench/data/DataFile.h"
-#include "workbench/data/Resources.h"
 #include "workbench/text/Names.h"
 #include "workbench/text/Separated.h"
 
@@ -152,9 +151,9 @@ const DatabaseSchema& Schema::Database(std::string_view name) const {
   throw DataError("schema.json", "there is no database " + std::string(name));
 }
 
-Schema ReadSchema(std::string_view json) {
+Schema ReadSchema(const DataItem& file) {
   Schema schema;
-  for (const auto& [name, tables] : ReadOwnData(json, "schema.json").Entries()) {
+  for (const auto& [name, tables] : file.Entries()) {
     DatabaseSchema& database = schema.databases.emplace_back(
         DatabaseSchema{.name = name, .prefix = name == "site" ? "site." : "", .tables = {}, .views = {}});
     for (const DataItem& item : tables.List()) {
@@ -170,7 +169,7 @@ Schema ReadSchema(std::string_view json) {
 }
 
 const Schema& ShippedSchema() {
-  static const Schema schema = ReadSchema(Resource("schema.json"));
+  static const Schema schema = ReadSchema(ReadResource("schema.json"));
   return schema;
 }
 

@@ -25,6 +25,8 @@
 
 namespace cordboard::workbench {
 
+class DataItem;
+
 struct Column {
   // A text column keeps '007' as it is, a whole column makes 7 of it, a truth column holds true and false.
   enum class Type { Text, Whole, Truth };
@@ -86,8 +88,8 @@ struct Schema {
   const DatabaseSchema& Database(std::string_view name) const;  // fails with a DataError where there is none
 };
 
-// Fails with a DataError that names the table and the place, where the text is not a schema.
-Schema ReadSchema(std::string_view json);
+// Fails with a DataError that names the table and the place, where the file holds no schema.
+Schema ReadSchema(const DataItem& file);
 // The one that the program carries.
 const Schema& ShippedSchema();
 

@@ -89,8 +89,8 @@ void EnterTable(Connection& database, const FixedTable& table) {
 
 }  // namespace
 
-void ReadFixedValues(std::string_view json, const std::string& file, FixedValues& values) {
-  ReadOwnData(json, file).Object([&](Fields& fields) {
+void ReadFixedValues(const DataItem& file, FixedValues& values) {
+  file.Object([&](Fields& fields) {
     if (fields.Has("table")) {
       values.tables.push_back(ReadTable(fields));
       return;
@@ -114,8 +114,23 @@ const FixedValues& ValuesIn(std::string_view path) {
   static std::map<std::string_view, FixedValues> read;
   if (const auto found = read.find(path); found != read.end()) return found->second;
   FixedValues values;
-  ReadFixedValues(Resource(path), std::string(path), values);
+  ReadFixedValues(ReadResource(path), values);
   return read.emplace(path, std::move(values)).first->second;
+}
+
+// The files with lists, by the commands whose lists they hold.
+const std::map<std::string, std::vector<std::string_view>>& FilesByCommand() {
+  static const auto files = [] {
+    std::map<std::string, std::vector<std::string_view>> byCommand;
+    for (const std::string_view path : ResourcesIn("values/")) {
+      const DataItem file = ReadResource(path);
+      const auto commands = Fields(file).Find("commands");
+      if (!commands) continue;
+      for (const std::string& command : commands->As<Texts>()) byCommand[command].push_back(path);
+    }
+    return byCommand;
+  }();
+  return files;
 }
 
 }  // namespace
@@ -137,10 +152,9 @@ const std::vector<const FixedList*>& FixedListsOf(const std::string& command) {
   static std::map<std::string, std::vector<const FixedList*>> read;
   if (const auto found = read.find(command); found != read.end()) return found->second;
   std::vector<const FixedList*> lists;
-  for (const std::string_view path : ResourcesIn("values/")) {
-    if (Resource(path).find('"' + command + '"') == std::string_view::npos) continue;
-    for (const FixedList& list : ValuesIn(path).lists) {
-      if (std::ranges::find(list.commands, command) != list.commands.end()) lists.push_back(&list);
+  if (const auto files = FilesByCommand().find(command); files != FilesByCommand().end()) {
+    for (const std::string_view path : files->second) {
+      for (const FixedList& list : ValuesIn(path).lists) lists.push_back(&list);
     }
   }
   return read.emplace(command, std::move(lists)).first->second;

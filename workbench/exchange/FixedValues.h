@@ -25,6 +25,8 @@
 
 namespace cordboard::workbench {
 
+class DataItem;
+
 // Values with their descriptions, in order.
 using DescribedValues = std::vector<std::pair<std::string, std::string>>;
 
@@ -47,8 +49,8 @@ struct FixedValues {
   std::vector<FixedTable> tables;
 };
 
-// Reads one file and adds what it holds; `file` names it in errors. Fails with a DataError.
-void ReadFixedValues(std::string_view json, const std::string& file, FixedValues& values);
+// Adds what one file holds. Fails with a DataError.
+void ReadFixedValues(const DataItem& file, FixedValues& values);
 // What the program carries.
 const FixedValues& AllFixedValues();
 // Of that, the lists of one command. Only the files are read in which its name stands.

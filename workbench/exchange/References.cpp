@@ -5,7 +5,6 @@
 
 #include "script/Conversions.h"
 #include "workbench/data/DataFile.h"
-#include "workbench/data/Resources.h"
 #include "workbench/database/Schema.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/text/Separated.h"
@@ -58,9 +57,9 @@ bool IsAlso(const Thing* thing, const Thing& wider) {
 
 std::string RecordKind::Rows() const { return ShippedSchema().Database(database).RowsOf(table); }
 
-References::References(std::string_view json) {
+References::References(const DataItem& file) {
   std::vector<Entry> entries;
-  ReadOwnData(json, "references.json").Object([&](Fields& fields) {
+  file.Object([&](Fields& fields) {
     for (const DataItem& item : fields.At("records").List()) records_.push_back(ReadRecord(item));
     const std::vector<DataItem> items = fields.At("things").List();
     things_.reserve(items.size());
@@ -151,7 +150,7 @@ const Thing* References::DefinedIn(std::string_view table, std::string_view colu
 }
 
 const References& ShippedReferences() {
-  static const References references(Resource("references.json"));
+  static const References references(ReadResource("references.json"));
   return references;
 }
 

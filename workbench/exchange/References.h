@@ -92,8 +92,8 @@ struct Holder {
 
 class References {
  public:
-  // Fails with a DataError, where the text is no such description of the shipped schema.
-  explicit References(std::string_view json);
+  // Fails with a DataError, where the file is no such description of the shipped schema.
+  explicit References(const DataItem& file);
   References(const References&) = delete;
   References& operator=(const References&) = delete;
 

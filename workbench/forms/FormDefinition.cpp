@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <map>
 
+#include "workbench/data/DataFile.h"
 #include "workbench/data/Resources.h"
 #include "workbench/database/Schema.h"
 #include "workbench/forms/FormReader.h"
@@ -146,7 +147,7 @@ const FormDefinition* FindForm(std::string_view command) {
   const std::string name(command);
   const std::string path = "forms/" + name + ".json";
   if (!Resources().contains(path)) return nullptr;
-  return &read.emplace(name, ReadForm(name, Resource(path), path)).first->second;
+  return &read.emplace(name, ReadForm(name, ReadResource(path))).first->second;
 }
 
 std::vector<const FormDefinition*> Forms() {

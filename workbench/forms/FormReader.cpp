@@ -191,15 +191,14 @@ void ReadActions(FormDefinition& form) {
 
 }  // namespace
 
-FormDefinition ReadForm(const std::string& command, std::string_view json, const std::string& file) {
-  const DataItem item = ReadOwnData(json, file);
-  return item.Object([&](Fields& fields) {
+FormDefinition ReadForm(const std::string& command, const DataItem& file) {
+  return file.Object([&](Fields& fields) {
     FormDefinition form{.command = command,
                         .title = fields.Get<std::string>("title"),
                         .help = fields.Get<std::string>("help"),
                         .table = {},
                         .columns = {}};
-    ReadRecord(form, fields, item);
+    ReadRecord(form, fields, file);
     for (const DataItem& parameter : fields.At("parameters").List()) {
       const Texts numbers = EachOf(parameter);
       for (const std::string& number : numbers) {
@@ -207,7 +206,7 @@ FormDefinition ReadForm(const std::string& command, std::string_view json, const
         form.parameters.back().ofSeries = numbers.size();
       }
     }
-    form.foldings = FoldingsOf(form, item, fields.Find("folding"));
+    form.foldings = FoldingsOf(form, file, fields.Find("folding"));
     form.inStep = fields.Get("inStep", std::vector<Texts>());
     form.oneOf = fields.Get("oneOf", std::vector<Texts>());
     form.ordered = fields.Get("ordered", false);

@@ -30,13 +30,14 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "workbench/forms/FormDefinition.h"
 
 namespace cordboard::workbench {
 
-// Reads the form of a command; `file` names it in errors. Fails with a DataError.
-FormDefinition ReadForm(const std::string& command, std::string_view json, const std::string& file);
+class DataItem;
+
+// Reads the form of a command. Fails with a DataError.
+FormDefinition ReadForm(const std::string& command, const DataItem& file);
 
 }  // namespace cordboard::workbench

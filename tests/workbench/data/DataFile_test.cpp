@@ -6,7 +6,6 @@
 #include <functional>
 
 #include "script/TracingHost.h"
-#include "workbench/data/Resources.h"
 #include "workbench/support/TemporaryFolder.h"
 
 namespace cordboard::workbench {
@@ -75,13 +74,6 @@ TEST(DataFile, AMissingKeyIsRefused) {
 TEST(DataFile, AKeyThatStandsTwiceInOneObjectIsRefused) {
   EXPECT_EQ(Refused(R"({"a": {"b": 1}, "c": {"b": 1, "b": 2}})", [](const DataItem&) {}),
             "a.json: the key \"b\" stands there twice in one object");
-}
-
-TEST(DataFile, NoFileThatTheProgramCarriesHasAKeyTwice) {
-  for (const auto& [path, text] : Resources()) {
-    if (!path.ends_with(".json")) continue;
-    EXPECT_NO_THROW(ReadData(text, std::string(path)));
-  }
 }
 
 TEST(DataFile, AValueOfAnotherKindIsRefused) {

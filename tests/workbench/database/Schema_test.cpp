@@ -17,8 +17,10 @@ using std::string;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
+Schema Read(const string& json) { return ReadSchema(ReadData(json, "schema.json")); }
+
 string Refused(const string& json) {
-  return Refusal<DataError>([&] { ReadSchema(json); });
+  return Refusal<DataError>([&] { Read(json); });
 }
 
 string RefusedTable(const string& rest) { return Refused(R"({"dynamic": [{"name": "t", )" + rest + "}]}"); }
@@ -26,7 +28,7 @@ string RefusedTable(const string& rest) { return Refused(R"({"dynamic": [{"name"
 // --- Reading.
 
 TEST(Schema, ReadsTablesWithTheirColumnsInOrder) {
-  const Schema schema = ReadSchema(R"({"dynamic": [
+  const Schema schema = Read(R"({"dynamic": [
       {"name": "NANSI", "columns": ["CmdId", "NUMSE", "USED"], "further": ["MARK"], "note": "numbers",
        "types": {"cmdid": "whole", "USED": "truth"}, "unique": [["cmdid"]], "indexes": [["numse"], ["USED", "NUMSE"]]}], "site": []})");
   ASSERT_EQ(schema.databases.size(), 2u);
@@ -78,7 +80,7 @@ TEST(Schema, RefusesWhatIsNoSchemaAndNamesThePlace) {
 // --- Creating.
 
 TEST(Schema, CreatesTablesAndIndexes) {
-  const Schema schema = ReadSchema(R"({"dynamic": [
+  const Schema schema = Read(R"({"dynamic": [
       {"name": "NANSI", "columns": ["CmdId", "NUMSE"], "further": ["USED"],
        "types": {"CmdId": "whole", "USED": "truth"}, "indexes": [["NUMSE"], ["USED", "NUMSE"]]},
       {"name": "t", "columns": ["End"], "unique": [["End"]], "patterns": ["end"]}]})");
@@ -91,7 +93,7 @@ TEST(Schema, CreatesTablesAndIndexes) {
 }
 
 TEST(Schema, StoresTheTablesOfTemplatesUnderNamesOfTheirOwn) {
-  const Schema schema = ReadSchema(R"({"site": [{"name": "t", "columns": ["End"], "indexes": [["End"]]}]})");
+  const Schema schema = Read(R"({"site": [{"name": "t", "columns": ["End"], "indexes": [["End"]]}]})");
   const DatabaseSchema& site = schema.Database("site");
   EXPECT_EQ(site.RowsOf("t"), "[site.t]");
   EXPECT_THAT(CreateStatements(site),
@@ -101,7 +103,7 @@ TEST(Schema, StoresTheTablesOfTemplatesUnderNamesOfTheirOwn) {
 // --- Views.
 
 TEST(Schema, AViewShowsTheRowsOfItsTablesWithTheColumnsOfAll) {
-  const Schema schema = ReadSchema(R"({"dynamic": [
+  const Schema schema = Read(R"({"dynamic": [
       {"name": "a", "columns": ["CmdId", "DIR"]},
       {"name": "b", "columns": ["CmdId", "GRP"], "further": ["DIR", "AUX"]},
       {"name": "v", "of": ["a", "b"]}]})");

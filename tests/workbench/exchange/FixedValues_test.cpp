@@ -21,7 +21,7 @@ using testing::Pair;
 
 FixedValues Read(const std::string& json) {
   FixedValues values;
-  ReadFixedValues(json, "values/A.json", values);
+  ReadFixedValues(ReadData(json, "values/A.json"), values);
   return values;
 }
 
@@ -139,7 +139,7 @@ TEST(FixedValues, EveryRowOfATableIsEntered) {
 TEST(FixedValues, AFileOfOneCommandIsNamedAfterIt) {
   for (const std::string_view path : ResourcesIn("values/")) {
     FixedValues values;
-    ReadFixedValues(Resource(path), std::string(path), values);
+    ReadFixedValues(ReadResource(path), values);
     if (values.lists.empty() || values.lists[0].commands.size() > 1) continue;
     EXPECT_EQ(path, "values/" + values.lists[0].commands[0] + ".json");
   }

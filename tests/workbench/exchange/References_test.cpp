@@ -199,8 +199,9 @@ TEST_F(ReferencesOfTheExample, HowAThingStands) {
 TEST(References, AMistakeInTheFileIsNamed) {
   const auto error = [](const std::string& things, const std::string& key = "DIR") {
     try {
-      const References read(R"({"records": [{"table": "KSEXI", "is": "key extension", "key": [")" + key +
-                            R"("]}], "things": [)" + things + R"(], "nothing": []})");
+      const std::string json = R"({"records": [{"table": "KSEXI", "is": "key extension", "key": [")" + key +
+                               R"("]}], "things": [)" + things + R"(], "nothing": []})";
+      const References read(ReadData(json, "references.json"));
       return std::string("none");
     } catch (const DataError& wrong) {
       return std::string(wrong.what());

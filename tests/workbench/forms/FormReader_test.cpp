@@ -19,7 +19,7 @@ using testing::IsEmpty;
 // A form with these parameters and more fields after them.
 FormDefinition Read(const std::string& command, const std::string& parameters, const std::string& more = "") {
   const std::string json = R"({"title": "T", "help": "H.", "parameters": [)" + parameters + "]" + more + "}";
-  return ReadForm(command, json, "forms/" + command + ".json");
+  return ReadForm(command, ReadData(json, "forms/" + command + ".json"));
 }
 
 std::string Refused(const std::string& command, const std::string& parameters, const std::string& more = "") {
