@@ -2,8 +2,10 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <limits>
 #include <new>
 #include <sstream>
 #include <thread>
@@ -30,6 +32,10 @@ constexpr std::chrono::milliseconds betweenTries(20);
 constexpr int stepsBetweenLooks = 10000;
 // Where the file's head counts its changes.
 constexpr int placeOfChangeCount = 24;
+// SQLite counts what is read at once by an int.
+constexpr sqlite3_int64 mostAtOnce = 1 << 30;
+// To which a copy may grow: no bound, as for any database in memory.
+constexpr sqlite3_int64 mostInMemory = std::numeric_limits<sqlite3_int64>::max();
 
 // A code without what SQLite adds in its higher bytes.
 int Kind(int code) { return code & 0xFF; }
@@ -49,6 +55,30 @@ int TryAgain(void* patience, int tries) {
 }
 
 int IsInterrupted(void*) { return WaitingSignal(); }
+
+bool IsFile(sqlite3* database) {
+  const char* name = sqlite3_db_filename(database, "main");
+  return name != nullptr && *name != '\0';
+}
+
+// What the database itself reads of the file: to open and close it once more would end its locks. What a transaction
+// writes does not stand there before its commit. Gives SQLite's code.
+int ReadFile(sqlite3* database, unsigned char* bytes, sqlite3_int64 size, sqlite3_int64 from) {
+  sqlite3_file* file = nullptr;
+  sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  int code = SQLITE_OK;
+  for (sqlite3_int64 done = 0; done < size && code == SQLITE_OK; done += mostAtOnce) {
+    const auto part = static_cast<int>(std::min<sqlite3_int64>(mostAtOnce, size - done));
+    code = file->pMethods->xRead(file, bytes + done, part, from + done);
+  }
+  return code;
+}
+
+int SizeOfFile(sqlite3* database, sqlite3_int64& size) {
+  sqlite3_file* file = nullptr;
+  sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  return file->pMethods->xFileSize(file, &size);
+}
 
 }  // namespace
 
@@ -98,32 +128,31 @@ bool Connection::CopyTo(Connection& other) const {
   if (Kind(started) == SQLITE_READONLY) return false;
   if (started != SQLITE_OK) Fail(started);
   other.timesCopied_ = TimesWritten();
-  sqlite3_backup* backup = sqlite3_backup_init(other.database_.get(), "main", database_.get(), "main");
-  if (backup == nullptr) other.Fail(sqlite3_errcode(other.database_.get()));
-  const int code = sqlite3_backup_step(backup, -1);
-  sqlite3_backup_finish(backup);
-  if (code != SQLITE_DONE) Fail(code);
+  sqlite3_int64 size = 0;
+  if (const int code = SizeOfFile(database_.get(), size); code != SQLITE_OK) Fail(code);
+  if (size == 0) return true;
+  std::unique_ptr<unsigned char, decltype(&sqlite3_free)> bytes(
+      static_cast<unsigned char*>(sqlite3_malloc64(static_cast<sqlite3_uint64>(size))), sqlite3_free);
+  if (bytes == nullptr) throw std::bad_alloc();
+  if (const int code = ReadFile(database_.get(), bytes.get(), size, 0); code != SQLITE_OK) Fail(code);
+  const int code = sqlite3_deserialize(other.database_.get(), "main", bytes.release(), size, size,
+                                       SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE);
+  if (code != SQLITE_OK) other.Fail(code);
+  sqlite3_int64 most = mostInMemory;
+  sqlite3_file_control(other.database_.get(), "main", SQLITE_FCNTL_SIZE_LIMIT, &most);
   return true;
 }
 
-// Read where the database itself reads the file: to open and close it once more would end its locks. What a
-// transaction writes does not reach the file before its commit.
 std::uint32_t Connection::TimesWritten() const {
-  sqlite3_file* file = nullptr;
-  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-  if (file == nullptr || file->pMethods == nullptr) return timesCopied_;
+  if (!IsFile(database_.get())) return timesCopied_;
   std::array<unsigned char, 4> count{};
-  const int code = file->pMethods->xRead(file, count.data(), count.size(), placeOfChangeCount);
+  const int code = ReadFile(database_.get(), count.data(), count.size(), placeOfChangeCount);
   if (code != SQLITE_OK) Fail(code);
   return static_cast<std::uint32_t>(count[0]) << 24 | static_cast<std::uint32_t>(count[1]) << 16 |
          static_cast<std::uint32_t>(count[2]) << 8 | count[3];
 }
 
-std::uint32_t Connection::TimesWrittenAfterCommit() const {
-  const bool isFile =
-      sqlite3_db_filename(database_.get(), "main") != nullptr && *sqlite3_db_filename(database_.get(), "main") != '\0';
-  return TimesWritten() + (isFile ? 1 : 0);
-}
+std::uint32_t Connection::TimesWrittenAfterCommit() const { return TimesWritten() + (IsFile(database_.get()) ? 1 : 0); }
 
 void Connection::Open(const std::string& name, int flags) {
   sqlite3* database = nullptr;
