@@ -1,6 +1,8 @@
 #include "bench/Comparison.h"
 
 #include <cstdio>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "bench/Bounds.h"
@@ -11,6 +13,9 @@
 namespace cordboard::bench {
 
 namespace {
+
+// Of fewer series most is what is done once for all of them: that has no bound.
+constexpr int leastHeld = 100;
 
 // The statements of one workload, cut where a step begins. What makes the exchange stands before the first step.
 struct Recorded {
@@ -43,13 +48,14 @@ struct Times {
 };
 
 // A step without statements of the rules has nothing to compare with them.
-void Line(const char* name, const Times& times, int actions, double bound) {
+void Line(const char* name, const Times& times, int actions, std::optional<double> bound) {
   const double library = Median(times.library);
   const double replay = Median(times.replay);
   const double rules = Median(times.rules);
   std::printf("  %-34s %10.2f %10.2f %10.2f %8.2f", name, library * 1e3, replay * 1e3, rules * 1e3, library / replay);
   rules > 0 ? std::printf(" %9.2f", library / rules) : std::printf(" %9s", "");
-  std::printf(" %14.1f%s\n", library * 1e6 / actions, Held(name, library / replay, bound).c_str());
+  const std::string held = bound ? Held(name, library / replay, *bound) : "";
+  std::printf(" %14.1f%s\n", library * 1e6 / actions, held.c_str());
 }
 
 }  // namespace
@@ -73,7 +79,7 @@ void Compare(int series, int rounds) {
               "of rules", "us per action");
   for (std::size_t step = 0; step < times.size(); ++step) {
     const auto& [name, actions, work, bound] = Workload::steps[step];
-    Line(name, times[step], actions == 0 ? series : actions, bound);
+    Line(name, times[step], actions == 0 ? series : actions, series < leastHeld ? std::nullopt : std::optional(bound));
   }
 }
 

@@ -41,7 +41,7 @@ void MeasureStart(const std::string& program) {
   for (const auto& [words, bound] : runs) {
     std::string command = words;
     if (const std::size_t at = command.find("FILE"); at != command.npos) command.replace(at, 4, "'" + file + "'");
-    const double millions = InstructionsOf("", "'" + program + "' " + command) / 1e6;
+    const double millions = InstructionsOf("'" + program + "' " + command) / 1e6;
     std::printf("  %-36s %8.1f million instructions%s\n", words, millions, Held(words, millions, bound).c_str());
   }
 }

@@ -15,7 +15,7 @@ namespace cordboard::bench {
 struct Statement {
   std::size_t database = 0;  // the connections in the order in which they were opened
   std::string sql;
-  bool ofRules = false;  // run for a rule that reads or writes rows, and not for the workbench itself
+  bool ofRules = false;  // run for a rule, and not for the workbench itself
 };
 
 // Notes, while it lives, what every connection runs that is opened in that time. One at a time.

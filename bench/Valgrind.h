@@ -7,7 +7,7 @@ namespace cordboard::bench {
 
 bool HasValgrind();
 
-// How many instructions a command takes, from the words that start it; with an option for callgrind.
-double InstructionsOf(const std::string& option, const std::string& command);
+// How many instructions a command takes, from the words that start it.
+double InstructionsOf(const std::string& command);
 
 }  // namespace cordboard::bench
