@@ -85,11 +85,12 @@ std::optional<std::string> MeantValue(Filling& filling, const Assignment& assign
   if (list == nullptr) return refuse("there is no list of values at present from which the next could be taken");
   Exchange& exchange = filling.session().exchange();
   std::set<std::string> seen;
-  const std::vector<ValidValue> free = list->First(
-      *count, {.accept = [&](const std::string& offered) {
-                 return IsFree(exchange, parameter->pool, offered) && seen.insert(offered).second;
-               },
-               .unusedOf = parameter->pool ? parameter->pool->table : ""});
+  const std::vector<ValidValue> free =
+      list->First(*count, {.accept =
+                               [&](const std::string& offered) {
+                                 return IsFree(exchange, parameter->pool, offered) && seen.insert(offered).second;
+                               },
+                           .unusedOf = parameter->pool ? parameter->pool->table : ""});
   if (free.size() < *count)
     return refuse("of the values that are free there " + std::string(free.size() == 1 ? "is " : "are ") +
                   std::to_string(free.size()) + " and not " + std::to_string(*count));

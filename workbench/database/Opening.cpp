@@ -56,9 +56,10 @@ int TryAgain(void* patience, int tries) {
 
 int IsInterrupted(void*) { return WaitingSignal(); }
 
+// A file is named by its whole path. Memory has no name, or where it is a copy one without a folder.
 bool IsFile(sqlite3* database) {
   const char* name = sqlite3_db_filename(database, "main");
-  return name != nullptr && *name != '\0';
+  return name != nullptr && *name == '/';
 }
 
 // What the database itself reads of the file: to open and close it once more would end its locks. What a transaction

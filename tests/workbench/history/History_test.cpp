@@ -287,6 +287,18 @@ TEST_F(HistoryOfAFile, IsReadAsOfEachState) {
   EXPECT_THROW(NumbersAsOf(4), NoSuchState);
 }
 
+// Within a transaction nothing that is written is counted before its end.
+TEST_F(HistoryOfAFile, ACopyGoesBackStateByStateWithinATransaction) {
+  Apply(ten);
+  Apply(twenty);
+  const auto copy = Exchange::OpenForReading(file_);
+  const Transaction undone(*copy);
+  GoBackTo(copy->Dynamic(), 1);
+  EXPECT_EQ(Rows(*copy, "SELECT NUMSE FROM NANSI"), R"([["10"]])");
+  GoBackTo(copy->Dynamic(), 0);
+  EXPECT_EQ(Rows(*copy, "SELECT NUMSE FROM NANSI"), "Empty");
+}
+
 TEST_F(HistoryOfAFile, EndsWhereAnotherProgramWrites) {
   Apply(ten);
   WriteOtherwise("DELETE FROM [ROUTE] WHERE rowid = 1");
