@@ -111,7 +111,7 @@ ValueList::Values ValueList::Rows(ListStatement statement) {
           .drawFromPool = [rows] { return workbench::DrawsFromPool(rows->all); }};
 }
 
-ValueList::Values ValueList::Fixed(std::shared_ptr<const DescribedValues> values) {
+ValueList::Values ValueList::Fixed(const std::shared_ptr<const DescribedValues>& values) {
   return {.hold =
               [values](const std::string& value) {
                 return std::ranges::find(*values, value, &DescribedValues::value_type::first) != values->end();
@@ -148,8 +148,8 @@ void ValueList::Collect(ListStatement statement) {
   Add(std::move(statement));
 }
 
-void ValueList::Collect(std::shared_ptr<const DescribedValues> values) {
-  steps_ = {{true, Fixed(std::move(values))}};
+void ValueList::Collect(const std::shared_ptr<const DescribedValues>& values) {
+  steps_ = {{true, Fixed(values)}};
   replaces_ = true;
 }
 

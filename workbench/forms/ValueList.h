@@ -36,7 +36,7 @@ class ValueList {
   // Replace the list, add to it, and take away from it, with the first column of a statement's rows (and the second as
   // descriptions), or with fixed values.
   void Collect(ListStatement statement);
-  void Collect(std::shared_ptr<const DescribedValues> values);
+  void Collect(const std::shared_ptr<const DescribedValues>& values);
   void Add(ListStatement statement);
   void Subtract(ListStatement statement);
   void Push(const std::string& value);
@@ -81,7 +81,7 @@ class ValueList {
   // The last step that holds the value; nothing where none does.
   const Step* LastWith(const std::string& value) const;
   static Values Rows(ListStatement statement);
-  static Values Fixed(std::shared_ptr<const DescribedValues> values);
+  static Values Fixed(const std::shared_ptr<const DescribedValues>& values);
   static Values One(const std::string& value);
   static Values Numbers(long long from, long long to);
 
