@@ -30,7 +30,8 @@ inline constexpr int deepestNesting = 100;                // brackets within bra
 // which the database has to supply: NumericValue of script/Conversions.h and LikeMatches of Like.h, null for a null.
 // Tables may stand in the database under longer names than the statement's: `tablePrefix` goes before each.
 MappedStatement Map(std::string_view statement, std::string_view tablePrefix = "");
-// The same for texts that come again and again, literals included: what they become is kept.
+// The same for texts that come again and again, literals included: what they become is kept, and stands until another
+// text is mapped so.
 const MappedStatement& MapOnce(const std::string& statement, const std::string& tablePrefix);
 
 }  // namespace cordboard::workbench
