@@ -84,13 +84,12 @@ std::optional<std::string> MeantValue(Filling& filling, const Assignment& assign
   if (filling.problems().size() > before) return std::nullopt;
   if (list == nullptr) return refuse("there is no list of values at present from which the next could be taken");
   Exchange& exchange = filling.session().exchange();
-  std::set<std::string> seen;
+  std::set<std::string> seen;  // a list may give a value twice
+  const auto accept = [&](const std::string& offered) {
+    return IsFree(exchange, parameter->pool, offered) && seen.insert(offered).second;
+  };
   const std::vector<ValidValue> free =
-      list->First(*count, {.accept =
-                               [&](const std::string& offered) {
-                                 return IsFree(exchange, parameter->pool, offered) && seen.insert(offered).second;
-                               },
-                           .unusedOf = parameter->pool ? parameter->pool->table : ""});
+      list->First(*count, {.accept = accept, .unusedOf = parameter->pool ? parameter->pool->table : ""});
   if (free.size() < *count)
     return refuse("of the values that are free there " + std::string(free.size() == 1 ? "is " : "are ") +
                   std::to_string(free.size()) + " and not " + std::to_string(*count));
