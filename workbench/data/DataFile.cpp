@@ -14,7 +14,7 @@ namespace {
 using Kind = DataNode::Kind;
 
 // Fields that hardly any object is asked for more of.
-constexpr std::size_t most = 32;
+constexpr std::size_t usualFields = 32;
 
 // The kind of a value as an error names it.
 const char* NameOf(Kind kind) {
@@ -134,7 +134,7 @@ std::vector<std::pair<std::string, DataItem>> DataItem::Entries() const {
 
 Fields::Fields(const DataItem& object) : object_(object) {
   if (object.node_->kind != Kind::Object) object.FailAs("an object");
-  asked_.reserve(most);
+  asked_.reserve(usualFields);
 }
 
 std::optional<DataItem> Fields::Find(const char* key) {
