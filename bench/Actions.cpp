@@ -75,7 +75,7 @@ class Measurement {
     for (const std::string& command : workbench::GenerationOrder()) {
       const FormDefinition* form = workbench::FindForm(command);
       if (!form->generates) continue;
-      // The first time clears up behind the command before.
+      // The first time clears up after the command before.
       std::size_t lines = LinesOf(session_, *form).size();
       costs_[command + " generate"] = CostOf([&] { lines = LinesOf(session_, *form).size(); }).Each(lines);
     }

@@ -25,7 +25,7 @@ struct Cost {
 //   "KSEXI add"            the lines that add, and so "edit" and "delete"
 //   "KSEXI add again"      the last one once more
 //   "KSEXI add refused"    the last one with each of its values that comes from a list replaced by one that is in none
-// Behind the lines of the plans the last record of each command is changed, where that can be, to what it has, and all
+// After the lines of the plans the last record of each command is changed, where that can be, to what it has, and all
 // records that were added are deleted. Fails where a line of a plan or a delete is refused, or what should be is not.
 using Costs = std::map<std::string, Cost>;
 Costs CostsOn(workbench::Exchange& exchange, const std::vector<std::string>& plans);

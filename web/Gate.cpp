@@ -75,7 +75,7 @@ std::optional<Answer> Gate::Stop(const Request& request) const {
   if (request.method == "GET") return std::nullopt;
   if (request.origin != "http://" + *request.host)
     return Refusal(Forbidden, "A change is taken from the page itself alone.");
-  // Behind the type may stand the characters in which it is written.
+  // After the type may stand the characters in which it is written.
   if (!request.contentType ||
       request.contentType->substr(0, request.contentType->find(';')) != "application/x-www-form-urlencoded")
     return Refusal(NoSuchType, "What is sent is no form.");

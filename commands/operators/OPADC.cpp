@@ -36,7 +36,7 @@ bool CheckNDIR(const Action& action) { return StatCheck_RecheckValue(action.CmdN
 // --- Add.
 
 // Enters a common number that is not in use yet. A number of no series fails the call, and so does a count that cannot
-// be had.
+// be read.
 bool TakeIntoUse(const Reporter& fail, const Value& RERNUM) {
   RowSet rows;
   if (!scRunQuery(Sql("SELECT NUMTYP FROM NANSI WHERE NUMSE = '", RERNUM, "' "), rows)) return fail(StatementFailed);

@@ -86,7 +86,7 @@ TEST_F(ValueListFirst, CountsTheAcceptedOnes) {
   EXPECT_THAT(accepted, ElementsAre(ValidValue{"198", ""}, ValidValue{"298", ""}));
 }
 
-// Behind so many that are gone they are read, and no more looked up one by one.
+// After so many that are gone they are read, and no more looked up one by one.
 TEST(ValueListFirstOfMany, CostsLittleForEachThatIsGone) {
   const StepCounter counter;
   Connection database;
