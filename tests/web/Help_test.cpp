@@ -18,7 +18,7 @@ TEST_F(HelpPage, IsThereForEveryCommandAndParameter) {
     EXPECT_THAT(answer.body, AllOf(HasSubstr("<h1>" + form->command + ": "), HasSubstr("<table>"), Not(HasSubstr("`")),
                                    Not(testing::ContainsRegex("[^*][*][*][^*]")), Not(HasSubstr("# "))))
         << form->command;
-    const std::string name = form->parameters.back().name;
+    const std::string name = form->parameters[form->parameters.size() - 1].name;
     EXPECT_EQ(Ask("/help?command=" + form->command + "&parameter=" + name).status, Ok) << form->command << " " << name;
   }
 }

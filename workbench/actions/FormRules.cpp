@@ -95,10 +95,10 @@ constexpr FormRule rulesOfEdit[] = {SharedDigitsAreGivenTogether, AddOnlyIsLeftA
 
 void MandatoryIsGiven(Filling& filling) {
   for (const ParameterDefinition& parameter : filling.definition().parameters) {
+    if (!filling.form().IsMandatory(parameter) || !filling.form().Get(parameter.name).IsBlank()) continue;
     // A parameter whose value was refused has been spoken of.
     const auto& problems = filling.problems();
-    const bool refused = std::ranges::find(problems, parameter.name, &Problem::parameter) != problems.end();
-    if (!refused && filling.form().IsMandatory(parameter.name) && filling.form().Get(parameter.name).IsBlank())
+    if (std::ranges::find(problems, parameter.name, &Problem::parameter) == problems.end())
       filling.Refuse(
           {.parameter = parameter.name, .message = "this parameter has to be given (" + parameter.title + ")"});
   }

@@ -52,14 +52,15 @@ Filling FillFormOf(Session& session, const StoredRecord& record, std::vector<Ass
 }
 
 ShownValues::ShownValues(const Form& form) {
-  for (const std::string& column : form.definition().columns) columns_[column] = Joined(form.Get(column));
+  for (const std::string& column : form.definition().columns) values_.push_back(Joined(form.Get(column)));
 }
 
 std::vector<std::string> ShownValues::ChangedByChecks(Filling& filling) const {
   const std::vector<std::string> given = GivenColumns(filling);
   std::vector<std::string> changed;
-  for (const std::string& column : filling.definition().columns) {
-    const std::string& before = columns_.at(column);
+  for (std::size_t i = 0; i < values_.size(); ++i) {
+    const std::string& column = filling.definition().columns[i];
+    const std::string& before = values_[i];
     const std::string now = Joined(filling.form().Get(column));
     if (now == before || std::ranges::find(given, column) != given.end()) continue;
     changed.push_back(column);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -27,7 +26,7 @@ class ShownValues {
   std::vector<std::string> ChangedByChecks(Filling& filling) const;
 
  private:
-  std::map<std::string, std::string> columns_;
+  std::vector<std::string> values_;  // by the columns of the form
 };
 
 // The names of the columns that a parameter has to do with: a sub-digit parameter stands for the column that it folds

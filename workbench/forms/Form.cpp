@@ -12,14 +12,9 @@ namespace {
 constexpr double greatestPart = 1e15;
 
 bool Flag(const std::map<std::string, bool>& changed, const std::string& name, bool otherwise) {
+  if (changed.empty()) return otherwise;
   const auto found = changed.find(name);
   return found == changed.end() ? otherwise : found->second;
-}
-
-const Value& Found(const std::unordered_map<std::string, Value>& values, const std::string& name) {
-  static const Value none;
-  const auto found = values.find(name);
-  return found == values.end() ? none : found->second;
 }
 
 std::string InWidth(std::string text, int width) {
@@ -40,53 +35,65 @@ bool Form::IsActive(const Folding& folding) const {
 }
 
 // Of several foldings of a whole the one most of whose parameters are given; the first, while none is.
-const Folding* Form::FoldingInForce(const std::string& whole) const {
-  const auto& foldings = definition_->foldings.Of(whole);
-  if (foldings.size() == 1) return IsActive(*foldings.front()) ? foldings.front() : nullptr;
+const Folding* Form::InForce(const FoldedName& whole) const {
+  if (whole.of.size() == 1) return IsActive(*whole.of.front()) ? whole.of.front() : nullptr;
   const Folding* inForce = nullptr;
   long most = -1;
-  for (const Folding* folding : foldings) {
+  for (const Folding* folding : whole.of) {
     if (!IsActive(*folding)) continue;
-    const auto isGiven = [&](const std::string& name) { return !Found(values_, name).IsBlank(); };
     long given = 0;
-    for (const DigitPlace& place : folding->places)
-      given += std::ranges::count_if(place.parameters, isGiven) + (isGiven(place.digit) ? 1 : 0);
+    for (const DigitPlace& place : folding->places) {
+      given += std::ranges::count_if(place.slots, [this](std::size_t slot) { return IsGiven(slot); });
+      if (!place.digit.empty() && IsGiven(place.digitSlot)) ++given;
+    }
     if (given > most) inForce = folding;
     most = std::max(most, given);
   }
   return inForce;
 }
 
+const Folding* Form::FoldingInForce(const std::string& whole) const {
+  const FoldedName* folded = values_.Folded(whole);
+  return folded == nullptr ? nullptr : InForce(*folded);
+}
+
 // The first of the foldings that hold with the sub-digit parameter in it.
-const Folding* Form::FoldingFor(const std::string& subDigit) const {
-  const auto& with = definition_->foldings.With(subDigit);
-  const auto found = std::ranges::find_if(with, [&](const Folding* folding) { return IsActive(*folding); });
-  return found == with.end() ? nullptr : *found;
+const Folding* Form::FoldingFor(const FoldedName& subDigit) const {
+  const auto found = std::ranges::find_if(subDigit.with, [&](const Folding* folding) { return IsActive(*folding); });
+  return found == subDigit.with.end() ? nullptr : *found;
+}
+
+const DigitPlace* Form::PlaceOf(const FoldedName& subDigit) const {
+  const Folding* folding = FoldingFor(subDigit);
+  if (folding == nullptr) return nullptr;
+  const auto has = [&](const DigitPlace& place) {
+    return (!place.digit.empty() && place.digitSlot == subDigit.slot) ||
+           std::ranges::find(place.slots, subDigit.slot) != place.slots.end();
+  };
+  return &*std::ranges::find_if(folding->places, has);
 }
 
 const DigitPlace* Form::PlaceOf(const std::string& name) const {
-  const Folding* folding = FoldingFor(name);
-  if (folding == nullptr) return nullptr;
-  return &*std::ranges::find_if(folding->places, [&](const DigitPlace& place) { return place.Has(name); });
+  const FoldedName* folded = values_.Folded(name);
+  return folded == nullptr ? nullptr : PlaceOf(*folded);
 }
 
 // What is given for a place: as many digits as it has, or nothing.
 std::string Form::Digits(const DigitPlace& place) const {
-  const std::string text = Joined(Found(values_, place.digit));
+  const std::string text = place.digit.empty() ? "" : Joined(values_[place.digitSlot]);
   if (!text.empty()) return InWidth(text, place.width);
   long long sum = 0;
   bool given = false;
-  for (const std::string& parameter : place.parameters) {
-    const Value& part = Found(values_, parameter);
-    if (part.IsBlank()) continue;
+  for (const std::size_t slot : place.slots) {
+    if (!IsGiven(slot)) continue;
     given = true;
-    sum += static_cast<long long>(std::clamp(NumericValue(part), 0.0, greatestPart));
+    sum += static_cast<long long>(std::clamp(NumericValue(values_[slot]), 0.0, greatestPart));
   }
   return given ? DigitsOf(sum, place.width) : "";
 }
 
-std::string Form::Folded(const Folding& folding) const {
-  const Value& whole = Found(values_, folding.parameter);
+std::string Form::Fold(const Folding& folding) const {
+  const Value& whole = values_[folding.slot];
   std::string digits = whole.IsText() ? whole.text() : "";
   for (const DigitPlace& place : folding.places) {
     const std::string text = Digits(place);
@@ -104,20 +111,31 @@ std::string Form::Composed(const Folding& folding) const {
   for (const DigitPlace& place : folding.places) {
     const Value part = Get(place.parameters.front());
     if (part.IsBlank() && folding.isList) continue;
-    if (part.IsBlank()) return Joined(Found(values_, folding.parameter));
+    if (part.IsBlank()) return Joined(values_[folding.slot]);
     whole += (whole.empty() ? "" : folding.separator) + Joined(part);
   }
-  return whole.empty() ? Joined(Found(values_, folding.parameter)) : whole;
+  return whole.empty() ? Joined(values_[folding.slot]) : whole;
 }
 
-Value Form::Get(const std::string& name) const {
-  if (const Folding* folding = FoldingInForce(name)) {
+// They are asked for again and again while nothing changes.
+const std::string& Form::Folded(const Folding& folding) const {
+  auto& [state, digits] = folded_[&folding];
+  if (state != values_.state()) digits = Fold(folding);
+  state = values_.state();
+  return digits;
+}
+
+Value Form::Get(const std::string& name) const { return Get(name, values_.Folded(name)); }
+
+Value Form::Get(const std::string& name, const FoldedName* folded) const {
+  if (const Folding* folding = folded == nullptr ? nullptr : InForce(*folded)) {
     const std::string digits = folding->separator.empty() ? Folded(*folding) : Composed(*folding);
     if (!digits.empty()) return digits;
   }
-  const Value& value = Found(values_, name);
+  const Value& value = values_.Of(name, folded).value;
   if (!value.IsEmpty()) return value;
-  if (const DigitPlace* place = PlaceOf(name); place != nullptr && place->digit == name) {
+  const DigitPlace* place = folded == nullptr ? nullptr : PlaceOf(*folded);
+  if (place != nullptr && place->digit == name) {
     const std::string digits = Digits(*place);
     if (!digits.empty()) return digits;
   }
@@ -127,12 +145,12 @@ Value Form::Get(const std::string& name) const {
   return assumed == definition_->assumed.end() ? value : Value(assumed->value);
 }
 
-Value Form::Previous(const std::string& name) const { return Found(previous_, name); }
+Value Form::Previous(const std::string& name) const { return values_.Of(name, values_.Folded(name)).previous; }
 
 // Of several foldings of a whole the one that has as many digits as the text; the first, where none has.
-const Folding* Form::FoldingOfText(const std::string& whole, const Value& text) const {
+const Folding* Form::FoldingOfText(const FoldedName& whole, const Value& text) const {
   const Folding* first = nullptr;
-  for (const Folding* folding : definition_->foldings.Of(whole)) {
+  for (const Folding* folding : whole.of) {
     if (!IsActive(*folding)) continue;
     if (text.IsText() && Length(text.text()) == static_cast<std::size_t>(folding->length)) return folding;
     if (first == nullptr) first = folding;
@@ -140,21 +158,26 @@ const Folding* Form::FoldingOfText(const std::string& whole, const Value& text) 
   return first;
 }
 
+void Form::Change(const std::string& name, const FoldedName* folded, const Value& value) {
+  values_.Set(name, folded, {.value = value, .previous = Get(name, folded)});
+  if (folded == nullptr) return;
+  ClearParts(*folded);
+  ClearBeside(*folded);
+}
+
 void Form::Set(const std::string& name, const Value& value) {
-  previous_[name] = Get(name);
-  values_[name] = value;
-  ClearParts(name);
-  ClearBeside(name);
-  const Folding* folding = FoldingOfText(name, value);
+  const FoldedName* folded = values_.Folded(name);
+  Change(name, folded, value);
+  const Folding* folding = folded == nullptr ? nullptr : FoldingOfText(*folded, value);
   if (folding == nullptr) return;
   if (value.IsText() && !folding->separator.empty()) return SetParts(*folding, value.text());
   for (const DigitPlace& place : folding->places) {
     // Parameters that add up to one place cannot be told apart in the whole.
-    if (!value.IsText() || (place.digit.empty() && place.parameters.size() != 1)) continue;
+    if (!value.IsText() || (place.digit.empty() && place.slots.size() != 1)) continue;
     const std::string digits = Middle(value.text(), place.first, place.width);
     // The beginning of a place would be read as its end.
     if (Length(digits) == static_cast<std::size_t>(place.width))
-      values_[place.digit.empty() ? place.parameters.front() : place.digit] = digits;
+      values_.Set(place.digit.empty() ? place.slots.front() : place.digitSlot, digits);
   }
 }
 
@@ -163,10 +186,9 @@ void Form::SetParts(const Folding& folding, std::string whole) {
   for (const DigitPlace& place : folding.places) {
     const bool last = &place == &folding.places.back();
     const std::size_t end = last ? whole.npos : whole.find(folding.separator);
-    const std::string& part = place.parameters.front();
     const Value text = whole.substr(0, end);
-    values_[part] = text;
-    const Folding* own = folding.isList ? FoldingOfText(part, text) : nullptr;
+    values_.Set(place.slots.front(), text);
+    const Folding* own = folding.isList ? FoldingOfText(*values_.Folded(place.parameters.front()), text) : nullptr;
     if (own != nullptr && !own->separator.empty()) SetParts(*own, text.text());
     if (folding.isList && end == whole.npos) return;
     whole = end == whole.npos ? "" : whole.substr(end + folding.separator.size());
@@ -174,44 +196,41 @@ void Form::SetParts(const Folding& folding, std::string whole) {
 }
 
 void Form::Reset(const std::string& name) {
-  previous_[name] = Get(name);
-  values_.erase(name);
-  ClearParts(name);
-  ClearBeside(name);
-  const Folding* folding = FoldingFor(name);
+  const FoldedName* folded = values_.Folded(name);
+  Change(name, folded, Value());
+  const Folding* folding = folded == nullptr ? nullptr : FoldingFor(*folded);
   if (folding == nullptr) return;
-  if (folding->isList) values_.erase(folding->parameter);  // as it was typed it has the part that is no more
+  if (folding->isList) values_.Set(folding->slot, Value());  // as it was typed it has the part that is no more
   if (folding->separator.empty()) ClearDigits(*folding, name);
 }
 
 // A digit and its parts do not stand side by side.
-void Form::ClearBeside(const std::string& name) {
-  const DigitPlace* place = PlaceOf(name);
+void Form::ClearBeside(const FoldedName& subDigit) {
+  const DigitPlace* place = PlaceOf(subDigit);
   if (place == nullptr || place->digit.empty()) return;
-  if (name != place->digit) {
-    values_.erase(place->digit);
+  if (subDigit.slot != place->digitSlot) {
+    values_.Set(place->digitSlot, Value());
   } else {
-    for (const std::string& part : place->parameters) values_.erase(part);
+    for (const std::size_t slot : place->slots) values_.Set(slot, Value());
   }
 }
 
 // Nothing for a parameter that is no whole.
-void Form::ClearParts(const std::string& whole) {
-  for (const Folding* folding : definition_->foldings.Of(whole)) {
+void Form::ClearParts(const FoldedName& whole) {
+  for (const Folding* folding : whole.of) {
     for (const DigitPlace& place : folding->places) {
-      values_.erase(place.digit);
-      for (const std::string& parameter : place.parameters) {
-        values_.erase(parameter);
-        if (folding->isList) ClearParts(parameter);
-      }
+      if (!place.digit.empty()) values_.Set(place.digitSlot, Value());
+      for (const std::size_t slot : place.slots) values_.Set(slot, Value());
+      if (!folding->isList) continue;
+      for (const std::string& part : place.parameters) ClearParts(*values_.Folded(part));
     }
   }
 }
 
 void Form::ClearDigits(const Folding& folding, const std::string& subDigit) {
-  const auto whole = values_.find(folding.parameter);
-  if (whole == values_.end() || !whole->second.IsText()) return;
-  std::string digits = whole->second.text();
+  const Value& whole = values_[folding.slot];
+  if (!whole.IsText()) return;
+  std::string digits = whole.text();
   for (const DigitPlace& place : folding.places) {
     if (!place.Has(subDigit)) continue;
     const auto first = static_cast<std::size_t>(place.first - 1);
@@ -219,16 +238,18 @@ void Form::ClearDigits(const Folding& folding, const std::string& subDigit) {
       digits[i] = folding.fill;
   }
   // A whole in which nothing is left was never given.
-  if (digits.find_first_not_of(folding.fill) == digits.npos) {
-    values_.erase(whole);
-  } else {
-    whole->second = digits;
-  }
+  const bool isLeft = digits.find_first_not_of(folding.fill) != digits.npos;
+  values_.Set(folding.slot, isLeft ? Value(digits) : Value());
 }
 
 bool Form::IsMandatory(const std::string& name) const {
   const ParameterDefinition* parameter = definition_->Find(name);
-  return !definition_->IsElsewhere(name) && Flag(mandatory_, name, parameter != nullptr && parameter->mandatory);
+  if (parameter != nullptr) return IsMandatory(*parameter);
+  return !definition_->IsElsewhere(name) && Flag(mandatory_, name, false);
+}
+
+bool Form::IsMandatory(const ParameterDefinition& parameter) const {
+  return !definition_->IsElsewhere(parameter.name) && Flag(mandatory_, parameter.name, parameter.mandatory);
 }
 
 bool Form::TakesOne(const ParameterDefinition* parameter) const {
@@ -259,7 +280,8 @@ void Form::SetActiveDefinition(const std::string& name, int definition) {
 }
 
 bool Form::IsInDefinition(const std::string& name) const {
-  return definition_->FoldingWith(name) == nullptr || FoldingFor(name) != nullptr;
+  const FoldedName* folded = values_.Folded(name);
+  return folded == nullptr || folded->with.empty() || FoldingFor(*folded) != nullptr;
 }
 
 }  // namespace cordboard::workbench

@@ -4,10 +4,11 @@
 #include <map>
 #include <string>
 #include <unordered_map>
-#include <vector>
+#include <utility>
 
 #include "script/Value.h"
 #include "workbench/forms/FormDefinition.h"
+#include "workbench/forms/FormValues.h"
 
 namespace cordboard::workbench {
 
@@ -16,7 +17,7 @@ std::string DigitsOf(long long sum, int width);
 
 class Form {
  public:
-  explicit Form(const FormDefinition& definition) : definition_(&definition) {}
+  explicit Form(const FormDefinition& definition) : definition_(&definition), values_(definition.foldings) {}
 
   const FormDefinition& definition() const { return *definition_; }
 
@@ -33,6 +34,7 @@ class Form {
 
   // What the form asks of the user at this moment; checks change it.
   bool IsMandatory(const std::string& name) const;
+  bool IsMandatory(const ParameterDefinition& parameter) const;
   bool TakesRange(const std::string& name) const;
   bool TakesSeveral(const std::string& name) const;
   void SetMandatory(const std::string& name, bool mandatory) { mandatory_[name] = mandatory; }
@@ -56,20 +58,27 @@ class Form {
   const Folding* FoldingInForce(const std::string& whole) const;
 
  private:
-  const Folding* FoldingOfText(const std::string& whole, const Value& text) const;
-  const Folding* FoldingFor(const std::string& subDigit) const;
+  const Folding* InForce(const FoldedName& whole) const;
+  const Folding* FoldingOfText(const FoldedName& whole, const Value& text) const;
+  const Folding* FoldingFor(const FoldedName& subDigit) const;
+  const DigitPlace* PlaceOf(const FoldedName& subDigit) const;
+  bool IsGiven(std::size_t slot) const { return !values_[slot].IsBlank(); }
   std::string Digits(const DigitPlace& place) const;
-  std::string Folded(const Folding& folding) const;
+  std::string Fold(const Folding& folding) const;
+  const std::string& Folded(const Folding& folding) const;
+  Value Get(const std::string& name, const FoldedName* folded) const;
   bool TakesOne(const ParameterDefinition* parameter) const;
-  void ClearParts(const std::string& whole);
-  void ClearBeside(const std::string& name);
+  void Change(const std::string& name, const FoldedName* folded, const Value& value);
+  void ClearParts(const FoldedName& whole);
+  void ClearBeside(const FoldedName& subDigit);
   void ClearDigits(const Folding& folding, const std::string& subDigit);
   std::string Composed(const Folding& folding) const;
   void SetParts(const Folding& folding, std::string whole);
 
   const FormDefinition* definition_;
-  std::unordered_map<std::string, Value> values_;
-  std::unordered_map<std::string, Value> previous_;
+  FormValues values_;
+  // What was folded, and of which state of the values.
+  mutable std::unordered_map<const Folding*, std::pair<unsigned, std::string>> folded_;
   std::map<std::string, bool> mandatory_;
   std::map<std::string, bool> range_;
   std::map<std::string, bool> several_;

@@ -59,24 +59,57 @@ bool Folding::Has(std::string_view subDigit) const {
 
 FoldingList::FoldingList(std::vector<Folding> foldings) {
   const auto kept = std::make_shared<Kept>(Kept{std::move(foldings)});
-  const auto add = [](ByName& names, std::string_view name, const Folding& folding) {
-    std::vector<const Folding*>& named = names[name];
-    if (named.empty() || named.back() != &folding) named.push_back(&folding);
+  const auto named = [&](const std::string& name) -> FoldedName& {
+    return kept->names.try_emplace(name, FoldedName{.slot = kept->names.size()}).first->second;
   };
-  for (const Folding& folding : kept->all) {
-    add(kept->byWhole, folding.parameter, folding);
-    for (const DigitPlace& place : folding.places) {
-      if (!place.digit.empty()) add(kept->byDigit, place.digit, folding);
-      for (const std::string& parameter : place.parameters) add(kept->byDigit, parameter, folding);
+  const auto slotIn = [&](const std::string& name, const Folding& folding) {
+    FoldedName& digit = named(name);
+    if (digit.with.empty() || digit.with.back() != &folding) digit.with.push_back(&folding);
+    return digit.slot;
+  };
+  for (Folding& folding : kept->all) {
+    FoldedName& whole = named(folding.parameter);
+    whole.of.push_back(&folding);
+    folding.slot = whole.slot;
+    for (DigitPlace& place : folding.places) {
+      if (!place.digit.empty()) place.digitSlot = slotIn(place.digit, folding);
+      place.slots.clear();
+      for (const std::string& parameter : place.parameters) place.slots.push_back(slotIn(parameter, folding));
     }
   }
   kept_ = kept;
 }
 
-const std::vector<const Folding*>& FoldingList::Named(const ByName& foldings, std::string_view name) {
+const FoldedName* FoldingList::Find(std::string_view name) const {
+  const auto found = kept_->names.find(name);
+  return found == kept_->names.end() ? nullptr : &found->second;
+}
+
+const std::vector<const Folding*>& FoldingList::Of(std::string_view whole) const {
   static const std::vector<const Folding*> none;
-  const auto found = foldings.find(name);
-  return found == foldings.end() ? none : found->second;
+  const FoldedName* name = Find(whole);
+  return name == nullptr ? none : name->of;
+}
+
+const std::vector<const Folding*>& FoldingList::With(std::string_view subDigit) const {
+  static const std::vector<const Folding*> none;
+  const FoldedName* name = Find(subDigit);
+  return name == nullptr ? none : name->with;
+}
+
+ParameterList::ParameterList(std::vector<ParameterDefinition> parameters) {
+  for (ParameterDefinition& parameter : parameters) push_back(std::move(parameter));
+}
+
+// Of two with one name the first is meant.
+void ParameterList::push_back(ParameterDefinition parameter) {
+  places_.try_emplace(parameter.name, all_.size());
+  all_.push_back(std::move(parameter));
+}
+
+std::size_t ParameterList::PlaceOf(std::string_view name) const {
+  const auto found = places_.find(name);
+  return found == places_.end() ? all_.size() : found->second;
 }
 
 const DatabaseSchema& FormDefinition::Database() const { return ShippedSchema().Database(database); }
@@ -84,8 +117,8 @@ const DatabaseSchema& FormDefinition::Database() const { return ShippedSchema().
 std::string FormDefinition::Rows() const { return Database().RowsOf(table); }
 
 const ParameterDefinition* FormDefinition::Find(std::string_view name) const {
-  const auto found = std::ranges::find(parameters, name, &ParameterDefinition::name);
-  return found == parameters.end() ? nullptr : &*found;
+  const std::size_t place = parameters.PlaceOf(name);
+  return place == parameters.size() ? nullptr : &parameters[place];
 }
 
 bool FormDefinition::Knows(std::string_view name) const {
@@ -98,9 +131,7 @@ bool FormDefinition::Shows(std::string_view column) const {
   return (Find(column) != nullptr || FoldingOf(column) != nullptr) && (folding == nullptr || !folding->isList);
 }
 
-std::size_t FormDefinition::Place(std::string_view name) const {
-  return static_cast<std::size_t>(std::ranges::find(parameters, name, &ParameterDefinition::name) - parameters.begin());
-}
+std::size_t FormDefinition::Place(std::string_view name) const { return parameters.PlaceOf(name); }
 
 bool FormDefinition::IsSecret(std::string_view name) const {
   const ParameterDefinition* parameter = Find(name);

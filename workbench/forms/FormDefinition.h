@@ -97,6 +97,10 @@ struct DigitPlace {
   std::vector<std::string> parameters;
   std::string digit = {};  // the parameter that is the place as a whole, beside its parts
 
+  // The slots of these names (FoldingList).
+  std::vector<std::size_t> slots = {};
+  std::size_t digitSlot = 0;
+
   bool Has(std::string_view name) const;
 };
 
@@ -115,11 +119,20 @@ struct Folding {
   bool isList = false;
   std::vector<std::string> sum = {};  // of a list: the numbers in its parts that add up to something
   int definition = 0;                 // of the whole, in which alone the folding holds; 0: in any
+  std::size_t slot = 0;               // of the parameter (FoldingList)
 
   bool Has(std::string_view subDigit) const;
 };
 
-// The foldings of a form, in order, and those that a name has to do with. A copy shares them.
+// A name that stands in foldings: of which it is the whole, in which it is a digit, and its slot.
+struct FoldedName {
+  std::size_t slot = 0;
+  std::vector<const Folding*> of = {};
+  std::vector<const Folding*> with = {};
+};
+
+// The foldings of a form, in order, and those that a name has to do with. Each name in them has a slot, a number from 0
+// on by which a form keeps its value. A copy shares them.
 class FoldingList {
  public:
   FoldingList() : FoldingList(std::vector<Folding>()) {}
@@ -129,20 +142,46 @@ class FoldingList {
   auto begin() const { return kept_->all.begin(); }
   auto end() const { return kept_->all.end(); }
   const Folding& back() const { return kept_->all.back(); }
-  const std::vector<const Folding*>& Of(std::string_view whole) const { return Named(kept_->byWhole, whole); }
-  const std::vector<const Folding*>& With(std::string_view subDigit) const { return Named(kept_->byDigit, subDigit); }
+  std::size_t slots() const { return kept_->names.size(); }
+  // Null for a name that stands in none.
+  const FoldedName* Find(std::string_view name) const;
+  const std::vector<const Folding*>& Of(std::string_view whole) const;
+  const std::vector<const Folding*>& With(std::string_view subDigit) const;
 
  private:
-  using ByName = std::unordered_map<std::string_view, std::vector<const Folding*>>;
   struct Kept {
     std::vector<Folding> all;  // which hold the names
-    ByName byWhole = {};
-    ByName byDigit = {};
+    std::unordered_map<std::string_view, FoldedName> names = {};
   };
 
-  static const std::vector<const Folding*>& Named(const ByName& foldings, std::string_view name);
-
   std::shared_ptr<const Kept> kept_;
+};
+
+// The parameters of a form, in order, and found by their names, which stay as they were when they came in.
+class ParameterList {
+ public:
+  ParameterList() = default;
+  ParameterList(std::vector<ParameterDefinition> parameters);
+
+  auto begin() const { return all_.begin(); }
+  auto end() const { return all_.end(); }
+  std::size_t size() const { return all_.size(); }
+  const ParameterDefinition& operator[](std::size_t place) const { return all_[place]; }
+  ParameterDefinition& operator[](std::size_t place) { return all_[place]; }
+  ParameterDefinition& front() { return all_.front(); }
+  ParameterDefinition& back() { return all_.back(); }
+  void push_back(ParameterDefinition parameter);
+
+  // Behind all of them for a name that there is not.
+  std::size_t PlaceOf(std::string_view name) const;
+
+ private:
+  struct Hash : std::hash<std::string_view> {
+    using is_transparent = void;
+  };
+
+  std::vector<ParameterDefinition> all_;
+  std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> places_;
 };
 
 // What the record handling does after an action, where the command's rules leave it to the host.
@@ -189,7 +228,7 @@ struct FormDefinition {
   std::string table;                 // the table of its records
   std::string database = "dynamic";  // in which the table stands: "site" for templates
   std::vector<std::string> columns;  // the columns that "SetInfo" is given, "CMDID" first
-  std::vector<ParameterDefinition> parameters = {};
+  ParameterList parameters = {};
   std::vector<std::string> key = {};  // the parameters that tell one record from another, as far as it has them
   FoldingList foldings = {};
   RecordHandling handling = {};

@@ -79,7 +79,7 @@ TEST_F(FillingTest, AUniqueValueThatARecordHasIsRefused) {
 // A whole that is given after one of its digits would take its place.
 TEST_F(FillingTest, ADigitThatAnotherValueHasChangedIsRefused) {
   FormDefinition groups = *FindForm("ACGRI");
-  for (ParameterDefinition& parameter : groups.parameters) parameter.mandatory = false;
+  for (std::size_t i = 0; i < groups.parameters.size(); ++i) groups.parameters[i].mandatory = false;
   groups.ordered = false;
   Filling filling = FillForm(session_, groups, {{"SERV_D2", "1"}, {"SERV", "0000"}});
   CheckWholeForm(filling);

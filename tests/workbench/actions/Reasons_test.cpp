@@ -108,7 +108,7 @@ TEST_F(ReasonsTest, ARefusedDeleteTellsWhoNamesTheRecord) {
 
 TEST_F(ReasonsTest, NoReasonTellsASecret) {
   FormDefinition form = *FindForm("GEDII");
-  for (ParameterDefinition& parameter : form.parameters) parameter.secret = parameter.name == "DIR";
+  form.parameters[form.Place("DIR")].secret = true;
   Filling filling(*session, form);
   EXPECT_EQ(WhyRefused(filling, "DIR", {"200"}), "");
 }

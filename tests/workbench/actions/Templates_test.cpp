@@ -86,7 +86,10 @@ TEST_F(TemplatesTest, WhatACheckChangesIsTold) {
 
 TEST_F(TemplatesTest, WhatTheFormDoesNotTakeIsTold) {
   FormDefinition form = *FindForm("KSEXI");
-  std::erase_if(form.parameters, [](const ParameterDefinition& parameter) { return parameter.name == "CALALT"; });
+  form.parameters = {};
+  for (const ParameterDefinition& parameter : FindForm("KSEXI")->parameters) {
+    if (parameter.name != "CALALT") form.parameters.push_back(parameter);
+  }
   const Filling filling = FillForm(road_.session(), form, {{"DIR", "200"}}, "Office");
   ASSERT_EQ(filling.warnings().size(), 1u);
   EXPECT_EQ(filling.warnings()[0].parameter, "CALALT");

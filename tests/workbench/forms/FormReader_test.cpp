@@ -42,7 +42,7 @@ TEST(FormReader, ReadsWhatTheFormSays) {
            R"(, "ordered": true, "prepared": "DIR", "inStep": [["DIR", "EQU"]], "oneOf": [["CAT"], ["TRAF"]],
            "after": {"removeRowAfterDelete": true, "writeAfterEdit": ["DIR"]})");
   EXPECT_EQ(form.command + form.title + form.help, "KSEXITH.");
-  const ParameterDefinition& parameter = form.parameters.at(0);
+  const ParameterDefinition& parameter = form.parameters[0];
   EXPECT_EQ(parameter.name + parameter.title, "EQUPosition");
   EXPECT_THAT(parameter.releases, ElementsAre("R7"));
   EXPECT_EQ(parameter.pool->table + parameter.pool->column, "EquipmentEQU");
@@ -86,7 +86,7 @@ TEST(FormReader, EveryFlagOfTheFormIsReadAndNoOther) {
   for (const ParameterFlag& flag : ParameterFlags()) {
     const std::string json = R"({"name": "NONE", "title": "t", ")" + std::string(flag.key) + R"(": true})";
     if (flag.source == ParameterFlag::Source::Form) {
-      const ParameterDefinition parameter = Read("KSEXI", json).parameters.at(0);
+      const ParameterDefinition parameter = Read("KSEXI", json).parameters[0];
       for (const ParameterFlag& other : ParameterFlags())
         EXPECT_EQ(parameter.*other.flag, &other == &flag) << flag.key << " " << other.key;
     } else {

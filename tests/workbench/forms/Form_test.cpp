@@ -98,6 +98,20 @@ TEST_F(FormTest, ASubDigitFillsItsPlaceFromTheRight) {
   EXPECT_EQ(Get("SERV"), "\"023000\"");
 }
 
+TEST_F(FormTest, AWholeFollowsEachChangeOfItsSubDigits) {
+  form_.Set("D1", "4");
+  EXPECT_EQ(Get("SERV"), "\"400000\"");
+  form_.Set("D1", "5");
+  EXPECT_EQ(Get("SERV"), "\"500000\"");
+  form_.Set("SERV", "123456");
+  form_.Reset("D2D3");
+  EXPECT_EQ(Get("SERV"), "\"100456\"");
+  const Form copy = form_;
+  form_.Set("D4", "9");
+  EXPECT_EQ(Get("SERV"), "\"100956\"");
+  EXPECT_EQ(TraceText(copy.Get("SERV")), "\"100456\"");
+}
+
 TEST_F(FormTest, SubDigitsOfOnePlaceAddUp) {
   form_.Set("D5_A", "1");
   EXPECT_EQ(Get("SERV"), "\"000010\"");
@@ -360,7 +374,7 @@ TEST_F(FormTest, AFormAsksWhatItsDefinitionSaysUntilACheckChangesIt) {
 
 TEST_F(FormTest, AFormOfOneRecordTakesOneValueWhateverACheckAllows) {
   FormDefinition held = definition_;
-  for (ParameterDefinition& parameter : held.parameters) parameter.oneInEdit = parameter.name == "NUM";
+  held.parameters[held.Place("NUM")].oneInEdit = true;
   Form form(held);
   EXPECT_TRUE(form.TakesRange("NUM"));
   EXPECT_TRUE(form.TakesSeveral("NUM"));

@@ -1,0 +1,54 @@
+// The values of a form: of the names that stand in its foldings by slot, since folding reads them often.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "script/Value.h"
+#include "workbench/forms/FormDefinition.h"
+
+namespace cordboard::workbench {
+
+// A name that has no value has the empty one.
+class FormValues {
+ public:
+  struct Entry {
+    Value value = {};
+    Value previous = {};
+  };
+
+  explicit FormValues(const FoldingList& foldings) : foldings_(foldings), folded_(foldings.slots()) {}
+
+  const FoldedName* Folded(const std::string& name) const { return foldings_.Find(name); }
+
+  const Value& operator[](std::size_t slot) const { return folded_[slot].value; }
+  void Set(std::size_t slot, Value value) {
+    folded_[slot].value = std::move(value);
+    ++state_;
+  }
+
+  // Of a name that is folded so, or, without a folding, is not.
+  const Entry& Of(const std::string& name, const FoldedName* folded) const {
+    static const Entry none;
+    if (folded != nullptr) return folded_[folded->slot];
+    const auto found = others_.find(name);
+    return found == others_.end() ? none : found->second;
+  }
+  void Set(const std::string& name, const FoldedName* folded, Entry entry) {
+    (folded == nullptr ? others_[name] : folded_[folded->slot]) = std::move(entry);
+    if (folded != nullptr) ++state_;
+  }
+
+  // Another one when a value with a slot may be another one.
+  unsigned state() const { return state_; }
+
+ private:
+  FoldingList foldings_;
+  std::vector<Entry> folded_;
+  std::unordered_map<std::string, Entry> others_;
+  unsigned state_ = 1;
+};
+
+}  // namespace cordboard::workbench
