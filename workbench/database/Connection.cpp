@@ -149,6 +149,7 @@ void Connection::EachRow(Statement& kept, const std::vector<Value>& parameters, 
   const bool succeeded = code == SQLITE_DONE && reset == SQLITE_OK;
   NoteChanges(kept, parameters, succeeded);
   if (succeeded) return;
+  hook_->TakenBack();
   if (open_ > 0 && IsTransactionLost()) lostBy_ = std::string(": ") + sqlite3_errmsg(database_.get());
   Fail(reset != SQLITE_OK ? reset : code);
 }
@@ -202,6 +203,7 @@ void Connection::RollBack() {
   if (open_ == 0) throw DatabaseError("there is no transaction to roll back");
   --open_;
   clock_->RollBack();
+  hook_->TakenBack();
   if (IsTransactionLost()) return;
   if (open_ == 0) {
     Run("ROLLBACK");

@@ -31,6 +31,10 @@ void RowHook::Remove(sqlite3* database, RowListener& listener) {
   if (listeners_.empty()) sqlite3_preupdate_hook(database, nullptr, nullptr);
 }
 
+void RowHook::TakenBack() noexcept {
+  for (RowListener* listener : listeners_) listener->TakenBack();
+}
+
 void RowHook::Tell(void* hook, sqlite3* database, int operation, const char* schema, const char* table,
                    long long before, long long after) noexcept {
   const RowTouch::Kind kind = operation == SQLITE_INSERT   ? RowTouch::Kind::Insert

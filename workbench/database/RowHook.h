@@ -39,6 +39,8 @@ class RowListener {
  public:
   // Runs no statement. What goes wrong within ends the program: the database knows of no failure.
   virtual void BeforeChange(const RowTouch& touch) noexcept = 0;
+  // Some of what was told has been taken back.
+  virtual void TakenBack() noexcept {}
 
  protected:
   ~RowListener() = default;
@@ -49,6 +51,7 @@ class RowHook {
  public:
   void Add(sqlite3* database, RowListener& listener);
   void Remove(sqlite3* database, RowListener& listener);
+  void TakenBack() noexcept;
 
  private:
   static void Tell(void* hook, sqlite3* database, int operation, const char* schema, const char* table,

@@ -27,12 +27,19 @@ Value Noted(sqlite3_value* value, Column::Type type) {
   return OrNothing(std::string(text, static_cast<std::size_t>(sqlite3_value_bytes(value))));
 }
 
-RowImage ImageBefore(const RowTouch& touch, const WatchedTable& table) {
+template <typename Value>
+RowImage Image(const RowTouch& touch, const WatchedTable& table, Value value) {
   RowImage image;
+  image.reserve(table.columns.size());
   for (const std::size_t column : table.columns)
-    image.push_back(Noted(touch.Before(column), table.table->columns[column].type));
+    image.push_back(Noted((touch.*value)(column), table.table->columns[column].type));
   return image;
 }
+
+RowImage ImageBefore(const RowTouch& touch, const WatchedTable& table) {
+  return Image(touch, table, &RowTouch::Before);
+}
+RowImage ImageAfter(const RowTouch& touch, const WatchedTable& table) { return Image(touch, table, &RowTouch::After); }
 
 // Whether the update that is about to be made alters a watched column: most set a mark that nobody watches.
 bool IsAltered(const RowTouch& touch, const WatchedTable& table) {
@@ -62,55 +69,61 @@ RowWatch::Watched& RowWatch::Named(const char* stored) {
 }
 
 void RowWatch::BeforeChange(const RowTouch& touch) noexcept {
-  Watched& watched = Named(touch.table());
-  if (!watched.table) return;
-  if (touch.kind() == RowTouch::Kind::Insert) {
-    watched.touched.try_emplace(touch.row());
-  } else if (!watched.touched.contains(touch.row()) &&
-             (touch.kind() == RowTouch::Kind::Delete || IsAltered(touch, *watched.table))) {
-    watched.touched.emplace(touch.row(), ImageBefore(touch, *watched.table));
+  auto& [table, select, touched] = Named(touch.table());
+  if (!table) return;
+  auto known = touched.find(touch.row());
+  if (known == touched.end()) {
+    if (touch.kind() == RowTouch::Kind::Update && !IsAltered(touch, *table)) return;
+    known = touched.emplace(touch.row(), Touch()).first;
+    if (touch.kind() != RowTouch::Kind::Insert) known->second.before = ImageBefore(touch, *table);
   }
+  known->second.now.reset();
+  if (touch.kind() != RowTouch::Kind::Delete) known->second.now = ImageAfter(touch, *table);
 }
 
 void RowWatch::Forget() {
   for (auto& [stored, watched] : tables_) watched.touched.clear();
+  isTakenBack_ = false;
 }
 
 std::vector<RowDifference> RowWatch::Take() {
   std::vector<RowDifference> differences;
-  for (const auto& [stored, watched] : tables_) {
-    const Touched& touched = watched.touched;
-    // Rows that follow each other are read by one statement.
-    for (auto from = touched.begin(); from != touched.end();) {
-      auto to = std::next(from);
-      for (std::int64_t row = from->first; to != touched.end() && to->first == row + 1; ++to) row = to->first;
-      Compare(watched, from, to, differences);
-      from = to;
+  for (auto& [stored, watched] : tables_) {
+    if (isTakenBack_) ReadNow(watched);
+    for (auto& [row, touch] : watched.touched) {
+      auto& [before, now] = touch;
+      if (before == now) continue;
+      if (before && now && before->front() != now->front()) {
+        differences.push_back({&*watched.table, std::move(before), std::nullopt});
+        before.reset();
+      }
+      differences.push_back({&*watched.table, std::move(before), std::move(now)});
     }
   }
   Forget();
   return differences;
 }
 
-void RowWatch::Compare(const Watched& watched, Touched::const_iterator from, Touched::const_iterator to,
-                       std::vector<RowDifference>& differences) {
-  const auto add = [&](std::optional<RowImage> before, std::optional<RowImage> now) {
-    differences.push_back({&*watched.table, std::move(before), std::move(now)});
-  };
+// Rows that follow each other are read by one statement.
+void RowWatch::ReadNow(Watched& watched) {
+  Touched& touched = watched.touched;
+  for (auto from = touched.begin(); from != touched.end();) {
+    auto to = std::next(from);
+    for (std::int64_t row = from->first; to != touched.end() && to->first == row + 1; ++to) row = to->first;
+    ReadNow(watched, from, to);
+    from = to;
+  }
+}
+
+void RowWatch::ReadNow(const Watched& watched, Touched::iterator from, Touched::iterator to) {
   const RowSet rows = connection_.Run(watched.select, {from->first, std::prev(to)->first});
-  std::size_t row = 0;
-  for (; from != to; ++from) {
-    const std::optional<RowImage>& before = from->second;
-    std::optional<RowImage> now;
-    if (row < rows.RowCount() && rows[0][row] == Value(from->first)) {
-      now.emplace();
-      for (std::size_t column = 1; column < rows.ColumnCount(); ++column) now->push_back(OrNothing(rows[column][row]));
-      ++row;
-    }
-    if (before == now) continue;
-    const bool isAnother = before && now && before->front() != now->front();
-    add(before, isAnother ? std::nullopt : now);
-    if (isAnother) add(std::nullopt, now);
+  for (std::size_t row = 0; from != to; ++from) {
+    std::optional<RowImage>& now = from->second.now;
+    now.reset();
+    if (row == rows.RowCount() || rows[0][row] != Value(from->first)) continue;
+    now.emplace();
+    for (std::size_t column = 1; column < rows.ColumnCount(); ++column) now->push_back(OrNothing(rows[column][row]));
+    ++row;
   }
 }
 

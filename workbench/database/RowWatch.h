@@ -50,7 +50,12 @@ class RowWatch final : private RowListener {
   void Forget();
 
  private:
-  using Touched = std::map<std::int64_t, std::optional<RowImage>>;
+  // A row before it was first touched, and after it was last.
+  struct Touch {
+    std::optional<RowImage> before = {};
+    std::optional<RowImage> now = {};
+  };
+  using Touched = std::map<std::int64_t, Touch>;
   struct Watched {
     std::optional<WatchedTable> table;
     std::string select;  // the rows between two places
@@ -59,13 +64,15 @@ class RowWatch final : private RowListener {
   using Tables = std::map<std::string, Watched, std::less<>>;
 
   void BeforeChange(const RowTouch& touch) noexcept override;
+  void TakenBack() noexcept override { isTakenBack_ = true; }
   Watched& Named(const char* stored);
-  void Compare(const Watched& watched, Touched::const_iterator from, Touched::const_iterator to,
-               std::vector<RowDifference>& differences);
+  void ReadNow(Watched& watched);
+  void ReadNow(const Watched& watched, Touched::iterator from, Touched::iterator to);
 
   Connection& connection_;
   Find find_;
   Tables tables_;
+  bool isTakenBack_ = false;  // what rows are now has to be read
 };
 
 }  // namespace cordboard::workbench

@@ -84,6 +84,38 @@ TEST_F(RowWatchTest, WhatIsUndoneOrRolledBackIsNoDifference) {
   EXPECT_THAT(Taken(), ElementsAre("1 one -> -"));
 }
 
+TEST_F(RowWatchTest, WhatGoesOnAfterARollBackIsTold) {
+  watch_->Forget();
+  database_.Start();
+  Run("UPDATE [site.t] SET [Name] = 'x' WHERE [Id] < 3");
+  database_.RollBack();
+  Run("UPDATE [site.t] SET [Name] = 'y' WHERE [Id] = 2");
+  Insert("five");
+  EXPECT_THAT(Taken(), ElementsAre("2 two -> 2 y", "- -> 5 five"));
+  Run("UPDATE [site.t] SET [Name] = 'z' WHERE [Id] = 2");
+  EXPECT_THAT(Taken(), ElementsAre("2 y -> 2 z"));
+}
+
+// The third row cannot have the name, and so the first two do not get it either.
+TEST_F(RowWatchTest, AStatementThatFailsHalfwayChangesNothing) {
+  database_.Execute("CREATE UNIQUE INDEX [names] ON [site.t] ([Name])");
+  watch_->Forget();
+  EXPECT_THROW(Run("UPDATE [site.t] SET [Name] = CASE [Id] WHEN 3 THEN 'four' ELSE [Name] || '!' END"), DatabaseError);
+  EXPECT_THAT(Taken(), IsEmpty());
+}
+
+// A number column makes a number of what is written, a text column a text.
+TEST_F(RowWatchTest, TellsValuesAsTheTableHoldsThem) {
+  watch_->Forget();
+  Run("INSERT INTO [site.t] VALUES (0, '05', 7)");
+  Run("UPDATE [site.t] SET [Id] = '1', [Name] = 8 WHERE [Id] = 1");
+  Run("UPDATE [site.t] SET [Id] = '02' WHERE [Id] = 2");
+  const std::vector<RowDifference> rows = watch_->Take();
+  ASSERT_EQ(rows.size(), 2);
+  EXPECT_EQ(rows[0].now, (RowImage{1, "8"}));
+  EXPECT_EQ(rows[1].now, (RowImage{5, "7"}));
+}
+
 TEST_F(RowWatchTest, AMarkThatNobodyWatchesIsNoDifferenceAndNeitherAreTheTwoKindsOfNothing) {
   Run("UPDATE [site.t] SET [Name] = NULL WHERE [Id] = 1");
   watch_->Forget();
