@@ -104,7 +104,7 @@ class Measurement {
       const std::string name = add.command + " " + parameter.name;
       costs_[name + " first"] = CostOf([&] { list->First(firstOnes); });
       std::size_t values = 0;
-      costs_[name + " whole"] = CostOf([&] { values = list->All().size(); }).Each(values);
+      costs_[name + " whole"] = CostOf([&] { values = list->Count(); }).Each(values);
     }
   }
 

@@ -17,9 +17,13 @@ std::string InWords(workbench::Session& session, const std::string& parameter) {
   std::string value = Joined(session.form().Get(parameter));
   const workbench::ValueList* list = value.empty() ? nullptr : session.host().FreshList(parameter);
   if (list == nullptr) return value;
-  const std::vector<workbench::ValidValue> all = list->All();
-  const auto found = std::ranges::find(all, value, &workbench::ValidValue::value);
-  return found == all.end() || found->description.empty() ? value : value + " (" + found->description + ")";
+  std::string described = value;
+  list->Each([&](auto each, auto description) {
+    if (each != value) return true;
+    if (!description.empty()) described += " (" + std::string(description) + ")";
+    return false;
+  });
+  return described;
 }
 
 // The parts of a list by the first thing that each tells, such as their positions.

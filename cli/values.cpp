@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "cli/EditedForm.h"
 #include "cli/Files.h"
@@ -21,16 +22,26 @@ void CheckParameter(const workbench::FormDefinition& form, const std::string& na
     throw Exit{NotFound, "the release " + release + " does not have the parameter " + name + " in " + form.command};
 }
 
-void Print(const std::vector<workbench::ValidValue>& values, bool json) {
-  nlohmann::json data = nlohmann::json::array();
-  for (const auto& [value, description] : values) {
+// Prints one value after the other. Gives whether there was any.
+bool Print(const workbench::ValueList& list, std::size_t limit, std::optional<JsonList>& json) {
+  bool any = false;
+  const auto print = [&](std::string_view value, std::string_view description) {
+    any = true;
     if (json) {
-      data.push_back({{"value", value}, {"description", description}});
+      json->Add({{"value", value}, {"description", description}});
     } else {
-      std::cout << Printed(value) << (description.empty() ? "" : "\t" + Printed(description)) << '\n';
+      std::cout << Printed(std::string(value));
+      if (!description.empty()) std::cout << '\t' << Printed(std::string(description));
+      std::cout << '\n';
     }
+    return true;
+  };
+  if (limit == 0) {
+    list.Each(print);
+  } else {
+    for (const auto& [value, description] : list.First(limit)) print(value, description);
   }
-  if (json) PrintJson({{"values", data}});
+  return any;
 }
 
 }  // namespace
@@ -56,11 +67,12 @@ int Values(workbench::Exchange& exchange, const ValuesOptions& options) {
   if (list == nullptr)
     throw Exit{NotFound, form.command + " has no list of values for " + options.parameter + "; any value may be typed"};
 
-  const std::vector<workbench::ValidValue> values = options.limit > 0 ? list->First(options.limit) : list->All();
-  if (values.empty())
+  std::optional<JsonList> json;
+  if (options.json) json.emplace("values");
+  if (!Print(*list, options.limit, json))
     Note({.command = form.command},
          {.parameter = options.parameter, .message = WhyEmpty(filling, options.parameter, *sources)});
-  Print(values, options.json);
+  if (json) json->End();
   return Done;
 }
 

@@ -33,9 +33,9 @@ void Bind(sqlite3_stmt* statement, int index, const Value& value) {
   }
 }
 
-std::string_view StoredText(sqlite3_stmt* statement, int column) {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-  return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+std::string_view StoredText(sqlite3_value* value) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 bool IsTruthColumn(sqlite3_stmt* statement, int column) {
@@ -43,21 +43,24 @@ bool IsTruthColumn(sqlite3_stmt* statement, int column) {
   return declared != nullptr && std::strcmp(declared, "BOOLEAN") == 0;
 }
 
+// The value itself may be read, and each part of it at once, since the connection takes no locks.
 Value Column(sqlite3_stmt* statement, int column) {
-  switch (sqlite3_column_type(statement, column)) {
+  sqlite3_value* value = sqlite3_column_value(statement, column);
+  switch (sqlite3_value_type(value)) {
     case SQLITE_NULL: return Value::Null();
     case SQLITE_INTEGER: {
-      const sqlite3_int64 number = sqlite3_column_int64(statement, column);
+      const sqlite3_int64 number = sqlite3_value_int64(value);
       return IsTruthColumn(statement, column) ? Value(number != 0) : Value(number);
     }
-    case SQLITE_FLOAT: return sqlite3_column_double(statement, column);
-    default: return StoredText(statement, column);
+    case SQLITE_FLOAT: return sqlite3_value_double(value);
+    default: return StoredText(value);
   }
 }
 
 // What is no text in the database is written to `written`.
 std::string_view Text(sqlite3_stmt* statement, int column, std::string& written) {
-  if (sqlite3_column_type(statement, column) == SQLITE_TEXT) return StoredText(statement, column);
+  sqlite3_value* value = sqlite3_column_value(statement, column);
+  if (sqlite3_value_type(value) == SQLITE_TEXT) return StoredText(value);
   return written = Joined(Column(statement, column));
 }
 
@@ -122,8 +125,9 @@ void Connection::ReadRule(const std::string& sql, const std::vector<Value>& para
   const int count = sqlite3_column_count(statement.prepared.get());
   std::string first;
   std::string second;
-  EachRow(statement, parameters,
-          [&](sqlite3_stmt* row) { take(Text(row, 0, first), count > 1 ? Text(row, 1, second) : std::string_view()); });
+  EachRow(statement, parameters, [&](sqlite3_stmt* row) {
+    return take(Text(row, 0, first), count > 1 ? Text(row, 1, second) : std::string_view());
+  });
 }
 
 RowSet Connection::Step(Statement& statement, const std::vector<Value>& parameters) {
@@ -131,6 +135,7 @@ RowSet Connection::Step(Statement& statement, const std::vector<Value>& paramete
   std::vector<std::vector<Value>> columns(static_cast<std::size_t>(count));
   EachRow(statement, parameters, [&](sqlite3_stmt* row) {
     for (int i = 0; i < count; ++i) columns[static_cast<std::size_t>(i)].push_back(Column(row, i));
+    return true;
   });
   return RowSet(std::move(columns));
 }
@@ -143,7 +148,7 @@ void Connection::EachRow(Statement& kept, const std::vector<Value>& parameters, 
     throw DatabaseError("the statement does not take these parameters");
   for (std::size_t i = 0; i < parameters.size(); ++i) Bind(statement, static_cast<int>(i) + 1, parameters[i]);
   int code = sqlite3_step(statement);
-  for (; code == SQLITE_ROW; code = sqlite3_step(statement)) take(statement);
+  while (code == SQLITE_ROW) code = take(statement) ? sqlite3_step(statement) : SQLITE_DONE;
   // The reset gives the step's failure once more; the message stays until the next call.
   const int reset = sqlite3_reset(statement);
   const bool succeeded = code == SQLITE_DONE && reset == SQLITE_OK;

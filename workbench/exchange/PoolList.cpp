@@ -98,13 +98,14 @@ std::string Before(const Table& pool, const std::string& places, const std::stri
 
 std::string All(const Table& pool) { return "[main]." + InBrackets(pool.name); }
 
-// Before as many rows as lie in front of what is not taken.
+// Of as many rows as lie in front of what is not taken.
+std::string Front(const Table& pool, const std::string& column) {
+  return "SELECT " + column + " FROM " + All(pool) + " WHERE " + InBrackets(pool.kinds->mark) + " = FALSE ORDER BY " +
+         Separated(pool.kinds->order, ", ", InBrackets) + " LIMIT ?";
+}
+
 std::string FrontRows(const Table& pool, const std::string& sql) {
-  const std::string order = Separated(pool.kinds->order, ", ", InBrackets);
-  return "WITH " + Before(pool,
-                          "rowid FROM (SELECT rowid FROM " + All(pool) + " WHERE " + InBrackets(pool.kinds->mark) +
-                              " = FALSE ORDER BY " + order + " LIMIT ?)",
-                          sql);
+  return "WITH " + Before(pool, "rowid FROM (" + Front(pool, "rowid") + ")", sql);
 }
 
 std::string FirstRows(const Table& pool, bool unused, const std::string& sql) {
@@ -152,6 +153,12 @@ std::optional<RowSet> FirstOfPool(const ListStatement& list, std::size_t count, 
   parameters.insert(parameters.end(), list.parameters.begin(), list.parameters.end());
   parameters.emplace_back(count);
   return list.database->Run(FirstRows(*pool, unused, list.sql), parameters);
+}
+
+std::string FrontOfPool(const ListStatement& list, std::string_view unusedOf) {
+  const Table* pool = unusedOf.empty() ? nullptr : PoolOf(list);
+  if (pool == nullptr || !SameName(pool->name, unusedOf)) return "";
+  return Joined(list.database->Single(Front(*pool, InBrackets(pool->kinds->of)), {1}));
 }
 
 }  // namespace cordboard::workbench

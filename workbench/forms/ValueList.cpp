@@ -50,12 +50,19 @@ constexpr std::size_t smallestPage = 16;
 constexpr std::size_t wholePage = std::numeric_limits<std::size_t>::max();
 constexpr std::size_t lookUpsOfFirst = 5000;  // before what they look for is read whole
 
+// Gives whether `take` was offered the first row that is free, and wants no more.
+template <typename Take>
+bool OfferFront(RowList& list, const std::string& unusedOf, const Take& take) {
+  const std::string front = FrontOfPool(list.all, unusedOf);
+  return !front.empty() && Gives(list, front) && !take(front, "");
+}
+
 // Gives whether `take` wants more than the rows from `row` on.
 template <typename Take>
 bool OfferEach(const RowSet& rows, const Take& take, std::size_t row = 0) {
   for (; row < rows.RowCount(); ++row) {
     if (rows[0][row].IsNull() || rows[0][row].IsEmptyText()) continue;
-    if (!take({Joined(rows[0][row]), rows.ColumnCount() > 1 ? Joined(rows[1][row]) : ""})) return false;
+    if (!take(Joined(rows[0][row]), rows.ColumnCount() > 1 ? Joined(rows[1][row]) : "")) return false;
   }
   return true;
 }
@@ -75,7 +82,7 @@ template <typename Take>
 void OfferRows(const ListStatement& statement, std::size_t page, const std::string& unusedOf, const Take& take) {
   if (page == wholePage) {
     statement.database->ReadRule(statement.sql, statement.parameters, [&take](auto value, auto description) {
-      if (!value.empty()) take({std::string(value), std::string(description)});
+      return value.empty() || take(value, description);
     });
     return;
   }
@@ -106,8 +113,10 @@ ListStatement Membership(const ListStatement& list) {
 ValueList::Values ValueList::Rows(ListStatement statement) {
   const auto rows = std::make_shared<RowList>(RowList{std::move(statement)});
   return {.hold = [rows](const std::string& value) { return Gives(*rows, value); },
-          .offer = [rows](std::size_t page, const std::string& unusedOf,
-                          const Take& take) { OfferRows(rows->all, page, unusedOf, take); },
+          .offer =
+              [rows](std::size_t page, const std::string& unusedOf, const Take& take) {
+                if (page > 1 || !OfferFront(*rows, unusedOf, take)) OfferRows(rows->all, page, unusedOf, take);
+              },
           .drawFromPool = [rows] { return workbench::DrawsFromPool(rows->all); }};
 }
 
@@ -119,24 +128,21 @@ ValueList::Values ValueList::Fixed(const std::shared_ptr<const DescribedValues>&
           .offer =
               [values](std::size_t, const std::string&, const Take& take) {
                 for (const auto& [value, description] : *values) {
-                  if (!take({value, description})) return;
+                  if (!take(value, description)) return;
                 }
               }};
 }
 
 ValueList::Values ValueList::One(const std::string& one) {
   return {.hold = [one](const std::string& value) { return value == one; },
-          .offer =
-              [one](std::size_t, const std::string&, const Take& take) {
-                take({one, ""});
-              }};
+          .offer = [one](std::size_t, const std::string&, const Take& take) { take(one, ""); }};
 }
 
 ValueList::Values ValueList::Numbers(long long from, long long to) {
   return {.hold = [from, to](const std::string& value) { return Within(value, from, to); },
           .offer =
               [from, to](std::size_t, const std::string&, const Take& take) {
-                for (long long number = from; number <= to && take({std::to_string(number), ""});) ++number;
+                for (long long number = from; number <= to && take(std::to_string(number), "");) ++number;
               }};
 }
 
@@ -176,14 +182,15 @@ class ValueList::Gone {
   Gone(const Values& values, std::size_t lookUps) : values_(values), lookUps_(lookUps) {}
 
   bool Has(const std::string& value) {
+    if (values_.offer && !all_ && lookUps_ == 0) ReadAll();
     if (all_) return all_->contains(value);
-    if (!values_.offer || lookUps_ > 0) {
-      if (lookUps_ > 0) --lookUps_;
-      return values_.hold(value);
-    }
+    if (lookUps_ > 0) --lookUps_;
+    return values_.hold(value);
+  }
+  void ReadAll() {
+    if (!values_.offer) return;
     all_.emplace();
-    values_.offer(wholePage, {}, [this](ValidValue&& entry) { return all_->insert(std::move(entry.value)), true; });
-    return all_->contains(value);
+    values_.offer(wholePage, {}, [this](auto value, auto) { return all_->emplace(value), true; });
   }
 
  private:
@@ -192,30 +199,56 @@ class ValueList::Gone {
   std::optional<std::unordered_set<std::string>> all_;
 };
 
+// What the steps behind this one take away.
+std::vector<ValueList::Gone> ValueList::GoneAfter(std::vector<Step>::const_iterator step, std::size_t lookUps) const {
+  std::vector<Gone> gone;
+  for (++step; step != steps_.end(); ++step) {
+    if (!step->adds) gone.emplace_back(step->values, lookUps);
+  }
+  return gone;
+}
+
+void ValueList::Each(const Take& take) const {
+  bool goesOn = true;
+  for (auto step = steps_.begin(); step != steps_.end() && goesOn; ++step) {
+    if (!step->adds) continue;
+    std::vector<Gone> gone = GoneAfter(step, 0);
+    std::ranges::for_each(gone, &Gone::ReadAll);
+    const auto isGone = [&gone](const std::string& value) {
+      return std::ranges::any_of(gone, [&value](Gone& each) { return each.Has(value); });
+    };
+    step->values.offer(wholePage, {}, [&](std::string_view value, std::string_view description) {
+      if (gone.empty() || !isGone(std::string(value))) goesOn = take(value, description);
+      return goesOn;
+    });
+  }
+}
+
 std::vector<ValidValue> ValueList::All() const {
   std::vector<ValidValue> all;
-  for (const Step& step : steps_) {
-    if (step.adds) {
-      step.values.offer(wholePage, {}, [&](ValidValue&& entry) { return all.push_back(std::move(entry)), true; });
-    } else {
-      Gone gone(step.values, 0);
-      std::erase_if(all, [&gone](const ValidValue& entry) { return gone.Has(entry.value); });
-    }
-  }
+  Each([&all](auto value, auto description) {
+    all.push_back({std::string(value), std::string(description)});
+    return true;
+  });
   return all;
+}
+
+std::size_t ValueList::Count() const {
+  std::size_t count = 0;
+  Each([&count](auto, auto) { return ++count, true; });
+  return count;
 }
 
 std::vector<ValidValue> ValueList::First(std::size_t count, const Wanted& wanted) const {
   std::vector<ValidValue> first;
   for (auto step = steps_.begin(); step != steps_.end() && first.size() < count; ++step) {
     if (!step->adds) continue;
-    std::vector<Gone> gone;
-    for (auto later = step + 1; later != steps_.end(); ++later) {
-      if (!later->adds) gone.emplace_back(later->values, lookUpsOfFirst);
-    }
-    step->values.offer(count, wanted.unusedOf, [&](ValidValue&& entry) {
-      const bool isGone = std::ranges::any_of(gone, [&entry](Gone& each) { return each.Has(entry.value); });
-      if (!isGone && (!wanted.accept || wanted.accept(entry.value))) first.push_back(std::move(entry));
+    std::vector<Gone> gone = GoneAfter(step, lookUpsOfFirst);
+    step->values.offer(count, wanted.unusedOf, [&](std::string_view offered, std::string_view description) {
+      std::string value(offered);
+      const bool isGone = std::ranges::any_of(gone, [&value](Gone& each) { return each.Has(value); });
+      if (!isGone && (!wanted.accept || wanted.accept(value)))
+        first.push_back({std::move(value), std::string(description)});
       return first.size() < count;
     });
   }

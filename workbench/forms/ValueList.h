@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "script/Value.h"
@@ -46,8 +47,11 @@ class ValueList {
   // Goes on with the steps of another list, which may replace what is there.
   void Append(const ValueList& changes);
 
-  // The whole list, in order.
+  // Hands the whole list on, in order, value by value. `take` runs no statement; where it answers false, that is all.
+  using Take = std::function<bool(std::string_view value, std::string_view description)>;
+  void Each(const Take& take) const;
   std::vector<ValidValue> All() const;
+  std::size_t Count() const;
   // The first values, in the same order, of those that are wanted. Costs what they cost, not what the list costs.
   std::vector<ValidValue> First(std::size_t count, const Wanted& wanted = {}) const;
   bool Contains(const std::string& value) const;
@@ -58,9 +62,6 @@ class ValueList {
   bool TakesAway(const std::string& value) const;
 
  private:
-  // Takes one value after the other, until it answers false.
-  using Take = std::function<bool(ValidValue&&)>;
-
   // Some values, by two functions.
   struct Values {
     // Whether a value is one of them, by a look-up.
@@ -78,6 +79,7 @@ class ValueList {
 
   class Gone;
 
+  std::vector<Gone> GoneAfter(std::vector<Step>::const_iterator step, std::size_t lookUps) const;
   // The last step that holds the value; nothing where none does.
   const Step* LastWith(const std::string& value) const;
   static Values Rows(ListStatement statement);

@@ -158,14 +158,14 @@ bool WorkbenchHost::scGetValidValues(const std::string& name, List& values) {
   const ValueList* list = FreshList(name);
   return list != nullptr && Succeeds([&] {
            std::vector<Value> all;
-           for (ValidValue& entry : list->All()) all.emplace_back(std::move(entry.value));
+           list->Each([&all](auto value, auto) { return all.emplace_back(value), true; });
            values = List(std::move(all));
          });
 }
 
 bool WorkbenchHost::scGetNumberOfValidValues(const std::string& name, const Value&, Value& count) {
   const ValueList* list = FreshList(name);
-  return list != nullptr && Succeeds([&] { count = list->All().size(); });
+  return list != nullptr && Succeeds([&] { count = list->Count(); });
 }
 
 // --- The database.

@@ -41,6 +41,37 @@ class ValueListTest : public testing::Test {
   ValueList list_;
 };
 
+// --- Reading it.
+
+TEST_F(ValueListTest, IsHandedOnValueByValueAsLongAsTheyAreWanted) {
+  list_.Collect(Of("SELECT [Text] FROM [t] ORDER BY [Whole]"));
+  list_.Push("5");
+  list_.PushRange(20, 1000000000);
+  for (const std::size_t wanted : {1, 4, 6}) {
+    std::vector<std::string> taken;
+    list_.Each([&](auto value, auto) {
+      taken.emplace_back(value);
+      return taken.size() < wanted;
+    });
+    EXPECT_EQ(taken.size(), wanted);
+    EXPECT_EQ(taken.back(), wanted == 1 ? "07" : wanted == 4 ? "A1" : "20");
+  }
+}
+
+TEST_F(ValueListTest, CountsWhatItHandsOn) {
+  EXPECT_EQ(list_.Count(), 0);
+  list_.Collect(Of("SELECT [Text] FROM [t]"));
+  EXPECT_EQ(list_.Count(), 4);
+}
+
+// The two ask the same statement, of which the database keeps one.
+TEST_F(ValueListTest, CanTakeAwayWhatItReads) {
+  list_.Collect(Of("SELECT [Text] FROM [t]"));
+  list_.Subtract(Of("SELECT [Text] FROM [t]"));
+  list_.Add(Of("SELECT [Text] FROM [t] WHERE [Whole] = 7"));
+  EXPECT_THAT(Values(), ElementsAre("07"));
+}
+
 // --- What builds a list.
 
 TEST_F(ValueListTest, AListThatNothingBuiltHoldsNothing) {
