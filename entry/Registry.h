@@ -3,6 +3,7 @@
 
 #include <span>
 #include <string_view>
+#include <unordered_map>
 
 #include "script/Module.h"
 
@@ -20,10 +21,13 @@ std::span<const Command> Registry();
 std::span<const std::string_view> CommandNames();
 // The module of a command; null for a name that no module serves.
 inline const Module* FindModule(std::string_view name) {
-  for (const Command& command : Registry()) {
-    if (command.name == name) return &command.module;
-  }
-  return nullptr;
+  static const auto modules = [] {
+    std::unordered_map<std::string_view, const Module*> byName;
+    for (const Command& command : Registry()) byName.emplace(command.name, &command.module);
+    return byName;
+  }();
+  const auto found = modules.find(name);
+  return found == modules.end() ? nullptr : found->second;
 }
 
 }  // namespace cordboard

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <optional>
 #include <set>
-#include <sstream>
 
 #include "script/Conversions.h"
 #include "workbench/actions/Filling.h"
@@ -41,8 +40,10 @@ Built Build(Session& session, const FormDefinition& definition, int number) {
 
 // Some records give a text of several lines.
 void Append(std::vector<GeneratedLine>& lines, const std::string& command, const std::string& text) {
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back({command, line});
+  for (std::size_t begin = 0, end = 0; begin < text.size(); begin = end + 1) {
+    end = std::min(text.find('\n', begin), text.size());
+    lines.push_back({command, text.substr(begin, end - begin)});
+  }
 }
 
 void GenerateCommand(Session& session, const FormDefinition& definition, int number, Generated& generated) {
