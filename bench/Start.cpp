@@ -17,15 +17,15 @@ struct Run {
   const char* words;
   double bound;  // millions of instructions
 };
-constexpr Run runs[] = {{"--version", 4.5},
-                        {"help KSEXI", 13},
-                        {"commands", 26},
-                        {"values FILE KSEXI CAT", 18},
-                        {"show FILE KSEXI", 18.5},
-                        {"generate FILE", 32},
-                        {"complete help KS", 25},
-                        {"complete values FILE KSEXI C", 8.5},
-                        {"complete explain FILE KSEXI:ITYPE=", 22}};
+constexpr Run runs[] = {{"--version", 4.3},
+                        {"help KSEXI", 12.2},
+                        {"commands", 20.5},
+                        {"values FILE KSEXI CAT", 16.2},
+                        {"show FILE KSEXI", 16.6},
+                        {"generate FILE", 27},
+                        {"complete help KS", 19.7},
+                        {"complete values FILE KSEXI C", 7.6},
+                        {"complete explain FILE KSEXI:ITYPE=", 20}};
 
 }  // namespace
 

@@ -38,11 +38,11 @@ void Expect(bool holds, const char* what) {
 
 const std::array<Workload::Step, 8> Workload::steps = {
     {{"add a series of 100 numbers", 0, &Workload::AddSeries, 0.65},
-     {"check one value against its list", checks, &Workload::Check, 0.6},
-     {"list all numbers", lists, &Workload::ListNumbers, 2.4},
+     {"check one value against its list", checks, &Workload::Check, 0.65},
+     {"list all numbers", lists, &Workload::ListNumbers, 1.7},
      {"generate, per series", 0, &Workload::Generate, 1.6},
      {"add an extension", 0, &Workload::Add, 0.75},
-     {"edit an extension", 0, &Workload::Edit, 1},
+     {"edit an extension", 0, &Workload::Edit, 0.9},
      {"list all free positions", lists, &Workload::ListPositions, 1.6},
      {"delete an extension", 0, &Workload::Delete, 0.65}}};
 

@@ -18,8 +18,8 @@ std::string InWords(workbench::Session& session, const std::string& parameter) {
   const workbench::ValueList* list = value.empty() ? nullptr : session.host().FreshList(parameter);
   if (list == nullptr) return value;
   std::string described = value;
-  list->Each([&](auto each, auto description) {
-    if (each != value) return true;
+  list->Each([&](auto offered, auto description) {
+    if (offered != value) return true;
     if (!description.empty()) described += " (" + std::string(description) + ")";
     return false;
   });

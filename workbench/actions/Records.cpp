@@ -154,7 +154,7 @@ StoredValues ReadRecord(Exchange& exchange, const FormDefinition& definition, st
       {CmdId});
   StoredValues values;
   for (std::size_t i = 0; i < columns.size(); ++i)
-    values.emplace_back(columns[i], stored.IsEmpty() ? Value() : stored[i][0]);
+    values.emplace_back(std::move(columns[i]), stored.IsEmpty() ? Value() : stored[i][0]);
   return values;
 }
 

@@ -137,17 +137,16 @@ Fields::Fields(const DataItem& object) : object_(object) {
   asked_.reserve(usualFields);
 }
 
-std::optional<DataItem> Fields::Find(const char* key) {
+std::optional<DataItem> Fields::Find(std::string_view key) {
   asked_.push_back(key);
-  const std::string_view wanted = key;
   const DataNode* found = nullptr;
   object_.Each([&](const DataNode& node) {
-    if (object_.TextAt(node.key) == wanted) found = &node;
+    if (object_.TextAt(node.key) == key) found = &node;
   });
   return found == nullptr ? std::nullopt : std::optional(DataItem(object_.file_, *found));
 }
 
-DataItem Fields::At(const char* key) {
+DataItem Fields::At(std::string_view key) {
   const auto item = Find(key);
   if (!item) object_.Fail("the key \"" + std::string(key) + "\" is missing");
   return *item;

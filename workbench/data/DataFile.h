@@ -73,21 +73,21 @@ class DataItem {
   const DataNode* node_;  // stands in the file: where, is found out when it is told
 };
 
-// The fields of an object, each asked for by its key, a literal.
+// The fields of an object, each asked for by its key, a literal, since it is remembered.
 class Fields {
  public:
   explicit Fields(const DataItem& object);
 
-  DataItem At(const char* key);
-  std::optional<DataItem> Find(const char* key);
-  bool Has(const char* key) { return Find(key).has_value(); }
+  DataItem At(std::string_view key);
+  std::optional<DataItem> Find(std::string_view key);
+  bool Has(std::string_view key) { return Find(key).has_value(); }
 
   template <typename T>
-  T Get(const char* key) {
+  T Get(std::string_view key) {
     return At(key).As<T>();
   }
   template <typename T>
-  T Get(const char* key, T otherwise) {
+  T Get(std::string_view key, T otherwise) {
     const auto item = Find(key);
     return item ? item->As<T>() : std::move(otherwise);
   }

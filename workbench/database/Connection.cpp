@@ -71,7 +71,9 @@ void Connection::FinalizeStatement::operator()(sqlite3_stmt* statement) const { 
 void Connection::Execute(const std::string& sql) {
   clock_->Everything();
   const int code = sqlite3_exec(database_.get(), sql.c_str(), nullptr, nullptr, nullptr);
-  if (code != SQLITE_OK) Fail(code);
+  if (code == SQLITE_OK) return;
+  hook_->TakenBack();
+  Fail(code);
 }
 
 Connection::Statement& Connection::Prepared(const std::string& sql, Statements& kept) {

@@ -1,6 +1,6 @@
 #include "workbench/database/MissingIndexes.h"
 
-#include <set>
+#include <unordered_set>
 
 #include "script/Conversions.h"
 #include "workbench/database/Schema.h"
@@ -9,7 +9,7 @@ namespace cordboard::workbench {
 
 void AddMissingIndexes(Connection& exchange) {
   const RowSet rows = exchange.Run("SELECT [sql] FROM [main].sqlite_master WHERE [sql] <> ''");
-  std::set<std::string> present;
+  std::unordered_set<std::string> present;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) present.insert(Joined(rows[0][row]));
   for (const char* selector : {"dynamic", "site"}) {
     bool hasTable = false;  // the one to which the indexes behind it belong

@@ -27,19 +27,15 @@ Value Noted(sqlite3_value* value, Column::Type type) {
   return OrNothing(std::string(text, static_cast<std::size_t>(sqlite3_value_bytes(value))));
 }
 
-template <typename Value>
-RowImage Image(const RowTouch& touch, const WatchedTable& table, Value value) {
+using ValueOfTouch = sqlite3_value* (RowTouch::*)(std::size_t column) const;
+
+RowImage Image(const RowTouch& touch, const WatchedTable& table, ValueOfTouch value) {
   RowImage image;
   image.reserve(table.columns.size());
   for (const std::size_t column : table.columns)
     image.push_back(Noted((touch.*value)(column), table.table->columns[column].type));
   return image;
 }
-
-RowImage ImageBefore(const RowTouch& touch, const WatchedTable& table) {
-  return Image(touch, table, &RowTouch::Before);
-}
-RowImage ImageAfter(const RowTouch& touch, const WatchedTable& table) { return Image(touch, table, &RowTouch::After); }
 
 // Whether the update that is about to be made alters a watched column: most set a mark that nobody watches.
 bool IsAltered(const RowTouch& touch, const WatchedTable& table) {
@@ -75,10 +71,10 @@ void RowWatch::BeforeChange(const RowTouch& touch) noexcept {
   if (known == touched.end()) {
     if (touch.kind() == RowTouch::Kind::Update && !IsAltered(touch, *table)) return;
     known = touched.emplace(touch.row(), Touch()).first;
-    if (touch.kind() != RowTouch::Kind::Insert) known->second.before = ImageBefore(touch, *table);
+    if (touch.kind() != RowTouch::Kind::Insert) known->second.before = Image(touch, *table, &RowTouch::Before);
   }
   known->second.now.reset();
-  if (touch.kind() != RowTouch::Kind::Delete) known->second.now = ImageAfter(touch, *table);
+  if (touch.kind() != RowTouch::Kind::Delete) known->second.now = Image(touch, *table, &RowTouch::After);
 }
 
 void RowWatch::Forget() {
@@ -87,9 +83,11 @@ void RowWatch::Forget() {
 }
 
 std::vector<RowDifference> RowWatch::Take() {
+  if (isTakenBack_) {
+    for (auto& [stored, watched] : tables_) ReadNow(watched);
+  }
   std::vector<RowDifference> differences;
   for (auto& [stored, watched] : tables_) {
-    if (isTakenBack_) ReadNow(watched);
     for (auto& [row, touch] : watched.touched) {
       auto& [before, now] = touch;
       if (before == now) continue;

@@ -1,6 +1,7 @@
 #include "workbench/exchange/FixedValues.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 
 #include "script/Conversions.h"
@@ -158,6 +159,20 @@ const std::vector<const FixedList*>& FixedListsOf(const std::string& command) {
     }
   }
   return read.emplace(command, std::move(lists)).first->second;
+}
+
+const std::set<std::string>& FixedParametersOf(const std::string& command) {
+  static std::map<std::string, std::set<std::string>> read;
+  if (const auto found = read.find(command); found != read.end()) return found->second;
+  std::set<std::string> parameters;
+  if (const auto files = FilesByCommand().find(command); files != FilesByCommand().end()) {
+    for (const std::string_view path : files->second) {
+      const DataItem file = ReadResource(path);
+      for (const DataItem& list : Fields(file).At("lists").List())
+        std::ranges::copy(Fields(list).Get<Texts>("parameters"), std::inserter(parameters, parameters.end()));
+    }
+  }
+  return read.emplace(command, std::move(parameters)).first->second;
 }
 
 FixedDatabase::FixedDatabase(std::string release) : release_(std::move(release)) {

@@ -55,6 +55,8 @@ void ReadFixedValues(const DataItem& file, FixedValues& values);
 const FixedValues& AllFixedValues();
 // Of that, the lists of one command. Only the files are read in which its name stands.
 const std::vector<const FixedList*>& FixedListsOf(const std::string& command);
+// The parameters of these lists, whose values need not be read for that.
+const std::set<std::string>& FixedParametersOf(const std::string& command);
 
 // The static database: what holds for a release. The lists of a command are entered when they are asked for, since all
 // that there is takes longer than most of what a program is started for.

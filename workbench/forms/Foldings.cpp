@@ -157,10 +157,8 @@ std::optional<SubDigit> SubDigitOf(const std::string& name) {
 }
 
 std::vector<std::string> EachOf(const DataItem& entry) {
-  std::vector<std::string> numbers;
-  for (const auto& [key, item] : entry.Entries()) {
-    if (key == "each") numbers = Elements(item.Text());
-  }
+  const auto each = Fields(entry).Find("each");
+  std::vector<std::string> numbers = each ? Elements(each->Text()) : std::vector<std::string>();
   if (numbers.empty()) return {""};
   for (std::string& number : numbers) number.erase(0, number.find_first_not_of('0'));
   return numbers;

@@ -53,7 +53,7 @@ const Folding* Form::InForce(const FoldedName& whole) const {
 }
 
 const Folding* Form::FoldingInForce(const std::string& whole) const {
-  const FoldedName* folded = values_.Folded(whole);
+  const FoldedName* folded = values_.Find(whole);
   return folded == nullptr ? nullptr : InForce(*folded);
 }
 
@@ -74,7 +74,7 @@ const DigitPlace* Form::PlaceOf(const FoldedName& subDigit) const {
 }
 
 const DigitPlace* Form::PlaceOf(const std::string& name) const {
-  const FoldedName* folded = values_.Folded(name);
+  const FoldedName* folded = values_.Find(name);
   return folded == nullptr ? nullptr : PlaceOf(*folded);
 }
 
@@ -117,15 +117,15 @@ std::string Form::Composed(const Folding& folding) const {
   return whole.empty() ? Joined(values_[folding.slot]) : whole;
 }
 
-// They are asked for again and again while nothing changes.
+// A whole is asked for again and again while nothing changes.
 const std::string& Form::Folded(const Folding& folding) const {
-  auto& [state, digits] = folded_[&folding];
+  auto& [state, digits] = digits_[&folding];
   if (state != values_.state()) digits = Fold(folding);
   state = values_.state();
   return digits;
 }
 
-Value Form::Get(const std::string& name) const { return Get(name, values_.Folded(name)); }
+Value Form::Get(const std::string& name) const { return Get(name, values_.Find(name)); }
 
 Value Form::Get(const std::string& name, const FoldedName* folded) const {
   if (const Folding* folding = folded == nullptr ? nullptr : InForce(*folded)) {
@@ -145,7 +145,7 @@ Value Form::Get(const std::string& name, const FoldedName* folded) const {
   return assumed == definition_->assumed.end() ? value : Value(assumed->value);
 }
 
-Value Form::Previous(const std::string& name) const { return values_.Of(name, values_.Folded(name)).previous; }
+Value Form::Previous(const std::string& name) const { return values_.Of(name, values_.Find(name)).previous; }
 
 // Of several foldings of a whole the one that has as many digits as the text; the first, where none has.
 const Folding* Form::FoldingOfText(const FoldedName& whole, const Value& text) const {
@@ -166,7 +166,7 @@ void Form::Change(const std::string& name, const FoldedName* folded, const Value
 }
 
 void Form::Set(const std::string& name, const Value& value) {
-  const FoldedName* folded = values_.Folded(name);
+  const FoldedName* folded = values_.Find(name);
   Change(name, folded, value);
   const Folding* folding = folded == nullptr ? nullptr : FoldingOfText(*folded, value);
   if (folding == nullptr) return;
@@ -188,7 +188,7 @@ void Form::SetParts(const Folding& folding, std::string whole) {
     const std::size_t end = last ? whole.npos : whole.find(folding.separator);
     const Value text = whole.substr(0, end);
     values_.Set(place.slots.front(), text);
-    const Folding* own = folding.isList ? FoldingOfText(*values_.Folded(place.parameters.front()), text) : nullptr;
+    const Folding* own = folding.isList ? FoldingOfText(*values_.Find(place.parameters.front()), text) : nullptr;
     if (own != nullptr && !own->separator.empty()) SetParts(*own, text.text());
     if (folding.isList && end == whole.npos) return;
     whole = end == whole.npos ? "" : whole.substr(end + folding.separator.size());
@@ -196,7 +196,7 @@ void Form::SetParts(const Folding& folding, std::string whole) {
 }
 
 void Form::Reset(const std::string& name) {
-  const FoldedName* folded = values_.Folded(name);
+  const FoldedName* folded = values_.Find(name);
   Change(name, folded, Value());
   const Folding* folding = folded == nullptr ? nullptr : FoldingFor(*folded);
   if (folding == nullptr) return;
@@ -222,7 +222,7 @@ void Form::ClearParts(const FoldedName& whole) {
       if (!place.digit.empty()) values_.Set(place.digitSlot, Value());
       for (const std::size_t slot : place.slots) values_.Set(slot, Value());
       if (!folding->isList) continue;
-      for (const std::string& part : place.parameters) ClearParts(*values_.Folded(part));
+      for (const std::string& part : place.parameters) ClearParts(*values_.Find(part));
     }
   }
 }
@@ -280,7 +280,7 @@ void Form::SetActiveDefinition(const std::string& name, int definition) {
 }
 
 bool Form::IsInDefinition(const std::string& name) const {
-  const FoldedName* folded = values_.Folded(name);
+  const FoldedName* folded = values_.Find(name);
   return folded == nullptr || folded->with.empty() || FoldingFor(*folded) != nullptr;
 }
 

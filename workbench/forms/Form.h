@@ -17,6 +17,7 @@ std::string DigitsOf(long long sum, int width);
 
 class Form {
  public:
+  // Its foldings are those that the definition has now.
   explicit Form(const FormDefinition& definition) : definition_(&definition), values_(definition.foldings) {}
 
   const FormDefinition& definition() const { return *definition_; }
@@ -78,7 +79,7 @@ class Form {
   const FormDefinition* definition_;
   FormValues values_;
   // What was folded, and of which state of the values.
-  mutable std::unordered_map<const Folding*, std::pair<unsigned, std::string>> folded_;
+  mutable std::unordered_map<const Folding*, std::pair<unsigned, std::string>> digits_;
   std::map<std::string, bool> mandatory_;
   std::map<std::string, bool> range_;
   std::map<std::string, bool> several_;

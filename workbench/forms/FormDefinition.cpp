@@ -57,6 +57,11 @@ bool Folding::Has(std::string_view subDigit) const {
   return std::ranges::any_of(places, [&](const DigitPlace& place) { return place.Has(subDigit); });
 }
 
+FoldingList::FoldingList() {
+  static const auto none = std::make_shared<const Kept>();
+  kept_ = none;
+}
+
 FoldingList::FoldingList(std::vector<Folding> foldings) {
   const auto kept = std::make_shared<Kept>(Kept{std::move(foldings)});
   const auto named = [&](const std::string& name) -> FoldedName& {
@@ -172,8 +177,9 @@ const FormDefinition& FormDefinition::OfRecordWith(const std::vector<Assignment>
 }
 
 const FormDefinition* FindForm(std::string_view command) {
-  // Each is read when it is asked for, since a run of the program asks for few.
-  static std::map<std::string, FormDefinition, std::less<>> read;
+  // Each is read when it is asked for, since a run of the program asks for few. They stay until it ends:
+  // to take them down would only take time.
+  static auto& read = *new std::map<std::string, FormDefinition, std::less<>>;
   if (const auto found = read.find(command); found != read.end()) return &found->second;
   const std::string name(command);
   const std::string path = "forms/" + name + ".json";

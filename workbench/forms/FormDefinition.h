@@ -135,7 +135,7 @@ struct FoldedName {
 // on by which a form keeps its value. A copy shares them.
 class FoldingList {
  public:
-  FoldingList() : FoldingList(std::vector<Folding>()) {}
+  FoldingList();
   FoldingList(std::initializer_list<Folding> foldings) : FoldingList(std::vector<Folding>(foldings)) {}
   FoldingList(std::vector<Folding> foldings);
 

@@ -18,12 +18,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-bool HasFixedValues(const std::string& command, const std::string& parameter) {
-  return std::ranges::any_of(FixedListsOf(command), [&](const FixedList* list) {
-    return std::ranges::find(list->parameters, parameter) != list->parameters.end();
-  });
-}
-
 Texts ReadReleases(Fields& fields) {
   const auto item = fields.Find("releases");
   if (!item) return {};
@@ -55,7 +49,7 @@ ParameterDefinition ReadParameter(const std::string& command, Fields& fields, co
     parameter.list = module->ListOf(parameter.name) != nullptr;
     parameter.check = module->CheckOf(parameter.name) != nullptr;
   }
-  parameter.fixed = !parameter.list && HasFixedValues(command, parameter.name);
+  parameter.fixed = !parameter.list && FixedParametersOf(command).contains(parameter.name);
   parameter.characters = ReadCharacters(fields);
   parameter.releases = ReadReleases(fields);
   parameter.otherwise = fields.Get<std::string>("otherwise", "");

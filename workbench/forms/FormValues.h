@@ -19,26 +19,31 @@ class FormValues {
     Value previous = {};
   };
 
-  explicit FormValues(const FoldingList& foldings) : foldings_(foldings), folded_(foldings.slots()) {}
+  explicit FormValues(const FoldingList& foldings) : foldings_(foldings), bySlot_(foldings.slots()) {}
 
-  const FoldedName* Folded(const std::string& name) const { return foldings_.Find(name); }
+  // Null for a name that stands in no folding.
+  const FoldedName* Find(const std::string& name) const { return foldings_.Find(name); }
 
-  const Value& operator[](std::size_t slot) const { return folded_[slot].value; }
+  const Value& operator[](std::size_t slot) const { return bySlot_[slot].value; }
   void Set(std::size_t slot, Value value) {
-    folded_[slot].value = std::move(value);
+    bySlot_[slot].value = std::move(value);
     ++state_;
   }
 
-  // Of a name that is folded so, or, without a folding, is not.
+  // `folded` is what Find has given for the name.
   const Entry& Of(const std::string& name, const FoldedName* folded) const {
     static const Entry none;
-    if (folded != nullptr) return folded_[folded->slot];
+    if (folded != nullptr) return bySlot_[folded->slot];
     const auto found = others_.find(name);
     return found == others_.end() ? none : found->second;
   }
   void Set(const std::string& name, const FoldedName* folded, Entry entry) {
-    (folded == nullptr ? others_[name] : folded_[folded->slot]) = std::move(entry);
-    if (folded != nullptr) ++state_;
+    if (folded == nullptr) {
+      others_[name] = std::move(entry);
+    } else {
+      bySlot_[folded->slot] = std::move(entry);
+      ++state_;
+    }
   }
 
   // Another one when a value with a slot may be another one.
@@ -46,7 +51,7 @@ class FormValues {
 
  private:
   FoldingList foldings_;
-  std::vector<Entry> folded_;
+  std::vector<Entry> bySlot_;
   std::unordered_map<std::string, Entry> others_;
   unsigned state_ = 1;
 };

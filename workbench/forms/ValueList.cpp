@@ -50,7 +50,8 @@ constexpr std::size_t smallestPage = 16;
 constexpr std::size_t wholePage = std::numeric_limits<std::size_t>::max();
 constexpr std::size_t lookUpsOfFirst = 5000;  // before what they look for is read whole
 
-// Gives whether `take` was offered the first row that is free, and wants no more.
+// Of a list of which one value is wanted that is free, mostly the first that is free is this one: a look-up tells.
+// Gives whether `take` wants no more.
 template <typename Take>
 bool OfferFront(RowList& list, const std::string& unusedOf, const Take& take) {
   const std::string front = FrontOfPool(list.all, unusedOf);
@@ -115,7 +116,9 @@ ValueList::Values ValueList::Rows(ListStatement statement) {
   return {.hold = [rows](const std::string& value) { return Gives(*rows, value); },
           .offer =
               [rows](std::size_t page, const std::string& unusedOf, const Take& take) {
-                if (page > 1 || !OfferFront(*rows, unusedOf, take)) OfferRows(rows->all, page, unusedOf, take);
+                const bool isOneWanted = page == 1;
+                if (isOneWanted && OfferFront(*rows, unusedOf, take)) return;
+                OfferRows(rows->all, page, unusedOf, take);
               },
           .drawFromPool = [rows] { return workbench::DrawsFromPool(rows->all); }};
 }
@@ -199,26 +202,31 @@ class ValueList::Gone {
   std::optional<std::unordered_set<std::string>> all_;
 };
 
-// What the steps behind this one take away.
-std::vector<ValueList::Gone> ValueList::GoneAfter(std::vector<Step>::const_iterator step, std::size_t lookUps) const {
+// What the steps from here on take away, in their order.
+std::vector<ValueList::Gone> ValueList::GoneFrom(std::vector<Step>::const_iterator step, std::size_t lookUps) const {
   std::vector<Gone> gone;
-  for (++step; step != steps_.end(); ++step) {
+  for (; step != steps_.end(); ++step) {
     if (!step->adds) gone.emplace_back(step->values, lookUps);
   }
   return gone;
 }
 
+// What is taken away is read before: no statement runs while another one hands its rows on.
 void ValueList::Each(const Take& take) const {
+  std::vector<Gone> gone = GoneFrom(steps_.begin(), 0);
+  std::ranges::for_each(gone, &Gone::ReadAll);
   bool goesOn = true;
+  auto later = gone.begin();
   for (auto step = steps_.begin(); step != steps_.end() && goesOn; ++step) {
-    if (!step->adds) continue;
-    std::vector<Gone> gone = GoneAfter(step, 0);
-    std::ranges::for_each(gone, &Gone::ReadAll);
-    const auto isGone = [&gone](const std::string& value) {
-      return std::ranges::any_of(gone, [&value](Gone& each) { return each.Has(value); });
+    if (!step->adds) {
+      ++later;
+      continue;
+    }
+    const auto isGone = [&](const std::string& value) {
+      return std::any_of(later, gone.end(), [&value](Gone& each) { return each.Has(value); });
     };
     step->values.offer(wholePage, {}, [&](std::string_view value, std::string_view description) {
-      if (gone.empty() || !isGone(std::string(value))) goesOn = take(value, description);
+      if (later == gone.end() || !isGone(std::string(value))) goesOn = take(value, description);
       return goesOn;
     });
   }
@@ -243,7 +251,7 @@ std::vector<ValidValue> ValueList::First(std::size_t count, const Wanted& wanted
   std::vector<ValidValue> first;
   for (auto step = steps_.begin(); step != steps_.end() && first.size() < count; ++step) {
     if (!step->adds) continue;
-    std::vector<Gone> gone = GoneAfter(step, lookUpsOfFirst);
+    std::vector<Gone> gone = GoneFrom(step, lookUpsOfFirst);
     step->values.offer(count, wanted.unusedOf, [&](std::string_view offered, std::string_view description) {
       std::string value(offered);
       const bool isGone = std::ranges::any_of(gone, [&value](Gone& each) { return each.Has(value); });

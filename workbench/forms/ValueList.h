@@ -21,8 +21,8 @@ struct ValidValue {
   friend bool operator==(const ValidValue&, const ValidValue&) = default;
 };
 
-// Which values of a list are wanted: those that `accept` takes. It takes none that the table `unusedOf` marks as used,
-// so that a list that draws from this table need not read them.
+// Which values of a list are wanted: those that `accept` takes, which may be asked about a value twice. It takes none
+// that the table `unusedOf` marks as used, so that a list that draws from this table need not read them.
 struct Wanted {
   std::function<bool(const std::string& value)> accept = {};
   std::string unusedOf = {};
@@ -47,7 +47,8 @@ class ValueList {
   // Goes on with the steps of another list, which may replace what is there.
   void Append(const ValueList& changes);
 
-  // Hands the whole list on, in order, value by value. `take` runs no statement; where it answers false, that is all.
+  // Hands the whole list on, in order, value by value. `take` runs no statement and does not fail; where it
+  // answers false, that is all.
   using Take = std::function<bool(std::string_view value, std::string_view description)>;
   void Each(const Take& take) const;
   std::vector<ValidValue> All() const;
@@ -79,7 +80,7 @@ class ValueList {
 
   class Gone;
 
-  std::vector<Gone> GoneAfter(std::vector<Step>::const_iterator step, std::size_t lookUps) const;
+  std::vector<Gone> GoneFrom(std::vector<Step>::const_iterator step, std::size_t lookUps) const;
   // The last step that holds the value; nothing where none does.
   const Step* LastWith(const std::string& value) const;
   static Values Rows(ListStatement statement);

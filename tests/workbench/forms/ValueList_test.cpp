@@ -8,6 +8,7 @@
 
 #include "workbench/database/Connection.h"
 #include "workbench/exchange/RuleStatements.h"
+#include "workbench/support/Steps.h"
 #include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
@@ -70,6 +71,20 @@ TEST_F(ValueListTest, CanTakeAwayWhatItReads) {
   list_.Subtract(Of("SELECT [Text] FROM [t]"));
   list_.Add(Of("SELECT [Text] FROM [t] WHERE [Whole] = 7"));
   EXPECT_THAT(Values(), ElementsAre("07"));
+}
+
+// However many steps go before it, what is taken away is read once.
+TEST(ValueListCost, ReadsWhatItTakesAwayOnce) {
+  const StepCounter counter;
+  Connection database;
+  database.Execute("CREATE TABLE [t] ([Whole] INTEGER); INSERT INTO [t] VALUES (7), (9)");
+  ValueList list;
+  for (int number = 1; number <= 100; ++number) list.Push(std::to_string(number));
+  list.Subtract({&database, "SELECT [Whole] FROM [t]", {}});
+  list.Push("9");
+  std::size_t count = 0;
+  EXPECT_EQ(StepCounter::Statements([&] { count = list.Count(); }), 1);
+  EXPECT_EQ(count, 99);
 }
 
 // --- What builds a list.
