@@ -76,8 +76,8 @@ class Connection {
   // only new rows are read.
   RowSet RunRule(const std::string& sql, const std::vector<Value>& parameters);
   // Hands the rows of a statement of the library on, one after the other: the first two columns as texts, and no
-  // characters for a null or a column that there is not. `take` runs no statement and does
-  // not fail; where it answers false, that is all.
+  // characters for a null or a column that there is not. `take` runs no statement and does not fail; where it answers
+  // false, that is all.
   using TakeRow = std::function<bool(std::string_view first, std::string_view second)>;
   void ReadRule(const std::string& sql, const std::vector<Value>& parameters, const TakeRow& take);
   // Prepares and keeps a statement of the library, and gives the number of its columns. Fails where it does not fit.

@@ -9,7 +9,7 @@
 // on how many positions there are, taken or not, nor on what lies in front of the first that the statement gives: of a
 // kind that it does not give one row is looked at, of one that it gives n. Where only what is free is wanted, the rows
 // that lie in front are tried first: mostly they are enough, at a tenth of the cost. Where one is wanted, the first of
-// them is looked up in the list, at a tenth of that.
+// them is looked up in the list, at half of that.
 #pragma once
 
 #include <cstddef>

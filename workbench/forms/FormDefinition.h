@@ -172,7 +172,7 @@ class ParameterList {
   ParameterDefinition& back() { return all_.back(); }
   void push_back(ParameterDefinition parameter);
 
-  // Behind all of them for a name that there is not.
+  // After all of them for a name that there is not.
   std::size_t PlaceOf(std::string_view name) const;
 
  private:

@@ -47,8 +47,8 @@ class ValueList {
   // Goes on with the steps of another list, which may replace what is there.
   void Append(const ValueList& changes);
 
-  // Hands the whole list on, in order, value by value. `take` runs no statement and does not fail; where it
-  // answers false, that is all.
+  // Hands the whole list on, in order, value by value. `take` runs no statement and does not fail; where it answers
+  // false, that is all.
   using Take = std::function<bool(std::string_view value, std::string_view description)>;
   void Each(const Take& take) const;
   std::vector<ValidValue> All() const;
