@@ -91,10 +91,8 @@ std::vector<RowDifference> RowWatch::Take() {
     for (auto& [row, touch] : watched.touched) {
       auto& [before, now] = touch;
       if (before == now) continue;
-      if (before && now && before->front() != now->front()) {
-        differences.push_back({&*watched.table, std::move(before), std::nullopt});
-        before.reset();
-      }
+      if (before && now && before->front() != now->front())
+        differences.push_back({&*watched.table, std::exchange(before, std::nullopt), std::nullopt});
       differences.push_back({&*watched.table, std::move(before), std::move(now)});
     }
   }
