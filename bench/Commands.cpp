@@ -25,7 +25,7 @@ constexpr int few = 10000;
 constexpr int many = 100000;
 constexpr double moreSteps = 1.25;
 // The machine makes times differ, and what takes less than half a millisecond says nothing.
-constexpr double moreTime = 6;
+constexpr double moreTime = 4;
 constexpr double leastTime = 0.5;
 
 // What grows with the tables because of what the rules ask, by row: why.

@@ -43,7 +43,7 @@ std::vector<LargePlan> Plans() {
   const std::string twenty = "KSEXI:DIR=10000&&29999" + extension + "\n";
   return {{"NACDS, 4000 lines", 4000, "", Lines("NACDS:NUM={n},CDCAT=1;", 10000, 4000), 150},
           {"NACDS, one line with 9000 values", 9000, "", "NACDS:NUM=10000&&18999,CDCAT=1;\n", 105},
-          {"KSEXI, 4000 lines", 4000, "", Lines("KSEXI:DIR={n}" + extension, 10000, 4000), 800},
+          {"KSEXI, 4000 lines", 4000, "", Lines("KSEXI:DIR={n}" + extension, 10000, 4000), 560},
           {"KSEXI, one line with 9000 values", 9000, "", "KSEXI:DIR=10000&&18999" + extension + "\n", 600},
           {"delete NANSI, 1000 lines", 1000, "", Lines("delete NANSI NUMSE={n};", 50000, 1000), 260},
           {"the same, 20,000 positions taken", 1000, twenty, Lines("delete NANSI NUMSE={n};", 50000, 1000), 520},

@@ -38,13 +38,13 @@ void Expect(bool holds, const char* what) {
 
 const std::array<Workload::Step, 8> Workload::steps = {
     {{"add a series of 100 numbers", 0, &Workload::AddSeries, 0.65},
-     {"check one value against its list", checks, &Workload::Check, 0.65},
+     {"check one value against its list", checks, &Workload::Check, 0.6},
      {"list all numbers", lists, &Workload::ListNumbers, 1.7},
      {"generate, per series", 0, &Workload::Generate, 1.6},
-     {"add an extension", 0, &Workload::Add, 0.95},
-     {"edit an extension", 0, &Workload::Edit, 1.1},
+     {"add an extension", 0, &Workload::Add, 0.75},
+     {"edit an extension", 0, &Workload::Edit, 1},
      {"list all free positions", lists, &Workload::ListPositions, 1.6},
-     {"delete an extension", 0, &Workload::Delete, 0.75}}};
+     {"delete an extension", 0, &Workload::Delete, 0.65}}};
 
 Workload::Workload(int series, std::unique_ptr<Exchange> exchange, const workbench::Session::Decorate& decorate)
     : series_(series), exchange_(std::move(exchange)), session_(*exchange_, decorate) {

@@ -43,7 +43,7 @@ bool IsTruthColumn(sqlite3_stmt* statement, int column) {
   return declared != nullptr && std::strcmp(declared, "BOOLEAN") == 0;
 }
 
-// The value itself may be read, and each part of it at once, since the connection takes no locks.
+// The value itself may be read, since the connection takes no locks: kind and content cost one look-up.
 Value Column(sqlite3_stmt* statement, int column) {
   sqlite3_value* value = sqlite3_column_value(statement, column);
   switch (sqlite3_value_type(value)) {
