@@ -162,8 +162,11 @@ class PoolListShape : public testing::Test {
     EXPECT_TRUE(list) << sql;
     return list && FirstOfPool(*list, 1, "").has_value();
   }
+  string Front(const string& sql, const string& unusedOf) {
+    DebugLines debug;
+    return FrontOfPool(PrepareList(*exchange_, sql, "dynamic", debug).value(), unusedOf);
+  }
 
- private:
   std::unique_ptr<Exchange> exchange_ = ExampleExchange();
 };
 
@@ -210,6 +213,18 @@ TEST_F(PoolListShape, IsThatOfTheNamesOfPositions) {
       DrawsFromPool("SELECT Equipment.EQU FROM Equipment INNER JOIN KSEXI ON KSEXI.EQU = Equipment.EQU WHERE "
                     "Equipment.Used = False" +
                     byPlace));
+}
+
+TEST_F(PoolListShape, TellsTheFirstRowThatIsNotTakenOfThePoolThatIsMeant) {
+  const string free = "SELECT Equipment.EQU " + boards + "WHERE Equipment.Used = False" + onSomeBoards + byPlace;
+  const string first = Front(free, "Equipment");
+  EXPECT_EQ(first, Front(free, "equipment"));
+  exchange_->Dynamic().Run("UPDATE [Equipment] SET [USED] = TRUE WHERE [EQU] = ?", {first});
+  EXPECT_GT(Front(free, "Equipment"), first);
+  for (const char* other : {"", "ROUTE"}) EXPECT_EQ(Front(free, other), "") << other;
+  EXPECT_EQ(Front("SELECT EQU FROM Equipment WHERE USED = False", "Equipment"), "") << "of another shape";
+  exchange_->Dynamic().Run("UPDATE [Equipment] SET [USED] = TRUE");
+  EXPECT_EQ(Front(free, "Equipment"), "");
 }
 
 // --- The cost, in steps of the database.
