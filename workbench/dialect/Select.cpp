@@ -36,13 +36,11 @@ class Select {
       mapping_.Put("HAVING");
       MapExpression(mapping_);
     }
-    if (distinct && top_ && !grouped_ && !query_.aggregate) {
-      GroupByAllColumns();
-    } else if (distinct) {
-      mapping_.result.sql.insert(afterSelect, " DISTINCT");
-    }
+    const bool groupsAll = distinct && top_ && !grouped_ && !query_.aggregate;
+    if (distinct && !groupsAll) mapping_.result.sql.insert(afterSelect, " DISTINCT");
     const std::size_t order = mapping_.result.sql.size();
     const std::size_t literals = mapping_.result.parameters.size();
+    if (groupsAll) GroupByAllColumns();
     OrderBy();
     if (top_ && mapping_.result.parameters.size() == literals) mapping_.result.order = order;
   }

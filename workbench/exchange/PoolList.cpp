@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <span>
+#include <unordered_map>
 #include <utility>
 
 #include "script/Conversions.h"
@@ -80,11 +81,21 @@ bool DrawsFrom(const Table& pool, const ListStatement& list) {
          SameName(ordered.substr(0, order.size()), order) && ordered.substr(order.size()).starts_with(", ");
 }
 
-const Table* PoolOf(const ListStatement& list) {
+const Table* FindPoolOf(const ListStatement& list) {
   for (const Table& table : ShippedSchema().Database("dynamic").tables) {
     if (table.kinds && DrawsFrom(table, list)) return &table;
   }
   return nullptr;
+}
+
+// Where the text asks for no pattern, its parameters say nothing of the pool: what was found for it is kept.
+const Table* PoolOf(const ListStatement& list) {
+  constexpr std::size_t most = 500;
+  static std::unordered_map<std::string, const Table*> known;
+  if (list.sql.find(" LIKE ") != list.sql.npos) return FindPoolOf(list);
+  if (const auto found = known.find(list.sql); found != known.end()) return found->second;
+  if (known.size() >= most) known.clear();
+  return known[list.sql] = FindPoolOf(list);
 }
 
 // --- The statement before a part of the pool.

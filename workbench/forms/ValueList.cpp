@@ -34,16 +34,21 @@ struct RowList {
   std::optional<ListStatement> one = {};
 };
 
-// Whether a row of the statement has the value in its first column. A number column finds '1' by '01' too, so that what
-// was found is looked at once more.
-bool Gives(RowList& list, const std::string& value) {
-  if (!list.one) list.one = Membership(list.all);
-  const bool number = IsNumeric(value) && Joined(ToNumber(value)) == value;
+// Whether a row has the value, which it is asked for as a text or as a number. A number column finds '1' by '01' too,
+// so that what was found is looked at once more.
+bool GivesAs(const Value& asked, const RowList& list, const std::string& value) {
   std::vector<Value> parameters = list.one->parameters;
-  parameters.emplace_back(value);
-  parameters.push_back(number ? Value(ToNumber(value)) : Value::Null());
+  parameters.push_back(asked);
   const RowSet found = list.one->database->RunRule(list.one->sql, parameters);
   return !found.IsEmpty() && Joined(found[0][0]) == value;
+}
+
+// Whether a row of the statement has the value in its first column. A column without a type keeps texts and numbers
+// apart. The two questions are not one with IN, for which the database would make a table each time.
+bool Gives(RowList& list, const std::string& value) {
+  if (!list.one) list.one = Membership(list.all);
+  if (GivesAs(value, list, value)) return true;
+  return IsNumeric(value) && Joined(ToNumber(value)) == value && GivesAs(ToNumber(value), list, value);
 }
 
 constexpr std::size_t smallestPage = 16;
@@ -103,9 +108,9 @@ void OfferRows(const ListStatement& statement, std::size_t page, const std::stri
 ListStatement Membership(const ListStatement& list) {
   std::string columns = "v";
   for (int i = 1; i < list.database->PrepareRule(list.sql); ++i) columns += ", c" + std::to_string(i);
-  // Sorted rows would all have to be made.
+  // Sorted or grouped rows would all have to be made.
   const std::string rows = list.sql.substr(0, list.order);
-  return {list.database, "WITH list(" + columns + ") AS (" + rows + ") SELECT v FROM list WHERE v IN (?, ?) LIMIT 1",
+  return {list.database, "WITH list(" + columns + ") AS (" + rows + ") SELECT v FROM list WHERE v = ? LIMIT 1",
           list.parameters};
 }
 

@@ -29,7 +29,7 @@ struct Wanted {
 };
 
 // The statement that asks whether `list` gives a value, as an inner query, so that the database can use its indexes.
-// Its parameters are those of `list`, and behind them the value as a text and, where it is one, as a number.
+// Its parameters are those of `list`, and after them the value.
 ListStatement Membership(const ListStatement& list);
 
 class ValueList {

@@ -269,7 +269,7 @@ std::string PlanOf(Exchange& exchange, const std::string& rule, const std::strin
   const auto list = PrepareList(exchange, rule, database, debug);
   if (!list) return debug.front();
   ListStatement asked = Membership(*list);
-  asked.parameters.insert(asked.parameters.end(), {"100", 100});
+  asked.parameters.emplace_back("100");
   const RowSet plan = asked.database->Run("EXPLAIN QUERY PLAN " + asked.sql, asked.parameters);
   std::string text;
   for (const Value& detail : plan[3]) text += detail.text() + "\n";
