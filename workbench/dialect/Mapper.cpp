@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "workbench/dialect/Mapping.h"
+#include "workbench/dialect/Shape.h"
 #include "workbench/text/Names.h"
 
 namespace cordboard::workbench {
@@ -99,6 +100,15 @@ void Delete(Mapping& mapping) {
   MapWhere(mapping);
 }
 
+// Literals become parameters in their order, beside truth values, which are words.
+MappedStatement WithLiterals(MappedStatement mapped, std::vector<Value> literals) {
+  auto literal = literals.begin();
+  for (Value& parameter : mapped.parameters) {
+    if (!parameter.IsTruth()) parameter = std::move(*literal++);
+  }
+  return mapped;
+}
+
 }  // namespace
 
 MappedStatement Map(std::string_view statement, std::string_view tablePrefix) {
@@ -117,14 +127,20 @@ MappedStatement Map(std::string_view statement, std::string_view tablePrefix) {
   return std::move(mapping.result);
 }
 
-const MappedStatement& MapOnce(const std::string& statement, const std::string& tablePrefix) {
+MappedStatement MapAgain(std::string_view statement, const std::string& tablePrefix) {
   constexpr std::size_t most = 500;
-  static std::map<std::string, std::unordered_map<std::string, MappedStatement>> known;  // by prefix
+  static std::map<std::string, std::unordered_map<std::string, MappedStatement>> known;  // by prefix and shape
+  if (statement.size() > longestStatement) return Map(statement, tablePrefix);
+  std::optional<Shape> shape = ShapeOf(statement);
+  if (!shape) return Map(statement, tablePrefix);
   auto& mapped = known[tablePrefix];
-  if (const auto found = mapped.find(statement); found != mapped.end()) return found->second;
-  MappedStatement anew = Map(statement, tablePrefix);
-  if (mapped.size() >= most) mapped.clear();
-  return mapped.emplace(statement, std::move(anew)).first->second;
+  auto found = mapped.find(shape->text);
+  if (found == mapped.end()) {
+    MappedStatement anew = Map(statement, tablePrefix);
+    if (mapped.size() >= most) mapped.clear();
+    found = mapped.emplace(std::move(shape->text), std::move(anew)).first;
+  }
+  return WithLiterals(found->second, std::move(shape->literals));
 }
 
 }  // namespace cordboard::workbench

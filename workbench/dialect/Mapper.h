@@ -18,7 +18,8 @@ struct MappedStatement {
   std::string sql;
   std::vector<Value> parameters;  // texts, numbers and truth values, one for each ?
   Kind kind = Kind::Read;
-  // Of a SELECT, where in the text the order of its rows begins. No literal stands behind it.
+  // Of a SELECT, where in the text begins what makes its rows no others: their order, and before it the grouping that a
+  // DISTINCT is. No literal stands after it.
   std::size_t order = std::string::npos;
 };
 
@@ -30,8 +31,7 @@ inline constexpr int deepestNesting = 100;                // brackets within bra
 // which the database has to supply: NumericValue of script/Conversions.h and LikeMatches of Like.h, null for a null.
 // Tables may stand in the database under longer names than the statement's: `tablePrefix` goes before each.
 MappedStatement Map(std::string_view statement, std::string_view tablePrefix = "");
-// The same for texts that come again and again, literals included: what they become is kept, and stands until another
-// text is mapped so.
-const MappedStatement& MapOnce(const std::string& statement, const std::string& tablePrefix);
+// The same for statements that come again and again: those that differ in their literals alone are mapped once.
+MappedStatement MapAgain(std::string_view statement, const std::string& tablePrefix);
 
 }  // namespace cordboard::workbench

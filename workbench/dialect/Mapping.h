@@ -1,6 +1,7 @@
 // One statement on its way through the mapper: the tokens that are left, and what has been put together so far.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -74,5 +75,7 @@ void MapBrackets(Mapping& mapping, bool list);
 
 // The text of a literal, without the second of each two quotes.
 std::string TextOf(std::string_view token);
+// The number that a literal is; nothing where it is out of range.
+std::optional<double> NumberOf(std::string_view token);
 
 }  // namespace cordboard::workbench

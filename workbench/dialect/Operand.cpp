@@ -27,12 +27,10 @@ void Parameter(Mapping& mapping, Value value) {
   mapping.tokens.Advance();
 }
 
-Value NumberOf(const Mapping& mapping, std::string_view token) {
-  double number = 0;
-  if (std::from_chars(token.data(), token.data() + token.size(), number).ec != std::errc()) {
-    mapping.Refuse("this number is out of range");
-  }
-  return number;
+void Number(Mapping& mapping, std::string_view token) {
+  const auto number = NumberOf(token);
+  if (!number) mapping.Refuse("this number is out of range");
+  Parameter(mapping, *number);
 }
 
 void Function(Mapping& mapping) {
@@ -73,6 +71,12 @@ std::string TextOf(std::string_view token) {
   return text;
 }
 
+std::optional<double> NumberOf(std::string_view token) {
+  double number = 0;
+  const auto read = std::from_chars(token.data(), token.data() + token.size(), number);
+  return read.ec == std::errc() ? std::optional(number) : std::nullopt;
+}
+
 void MapBrackets(Mapping& mapping, bool list) {
   const Nesting nesting(mapping);
   mapping.Expect(Symbol::Open, "(");
@@ -92,7 +96,7 @@ void MapOperand(Mapping& mapping) {
   const Token token = mapping.tokens.current();
   switch (token.symbol) {
     case Symbol::Text: return Parameter(mapping, TextOf(token.text));
-    case Symbol::Number: return Parameter(mapping, NumberOf(mapping, token.text));
+    case Symbol::Number: return Number(mapping, token.text);
     case Symbol::True:
     case Symbol::Yes: return Parameter(mapping, true);
     case Symbol::False: return Parameter(mapping, false);

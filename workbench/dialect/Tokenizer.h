@@ -24,6 +24,14 @@ struct Token {
   std::size_t place = 0;  // where it begins in the statement
 };
 
+// What begins at a place of a statement, and where it ends: a text and a name in brackets that nothing closes, at npos.
+bool BeginsWord(std::string_view statement, std::size_t place);
+bool BeginsNumber(std::string_view statement, std::size_t place);
+std::size_t EndOfWord(std::string_view statement, std::size_t place);
+std::size_t EndOfNumber(std::string_view statement, std::size_t place);
+std::size_t EndOfText(std::string_view statement, std::size_t place);
+std::size_t EndOfBrackets(std::string_view statement, std::size_t place);
+
 class Tokenizer {
  public:
   // The statement must outlive the tokenizer and its tokens.

@@ -1,5 +1,7 @@
 #include "workbench/exchange/RuleStatements.h"
 
+#include <utility>
+
 #include "script/Conversions.h"
 #include "workbench/database/Schema.h"
 #include "workbench/dialect/Mapper.h"
@@ -73,7 +75,7 @@ std::optional<RowSet> RunRule(Exchange& exchange, const std::string& sql, const 
                               DebugLines& debug) {
   return Try(sql, debug, [&] {
     Connection& database = Database(exchange, selector);
-    const MappedStatement mapped = Map(sql, Prefix(selector));
+    const MappedStatement mapped = MapAgain(sql, Prefix(selector));
     return database.RunRule(mapped.sql, mapped.parameters);
   });
 }
@@ -82,9 +84,9 @@ std::optional<ListStatement> PrepareList(Exchange& exchange, const std::string& 
                                          DebugLines& debug) {
   return Try(sql, debug, [&] {
     Connection& database = Database(exchange, selector);
-    const MappedStatement& mapped = MapOnce(sql, Prefix(selector));
+    MappedStatement mapped = MapAgain(sql, Prefix(selector));
     if (database.PrepareRule(mapped.sql) == 0) throw DatabaseError("the statement gives no values");
-    return ListStatement{&database, mapped.sql, mapped.parameters, mapped.order};
+    return ListStatement{&database, std::move(mapped.sql), std::move(mapped.parameters), mapped.order};
   });
 }
 

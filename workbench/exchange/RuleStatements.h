@@ -20,7 +20,7 @@ struct ListStatement {
   Connection* database;
   std::string sql;
   std::vector<Value> parameters;
-  std::size_t order = std::string::npos;  // where in the text the order of its rows begins, without parameters
+  std::size_t order = std::string::npos;  // as in MappedStatement (workbench/dialect/Mapper.h)
 };
 
 // The database that a selector names; an empty one, and none at all, name the default.
