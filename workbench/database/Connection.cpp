@@ -7,6 +7,7 @@
 
 #include "script/Conversions.h"
 #include "workbench/database/RowHook.h"
+#include "workbench/database/StoredText.h"
 
 namespace cordboard::workbench {
 
@@ -31,11 +32,6 @@ void Bind(sqlite3_stmt* statement, int index, const Value& value) {
   } else {
     sqlite3_bind_double(statement, index, number);
   }
-}
-
-std::string_view StoredText(sqlite3_value* value) {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 bool IsTruthColumn(sqlite3_stmt* statement, int column) {

@@ -5,13 +5,18 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <utility>
+#include <vector>
 
 #include "script/Conversions.h"
+#include "workbench/database/StoredText.h"
 #include "workbench/text/Sum.h"
 
 namespace cordboard::workbench {
 
 namespace {
+
+constexpr std::size_t longestRun = 100;  // of rows that are in memory at once
 
 enum Kind : char { Null = 'n', Whole = 'w', Real = 'r', Text = 't' };
 
@@ -77,8 +82,7 @@ void AppendValue(std::string& row, sqlite3_value* value) {
     default: break;
   }
   row.push_back(Text);
-  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  AppendText(row, {text, static_cast<std::size_t>(sqlite3_value_bytes(value))});
+  AppendText(row, StoredText(value));
 }
 
 void RowBlock::Append(std::int64_t place, const std::optional<std::string>& row) {
@@ -103,19 +107,32 @@ void BlockOfRows::EachRow(Take take) const {
   }
 }
 
+// Rows that follow each other are read by one statement.
 BlockOfRows::Now BlockOfRows::Look() {
-  const std::string select = "SELECT row_bytes(" + columns_ + ") FROM [" + block_.table + "] WHERE rowid = ?";
+  const std::string select = "SELECT rowid, row_bytes(" + columns_ + ") FROM [" + block_.table +
+                             "] WHERE rowid BETWEEN ? AND ? ORDER BY rowid";
   bool differs = false;
   Sum sum;
+  std::vector<std::pair<std::int64_t, std::string_view>> run;  // the places, and how their rows were
+  const auto lookAtRun = [&] {
+    const RowSet rows = connection_.Run(select, {run.front().first, run.back().first});
+    std::size_t row = 0;
+    for (const auto& [place, before] : run) {
+      const bool stands = row < rows.RowCount() && rows[0][row] == Value(place);
+      const std::string_view now = stands ? std::string_view(rows[1][row++].text()) : "";
+      differs = differs || now != before;
+      std::string length;
+      AppendNumber(length, now.size());
+      sum.Add(length);
+      sum.Add(now);
+    }
+    run.clear();
+  };
   EachRow([&](std::int64_t place, std::string_view before) {
-    const Value found = connection_.Single(select, {place});
-    const std::string_view now = found.IsText() ? std::string_view(found.text()) : "";
-    differs = differs || now != before;
-    std::string length;
-    AppendNumber(length, now.size());
-    sum.Add(length);
-    sum.Add(now);
+    if (!run.empty() && (place != run.back().first + 1 || run.size() == longestRun)) lookAtRun();
+    run.emplace_back(place, before);
   });
+  if (!run.empty()) lookAtRun();
   return {differs, sum.Written()};
 }
 

@@ -6,13 +6,12 @@
 #include <iterator>
 #include <utility>
 
+#include "workbench/database/StoredText.h"
 #include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
 
 namespace {
-
-Value OrNothing(Value value) { return value.IsBlank() ? Value::Null() : std::move(value); }
 
 Value Noted(sqlite3_value* value, Column::Type type) {
   switch (sqlite3_value_type(value)) {
@@ -23,8 +22,8 @@ Value Noted(sqlite3_value* value, Column::Type type) {
     case SQLITE_FLOAT: return sqlite3_value_double(value);
     default: break;
   }
-  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  return OrNothing(std::string(text, static_cast<std::size_t>(sqlite3_value_bytes(value))));
+  const std::string_view text = StoredText(value);
+  return text.empty() ? Value::Null() : Value(text);
 }
 
 using ValueOfTouch = sqlite3_value* (RowTouch::*)(std::size_t column) const;
@@ -35,14 +34,6 @@ RowImage Image(const RowTouch& touch, const WatchedTable& table, ValueOfTouch va
   for (const std::size_t column : table.columns)
     image.push_back(Noted((touch.*value)(column), table.table->columns[column].type));
   return image;
-}
-
-// Whether the update that is about to be made alters a watched column: most set a mark that nobody watches.
-bool IsAltered(const RowTouch& touch, const WatchedTable& table) {
-  return std::ranges::any_of(table.columns, [&](std::size_t column) {
-    const Column::Type type = table.table->columns[column].type;
-    return Noted(touch.Before(column), type) != Noted(touch.After(column), type);
-  });
 }
 
 }  // namespace
@@ -67,14 +58,16 @@ RowWatch::Watched& RowWatch::Named(const char* stored) {
 void RowWatch::BeforeChange(const RowTouch& touch) noexcept {
   auto& [table, select, touched] = Named(touch.table());
   if (!table) return;
+  std::optional<RowImage> now;
+  if (touch.kind() != RowTouch::Kind::Delete) now = Image(touch, *table, &RowTouch::After);
   auto known = touched.find(touch.row());
   if (known == touched.end()) {
-    if (touch.kind() == RowTouch::Kind::Update && !IsAltered(touch, *table)) return;
-    known = touched.emplace(touch.row(), Touch()).first;
-    if (touch.kind() != RowTouch::Kind::Insert) known->second.before = Image(touch, *table, &RowTouch::Before);
+    std::optional<RowImage> before;
+    if (touch.kind() != RowTouch::Kind::Insert) before = Image(touch, *table, &RowTouch::Before);
+    if (before == now) return;  // most updates set a mark that nobody watches
+    known = touched.emplace(touch.row(), Touch{.before = std::move(before)}).first;
   }
-  known->second.now.reset();
-  if (touch.kind() != RowTouch::Kind::Delete) known->second.now = Image(touch, *table, &RowTouch::After);
+  known->second.now = std::move(now);
 }
 
 void RowWatch::Forget() {
@@ -118,7 +111,8 @@ void RowWatch::ReadNow(const Watched& watched, Touched::iterator from, Touched::
     now.reset();
     if (row == rows.RowCount() || rows[0][row] != Value(from->first)) continue;
     now.emplace();
-    for (std::size_t column = 1; column < rows.ColumnCount(); ++column) now->push_back(OrNothing(rows[column][row]));
+    for (std::size_t column = 1; column < rows.ColumnCount(); ++column)
+      now->push_back(rows[column][row].IsBlank() ? Value::Null() : rows[column][row]);
     ++row;
   }
 }
