@@ -1,7 +1,9 @@
 #include "workbench/actions/FormRules.h"
 
+#include <arpa/inet.h>
+
 #include <algorithm>
-#include <regex>
+#include <span>
 
 #include "script/Conversions.h"
 #include "script/Text.h"
@@ -62,9 +64,10 @@ std::string HasPlainCharacters(const Filling&, const Assignment& assignment) {
 
 // An address has one spelling, so that two that are the same can be told: no zeros in front.
 std::string IsAnAddress(const Filling& filling, const Assignment& assignment) {
-  static const std::regex address(R"((25[0-5]|2[0-4]\d|1\d\d|[1-9]?\d)(\.(25[0-5]|2[0-4]\d|1\d\d|[1-9]?\d)){3})");
   const auto& [name, value] = assignment;
-  if (value.empty() || !filling.definition().Find(name)->address || std::regex_match(value, address)) return "";
+  in_addr address{};
+  if (value.empty() || !filling.definition().Find(name)->address || inet_pton(AF_INET, value.c_str(), &address) == 1)
+    return "";
   return "an address is four numbers from 0 to 255 with dots between them, such as 10.0.0.5";
 }
 
@@ -123,16 +126,18 @@ void OneSetIsGiven(Filling& filling) {
 // The values of parameters that go in step are paired by their place.
 void InStepAreAsMany(Filling& filling) {
   const auto number = [&](const std::string& name) { return Elements(Joined(filling.form().Get(name))).size(); };
-  const auto compare = [&](const std::string& one, const std::string& other) {
-    if (number(one) == number(other)) return;
-    filling.Refuse({.parameter = other,
-                    .message = one + " and " + other + " go in pairs, and there are " + std::to_string(number(one)) +
-                               " and " + std::to_string(number(other)) + " of them; give as many of each"});
-  };
   const auto isElsewhere = [&](const std::string& name) { return filling.definition().IsElsewhere(name); };
   for (const std::vector<std::string>& together : filling.definition().inStep) {
     if (std::ranges::any_of(together, isElsewhere)) continue;
-    for (const std::string& other : together) compare(together.front(), other);
+    const std::string& one = together.front();
+    const std::size_t ofOne = number(one);
+    for (const std::string& other : std::span(together).subspan(1)) {
+      const std::size_t ofOther = number(other);
+      if (ofOther == ofOne) continue;
+      filling.Refuse({.parameter = other,
+                      .message = one + " and " + other + " go in pairs, and there are " + std::to_string(ofOne) +
+                                 " and " + std::to_string(ofOther) + " of them; give as many of each"});
+    }
   }
 }
 

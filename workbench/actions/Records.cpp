@@ -145,16 +145,16 @@ std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinit
 
 StoredValues ReadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId) {
   // A whole comes even where the form shows its digits alone: an edit of one digit keeps the others.
-  std::vector<std::string> columns;
-  std::ranges::copy_if(definition.columns, std::back_inserter(columns),
-                       [&](const std::string& column) { return definition.Shows(column); });
-  const auto bracketed = [](const std::string& column) { return "[" + column + "]"; };
-  const RowSet stored = exchange.Dynamic().Run(
-      "SELECT " + Separated(columns, ", ", bracketed) + " FROM " + definition.Rows() + " WHERE [CmdId] = ? LIMIT 1",
-      {CmdId});
   StoredValues values;
-  for (std::size_t i = 0; i < columns.size(); ++i)
-    values.emplace_back(std::move(columns[i]), stored.IsEmpty() ? Value() : stored[i][0]);
+  std::string select;
+  for (const std::string& column : definition.columns) {
+    if (!definition.Shows(column)) continue;
+    values.emplace_back(column, Value());
+    select.append(select.empty() ? "SELECT [" : ", [").append(column).append("]");
+  }
+  select.append(" FROM ").append(definition.Rows()).append(" WHERE [CmdId] = ? LIMIT 1");
+  const RowSet stored = exchange.Dynamic().Run(select, {CmdId});
+  for (std::size_t i = 0; i < values.size() && !stored.IsEmpty(); ++i) values[i].second = stored[i][0];
   return values;
 }
 

@@ -1,6 +1,7 @@
 #include "workbench/forms/Form.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "script/Conversions.h"
 #include "script/Text.h"
@@ -10,6 +11,7 @@ namespace cordboard::workbench {
 namespace {
 
 constexpr double greatestPart = 1e15;
+constexpr int digitsOfPart = 15;  // of any that is less
 
 bool Flag(const std::map<std::string, bool>& changed, const std::string& name, bool otherwise) {
   if (changed.empty()) return otherwise;
@@ -21,6 +23,12 @@ std::string InWidth(std::string text, int width) {
   const auto digits = static_cast<std::size_t>(width);
   if (text.size() < digits) text.insert(0, digits - text.size(), '0');
   return text.substr(text.size() - digits);
+}
+
+// Whether the value is as many digits as the place has, as most are: it need not be read as a number.
+bool AreDigits(const Value& value, int width) {
+  return value.IsText() && std::cmp_equal(value.text().size(), width) && width <= digitsOfPart &&
+         std::ranges::all_of(value.text(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
 }  // namespace
@@ -82,6 +90,8 @@ const DigitPlace* Form::PlaceOf(const std::string& name) const {
 std::string Form::Digits(const DigitPlace& place) const {
   const std::string text = place.digit.empty() ? "" : Joined(values_[place.digitSlot]);
   if (!text.empty()) return InWidth(text, place.width);
+  if (place.slots.size() == 1 && AreDigits(values_[place.slots.front()], place.width))
+    return values_[place.slots.front()].text();
   long long sum = 0;
   bool given = false;
   for (const std::size_t slot : place.slots) {

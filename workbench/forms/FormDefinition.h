@@ -2,7 +2,6 @@
 // What the command serves, and which digits a name tells, is not said there again (workbench/forms/FormReader.h).
 #pragma once
 
-#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <optional>
@@ -11,6 +10,8 @@
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include "workbench/text/NameHash.h"
 
 namespace cordboard::workbench {
 
@@ -151,7 +152,7 @@ class FoldingList {
  private:
   struct Kept {
     std::vector<Folding> all;  // which hold the names
-    std::unordered_map<std::string_view, FoldedName> names = {};
+    std::unordered_map<std::string_view, FoldedName, NameHash> names = {};
   };
 
   std::shared_ptr<const Kept> kept_;
@@ -176,12 +177,8 @@ class ParameterList {
   std::size_t PlaceOf(std::string_view name) const;
 
  private:
-  struct Hash : std::hash<std::string_view> {
-    using is_transparent = void;
-  };
-
   std::vector<ParameterDefinition> all_;
-  std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> places_;
+  ByName<std::size_t> places_;
 };
 
 // What the record handling does after an action, where the command's rules leave it to the host.

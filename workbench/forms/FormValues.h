@@ -2,12 +2,12 @@
 #pragma once
 
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "script/Value.h"
 #include "workbench/forms/FormDefinition.h"
+#include "workbench/text/NameHash.h"
 
 namespace cordboard::workbench {
 
@@ -52,7 +52,7 @@ class FormValues {
  private:
   FoldingList foldings_;
   std::vector<Entry> bySlot_;
-  std::unordered_map<std::string, Entry> others_;
+  ByName<Entry> others_;
   unsigned state_ = 1;
 };
 

@@ -12,6 +12,7 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // The parts between single "&"; a double one stays inside its part.
 std::vector<std::string> Parts(const std::string& typed) {
+  if (typed.find('&') == typed.npos) return {typed};  // as nearly all are
   std::vector<std::string> parts(1);
   for (std::size_t i = 0; i < typed.size(); ++i) {
     if (typed.compare(i, 2, "&&") == 0) {
