@@ -78,8 +78,9 @@ void Compare(int series, int rounds) {
               recorded.statements.size() - recorded.begins.front(), "library ms", "replay ms", "rules ms", "of all",
               "of rules", "us per action");
   for (std::size_t step = 0; step < times.size(); ++step) {
-    const auto& [name, actions, work, bound] = Workload::steps[step];
-    Line(name, times[step], actions == 0 ? series : actions, series < leastHeld ? std::nullopt : std::optional(bound));
+    const Workload::Step& of = Workload::steps[step];
+    Line(of.name, times[step], Workload::ActionsOf(of, series),
+         series < leastHeld ? std::nullopt : std::optional(of.bound));
   }
 }
 

@@ -9,8 +9,9 @@ namespace cordboard::bench {
 bool HasValgrind() { return std::system("valgrind --version >/dev/null 2>&1") == 0; }
 
 // The number that callgrind gives after "Collected :".
-double InstructionsOf(const std::string& command) {
-  const std::string whole = "valgrind --tool=callgrind --callgrind-out-file=/dev/null " + command + " 2>&1";
+double InstructionsOf(const std::string& command, const std::string& within) {
+  const std::string collected = within.empty() ? "" : "--toggle-collect='" + within + "' ";
+  const std::string whole = "valgrind --tool=callgrind --callgrind-out-file=/dev/null " + collected + command + " 2>&1";
   FILE* output = popen(whole.c_str(), "r");
   if (output == nullptr) throw std::runtime_error("valgrind cannot be started");
   std::string text;

@@ -37,14 +37,14 @@ void Expect(bool holds, const char* what) {
 }  // namespace
 
 const std::array<Workload::Step, 8> Workload::steps = {
-    {{"add a series of 100 numbers", 0, &Workload::AddSeries, 0.65},
-     {"check one value against its list", checks, &Workload::Check, 0.6},
-     {"list all numbers", lists, &Workload::ListNumbers, 1.7},
-     {"generate, per series", 0, &Workload::Generate, 1.6},
-     {"add an extension", 0, &Workload::Add, 0.75},
-     {"edit an extension", 0, &Workload::Edit, 1},
-     {"list all free positions", lists, &Workload::ListPositions, 1.6},
-     {"delete an extension", 0, &Workload::Delete, 0.65}}};
+    {{"add a series of 100 numbers", 0, &Workload::AddSeries, "AddSeries", 0.65, 3750},
+     {"check one value against its list", checks, &Workload::Check, "Check", 0.6, 30},
+     {"list all numbers", lists, &Workload::ListNumbers, "ListNumbers", 1.7, 11000},
+     {"generate, per series", 0, &Workload::Generate, "Generate", 1.6, 131},
+     {"add an extension", 0, &Workload::Add, "Add", 0.75, 595},
+     {"edit an extension", 0, &Workload::Edit, "Edit", 1, 300},
+     {"list all free positions", lists, &Workload::ListPositions, "ListPositions", 1.6, 1120},
+     {"delete an extension", 0, &Workload::Delete, "Delete", 0.65, 320}}};
 
 Workload::Workload(int series, std::unique_ptr<Exchange> exchange, const workbench::Session::Decorate& decorate)
     : series_(series), exchange_(std::move(exchange)), session_(*exchange_, decorate) {

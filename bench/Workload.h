@@ -26,11 +26,15 @@ class Workload {
     const char* name;
     int actions;  // what the cost is divided by; 0 stands for the number of series
     void (Workload::*work)();
-    double bound;  // of the ratio to the replay of all statements
+    const char* function;  // which that is
+    double bound;          // of the ratio to the replay of all statements
+    double instructions;   // of the thousands of instructions of an action
   };
   static const std::array<Step, 8> steps;
 
   void Do(const Step& step) { (this->*step.work)(); }
+  // By how many actions the cost of a step is divided.
+  static int ActionsOf(const Step& step, int series) { return step.actions == 0 ? series : step.actions; }
 
  private:
   Workload(int series, std::unique_ptr<workbench::Exchange> exchange, const workbench::Session::Decorate& decorate);

@@ -11,6 +11,7 @@
 #include "bench/Commands.h"
 #include "bench/Comparison.h"
 #include "bench/Folder.h"
+#include "bench/Instructions.h"
 #include "bench/Plans.h"
 #include "bench/Start.h"
 #include "bench/Upkeep.h"
@@ -37,21 +38,26 @@ double PeakMemory() {
 void Memory(const std::string& program, int series) {
   const Folder folder;
   const std::string command =
-      "'" + program + "' workload " + std::to_string(series) + " '" + folder.File("exchange") + "'";
+      "'" + program + "' memory " + std::to_string(series) + " '" + folder.File("exchange") + "'";
   std::fflush(stdout);
   if (std::system(command.c_str()) != 0) throw std::runtime_error("the workload failed in a process of its own");
 }
 
-void Do(int series, const std::string& file) {
+void Work(int series, const std::string& file) {
   Workload workload(series, file);
   for (const Workload::Step& step : Workload::steps) workload.Do(step);
+}
+
+void WorkForMemory(int series, const std::string& file) {
+  Work(series, file);
   const double most = 16 + 0.06 * series;
   std::printf("  %5d series %8.1f MB%s\n", series, PeakMemory(), Held("memory", PeakMemory(), most).c_str());
 }
 
-void CompareAll() {
+void CompareAll(const std::string& program) {
   std::printf("\nThe library with the workbench against its statements replayed straight into SQLite\n");
   for (const int series : sizes) Compare(series, rounds);
+  MeasureInstructions(program);
 }
 
 // The program of which this is the benchmark stands beside it.
@@ -60,7 +66,7 @@ std::string Cordboard(const std::string& program) { return std::filesystem::path
 void All(const std::string& program) {
   // First, since a process is said to have had the memory of the one that started it.
   MeasureUpkeep(Cordboard(program));
-  CompareAll();
+  CompareAll(program);
   std::printf("\nLarge plans on a large exchange\n");
   MeasurePlans();
   MeasureStart(Cordboard(program));
@@ -75,12 +81,14 @@ void Run(int count, char** words) {
   const std::string what = count > 1 ? words[1] : "all";
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
   if (what == "all") return All(program);
-  if (what == "lines") return CompareAll();
+  if (what == "lines") return CompareAll(program);
   if (what == "plans") return MeasurePlans();
   if (what == "commands") return MeasureCommands();
   if (what == "start") return MeasureStart(Cordboard(program));
   if (what == "upkeep") return MeasureUpkeep(Cordboard(program));
-  if (what == "workload" && count == 4) return Do(std::stoi(words[2]), words[3]);
+  // In processes of their own.
+  if (what == "memory" && count == 4) return WorkForMemory(std::stoi(words[2]), words[3]);
+  if (what == "workload" && count == 4) return Work(std::stoi(words[2]), words[3]);
   throw std::runtime_error("usage: cordboard-bench [all | lines | plans | start | upkeep | commands]");
 }
 
