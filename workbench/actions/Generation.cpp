@@ -64,11 +64,13 @@ bool SpeaksOf(const Generated& generated, const std::string& command) {
              generated.problems.end();
 }
 
-// The commands whose tables hold rows: their forms alone need be read.
-std::set<std::string> CommandsWithRows(Exchange& exchange, const DatabaseSchema& database) {
+// Those commands of which `isMeant` is true whose tables hold rows: their forms alone need be read.
+template <typename IsMeant>
+std::set<std::string> CommandsWithRows(Exchange& exchange, const DatabaseSchema& database, IsMeant isMeant) {
   std::set<std::string> commands;
   for (const Table& table : database.tables) {
-    if (!exchange.Dynamic().Run("SELECT 1 FROM " + database.Stored(table.name) + " LIMIT 1").IsEmpty())
+    if (isMeant(table.command) &&
+        !exchange.Dynamic().Run("SELECT 1 FROM " + database.Stored(table.name) + " LIMIT 1").IsEmpty())
       commands.insert(table.command);
   }
   return commands;
@@ -82,21 +84,23 @@ const std::vector<std::string>& GenerationOrder() {
 }
 
 Generated Generate(Session& session, const std::string& database, const std::vector<std::string>& commands) {
-  const auto isWanted = [&](const FormDefinition* form) {
-    return form != nullptr && form->database == database &&
-           (commands.empty() || std::ranges::find(commands, form->command) != commands.end());
+  const auto isNamed = [&](const std::string& command) {
+    return commands.empty() || std::ranges::find(commands, command) != commands.end();
   };
   Generated generated;
   Transaction transaction(session.exchange());
   int number = 0;
   for (const std::string& command : GenerationOrder()) {
-    const FormDefinition* definition = FindForm(command);
-    if (isWanted(definition) && definition->generates) GenerateCommand(session, *definition, ++number, generated);
+    const FormDefinition* form = isNamed(command) ? FindForm(command) : nullptr;
+    if (form != nullptr && form->database == database && form->generates)
+      GenerateCommand(session, *form, ++number, generated);
   }
   transaction.RollBack();
-  for (const std::string& command : CommandsWithRows(session.exchange(), ShippedSchema().Database(database))) {
+  const auto isSilent = [&](const std::string& command) { return isNamed(command) && !SpeaksOf(generated, command); };
+  for (const std::string& command :
+       CommandsWithRows(session.exchange(), ShippedSchema().Database(database), isSilent)) {
     const FormDefinition* form = FindForm(command);
-    if (isWanted(form) && !SpeaksOf(generated, command) && CountRecords(session.exchange(), *form).records > 0)
+    if (form != nullptr && form->database == database && CountRecords(session.exchange(), *form).records > 0)
       generated.without.push_back(command);
   }
   return generated;

@@ -118,11 +118,15 @@ Value DataItem::Cell() const {
   return number;
 }
 
-std::vector<DataItem> DataItem::List() const {
+DataItems DataItem::List() const {
   if (node_->kind != Kind::List) FailAs("a list");
-  std::vector<DataItem> items;
-  Each([&](const DataNode& node) { items.push_back(DataItem(file_, node)); });
-  return items;
+  return DataItems(*this);
+}
+
+std::size_t DataItems::size() const {
+  std::size_t count = 0;
+  list_.Each([&count](const DataNode&) { ++count; });
+  return count;
 }
 
 std::vector<std::pair<std::string, DataItem>> DataItem::Entries() const {
@@ -139,11 +143,12 @@ Fields::Fields(const DataItem& object) : object_(object) {
 
 std::optional<DataItem> Fields::Find(std::string_view key) {
   asked_.push_back(key);
-  const DataNode* found = nullptr;
-  object_.Each([&](const DataNode& node) {
-    if (object_.TextAt(node.key) == key) found = &node;
-  });
-  return found == nullptr ? std::nullopt : std::optional(DataItem(object_.file_, *found));
+  const DataNode* const end = object_.node_ + object_.node_->size;
+  for (const DataNode* node = object_.node_ + 1; node != end; node += node->size) {
+    // Most keys differ in their length.
+    if (node->key.length == key.size() && object_.TextAt(node->key) == key) return DataItem(object_.file_, *node);
+  }
+  return std::nullopt;
 }
 
 DataItem Fields::At(std::string_view key) {

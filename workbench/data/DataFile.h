@@ -31,6 +31,7 @@ class DataError : public std::runtime_error {
   std::string complaint_;
 };
 
+class DataItems;
 class Fields;
 
 // A value in a data file that knows where it stands.
@@ -40,7 +41,7 @@ class DataItem {
   bool Truth() const;
   int Whole() const;
   Value Cell() const;  // a text, a number, a truth value or null, as it stands
-  std::vector<DataItem> List() const;
+  DataItems List() const;
   // The entries of an object whose keys are names, in the order of the file. No key stands there twice.
   std::vector<std::pair<std::string, DataItem>> Entries() const;
 
@@ -56,6 +57,7 @@ class DataItem {
   [[noreturn]] void Fail(const std::string& complaint) const;
 
  private:
+  friend class DataItems;
   friend class Fields;
   friend DataItem ReadData(std::string_view text, const std::string& file);
   friend DataItem ReadResource(std::string_view path);
@@ -71,6 +73,34 @@ class DataItem {
 
   std::shared_ptr<const File> file_;
   const DataNode* node_;  // stands in the file: where, is found out when it is told
+};
+
+// The items of a list, in their order, each made when it is come to.
+class DataItems {
+ public:
+  class Iterator {
+   public:
+    Iterator(const DataItem& list, const DataNode* node) : list_(&list), node_(node) {}
+    DataItem operator*() const { return DataItem(list_->file_, *node_); }
+    Iterator& operator++() {
+      node_ += node_->size;
+      return *this;
+    }
+    bool operator==(const Iterator& other) const { return node_ == other.node_; }
+
+   private:
+    const DataItem* list_;
+    const DataNode* node_;
+  };
+
+  explicit DataItems(DataItem list) : list_(std::move(list)) {}
+
+  Iterator begin() const { return {list_, list_.node_ + 1}; }
+  Iterator end() const { return {list_, list_.node_ + list_.node_->size}; }
+  std::size_t size() const;
+
+ private:
+  DataItem list_;
 };
 
 // The fields of an object, each asked for by its key, a literal, since it is remembered.

@@ -18,7 +18,7 @@ const Named* FindNamed(const std::vector<Named>& all, std::string_view name) {
 // A name goes into square brackets as it is.
 std::string ReadName(const DataItem& item) {
   std::string name = item.Text();
-  if (name.empty() || name.find_first_of(std::string("[]\0", 3)) != name.npos) item.Fail("the name is not valid");
+  if (name.empty() || name.find_first_of(std::string_view("[]\0", 3)) != name.npos) item.Fail("the name is not valid");
   if (IsRowPlace(name)) item.Fail("no column is named " + name);
   return name;
 }
@@ -124,16 +124,24 @@ std::string CreateTable(const DatabaseSchema& database, const Table& table) {
   return "CREATE TABLE " + database.Stored(table.name) + " (" + Separated(table.columns, ", ", declared) + ")";
 }
 
-std::string CreateIndex(const char* kind, const DatabaseSchema& database, const Table& table,
+std::string IndexName(const DatabaseSchema& database, const Table& table, const std::vector<std::string>& columns) {
+  return database.prefix + table.name + " by " + Separated(columns, " ");
+}
+
+std::string PatternIndexName(const DatabaseSchema& database, const Table& table, const std::string& column) {
+  return database.prefix + table.name + " by pattern of " + column;
+}
+
+std::string CreateIndex(const std::string& kind, const DatabaseSchema& database, const Table& table,
                         const std::vector<std::string>& columns) {
-  const std::string name = database.Stored(table.name + " by " + Separated(columns, " "));
-  return kind + (" " + name + " ON " + database.Stored(table.name) + " ([" + Separated(columns, "], [") + "])");
+  return kind + " [" + IndexName(database, table, columns) + "] ON " + database.Stored(table.name) + " ([" +
+         Separated(columns, "], [") + "])";
 }
 
 // LIKE takes no notice of capitals, and uses only an index that takes none either.
 std::string CreatePatternIndex(const DatabaseSchema& database, const Table& table, const std::string& column) {
-  const std::string name = database.Stored(table.name + " by pattern of " + column);
-  return "CREATE INDEX " + (name + " ON " + database.Stored(table.name) + " ([" + column + "] COLLATE NOCASE)");
+  const std::string name = PatternIndexName(database, table, column);
+  return "CREATE INDEX [" + name + "] ON " + database.Stored(table.name) + " ([" + column + "] COLLATE NOCASE)";
 }
 
 }  // namespace
@@ -198,6 +206,16 @@ std::vector<std::string> CreateStatements(const DatabaseSchema& database) {
     for (const auto& column : table.patterns) statements.push_back(CreatePatternIndex(database, table, column));
   }
   return statements;
+}
+
+std::vector<std::string> IndexNames(const DatabaseSchema& database) {
+  std::vector<std::string> names;
+  for (const Table& table : database.tables) {
+    for (const auto& index : table.unique) names.push_back(IndexName(database, table, index));
+    for (const auto& index : table.indexes) names.push_back(IndexName(database, table, index));
+    for (const auto& column : table.patterns) names.push_back(PatternIndexName(database, table, column));
+  }
+  return names;
 }
 
 }  // namespace cordboard::workbench

@@ -97,5 +97,7 @@ const Schema& ShippedSchema();
 // order. The declared types are TEXT, INTEGER and BOOLEAN. No column is a key, so that rows stand in the order of
 // insertion.
 std::vector<std::string> CreateStatements(const DatabaseSchema& database);
+// The names of those indexes, without brackets, in the same order.
+std::vector<std::string> IndexNames(const DatabaseSchema& database);
 
 }  // namespace cordboard::workbench

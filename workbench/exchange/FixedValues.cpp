@@ -1,7 +1,6 @@
 #include "workbench/exchange/FixedValues.h"
 
 #include <algorithm>
-#include <iterator>
 #include <map>
 
 #include "script/Conversions.h"
@@ -168,8 +167,9 @@ const std::set<std::string>& FixedParametersOf(const std::string& command) {
   if (const auto files = FilesByCommand().find(command); files != FilesByCommand().end()) {
     for (const std::string_view path : files->second) {
       const DataItem file = ReadResource(path);
-      for (const DataItem& list : Fields(file).At("lists").List())
-        std::ranges::copy(Fields(list).Get<Texts>("parameters"), std::inserter(parameters, parameters.end()));
+      for (const DataItem& list : Fields(file).At("lists").List()) {
+        for (const DataItem& parameter : Fields(list).At("parameters").List()) parameters.insert(parameter.Text());
+      }
     }
   }
   return read.emplace(command, std::move(parameters)).first->second;

@@ -89,7 +89,7 @@ class Reader {
     return Try([&] {
       const auto list = plant.Find(key);
       if (!list) return;
-      const std::vector<DataItem> items = list->List();
+      const DataItems items = list->List();
       CheckRoom(*list, there + items.size(), most);
       for (const DataItem& item : items) Try([&] { read(item); });
     });

@@ -61,7 +61,7 @@ References::References(const DataItem& file) {
   std::vector<Entry> entries;
   file.Object([&](Fields& fields) {
     for (const DataItem& item : fields.At("records").List()) records_.push_back(ReadRecord(item));
-    const std::vector<DataItem> items = fields.At("things").List();
+    const DataItems items = fields.At("things").List();
     things_.reserve(items.size());
     for (const DataItem& item : items) ReadThing(item, entries);
     nothing_ = fields.Get<Texts>("nothing");

@@ -159,7 +159,7 @@ std::optional<SubDigit> SubDigitOf(const std::string& name) {
 std::vector<std::string> EachOf(const DataItem& entry) {
   const auto each = Fields(entry).Find("each");
   std::vector<std::string> numbers = each ? Elements(each->Text()) : std::vector<std::string>();
-  if (numbers.empty()) return {""};
+  if (numbers.empty()) return std::vector<std::string>(1);
   for (std::string& number : numbers) number.erase(0, number.find_first_not_of('0'));
   return numbers;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <set>
 
 #include "entry/Registry.h"
 #include "workbench/data/DataFile.h"
@@ -39,17 +40,23 @@ Characters ReadCharacters(Fields& fields) {
   item->Fail("characters are \"any\", \"digits\", \"dialled\" or \"hexadecimal\"");
 }
 
-ParameterDefinition ReadParameter(const std::string& command, Fields& fields, const std::string& number) {
+// What the library serves of the command's parameters, and their fixed values.
+struct Served {
+  const Module* module;  // null where there is none
+  const std::set<std::string>& fixed;
+};
+
+ParameterDefinition ReadParameter(const Served& served, Fields& fields, const std::string& number) {
   ParameterDefinition parameter{.name = WithNumber(fields.Get<std::string>("name"), number),
                                 .title = fields.Get<std::string>("title")};
   for (const ParameterFlag& flag : ParameterFlags()) {
     if (flag.source == ParameterFlag::Source::Form) parameter.*flag.flag = fields.Get(flag.key, false);
   }
-  if (const Module* module = FindModule(command)) {
-    parameter.list = module->ListOf(parameter.name) != nullptr;
-    parameter.check = module->CheckOf(parameter.name) != nullptr;
+  if (served.module != nullptr) {
+    parameter.list = served.module->ListOf(parameter.name) != nullptr;
+    parameter.check = served.module->CheckOf(parameter.name) != nullptr;
   }
-  parameter.fixed = !parameter.list && FixedParametersOf(command).contains(parameter.name);
+  parameter.fixed = !parameter.list && served.fixed.contains(parameter.name);
   parameter.characters = ReadCharacters(fields);
   parameter.releases = ReadReleases(fields);
   parameter.otherwise = fields.Get<std::string>("otherwise", "");
@@ -193,10 +200,11 @@ FormDefinition ReadForm(const std::string& command, const DataItem& file) {
                         .table = {},
                         .columns = {}};
     ReadRecord(form, fields, file);
+    const Served served{FindModule(command), FixedParametersOf(command)};
     for (const DataItem& parameter : fields.At("parameters").List()) {
       const Texts numbers = EachOf(parameter);
       for (const std::string& number : numbers) {
-        form.parameters.push_back(parameter.Object([&](Fields& of) { return ReadParameter(command, of, number); }));
+        form.parameters.push_back(parameter.Object([&](Fields& of) { return ReadParameter(served, of, number); }));
         form.parameters.back().ofSeries = numbers.size();
       }
     }

@@ -51,6 +51,11 @@ TEST(DataFile, CellsAreTakenAsTheyStand) {
   EXPECT_EQ(cells, "\"1\" 1 True Null ");
 }
 
+TEST(DataFile, AListSaysHowManyItemsItHas) {
+  EXPECT_EQ(Read("[]").List().size(), 0u);
+  EXPECT_EQ(Read(R"([["1", "2"], {"a": ["3"]}, 4])").List().size(), 3u);
+}
+
 TEST(DataFile, AnObjectGivesWhatIsReadFromIt) {
   EXPECT_EQ(Read(R"({"a": 7})").Object([](Fields& fields) { return fields.Get<int>("a"); }), 7);
 }
@@ -87,14 +92,14 @@ TEST(DataFile, AValueOfAnotherKindIsRefused) {
   EXPECT_EQ(Refused("{}", [](const DataItem& item) { item.List(); }), "a.json: a list is wanted, not an object");
   EXPECT_EQ(Refused("[]", [](const DataItem& item) { item.Entries(); }), "a.json: an object is wanted, not a list");
   EXPECT_EQ(RefusedObject("true", [](Fields&) {}), "a.json: an object is wanted, not a truth value");
-  EXPECT_EQ(Refused("[[]]", [](const DataItem& item) { item.List()[0].Cell(); }),
+  EXPECT_EQ(Refused("[[]]", [](const DataItem& item) { (*item.List().begin()).Cell(); }),
             "a.json: [0]: a text is wanted, not a list");
 }
 
 TEST(DataFile, ThePlaceIsNamedAllTheWayDown) {
   EXPECT_EQ(RefusedObject(R"({"parameters": [{}, {"name": "EQU", "pool": {"table": 1}}]})",
                           [](Fields& form) {
-                            form.At("parameters").List()[1].Object([](Fields& parameter) {
+                            (*++form.At("parameters").List().begin()).Object([](Fields& parameter) {
                               parameter.Get<std::string>("name");
                               parameter.At("pool").Object([](Fields& pool) { pool.Get<std::string>("table"); });
                             });

@@ -90,6 +90,8 @@ TEST(Schema, CreatesTablesAndIndexes) {
                           "CREATE INDEX [NANSI by USED NUMSE] ON [NANSI] ([USED], [NUMSE])",
                           "CREATE TABLE [t] ([End] TEXT)", "CREATE UNIQUE INDEX [t by End] ON [t] ([End])",
                           "CREATE INDEX [t by pattern of End] ON [t] ([End] COLLATE NOCASE)"));
+  EXPECT_THAT(IndexNames(schema.Database("dynamic")),
+              ElementsAre("NANSI by NUMSE", "NANSI by USED NUMSE", "t by End", "t by pattern of End"));
 }
 
 TEST(Schema, StoresTheTablesOfTemplatesUnderNamesOfTheirOwn) {
@@ -98,6 +100,7 @@ TEST(Schema, StoresTheTablesOfTemplatesUnderNamesOfTheirOwn) {
   EXPECT_EQ(site.RowsOf("t"), "[site.t]");
   EXPECT_THAT(CreateStatements(site),
               ElementsAre("CREATE TABLE [site.t] ([End] TEXT)", "CREATE INDEX [site.t by End] ON [site.t] ([End])"));
+  EXPECT_THAT(IndexNames(site), ElementsAre("site.t by End"));
 }
 
 // --- Views.
