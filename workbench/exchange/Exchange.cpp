@@ -76,6 +76,8 @@ std::unique_ptr<Exchange> Exchange::CreateInMemory(const std::string& release, c
 void Exchange::Fill(const std::string& release, const Plant& plant) {
   if (std::ranges::find(Releases(), release) == Releases().end()) throw ExchangeError("there is no release " + release);
   release_ = release;
+  // Each of some 400 tables and indexes has a page of its own, most with little in it or nothing.
+  dynamic_.Execute("PRAGMA page_size = 2048");
   Transaction transaction(*this);
   MakeTables(dynamic_, "dynamic");
   MakeTables(dynamic_, "site");

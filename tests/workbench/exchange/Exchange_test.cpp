@@ -50,6 +50,13 @@ TEST(Exchange, AConfirmedActionSurvivesALossOfPower) {
   EXPECT_EQ(Rows(*made, "PRAGMA synchronous"), "[[3]]");
 }
 
+TEST(Exchange, HasSmallPagesSinceMostTablesAreEmpty) {
+  const TemporaryFolder folder;
+  Exchange::Create(folder / "office.cbx", "R7", Example());
+  EXPECT_EQ(Rows(*Exchange::OpenForReading(folder / "office.cbx"), "PRAGMA page_size"), "[[2048]]");
+  EXPECT_LT(std::filesystem::file_size(folder / "office.cbx"), 1000000u);
+}
+
 TEST(Exchange, OfAnEarlierVersionGetsTheIndexesThatItHasNot) {
   const TemporaryFolder folder;
   const std::string asked = "SELECT COUNT(*) FROM sqlite_master WHERE name = 'ROUTE by USED'";
