@@ -10,11 +10,11 @@
 namespace cordboard::web {
 
 // Where a typed text or the page of a link leads on this site; nothing where it leads nowhere.
-using AddressOf = std::function<std::string(const std::string& typed)>;
+using LinkTo = std::function<std::string(const std::string& typed)>;
 
 // A heading "# " is left out: it is that of the page. `caption` says what tables are.
-Html AsHtml(const std::string& markdown, const std::string& caption, const AddressOf& addressOf);
+Html AsHtml(const std::string& markdown, const std::string& caption, const LinkTo& linkTo);
 // The same of the text within a line.
-Html LineAsHtml(const std::string& markdown, const AddressOf& addressOf);
+Html LineAsHtml(const std::string& markdown, const LinkTo& linkTo);
 
 }  // namespace cordboard::web

@@ -126,18 +126,18 @@ void OneSetIsGiven(Filling& filling) {
 // The values of parameters that go in step are paired by their place.
 void InStepAreAsMany(Filling& filling) {
   const auto number = [&](const std::string& name) { return Elements(Joined(filling.form().Get(name))).size(); };
+  const auto compare = [&](const std::string& one, std::size_t ofOne, const std::string& other) {
+    const std::size_t ofOther = number(other);
+    if (ofOther == ofOne) return;
+    filling.Refuse({.parameter = other,
+                    .message = one + " and " + other + " go in pairs, and there are " + std::to_string(ofOne) +
+                               " and " + std::to_string(ofOther) + " of them; give as many of each"});
+  };
   const auto isElsewhere = [&](const std::string& name) { return filling.definition().IsElsewhere(name); };
   for (const std::vector<std::string>& together : filling.definition().inStep) {
     if (std::ranges::any_of(together, isElsewhere)) continue;
-    const std::string& one = together.front();
-    const std::size_t ofOne = number(one);
-    for (const std::string& other : std::span(together).subspan(1)) {
-      const std::size_t ofOther = number(other);
-      if (ofOther == ofOne) continue;
-      filling.Refuse({.parameter = other,
-                      .message = one + " and " + other + " go in pairs, and there are " + std::to_string(ofOne) +
-                                 " and " + std::to_string(ofOther) + " of them; give as many of each"});
-    }
+    const std::size_t ofOne = number(together.front());
+    for (const std::string& other : std::span(together).subspan(1)) compare(together.front(), ofOne, other);
   }
 }
 
