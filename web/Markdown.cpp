@@ -21,7 +21,7 @@ std::string Trimmed(const std::string& text) {
 // Reads a page line by line, and gathers what belongs together.
 class Reader {
  public:
-  Reader(std::string caption, const LinkTo& linkTo) : caption_(std::move(caption)), linkTo_(linkTo) {}
+  Reader(std::string caption, const LinkTarget& targetOf) : caption_(std::move(caption)), targetOf_(targetOf) {}
 
   Html Read(const std::string& markdown) {
     std::istringstream in(markdown);
@@ -95,10 +95,10 @@ class Reader {
     for (const Html& cell : cells) headings_.emplace_back(cell.IsEmpty() ? Html("Notes") : cell);
   }
 
-  Html Text(const std::string& text) const { return LineAsHtml(text, linkTo_); }
+  Html Text(const std::string& text) const { return LineAsHtml(text, targetOf_); }
 
   std::string caption_;
-  const LinkTo& linkTo_;
+  const LinkTarget& targetOf_;
   Html html_;
   Block block_ = Block::None;
   std::string paragraph_;
@@ -110,26 +110,26 @@ class Reader {
 
 }  // namespace
 
-Html LineAsHtml(const std::string& markdown, const LinkTo& linkTo) {
+Html LineAsHtml(const std::string& markdown, const LinkTarget& targetOf) {
   static const std::regex mark(R"(`([^`]*)`|\*\*([^*]*)\*\*|\[([^\]]*)\]\(([^)]*)\))");
   Html html;
   auto rest = markdown.cbegin();
   for (std::sregex_iterator found(markdown.begin(), markdown.end(), mark), end; found != end; ++found) {
     const std::smatch& match = *found;
     html += std::string(rest, match[0].first);
-    if (match[1].matched) html += Linked(linkTo(match[1]), Element("code", match[1].str()));
-    if (match[2].matched) html += Element("strong", LineAsHtml(match[2], linkTo));
+    if (match[1].matched) html += Linked(targetOf(match[1]), Element("code", match[1].str()));
+    if (match[2].matched) html += Element("strong", LineAsHtml(match[2], targetOf));
     if (match[3].matched) {
       const std::string page = match[4];
-      html += Linked(linkTo(page.substr(0, page.rfind(".md"))), LineAsHtml(match[3], linkTo));
+      html += Linked(targetOf(page.substr(0, page.rfind(".md"))), LineAsHtml(match[3], targetOf));
     }
     rest = match[0].second;
   }
   return html + std::string(rest, markdown.cend());
 }
 
-Html AsHtml(const std::string& markdown, const std::string& caption, const LinkTo& linkTo) {
-  return Reader(caption, linkTo).Read(markdown);
+Html AsHtml(const std::string& markdown, const std::string& caption, const LinkTarget& targetOf) {
+  return Reader(caption, targetOf).Read(markdown);
 }
 
 }  // namespace cordboard::web

@@ -10,11 +10,11 @@
 namespace cordboard::web {
 
 // Where a typed text or the page of a link leads on this site; nothing where it leads nowhere.
-using LinkTo = std::function<std::string(const std::string& typed)>;
+using LinkTarget = std::function<std::string(const std::string& typed)>;
 
 // A heading "# " is left out: it is that of the page. `caption` says what tables are.
-Html AsHtml(const std::string& markdown, const std::string& caption, const LinkTo& linkTo);
+Html AsHtml(const std::string& markdown, const std::string& caption, const LinkTarget& targetOf);
 // The same of the text within a line.
-Html LineAsHtml(const std::string& markdown, const LinkTo& linkTo);
+Html LineAsHtml(const std::string& markdown, const LinkTarget& targetOf);
 
 }  // namespace cordboard::web

@@ -43,7 +43,7 @@ TEST_F(HelpPage, TellsOfWhatThereIsNot) {
 }
 
 TEST(Markdown, BecomesMarkup) {
-  const LinkTo nowhere = [](const std::string& typed) { return typed == "OTHER" ? "/other" : ""; };
+  const LinkTarget nowhere = [](const std::string& typed) { return typed == "OTHER" ? "/other" : ""; };
   const std::string text =
       "# Title\n\nA paragraph\nof `two <lines>`, **with `weight`**.\n\n- one\n- two\n  lines\n\n    as it\n\n      "
       "stands"

@@ -20,7 +20,7 @@ std::string AddressOfHelp(const std::string& command, const std::string& paramet
 }
 
 // A parameter of the form, or a command, leads to its page.
-LinkTo LinksOf(const FormDefinition& form) {
+LinkTarget LinksOf(const FormDefinition& form) {
   return [&form](const std::string& typed) {
     if (form.Find(typed) != nullptr) return AddressOfHelp(form.command, typed);
     const bool isOther = typed != form.command && workbench::FindForm(typed) != nullptr;
@@ -38,7 +38,7 @@ Html Ways(const FormDefinition& form, const std::string& parameter) {
 }
 
 Html OfCommand(const FormDefinition& form) {
-  const LinkTo links = LinksOf(form);
+  const LinkTarget links = LinksOf(form);
   Html content = AsHtml(workbench::Page(form), "Parameters of " + form.command, links);
   const std::string notes = workbench::Notes(form);
   return notes.empty() ? content : content + Element("h2", "Notes") + AsHtml(notes, "Notes", links);
@@ -58,7 +58,7 @@ Html FixedValues(const FormDefinition& form, const ParameterDefinition& paramete
 }
 
 Html OfParameter(const FormDefinition& form, const ParameterDefinition& parameter) {
-  const LinkTo links = LinksOf(form);
+  const LinkTarget links = LinksOf(form);
   Html content = Element("p", LineAsHtml(parameter.title, links));
   const std::string traits = Traits(form, parameter);
   if (!traits.empty()) content += Element("p", LineAsHtml(traits, links));
