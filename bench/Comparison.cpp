@@ -1,5 +1,6 @@
 #include "bench/Comparison.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -49,9 +50,10 @@ struct Times {
 
 // A step without statements of the rules has nothing to compare with them.
 void Line(const char* name, const Times& times, int actions, std::optional<double> bound) {
-  const double library = Median(times.library);
-  const double replay = Median(times.replay);
-  const double rules = Median(times.rules);
+  // The least, since whatever else happens on the machine makes a round longer.
+  const double library = std::ranges::min(times.library);
+  const double replay = std::ranges::min(times.replay);
+  const double rules = std::ranges::min(times.rules);
   std::printf("  %-34s %10.2f %10.2f %10.2f %8.2f", name, library * 1e3, replay * 1e3, rules * 1e3, library / replay);
   rules > 0 ? std::printf(" %9.2f", library / rules) : std::printf(" %9s", "");
   const std::string held = bound ? Held(name, library / replay, *bound) : "";

@@ -1,9 +1,7 @@
 // Measuring time and memory.
 #pragma once
 
-#include <algorithm>
 #include <ctime>
-#include <vector>
 
 namespace cordboard::bench {
 
@@ -18,11 +16,6 @@ double Seconds(Work work) {
   const double begin = now();
   work();
   return now() - begin;
-}
-
-inline double Median(std::vector<double> values) {
-  std::ranges::sort(values);
-  return values[values.size() / 2];
 }
 
 }  // namespace cordboard::bench

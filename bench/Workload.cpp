@@ -37,14 +37,14 @@ void Expect(bool holds, const char* what) {
 }  // namespace
 
 const std::array<Workload::Step, 8> Workload::steps = {
-    {{"add a series of 100 numbers", 0, &Workload::AddSeries, "AddSeries", 0.65, 3750},
+    {{"add a series of 100 numbers", 0, &Workload::AddSeries, "AddSeries", 0.75, 3750},
      {"check one value against its list", checks, &Workload::Check, "Check", 0.6, 30},
      {"list all numbers", lists, &Workload::ListNumbers, "ListNumbers", 1.7, 11000},
-     {"generate, per series", 0, &Workload::Generate, "Generate", 1.6, 131},
-     {"add an extension", 0, &Workload::Add, "Add", 0.75, 595},
-     {"edit an extension", 0, &Workload::Edit, "Edit", 1, 300},
+     {"generate, per series", 0, &Workload::Generate, "Generate", 1.45, 131},
+     {"add an extension", 0, &Workload::Add, "Add", 0.75, 560},
+     {"edit an extension", 0, &Workload::Edit, "Edit", 0.85, 290},
      {"list all free positions", lists, &Workload::ListPositions, "ListPositions", 1.6, 1120},
-     {"delete an extension", 0, &Workload::Delete, "Delete", 0.65, 320}}};
+     {"delete an extension", 0, &Workload::Delete, "Delete", 0.65, 290}}};
 
 Workload::Workload(int series, std::unique_ptr<Exchange> exchange, const workbench::Session::Decorate& decorate)
     : series_(series), exchange_(std::move(exchange)), session_(*exchange_, decorate) {

@@ -22,7 +22,7 @@ namespace cordboard::bench {
 namespace {
 
 constexpr int sizes[] = {10, 100, 1000};
-constexpr int rounds = 5;
+constexpr int rounds = 7;
 
 // The most memory that this program has had, in megabytes.
 double PeakMemory() {
