@@ -1,5 +1,5 @@
 // Statements: the mapper takes a statement or says why not; what it gives is one statement that SQLite prepares or
-// refuses, with as many parameters as it has places.
+// refuses, with as many parameters as it has places. Mapped again it is the same, whatever was mapped before.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -15,7 +15,10 @@ using namespace cordboard::workbench;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const auto exchange = Exchange::CreateInMemory("R7", ReadPlant("example"));
   try {
-    const MappedStatement mapped = Map(std::string_view(reinterpret_cast<const char*>(data), size));
+    const std::string_view statement(reinterpret_cast<const char*>(data), size);
+    const MappedStatement mapped = Map(statement);
+    const MappedStatement again = MapAgain(statement, "");
+    if (again.sql != mapped.sql || again.parameters != mapped.parameters) std::abort();
     exchange->Start();
     try {
       exchange->Dynamic().RunRule(mapped.sql, mapped.parameters);

@@ -6,7 +6,6 @@
 
 namespace cordboard::workbench {
 
-// Neither sign stands in a statement, but as what it is here and in names in brackets.
 std::optional<Shape> ShapeOf(std::string_view statement) {
   Shape shape;
   shape.text.reserve(statement.size());
@@ -35,6 +34,8 @@ std::optional<Shape> ShapeOf(std::string_view statement) {
     } else if (statement[at] == '[') {
       at = EndOfBrackets(statement, at);
       if (at == statement.npos) return std::nullopt;
+    } else if (statement[at] == '?') {
+      return std::nullopt;  // it has no meaning, but as the sign for a number here
     } else {
       ++at;
     }

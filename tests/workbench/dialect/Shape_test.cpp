@@ -51,8 +51,10 @@ TEST(Shape, IsAnotherOneForOtherTokens) {
 TEST(Shape, IsNothingForWhatHasToBeLookedAtAsAWhole) {
   EXPECT_EQ(ShapeText("SELECT a FROM t WHERE b LIKE '[1-2]%'"), "none");
   EXPECT_EQ(ShapeText("SELECT a FROM t WHERE b LIKE '1%'"), "SELECT a FROM t WHERE b LIKE '");
-  for (const char* broken : {"SELECT a FROM t WHERE b = 'x", "SELECT [a FROM t", "SELECT a FROM t WHERE b = 1e999"})
+  for (const char* broken : {"SELECT a FROM t WHERE b = 'x", "SELECT [a FROM t", "SELECT a FROM t WHERE b = 1e999",
+                             "SELECT a FROM t WHERE b = ?"})
     EXPECT_EQ(ShapeText(broken), "none") << broken;
+  EXPECT_EQ(ShapeText("SELECT [a?] FROM t"), "SELECT [a?] FROM t");
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "script/Conversions.h"
 #include "workbench/dialect/Mapper.h"
 #include "workbench/support/TestDatabase.h"
 
@@ -158,24 +159,48 @@ TEST_F(Statements, FailForAValueWithAQuote) {
   }
 }
 
-TEST_F(Statements, FailCleanlyWhereTheyAreDamaged) {
-  std::mt19937 random(1);  // the same damage in every run
+// One of the statements, with some signs more or less.
+string Damaged(std::mt19937& random) {
   const auto below = [&](std::size_t limit) { return random() % limit; };
   const string pieces = "()[]'\",.*=<>;-/ %_\n?:@aZ0\xFF";
-  for (int round = 0; round < 20000; ++round) {
-    const json& row = Bench()[below(Bench().size())];
-    string statement = Filled(row.at("statement"), "100", "7");
-    const string& other = Bench()[below(Bench().size())].at("statement").get_ref<const string&>();
-    for (std::size_t damage = 0; damage <= below(3); ++damage) {
-      const std::size_t at = below(statement.size() + 1);
-      switch (below(4)) {
-        case 0: statement.insert(at, 1, pieces[below(pieces.size())]); break;
-        case 1: statement.erase(at, 1 + below(8)); break;
-        case 2: statement.insert(at, other.substr(below(other.size()), below(20))); break;
-        default: statement.resize(at); break;
-      }
+  const json& row = Bench()[below(Bench().size())];
+  string statement = Filled(row.at("statement"), "100", "7");
+  const string& other = Bench()[below(Bench().size())].at("statement").get_ref<const string&>();
+  for (std::size_t damage = 0; damage <= below(3); ++damage) {
+    const std::size_t at = below(statement.size() + 1);
+    switch (below(4)) {
+      case 0: statement.insert(at, 1, pieces[below(pieces.size())]); break;
+      case 1: statement.erase(at, 1 + below(8)); break;
+      case 2: statement.insert(at, other.substr(below(other.size()), below(20))); break;
+      default: statement.resize(at); break;
     }
-    Refusal(dynamic(), statement);
+  }
+  return statement;
+}
+
+TEST_F(Statements, FailCleanlyWhereTheyAreDamaged) {
+  std::mt19937 random(1);  // the same damage in every run
+  for (int round = 0; round < 20000; ++round) Refusal(dynamic(), Damaged(random));
+}
+
+// What is kept of a statement is told of none that is another one but for its literals.
+TEST_F(Statements, AreMappedTheSameAgainAlsoWhereTheyAreDamaged) {
+  const auto told = [](const string& statement, auto map) {
+    try {
+      const MappedStatement mapped = map(statement, "");
+      string text = mapped.sql + " " + std::to_string(mapped.order);
+      for (const Value& parameter : mapped.parameters)
+        text += (parameter.IsText() ? " '" : parameter.IsTruth() ? " truth " : " ") + Joined(parameter);
+      return text;
+    } catch (const DialectError& error) {
+      return string(error.what());
+    }
+  };
+  std::mt19937 random(2);
+  for (int round = 0; round < 10000; ++round) {
+    const json& row = Bench()[random() % Bench().size()];
+    for (const string& statement : {Filled(row.at("statement"), std::to_string(random() % 100), "7"), Damaged(random)})
+      ASSERT_EQ(told(statement, MapAgain), told(statement, Map)) << statement;
   }
 }
 
