@@ -135,7 +135,7 @@ void InStepAreAsMany(Filling& filling) {
   };
   const auto isElsewhere = [&](const std::string& name) { return filling.definition().IsElsewhere(name); };
   for (const std::vector<std::string>& together : filling.definition().inStep) {
-    if (std::ranges::any_of(together, isElsewhere)) continue;
+    if (together.empty() || std::ranges::any_of(together, isElsewhere)) continue;
     const std::size_t ofOne = number(together.front());
     for (const std::string& other : std::span(together).subspan(1)) compare(together.front(), ofOne, other);
   }

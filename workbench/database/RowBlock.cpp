@@ -129,7 +129,9 @@ BlockOfRows::Now BlockOfRows::Look() {
     run.clear();
   };
   EachRow([&](std::int64_t place, std::string_view before) {
-    if (!run.empty() && (place != run.back().first + 1 || run.size() == longestRun)) lookAtRun();
+    // In a damaged block the last place of all may be followed by another one.
+    const bool goesOn = !run.empty() && run.back().first < place && place - 1 == run.back().first;
+    if (!run.empty() && (!goesOn || run.size() == longestRun)) lookAtRun();
     run.emplace_back(place, before);
   });
   if (!run.empty()) lookAtRun();

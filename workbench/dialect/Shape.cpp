@@ -7,6 +7,7 @@
 namespace cordboard::workbench {
 
 std::optional<Shape> ShapeOf(std::string_view statement) {
+  if (statement.find('\0') != statement.npos) return std::nullopt;  // no literal holds one either
   Shape shape;
   shape.text.reserve(statement.size());
   std::size_t from = 0;  // what is left to copy

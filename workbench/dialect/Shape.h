@@ -17,7 +17,7 @@ struct Shape {
 };
 
 // Nothing for a statement that has to be looked at as a whole: a text with a character class may be the pattern of a
-// LIKE and decide what becomes of it, and what is no literal is for the mapper to refuse.
+// LIKE and decide what becomes of it, and what belongs in no statement is for the mapper to refuse.
 std::optional<Shape> ShapeOf(std::string_view statement);
 
 }  // namespace cordboard::workbench

@@ -102,9 +102,12 @@ TEST(Mapper, MapsStatementsThatComeAgainTheSame) {
 
 TEST(Mapper, RefusesWhatComesAgainAsItDoesAtFirst) {
   MapAgain("SELECT a0 FROM t WHERE b = 1", "");
-  for (const string& statement : {string("SELECT"), string("SELECT a-5 FROM t WHERE b = 1"),
-                                  string("SELECT a0 FROM t WHERE b = 1e999"), string("SELECT a0 FROM t WHERE b = 'x"),
-                                  string("SELECT a0 FROM t WHERE b = 1") + string(longestStatement, ' ')}) {
+  MapAgain("SELECT a0 FROM t WHERE b = 'x'", "");
+  for (const string& statement :
+       {string("SELECT"), string("SELECT a-5 FROM t WHERE b = 1"), string("SELECT a0 FROM t WHERE b = 1e999"),
+        string("SELECT a0 FROM t WHERE b = 'x"), string("SELECT a0 FROM t WHERE b = ?"),
+        string("SELECT a0 FROM t WHERE b = 'x\0y'", 32),
+        string("SELECT a0 FROM t WHERE b = 1") + string(longestStatement, ' ')}) {
     const auto why = [&statement](auto map) {
       try {
         map(statement, "");

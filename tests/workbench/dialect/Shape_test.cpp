@@ -55,6 +55,7 @@ TEST(Shape, IsNothingForWhatHasToBeLookedAtAsAWhole) {
                              "SELECT a FROM t WHERE b = ?"})
     EXPECT_EQ(ShapeText(broken), "none") << broken;
   EXPECT_EQ(ShapeText("SELECT [a?] FROM t"), "SELECT [a?] FROM t");
+  EXPECT_EQ(ShapeText(string("SELECT a FROM t WHERE b = 'x\0y'", 31)), "none");
 }
 
 }  // namespace
