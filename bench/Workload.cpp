@@ -37,7 +37,7 @@ void Expect(bool holds, const char* what) {
 }  // namespace
 
 const std::array<Workload::Step, 8> Workload::steps = {
-    {{"add a series of 100 numbers", 0, &Workload::AddSeries, "AddSeries", 0.75, 3750},
+    {{"add a series of 100 numbers", 0, &Workload::AddSeries, "AddSeries", 0.65, 3750},
      {"check one value against its list", checks, &Workload::Check, "Check", 0.6, 30},
      {"list all numbers", lists, &Workload::ListNumbers, "ListNumbers", 1.7, 11000},
      {"generate, per series", 0, &Workload::Generate, "Generate", 1.45, 131},

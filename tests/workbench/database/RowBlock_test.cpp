@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <limits>
+
 #include "workbench/text/Sum.h"
 
 namespace cordboard::workbench {
@@ -56,6 +59,15 @@ TEST_F(RowBlockTest, IsLookedAtRowByRowHoweverTheyLie) {
     EXPECT_EQ(now.sum, sum);
     EXPECT_FALSE(now.differs);
   }
+}
+
+// No database gives such places; a block that somebody has altered may.
+TEST_F(RowBlockTest, TakesTheLastPlaceOfAllBeforeAndAfterOthers) {
+  RowBlock block{.table = "t"};
+  for (const std::int64_t place : {std::numeric_limits<std::int64_t>::max(), std::numeric_limits<std::int64_t>::min(),
+                                   std::numeric_limits<std::int64_t>::max()})
+    block.Append(place, std::nullopt);
+  EXPECT_FALSE(BlockOfRows(database_, block).Look().differs);
 }
 
 TEST_F(RowBlockTest, TellsWhereOneOfItsRowsIsAnotherHasGoneOrCome) {
