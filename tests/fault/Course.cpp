@@ -18,6 +18,24 @@ List ParamListOf(const Scenario& scenario, const Deed& deed) {
 
 bool IsTrue(const TracedCall& call) { return call.answer.starts_with("True"); }
 
+// The lines that only one of two contents of the tables has.
+std::string Difference(const std::string& before, const std::string& after) {
+  const auto lines = [](const std::string& text) {
+    std::multiset<std::string> all;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) all.insert(line);
+    return all;
+  };
+  std::vector<std::string> gone;
+  std::vector<std::string> come;
+  std::ranges::set_difference(lines(before), lines(after), std::back_inserter(gone));
+  std::ranges::set_difference(lines(after), lines(before), std::back_inserter(come));
+  std::string text;
+  for (const std::string& line : gone) text += "  - " + line + "\n";
+  for (const std::string& line : come) text += "  + " + line + "\n";
+  return text.empty() ? "the order of the rows differs\n" : text;
+}
+
 }  // namespace
 
 // Texts in single quotes and digits are values.
@@ -84,35 +102,19 @@ std::string Course::Transcript() const {
   return text + "  => " + (failure ? *failure : answer ? "True" : "False") + "\n";
 }
 
-std::string Difference(const std::string& before, const std::string& after) {
-  const auto lines = [](const std::string& text) {
-    std::multiset<std::string> all;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) all.insert(line);
-    return all;
-  };
-  std::vector<std::string> gone;
-  std::vector<std::string> come;
-  std::ranges::set_difference(lines(before), lines(after), std::back_inserter(gone));
-  std::ranges::set_difference(lines(after), lines(before), std::back_inserter(come));
-  std::string text;
-  for (const std::string& line : gone) text += "  - " + line + "\n";
-  for (const std::string& line : come) text += "  + " + line + "\n";
-  return text.empty() ? "the order of the rows differs\n" : text;
-}
-
-Course Go(World& world, const std::string& before, const Scenario& scenario, const Deed& deed, std::size_t wrongCall,
-          Fault fault) {
+Course Go(World& world, const Scenario& scenario, const Deed& deed, std::size_t wrongCall, Fault fault) {
   Course course;
-  workbench::Transaction undone(world.exchange());
-  std::shared_ptr<TracingHost> trace;
+  std::set<std::string> touched;
+  std::string after;
   {
+    workbench::Transaction undone(world.exchange());
+    std::shared_ptr<TracingHost> trace;
     workbench::Session session(world.exchange(), [&](std::shared_ptr<Host> workbench) {
       return trace = std::make_shared<TracingHost>(std::make_shared<FailingHost>(workbench, wrongCall, fault));
     });
     session.host().OpenForm(scenario.form.definition()) = scenario.form;
     session.host().Checking(deed.parameter);
-    const auto changes = world.Changes();
+    world.TakeTouched();
     course.openBefore = world.exchange().OpenTransactions();
     try {
       const workbench::RunResult result =
@@ -127,11 +129,12 @@ Course Go(World& world, const std::string& before, const Scenario& scenario, con
     // A session shows a box among its messages, where it is the one without a code.
     course.box =
         std::ranges::any_of(session.host().TakeMessages(), [](const auto& shown) { return shown.code.empty(); });
-    if (!course.Succeeded() && world.Changes() != changes) {
-      std::string after = world.Dump();
-      if (after != before) course.left = std::move(after);
-    }
+    if (course.Succeeded()) return course;
+    touched = world.TakeTouched();
+    after = world.Dump(touched);
   }
+  // What was before is there again: to note it before would cost as much for each action that is well.
+  if (const std::string before = world.Dump(touched); before != after) course.left = Difference(before, after);
   return course;
 }
 

@@ -27,7 +27,7 @@ struct Course {
   bool box = false;                    // whether a message box was shown
   int openBefore = 0;                  // transactions
   int openAfter = 0;
-  std::string left;  // the content of the tables, where an action that answers False or fails has changed it
+  std::string left;  // what an action that answers False or fails has changed in the tables: lines gone, lines come
 
   bool Succeeded() const { return answer && !failure; }
   // How often an operation was called, and how often with the answer True.
@@ -46,11 +46,8 @@ struct Course {
 std::string WithoutValues(const std::string& call);
 std::string OperationOf(const TracedCall& call);
 
-// The lines that only one of two contents of the tables has.
-std::string Difference(const std::string& before, const std::string& after);
-
-// Runs the deed and undoes what it did. `before` is the content of the tables.
-Course Go(World& world, const std::string& before, const Scenario& scenario, const Deed& deed,
-          std::size_t wrongCall = 0, Fault fault = Fault::Fails);
+// Runs the deed and undoes what it did.
+Course Go(World& world, const Scenario& scenario, const Deed& deed, std::size_t wrongCall = 0,
+          Fault fault = Fault::Fails);
 
 }  // namespace cordboard

@@ -1,6 +1,7 @@
 #include "fault/World.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "script/Conversions.h"
 #include "workbench/data/Resources.h"
@@ -41,15 +42,31 @@ RowSet Rows(Connection& database, const std::string& stored) {
   return database.Run("SELECT * FROM " + stored + " ORDER BY rowid");
 }
 
-// Puts all rows of a database into one text, in one statement: a test does so thousands of times.
-std::string DumpStatement(const DatabaseSchema& database) {
-  std::string rows;
-  for (const Table& table : database.tables) {
-    rows += (rows.empty() ? "SELECT '" : " UNION ALL SELECT '") + database.prefix + table.name + ":'";
-    for (const Column& column : table.columns) rows += " || ' ' || quote([" + column.name + "])";
-    rows += " AS line FROM " + database.Stored(table.name);
+bool HasNull(const RowSet& rows) {
+  for (std::size_t column = 0; column < rows.ColumnCount(); ++column) {
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+      if (rows[column][row].IsNull()) return true;
+    }
   }
-  return "SELECT group_concat(line, x'0A') FROM (" + rows + ")";
+  return false;
+}
+
+// Puts all rows of a table into one text, each with the table's name.
+std::string DumpStatement(const DatabaseSchema& database, const Table& table) {
+  std::string row = "'" + database.prefix + table.name + ":'";
+  for (const Column& column : table.columns) row += " || ' ' || quote([" + column.name + "])";
+  return "SELECT group_concat(" + row + ", x'0A') FROM " + database.Stored(table.name);
+}
+
+// By the names under which the tables are stored. Beside them are those that the workbench has for itself.
+std::map<std::string, std::string> DumpStatements() {
+  std::map<std::string, std::string> statements;
+  for (const char* selector : {"dynamic", "site"}) {
+    const DatabaseSchema& database = Tables().Database(selector);
+    for (const Table& table : database.tables)
+      statements[database.prefix + table.name] = DumpStatement(database, table);
+  }
+  return statements;
 }
 
 Value AsText(const Value& value) { return value.IsNull() ? value : Value(Joined(value)); }
@@ -84,12 +101,16 @@ World::World(const std::string& release) {
       FillTable(*exchange_->Database(selector), database.Stored(table.name), table, random);
   }
   fixed.Execute("PRAGMA query_only = 1");
+  exchange_->Dynamic().Listen(*this);
 }
+
+World::~World() { exchange_->Dynamic().StopListening(*this); }
 
 // A table that the plant or the release has filled keeps its rows; what is null there gets values in most rows.
 void World::FillTable(Connection& database, const std::string& stored, const Table& table, Random& random) {
   if (IsOutput(table)) return;
   const RowSet given = Rows(database, stored);
+  if (!given.IsEmpty() && !HasNull(given)) return Learn(table, given);
   database.Run("DELETE FROM " + stored);
   const std::size_t count = given.IsEmpty() ? rowsPerTable : given.RowCount();
   for (std::size_t row = 0; row < count; ++row) {
@@ -170,12 +191,16 @@ Value World::ValueFor(const std::string& command, const std::string& parameter, 
   }
 }
 
-Value World::Changes() { return exchange_->Dynamic().Single("SELECT total_changes()"); }
+std::set<std::string> World::TakeTouched() { return std::exchange(touched_, {}); }
 
-std::string World::Dump() {
-  static const std::string dynamic = DumpStatement(Tables().Database("dynamic"));
-  static const std::string site = DumpStatement(Tables().Database("site"));
-  return Joined(exchange_->Dynamic().Single(dynamic)) + "\n" + Joined(exchange_->Dynamic().Single(site));
+std::string World::Dump(const std::set<std::string>& tables) {
+  static const std::map<std::string, std::string> statements = DumpStatements();
+  std::string content;
+  for (const std::string& table : tables) {
+    if (const auto found = statements.find(table); found != statements.end())
+      content += Joined(exchange_->Dynamic().Single(found->second)) + "\n";
+  }
+  return content;
 }
 
 }  // namespace cordboard

@@ -4,18 +4,23 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "fault/Random.h"
+#include "workbench/database/RowHook.h"
 #include "workbench/database/Schema.h"
 #include "workbench/exchange/Exchange.h"
 
 namespace cordboard {
 
-class World {
+class World : private workbench::RowListener {
  public:
   explicit World(const std::string& release);
+  ~World();
+  World(const World&) = delete;
+  World& operator=(const World&) = delete;
 
   workbench::Exchange& exchange() { return *exchange_; }
 
@@ -27,12 +32,14 @@ class World {
   // letters, nothing, or a text that breaks a statement. Values that are had for the same row tend to belong together.
   Value ValueFor(const std::string& command, const std::string& parameter, std::size_t row, Random& random);
 
-  // A number that grows with every change of a row, also with one that is rolled back.
-  Value Changes();
-  // The content of all tables, a row a line.
-  std::string Dump();
+  // Of which tables rows have been changed since this was asked last, also where that was rolled back.
+  std::set<std::string> TakeTouched();
+  // The content of these tables, a row a line.
+  std::string Dump(const std::set<std::string>& tables);
 
  private:
+  void BeforeChange(const workbench::RowTouch& touch) noexcept override { touched_.insert(touch.table()); }
+
   void FillTable(workbench::Connection& database, const std::string& stored, const workbench::Table& table,
                  Random& random);
   Value CellFor(const workbench::Table& table, const workbench::Column& column, std::size_t row, Random& random);
@@ -42,6 +49,7 @@ class World {
 
   std::unique_ptr<workbench::Exchange> exchange_;
   std::map<std::string, std::vector<Value>> known_;  // by name of a column or a parameter, in capitals
+  std::set<std::string> touched_;
 };
 
 }  // namespace cordboard
