@@ -12,15 +12,14 @@
 #include "workbench/actions/Filling.h"
 #include "workbench/actions/Generation.h"
 #include "workbench/exchange/Exchange.h"
-#include "workbench/exchange/Plant.h"
 #include "workbench/plans/PlanLine.h"
+#include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
 
 class Road {
  public:
-  explicit Road(const std::string& release = "R7")
-      : exchange_(Exchange::CreateInMemory(release, ReadPlant("example"))), session_(*exchange_) {}
+  explicit Road(const std::string& release = "R7") : exchange_(ExampleExchange(release)), session_(*exchange_) {}
 
   Exchange& exchange() { return *exchange_; }
   Session& session() { return session_; }

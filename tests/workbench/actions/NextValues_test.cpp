@@ -5,9 +5,9 @@
 #include <sstream>
 
 #include "script/Conversions.h"
-#include "workbench/exchange/Plant.h"
 #include "workbench/plans/Plan.h"
 #include "workbench/plans/PlanLine.h"
+#include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -46,7 +46,7 @@ class NextValues : public testing::Test {
   Exchange& exchange() { return *exchange_; }
 
  private:
-  std::unique_ptr<Exchange> exchange_ = Exchange::CreateInMemory("R7", ReadPlant("example"));
+  std::unique_ptr<Exchange> exchange_ = ExampleExchange("R7");
   Session session_{*exchange_};
 };
 

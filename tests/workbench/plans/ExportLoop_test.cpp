@@ -13,6 +13,7 @@
 #include "workbench/plans/Export.h"
 #include "workbench/support/ExamplePlans.h"
 #include "workbench/support/RandomActions.h"
+#include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -47,7 +48,7 @@ std::string Told(const std::vector<TableDifference>& tables) {
 }
 
 struct ExportLoop : testing::TestWithParam<std::string> {
-  std::unique_ptr<Exchange> New() const { return Exchange::CreateInMemory(GetParam(), ReadPlant("example")); }
+  std::unique_ptr<Exchange> New() const { return ExampleExchange(GetParam()); }
 
   // The exchange of the first example plans and of random lines.
   std::unique_ptr<Exchange> Made(unsigned seed, std::size_t plans, bool addsAlone) {

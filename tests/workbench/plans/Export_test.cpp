@@ -6,6 +6,7 @@
 
 #include "support/Road.h"
 #include "workbench/support/ExamplePlans.h"
+#include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -21,7 +22,7 @@ using Texts = std::vector<std::string>;
 
 // An exchange of some lines; nobody has a session on it any longer.
 std::unique_ptr<Exchange> Made(const Texts& plans, const Texts& lines, const std::string& release = "R7") {
-  auto exchange = Exchange::CreateInMemory(release, ReadPlant("example"));
+  auto exchange = ExampleExchange(release);
   Session session(*exchange);
   for (const std::string& plan : plans) EXPECT_TRUE(ApplyExamplePlan(session, plan).kept) << plan;
   for (const std::string& line : lines) EXPECT_TRUE(Perform(session, *ParsePlanLine(line)).done) << line;

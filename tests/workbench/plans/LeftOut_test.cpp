@@ -7,6 +7,7 @@
 #include "support/Road.h"
 #include "workbench/actions/Generation.h"
 #include "workbench/support/ExamplePlans.h"
+#include "workbench/support/TestExchange.h"
 #include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {
@@ -16,7 +17,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::vector<std::string> LeftOutOf(const std::string& release, const std::vector<std::string>& plans) {
-  const auto exchange = Exchange::CreateInMemory(release, ReadPlant("example"));
+  const auto exchange = ExampleExchange(release);
   {
     Session session(*exchange);
     for (const std::string& plan : plans) EXPECT_TRUE(ApplyExamplePlan(session, plan).kept) << plan;

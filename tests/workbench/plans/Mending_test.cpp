@@ -7,6 +7,7 @@
 #include "support/Road.h"
 #include "workbench/plans/PlanLine.h"
 #include "workbench/support/ExamplePlans.h"
+#include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -19,7 +20,7 @@ using Texts = std::vector<std::string>;
 class LeftBehindIn : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    example_ = Exchange::CreateInMemory("R7", ReadPlant("example"));
+    example_ = ExampleExchange("R7");
     Session session(*example_);
     for (const std::string& plan : ExamplePlans()) ASSERT_TRUE(ApplyExamplePlan(session, plan).kept) << plan;
     ofExample_ = MendedNow(session);

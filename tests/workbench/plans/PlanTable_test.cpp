@@ -7,6 +7,7 @@
 #include "support/Road.h"
 #include "workbench/plans/Export.h"
 #include "workbench/support/ExamplePlans.h"
+#include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
 namespace {
@@ -80,7 +81,7 @@ TEST(PlanTable, WhatIsWrittenIsReadAsItWas) {
 
 // Each command's records as a table, on an exchange that has all but them.
 TEST(PlanTable, TheTableOfACommandMakesItsRecordsAgain) {
-  const auto exchange = Exchange::CreateInMemory("R7", ReadPlant("example"));
+  const auto exchange = ExampleExchange("R7");
   {
     Session session(*exchange);
     for (const char* plan : {"example.plan", "extensions.plan"}) ASSERT_TRUE(ApplyExamplePlan(session, plan).kept);
@@ -93,7 +94,7 @@ TEST(PlanTable, TheTableOfACommandMakesItsRecordsAgain) {
       if (line.command == command) adds.push_back(*ParsePlanLine(line.text));
       if (adds.empty()) before.push_back(line);
     }
-    const auto again = Exchange::CreateInMemory("R7", ReadPlant("example"));
+    const auto again = ExampleExchange("R7");
     Session session(*again);
     EXPECT_EQ(ApplyText(session, "before", Written(before)).refused, 0);
     std::istringstream in("\xEF\xBB\xBF" + WrittenTable(form, adds));

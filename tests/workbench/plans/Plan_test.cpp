@@ -5,6 +5,7 @@
 
 #include <sstream>
 
+#include "workbench/exchange/Plant.h"
 #include "workbench/plans/PlanLine.h"
 #include "workbench/support/TemporaryFolder.h"
 #include "workbench/support/TestExchange.h"
@@ -43,7 +44,7 @@ class PlanTest : public testing::Test {
 
   std::string Numbers() { return Rows(*exchange_, "SELECT NUMSE FROM NANSI ORDER BY rowid"); }
 
-  std::unique_ptr<Exchange> exchange_ = ExampleExchange();
+  std::unique_ptr<Exchange> exchange_ = Exchange::CreateInMemory("R7", ReadPlant("example"));
   Session session_{*exchange_};
 };
 

@@ -17,9 +17,9 @@
 #include "workbench/actions/Generation.h"
 #include "workbench/data/Resources.h"
 #include "workbench/exchange/Exchange.h"
-#include "workbench/exchange/Plant.h"
 #include "workbench/plans/Plan.h"
 #include "workbench/plans/PlanLine.h"
+#include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
 
@@ -28,7 +28,7 @@ class RoadTest : public testing::Test {
   // Opens another exchange in place of the present one.
   void OpenNew(const std::string& release) {
     session_.reset();
-    exchange_ = Exchange::CreateInMemory(release, ReadPlant("example"));
+    exchange_ = ExampleExchange(release);
     session_.emplace(*exchange_);
   }
 

@@ -1,18 +1,25 @@
 // An exchange in memory with the example plant, and short ways to look into it.
 #pragma once
 
+#include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <string>
 
 #include "script/TracingHost.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
+#include "workbench/support/TemporaryFolder.h"
 
 namespace cordboard::workbench {
 
+// A copy of one that is made once for its release: to make its tables takes much longer than to read them.
 inline std::unique_ptr<Exchange> ExampleExchange(const std::string& release = "R7") {
-  static const Plant plant = ReadPlant("example");
-  return Exchange::CreateInMemory(release, plant);
+  static const TemporaryFolder made;
+  std::string name = release;
+  std::ranges::replace(name, '/', '-');
+  if (!std::filesystem::exists(made / name)) Exchange::Create(made / name, release, ReadPlant("example"));
+  return Exchange::OpenForReading(made / name);
 }
 
 // The rows of a query as one text, [column][row].
