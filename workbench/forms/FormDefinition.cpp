@@ -1,7 +1,6 @@
 #include "workbench/forms/FormDefinition.h"
 
 #include <algorithm>
-#include <charconv>
 #include <filesystem>
 #include <map>
 
@@ -11,111 +10,6 @@
 #include "workbench/forms/FormReader.h"
 
 namespace cordboard::workbench {
-
-namespace {
-
-using Source = ParameterFlag::Source;
-
-constexpr ParameterFlag flags[] = {
-    {"mandatory", &ParameterDefinition::mandatory, Source::Form, "has to be given"},
-    {"multiple", &ParameterDefinition::multiple, Source::Form, "several (`1&2`)"},
-    {"range", &ParameterDefinition::range, Source::Form, "range (`1&&9`)"},
-    {"oneInEdit", &ParameterDefinition::oneInEdit, Source::Form, "one value in an edit"},
-    {"list", &ParameterDefinition::list, Source::Library, "list"},
-    {"fixed", &ParameterDefinition::fixed, Source::Library, "list"},
-    {"unique", &ParameterDefinition::unique, Source::Form, "one record each"},
-    {"check", &ParameterDefinition::check, Source::Library, "check"},
-    {"next", &ParameterDefinition::next, Source::Form, "next"},
-    {"addOnly", &ParameterDefinition::addOnly, Source::Form, "when a record is added"},
-    {"address", &ParameterDefinition::address, Source::Form, "address (`10.0.0.5`)"},
-    {"secret", &ParameterDefinition::secret, Source::Form, "shown as `***`"},
-    {"reuse", &ParameterDefinition::reuse, Source::Form, ""},
-    {"text", &ParameterDefinition::text, Source::Form, ""},
-    {"firstToRules", &ParameterDefinition::firstToRules, Source::Form, ""},
-    {"onlyGiven", &ParameterDefinition::onlyGiven, Source::Form, ""},
-};
-
-}  // namespace
-
-std::span<const ParameterFlag> ParameterFlags() { return flags; }
-
-bool Numbers::Has(std::string_view text) const {
-  long number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  return error == std::errc() && end == text.data() + text.size() && number >= from && number <= to;
-}
-
-bool ParameterDefinition::IsIn(std::string_view release) const {
-  return releases.empty() || std::ranges::find(releases, release) != releases.end();
-}
-
-bool DigitPlace::Has(std::string_view name) const {
-  return name == digit || std::ranges::find(parameters, name) != parameters.end();
-}
-
-bool Folding::Has(std::string_view subDigit) const {
-  return std::ranges::any_of(places, [&](const DigitPlace& place) { return place.Has(subDigit); });
-}
-
-FoldingList::FoldingList() {
-  static const auto none = std::make_shared<const Kept>();
-  kept_ = none;
-}
-
-FoldingList::FoldingList(std::vector<Folding> foldings) {
-  const auto kept = std::make_shared<Kept>(Kept{std::move(foldings)});
-  const auto named = [&](const std::string& name) -> FoldedName& {
-    return kept->names.try_emplace(name, FoldedName{.slot = kept->names.size()}).first->second;
-  };
-  const auto slotIn = [&](const std::string& name, const Folding& folding) {
-    FoldedName& digit = named(name);
-    if (digit.with.empty() || digit.with.back() != &folding) digit.with.push_back(&folding);
-    return digit.slot;
-  };
-  for (Folding& folding : kept->all) {
-    FoldedName& whole = named(folding.parameter);
-    whole.of.push_back(&folding);
-    folding.slot = whole.slot;
-    for (DigitPlace& place : folding.places) {
-      if (!place.digit.empty()) place.digitSlot = slotIn(place.digit, folding);
-      place.slots.clear();
-      for (const std::string& parameter : place.parameters) place.slots.push_back(slotIn(parameter, folding));
-    }
-  }
-  kept_ = kept;
-}
-
-const FoldedName* FoldingList::Find(std::string_view name) const {
-  const auto found = kept_->names.find(name);
-  return found == kept_->names.end() ? nullptr : &found->second;
-}
-
-const std::vector<const Folding*>& FoldingList::Of(std::string_view whole) const {
-  static const std::vector<const Folding*> none;
-  const FoldedName* name = Find(whole);
-  return name == nullptr ? none : name->of;
-}
-
-const std::vector<const Folding*>& FoldingList::With(std::string_view subDigit) const {
-  static const std::vector<const Folding*> none;
-  const FoldedName* name = Find(subDigit);
-  return name == nullptr ? none : name->with;
-}
-
-ParameterList::ParameterList(std::vector<ParameterDefinition> parameters) {
-  for (ParameterDefinition& parameter : parameters) push_back(std::move(parameter));
-}
-
-// Of two with one name the first is meant.
-void ParameterList::push_back(ParameterDefinition parameter) {
-  places_.try_emplace(parameter.name, all_.size());
-  all_.push_back(std::move(parameter));
-}
-
-std::size_t ParameterList::PlaceOf(std::string_view name) const {
-  const auto found = places_.find(name);
-  return found == places_.end() ? all_.size() : found->second;
-}
 
 const DatabaseSchema& FormDefinition::Database() const { return ShippedSchema().Database(database); }
 

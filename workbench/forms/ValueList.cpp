@@ -2,14 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <limits>
 #include <memory>
 #include <optional>
 #include <unordered_set>
-
-#include "script/Conversions.h"
-#include "workbench/database/Connection.h"
-#include "workbench/exchange/PoolList.h"
 
 namespace cordboard::workbench {
 
@@ -28,106 +23,18 @@ bool Within(const std::string& value, long long from, long long to) {
   return number && *number >= from && *number <= to;
 }
 
-// A statement, and the question for one of its values once somebody has asked.
-struct RowList {
-  ListStatement all;
-  std::optional<ListStatement> one = {};
-};
-
-// Whether a row has the value, which it is asked for as a text or as a number. A number column finds '1' by '01' too,
-// so that what was found is looked at once more.
-bool GivesAs(const Value& asked, const RowList& list, const std::string& value) {
-  std::vector<Value> parameters = list.one->parameters;
-  parameters.push_back(asked);
-  const RowSet found = list.one->database->RunRule(list.one->sql, parameters);
-  return !found.IsEmpty() && Joined(found[0][0]) == value;
-}
-
-// Whether a row of the statement has the value in its first column. A column without a type keeps texts and numbers
-// apart. The two questions are not one with IN, for which the database would make a table each time.
-bool Gives(RowList& list, const std::string& value) {
-  if (!list.one) list.one = Membership(list.all);
-  if (GivesAs(value, list, value)) return true;
-  return IsNumeric(value) && Joined(ToNumber(value)) == value && GivesAs(ToNumber(value), list, value);
-}
-
-constexpr std::size_t smallestPage = 16;
-constexpr std::size_t wholePage = std::numeric_limits<std::size_t>::max();
 constexpr std::size_t lookUpsOfFirst = 5000;  // before what they look for is read whole
 
-// Of a list of which one value is wanted that is free, mostly the first that is free is this one: a look-up tells.
-// Gives whether `take` wants no more.
-template <typename Take>
-bool OfferFront(RowList& list, const std::string& unusedOf, const Take& take) {
-  const std::string front = FrontOfPool(list.all, unusedOf);
-  return !front.empty() && Gives(list, front) && !take(front, "");
-}
-
-// Gives whether `take` wants more than the rows from `row` on.
-template <typename Take>
-bool OfferEach(const RowSet& rows, const Take& take, std::size_t row = 0) {
-  for (; row < rows.RowCount(); ++row) {
-    if (rows[0][row].IsNull() || rows[0][row].IsEmptyText()) continue;
-    if (!take(Joined(rows[0][row]), rows.ColumnCount() > 1 ? Joined(rows[1][row]) : "")) return false;
-  }
-  return true;
-}
-
-// Gives false where the list draws from no pool.
-template <typename Take>
-bool OfferFromPool(const ListStatement& statement, std::size_t count, const std::string& unusedOf, const Take& take) {
-  for (std::size_t offered = 0;; offered = count, count *= 2) {
-    const std::optional<RowSet> rows = FirstOfPool(statement, count, unusedOf);
-    if (!rows) return false;
-    if (!OfferEach(*rows, take, offered) || rows->RowCount() < count) return true;
-  }
-}
-
-// The pages grow, so that the first rows of many cost little; a whole list is read at once.
-template <typename Take>
-void OfferRows(const ListStatement& statement, std::size_t page, const std::string& unusedOf, const Take& take) {
-  if (page == wholePage) {
-    statement.database->ReadRule(statement.sql, statement.parameters, [&take](auto value, auto description) {
-      return value.empty() || take(value, description);
-    });
-    return;
-  }
-  if (OfferFromPool(statement, page, unusedOf, take)) return;
-  page = std::max(page, smallestPage);
-  for (std::size_t offset = 0;; offset += page, page *= 2) {
-    std::vector<Value> parameters = statement.parameters;
-    parameters.emplace_back(page);
-    parameters.emplace_back(offset);
-    const RowSet rows = statement.database->RunRule(statement.sql + " LIMIT ? OFFSET ?", parameters);
-    if (!OfferEach(rows, take) || rows.RowCount() < page) return;
-  }
-}
-
 }  // namespace
-
-ListStatement Membership(const ListStatement& list) {
-  std::string columns = "v";
-  for (int i = 1; i < list.database->PrepareRule(list.sql); ++i) columns += ", c" + std::to_string(i);
-  // Sorted or grouped rows would all have to be made.
-  const std::string rows = list.sql.substr(0, list.order);
-  // Few rows have the value: an index of it is better than one of what else they have in common.
-  return {list.database,
-          "WITH list(" + columns + ") AS (" + rows + ") SELECT v FROM list WHERE likelihood(v = ?, 0.0000001) LIMIT 1",
-          list.parameters};
-}
 
 // --- Values.
 
 ValueList::Values ValueList::Rows(ListStatement statement) {
-  const auto rows = std::make_shared<RowList>(RowList{std::move(statement)});
-  return {.hold = [rows](const std::string& value) { return Gives(*rows, value); },
-          .offer =
-              [rows](std::size_t page, const std::string& unusedOf, const Take& take) {
-                const bool isOneWanted = page == 1;
-                if (isOneWanted && OfferFront(*rows, unusedOf, take)) return;
-                OfferRows(rows->all, page, unusedOf, take);
-              },
-          .drawFromPool = [rows] { return workbench::DrawsFromPool(rows->all); }};
+  const auto rows = std::make_shared<RowValues>(std::move(statement));
+  return {.hold = [rows](const std::string& value) { return rows->Hold(value); },
+          .offer = [rows](std::size_t page, const std::string& unusedOf,
+                          const Take& take) { rows->Offer(page, unusedOf, take); },
+          .drawFromPool = [rows] { return rows->DrawFromPool(); }};
 }
 
 ValueList::Values ValueList::Fixed(const std::shared_ptr<const DescribedValues>& values) {
@@ -220,6 +127,8 @@ std::vector<ValueList::Gone> ValueList::GoneFrom(std::vector<Step>::const_iterat
 
 // What is taken away is read before: no statement runs while another one hands its rows on.
 void ValueList::Each(const Take& take) const {
+  // Most lists are one statement: its rows go on as they come.
+  if (steps_.size() == 1 && steps_.front().adds) return steps_.front().values.offer(wholePage, {}, take);
   std::vector<Gone> gone = GoneFrom(steps_.begin(), 0);
   std::ranges::for_each(gone, &Gone::ReadAll);
   bool goesOn = true;

@@ -12,6 +12,7 @@
 #include "script/Value.h"
 #include "workbench/exchange/FixedValues.h"
 #include "workbench/exchange/RuleStatements.h"
+#include "workbench/forms/RowValues.h"
 
 namespace cordboard::workbench {
 
@@ -27,10 +28,6 @@ struct Wanted {
   std::function<bool(const std::string& value)> accept = {};
   std::string unusedOf = {};
 };
-
-// The statement that asks whether `list` gives a value, as an inner query, so that the database can use its indexes.
-// Its parameters are those of `list`, and after them the value.
-ListStatement Membership(const ListStatement& list);
 
 class ValueList {
  public:
@@ -49,7 +46,7 @@ class ValueList {
 
   // Hands the whole list on, in order, value by value. `take` runs no statement and does not fail; where it answers
   // false, that is all.
-  using Take = std::function<bool(std::string_view value, std::string_view description)>;
+  using Take = RowValues::Take;
   void Each(const Take& take) const;
   std::vector<ValidValue> All() const;
   std::size_t Count() const;

@@ -183,39 +183,6 @@ TEST(FormDefinition, FormsAreFoundByTheExactNameOfTheirCommand) {
   EXPECT_EQ(FindForm(""), nullptr);
 }
 
-TEST(ParameterList, KeepsTheOrderAndFindsByName) {
-  ParameterList list(std::vector<ParameterDefinition>{{.name = "B", .title = "b"}, {.name = "A", .title = "a"}});
-  list.push_back({.name = "B", .title = "again"});
-  EXPECT_EQ(list.size(), 3);
-  EXPECT_EQ(list.PlaceOf("A"), 1);
-  EXPECT_EQ(list.PlaceOf("B"), 0) << "the first";
-  EXPECT_EQ(list.PlaceOf("C"), 3);
-  ParameterList copy = list;
-  copy.push_back({.name = "C", .title = "c"});
-  copy[copy.PlaceOf("C")].title = "third";
-  EXPECT_EQ(copy.back().title, "third");
-  EXPECT_EQ(list.PlaceOf("C"), 3);
-}
-
-TEST(FoldingList, EachNameHasASlot) {
-  const FoldingList list = {
-      {.parameter = "SERV", .places = {{1, 1, {"D1"}, "D"}, {2, 1, {"D2"}}}},
-      {.parameter = "SERV", .places = {{1, 2, {"D1"}}}},
-  };
-  EXPECT_EQ(list.slots(), 4);
-  std::set<std::size_t> slots;
-  for (const char* name : {"SERV", "D", "D1", "D2"}) slots.insert(list.Find(name)->slot);
-  EXPECT_THAT(slots, testing::ElementsAre(0, 1, 2, 3));
-  EXPECT_EQ(list.Find("D3"), nullptr);
-  EXPECT_EQ(list.Find("SERV")->of, list.Of("SERV"));
-  EXPECT_EQ(list.Of("SERV").size(), 2);
-  EXPECT_EQ(list.With("D1").size(), 2);
-  EXPECT_EQ(list.With("SERV").size() + list.Of("D1").size() + list.Of("").size(), 0);
-  for (const Folding& folding : list) EXPECT_EQ(folding.slot, list.Find("SERV")->slot);
-  EXPECT_EQ(list.Of("SERV")[0]->places[0].digitSlot, list.Find("D")->slot);
-  EXPECT_THAT(list.back().places[0].slots, testing::ElementsAre(list.Find("D1")->slot));
-}
-
 TEST(FormDefinition, ParametersAreFoundByTheirExactName) {
   const FormDefinition& form = *FindForm("NANSI");
   ASSERT_NE(form.Find("NUMTYP"), nullptr);

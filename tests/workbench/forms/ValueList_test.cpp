@@ -15,9 +15,7 @@ namespace cordboard::workbench {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 class ValueListTest : public testing::Test {
  protected:
@@ -258,45 +256,6 @@ TEST_F(ValueListTest, AValueIsContainedExactlyWhereTheWholeListHoldsIt) {
       const bool held = std::ranges::find(all, value, &ValidValue::value) != all.end();
       ASSERT_EQ(list.Contains(value), held) << "'" << value << "' after the steps " << steps;
     }
-  }
-}
-
-// --- The cost of a look-up.
-
-// How the database finds one value in a list of the rules.
-std::string PlanOf(Exchange& exchange, const std::string& rule, const std::string& database = "dynamic") {
-  DebugLines debug;
-  const auto list = PrepareList(exchange, rule, database, debug);
-  if (!list) return debug.front();
-  ListStatement asked = Membership(*list);
-  asked.parameters.emplace_back("100");
-  const RowSet plan = asked.database->Run("EXPLAIN QUERY PLAN " + asked.sql, asked.parameters);
-  std::string text;
-  for (const Value& detail : plan[3]) text += detail.text() + "\n";
-  return text;
-}
-
-TEST(ValueListPlan, AValueIsLookedUpThroughAnIndexOfItsColumn) {
-  const auto exchange = ExampleExchange();
-  for (const char* rule :
-       {"SELECT NUMSE FROM NANSI",
-        " SELECT NUMSE FROM NANSI \r\n WHERE NUMTYP = 'EX' \r\n AND USED = FALSE \r\n ORDER BY NUMSE",
-        "SELECT NUMSE FROM NANSI WHERE NUMTYP = 'EX'", "SELECT DISTINCT NUMSE FROM NANSI WHERE NUMTYP = 'EX'"}) {
-    const std::string plan = PlanOf(*exchange, rule);
-    EXPECT_THAT(plan, HasSubstr("NUMSE=?")) << rule;
-    EXPECT_THAT(plan, Not(HasSubstr("SCAN NANSI"))) << rule;
-  }
-}
-
-TEST(ValueListPlan, SoAreTheNumbersAndPositionsThatOtherRecordsHold) {
-  const auto exchange = ExampleExchange();
-  for (const char* rule :
-       {"SELECT DIR FROM KSEXI", " SELECT DIR FROM EXTEIDIR ", "SELECT ADN FROM KSANI",
-        "SELECT ROU, DESCRIPTION FROM ROCAI \r\nORDER BY VAL(ROU) ", " SELECT EQU FROM EQUIPMENT WHERE USED = FALSE"}) {
-    const std::string plan = PlanOf(*exchange, rule);
-    EXPECT_THAT(plan, HasSubstr("SEARCH")) << rule;
-    EXPECT_THAT(plan, HasSubstr("=?")) << rule;
-    EXPECT_THAT(plan, Not(HasSubstr("SCAN"))) << rule;
   }
 }
 
