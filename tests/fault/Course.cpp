@@ -133,7 +133,8 @@ Course Go(World& world, const Scenario& scenario, const Deed& deed, std::size_t 
     touched = world.TakeTouched();
     after = world.Dump(touched);
   }
-  // What was before is there again: to note it before would cost as much for each action that is well.
+  // What was before stands there again, since no action closes the transaction around it. To read it beforehand would
+  // cost each action as much that leaves nothing.
   if (const std::string before = world.Dump(touched); before != after) course.left = Difference(before, after);
   return course;
 }

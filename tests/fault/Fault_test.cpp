@@ -180,6 +180,8 @@ TEST_P(Faults, LeaveNothingUntold) {
       if (HasFailure()) return;
     }
   }
+  for (const std::string& release : workbench::Releases())
+    EXPECT_TRUE(WorldOf(release).IsAsItWasMade()) << "what an action did has not been undone";
   for (const std::string& silence : unknownSilences_) ADD_FAILURE() << "answers False without a message in " << silence;
   for (const Silence& silence : rules_.silences) {
     if (!metSilences_.contains(&silence))

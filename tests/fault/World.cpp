@@ -58,15 +58,23 @@ std::string DumpStatement(const DatabaseSchema& database, const Table& table) {
   return "SELECT group_concat(" + row + ", x'0A') FROM " + database.Stored(table.name);
 }
 
-// By the names under which the tables are stored. Beside them are those that the workbench has for itself.
-std::map<std::string, std::string> DumpStatements() {
-  std::map<std::string, std::string> statements;
-  for (const char* selector : {"dynamic", "site"}) {
-    const DatabaseSchema& database = Tables().Database(selector);
-    for (const Table& table : database.tables)
-      statements[database.prefix + table.name] = DumpStatement(database, table);
-  }
+// By the names under which the tables are stored.
+const std::map<std::string, std::string>& DumpStatements() {
+  static const std::map<std::string, std::string> statements = [] {
+    std::map<std::string, std::string> all;
+    for (const char* selector : {"dynamic", "site"}) {
+      const DatabaseSchema& database = Tables().Database(selector);
+      for (const Table& table : database.tables) all[database.prefix + table.name] = DumpStatement(database, table);
+    }
+    return all;
+  }();
   return statements;
+}
+
+std::set<std::string> AllTables() {
+  std::set<std::string> tables;
+  for (const auto& [table, statement] : DumpStatements()) tables.insert(table);
+  return tables;
 }
 
 Value AsText(const Value& value) { return value.IsNull() ? value : Value(Joined(value)); }
@@ -101,12 +109,14 @@ World::World(const std::string& release) {
       FillTable(*exchange_->Database(selector), database.Stored(table.name), table, random);
   }
   fixed.Execute("PRAGMA query_only = 1");
+  made_ = Dump(AllTables());
   exchange_->Dynamic().Listen(*this);
 }
 
 World::~World() { exchange_->Dynamic().StopListening(*this); }
 
-// A table that the plant or the release has filled keeps its rows; what is null there gets values in most rows.
+// A table that the plant or the release has filled keeps its rows; what is null there gets values in most rows, and
+// where nothing is null there is nothing to do.
 void World::FillTable(Connection& database, const std::string& stored, const Table& table, Random& random) {
   if (IsOutput(table)) return;
   const RowSet given = Rows(database, stored);
@@ -194,13 +204,14 @@ Value World::ValueFor(const std::string& command, const std::string& parameter, 
 std::set<std::string> World::TakeTouched() { return std::exchange(touched_, {}); }
 
 std::string World::Dump(const std::set<std::string>& tables) {
-  static const std::map<std::string, std::string> statements = DumpStatements();
   std::string content;
   for (const std::string& table : tables) {
-    if (const auto found = statements.find(table); found != statements.end())
-      content += Joined(exchange_->Dynamic().Single(found->second)) + "\n";
+    if (table.starts_with("Cordboard")) continue;
+    content += Joined(exchange_->Dynamic().Single(DumpStatements().at(table))) + "\n";
   }
   return content;
 }
+
+bool World::IsAsItWasMade() { return Dump(AllTables()) == made_; }
 
 }  // namespace cordboard

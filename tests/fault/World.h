@@ -15,7 +15,7 @@
 
 namespace cordboard {
 
-class World : private workbench::RowListener {
+class World final : private workbench::RowListener {
  public:
   explicit World(const std::string& release);
   ~World();
@@ -34,8 +34,10 @@ class World : private workbench::RowListener {
 
   // Of which tables rows have been changed since this was asked last, also where that was rolled back.
   std::set<std::string> TakeTouched();
-  // The content of these tables, a row a line.
+  // The content of these tables, a row a line. What the workbench has for itself has no lines.
   std::string Dump(const std::set<std::string>& tables);
+  // Whether all tables hold what they held when it was made.
+  bool IsAsItWasMade();
 
  private:
   void BeforeChange(const workbench::RowTouch& touch) noexcept override { touched_.insert(touch.table()); }
@@ -50,6 +52,7 @@ class World : private workbench::RowListener {
   std::unique_ptr<workbench::Exchange> exchange_;
   std::map<std::string, std::vector<Value>> known_;  // by name of a column or a parameter, in capitals
   std::set<std::string> touched_;
+  std::string made_;  // the content of all tables
 };
 
 }  // namespace cordboard

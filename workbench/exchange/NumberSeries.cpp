@@ -112,7 +112,6 @@ std::string NumberAfter(std::string number) {
 
 void IndexSeries(Connection& database) {
   database.Execute(
-      "CREATE INDEX [NANSIBlockedRange by constant] ON [NANSIBlockedRange] ([Start]) WHERE [End] IS NULL;"
       "CREATE INDEX [NANSIBlockedRange by length] ON [NANSIBlockedRange] (LENGTH([Start]), [Start]);"
       "CREATE INDEX [NANSIBlockedRange by type] ON [NANSIBlockedRange] ([Numtyp], LENGTH([Start]), [Start])");
 }

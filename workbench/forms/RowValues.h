@@ -15,7 +15,6 @@
 
 namespace cordboard::workbench {
 
-// As a size of pages it asks for all values at once.
 inline constexpr std::size_t wholePage = std::numeric_limits<std::size_t>::max();
 
 // The statement that asks whether `list` gives a value, as an inner query, so that the database can use its indexes.
@@ -31,7 +30,8 @@ class RowValues {
 
   // Whether a value is one of them, by a look-up.
   bool Hold(const std::string& value);
-  // Offers them in pages of this size and more, and need not offer what the table `unusedOf` marks as used.
+  // Offers them in pages of this size and more, and need not offer what the table `unusedOf` marks as used. 1 says that
+  // one value is wanted, wholePage that all are.
   void Offer(std::size_t page, const std::string& unusedOf, const Take& take);
   // Whether they are rows of a pool (workbench/exchange/PoolList.h).
   bool DrawFromPool() const;

@@ -127,7 +127,7 @@ std::vector<ValueList::Gone> ValueList::GoneFrom(std::vector<Step>::const_iterat
 
 // What is taken away is read before: no statement runs while another one hands its rows on.
 void ValueList::Each(const Take& take) const {
-  // Most lists are one statement: its rows go on as they come.
+  // Most lists are one step: its values go on as they come.
   if (steps_.size() == 1 && steps_.front().adds) return steps_.front().values.offer(wholePage, {}, take);
   std::vector<Gone> gone = GoneFrom(steps_.begin(), 0);
   std::ranges::for_each(gone, &Gone::ReadAll);

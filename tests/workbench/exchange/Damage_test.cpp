@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "workbench/exchange/Plant.h"
 #include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
@@ -11,7 +12,9 @@ namespace {
 using testing::ElementsAre;
 using testing::StartsWith;
 
-TEST(Damage, ThereIsNoneInANewExchange) { EXPECT_THAT(FindDamage(*ExampleExchange()), ElementsAre()); }
+TEST(Damage, ThereIsNoneInANewExchange) {
+  EXPECT_THAT(FindDamage(*Exchange::CreateInMemory("R7", ReadPlant("example"))), ElementsAre());
+}
 
 TEST(Damage, IsATableOrAnIndexThatIsMissing) {
   const auto exchange = ExampleExchange();

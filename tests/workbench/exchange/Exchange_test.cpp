@@ -99,7 +99,7 @@ TEST(Exchange, OneThatCouldNotBeMadeLeavesNoFile) {
 }
 
 TEST(Exchange, HoldsEveryTableOfTheSchemaAndNoRowsButThoseOfThePlant) {
-  const auto exchange = ExampleExchange();
+  const auto exchange = Exchange::CreateInMemory("R7", ReadPlant("example"));
   for (const char* table : {"NANSI", "NANSIBlockedRange", "KSEXI", "BuiltCmd", "UsedNumbers"})
     EXPECT_EQ(Count(*exchange, table), 0) << table;
   EXPECT_EQ(Count(*exchange, "LIMs"), 2);

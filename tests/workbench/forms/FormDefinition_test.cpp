@@ -1,6 +1,5 @@
 #include "workbench/forms/FormDefinition.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>

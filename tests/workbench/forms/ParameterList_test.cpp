@@ -1,6 +1,5 @@
 #include "workbench/forms/ParameterList.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <set>

@@ -3,7 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "workbench/database/Connection.h"
+#include "workbench/exchange/RuleStatements.h"
 #include "workbench/support/Steps.h"
 #include "workbench/support/TestExchange.h"
 

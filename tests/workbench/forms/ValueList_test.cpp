@@ -9,7 +9,6 @@
 #include "workbench/database/Connection.h"
 #include "workbench/exchange/RuleStatements.h"
 #include "workbench/support/Steps.h"
-#include "workbench/support/TestExchange.h"
 
 namespace cordboard::workbench {
 namespace {

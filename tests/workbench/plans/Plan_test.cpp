@@ -44,7 +44,7 @@ class PlanTest : public testing::Test {
 
   std::string Numbers() { return Rows(*exchange_, "SELECT NUMSE FROM NANSI ORDER BY rowid"); }
 
-  std::unique_ptr<Exchange> exchange_ = Exchange::CreateInMemory("R7", ReadPlant("example"));
+  std::unique_ptr<Exchange> exchange_ = ExampleExchange();
   Session session_{*exchange_};
 };
 
@@ -214,16 +214,21 @@ TEST_F(PlanTest, APlanThatBreaksOffKeepsNothing) {
 }
 
 TEST_F(PlanTest, ADatabaseThatGivesUpKeepsNothing) {
+  const auto exchange = Exchange::CreateInMemory("R7", ReadPlant("example"));
+  Session session(*exchange);
   // Room for the first lines, and no more.
-  const double pages = exchange_->Dynamic().Single("PRAGMA page_count").number();
-  exchange_->Dynamic().Execute("PRAGMA max_page_count = " + std::to_string(static_cast<int>(pages) + 3));
+  const double pages = exchange->Dynamic().Single("PRAGMA page_count").number();
+  exchange->Dynamic().Execute("PRAGMA max_page_count = " + std::to_string(static_cast<int>(pages) + 3));
   std::string plan = good;
   for (int i = 1; i <= 9; ++i)
     plan += "NANSI:NUMTYP=EX,NUMSE=" + std::to_string(i) + "000&&" + std::to_string(i) + "999;\n";
-  EXPECT_EQ(Refusal<StorageError>([&] { Apply({plan}, {.keepGoing = true}); }),
+  std::istringstream in(plan);
+  EXPECT_EQ(Refusal<StorageError>([&] {
+              ApplyPlan(session, {{"plan", in}}, {.keepGoing = true});
+            }),
             "the database in memory: the disk is full");
-  EXPECT_EQ(Numbers(), "Empty");
-  EXPECT_EQ(exchange_->OpenTransactions(), 0);
+  EXPECT_EQ(Count(*exchange, "NANSI"), 0);
+  EXPECT_EQ(exchange->OpenTransactions(), 0);
 }
 
 TEST_F(PlanTest, AnExchangeIsHeldFromTheFirstLineOn) {

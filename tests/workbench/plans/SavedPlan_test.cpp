@@ -75,7 +75,6 @@ TEST_F(SavedPlanTest, IsRefusedByAnotherExchangeAndWithOtherOptions) {
   const std::string saved = Tried(ten);
   EXPECT_THAT(Applied(saved, true), HasSubstr(others));
   EXPECT_EQ(Applied(Tried(ten, true), true), "no error");
-  // A copy would have the same states.
   const auto other = Exchange::CreateInMemory("R7", ReadPlant("example"));
   Session session(*other);
   EXPECT_THROW(ApplyText(session, "saved.plan", saved), StalePlan);

@@ -13,7 +13,8 @@
 
 namespace cordboard::workbench {
 
-// A copy of one that is made once for its release: to make its tables takes much longer than to read them.
+// A copy of one that is made once for its release: to make its tables takes much longer than to read them. All copies
+// have the same states; where another exchange is wanted, or a new one, CreateInMemory makes it.
 inline std::unique_ptr<Exchange> ExampleExchange(const std::string& release = "R7") {
   static const TemporaryFolder made;
   std::string name = release;
