@@ -15,6 +15,7 @@
 
 namespace cordboard::workbench {
 
+// A page that has all values.
 inline constexpr std::size_t wholePage = std::numeric_limits<std::size_t>::max();
 
 // The statement that asks whether `list` gives a value, as an inner query, so that the database can use its indexes.

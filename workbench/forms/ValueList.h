@@ -9,7 +9,6 @@
 #include <string_view>
 #include <vector>
 
-#include "script/Value.h"
 #include "workbench/exchange/FixedValues.h"
 #include "workbench/exchange/RuleStatements.h"
 #include "workbench/forms/RowValues.h"
@@ -60,7 +59,7 @@ class ValueList {
   bool TakesAway(const std::string& value) const;
 
  private:
-  // Some values, by two functions.
+  // Some values, by what can be asked of them.
   struct Values {
     // Whether a value is one of them, by a look-up.
     std::function<bool(const std::string& value)> hold;

@@ -88,7 +88,11 @@ TEST_F(RowValuesTest, OffersEveryValueOnceWhereThereAreManyPages) {
 
 TEST_F(RowValuesTest, ReadsTheFirstPageAloneWhereNoMoreIsWanted) {
   CountTo(5000);
-  EXPECT_LT(StepCounter::Steps([&] { Offered(Of("SELECT [i] FROM [many]"), 16, 10); }), 500);
+  const auto stepsFor = [this](std::size_t count) {
+    return StepCounter::Steps([&] { Offered(Of("SELECT [i] FROM [many]"), 16, count); });
+  };
+  EXPECT_LT(stepsFor(10), 500);
+  EXPECT_GT(stepsFor(5000), 5000);
 }
 
 // --- The cost of a look-up.
