@@ -1,5 +1,6 @@
 #include "shared/Links.h"
 
+#include "script/Conversions.h"
 #include "script/Text.h"
 #include "shared/Equipment.h"
 #include "shared/Release.h"
@@ -23,8 +24,6 @@ bool ListLinkPositions(const Action& action, const std::string& condition) {
          Reporter("GetValuesFor: " + action.Parameter())(ListNotBuilt, action.Parameter());
 }
 
-bool PortSuitsFormat(const Value& PORT, double POFMT) {
-  return PORT.IsNull() || static_cast<double>(Length(ToText(PORT))) == POFMT;
-}
+bool PortSuitsFormat(const Value& PORT, double POFMT) { return static_cast<double>(Length(Joined(PORT))) == POFMT; }
 
 }  // namespace cordboard

@@ -21,7 +21,7 @@ bool ReadLinkIndicator(const Action& action, const Reporter& fail, const std::st
 // user has chosen for other positions.
 bool ListLinkPositions(const Action& action, const std::string& condition);
 
-// Whether a port's number is as long as the format says. A port that is null has no length, and suits any format.
+// Whether a port's number is as long as the format says: one that is missing has the length 0.
 bool PortSuitsFormat(const Value& PORT, double POFMT);
 
 }  // namespace cordboard

@@ -34,7 +34,7 @@ bool CheckSharedBoardICAT(const Action& action, const std::string& ICAT, const s
   RowSet stored;
   if (!scRunQuery(Sql("SELECT ICAT FROM ", table, " WHERE CmdID = ", first), stored)) return fail(StatementFailed);
   const Value& old = stored[0][0];
-  if (old.IsEmpty() || old.IsNull()) return true;  // the empty text counts, and has no digits
+  if (old.IsBlank()) return true;
   const std::string firstICAT = ToText(old);
   return HaveSameDigit(firstICAT, ICAT, 1) && HaveSameDigit(firstICAT, ICAT, 2) && HaveSameDigit(firstICAT, ICAT, 4);
 }

@@ -24,11 +24,12 @@ TEST(Port, IsAsLongAsItsFormat) {
   EXPECT_FALSE(PortSuitsFormat("1000", 4.4));
 }
 
-TEST(Port, WithoutANumberHasTheLengthZeroUnlessItIsNull) {
+TEST(Port, WithoutANumberHasTheLengthZero) {
   EXPECT_FALSE(PortSuitsFormat("", 4));
   EXPECT_FALSE(PortSuitsFormat(Value(), 4));
   EXPECT_TRUE(PortSuitsFormat("", 0));
-  EXPECT_TRUE(PortSuitsFormat(Value::Null(), 4));
+  EXPECT_FALSE(PortSuitsFormat(Value::Null(), 4));
+  EXPECT_TRUE(PortSuitsFormat(Value::Null(), 0));
 }
 
 }  // namespace

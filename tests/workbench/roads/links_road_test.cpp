@@ -143,6 +143,9 @@ TEST_P(VoiceMailRoad, APortIsAsLongAsTheFormatOfItsLink) {
   EXPECT_EQ(Do("edit VMFUI LINK=2:POFMT=3;"), "POFMT=3: " + refused);
   EXPECT_EQ(Systems(), "2|1|4");
   ASSERT_EQ(Do("delete VMPOI DIR=400;"), "done");
+  ASSERT_EQ(Do("VMPOI:GRP=310,LINK=2;"), "done");
+  EXPECT_EQ(Do("edit VMFUI LINK=2:POFMT=3;"), "POFMT=3: " + refused) << "a group without a port has one of length 0";
+  ASSERT_EQ(Do("delete VMPOI GRP=310;"), "done");
   EXPECT_EQ(Do("edit VMFUI LINK=2:POFMT=3;"), "done");
   EXPECT_EQ(Systems(), "2|1|3");
 }
