@@ -7,7 +7,7 @@ namespace cordboard::bench {
 
 namespace {
 
-std::vector<std::string> passed;
+std::vector<std::string> complaints;
 
 }  // namespace
 
@@ -17,14 +17,16 @@ std::string Held(const std::string& row, double value, double bound) {
   if (value > bound) {
     char told[64];
     std::snprintf(told, sizeof told, ": %.2f, and not more than %.2f is meant", value, bound);
-    passed.push_back(row + told);
+    Complain("too much: " + row + told);
   }
   return text;
 }
 
-bool ReportPassedBounds() {
-  for (const std::string& each : passed) std::fprintf(stderr, "too much: %s\n", each.c_str());
-  return !passed.empty();
+void Complain(const std::string& complaint) { complaints.push_back(complaint); }
+
+bool ReportComplaints() {
+  for (const std::string& each : complaints) std::fprintf(stderr, "%s\n", each.c_str());
+  return !complaints.empty();
 }
 
 }  // namespace cordboard::bench

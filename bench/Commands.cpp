@@ -29,10 +29,12 @@ constexpr double moreTime = 4;
 constexpr double leastTime = 0.5;
 
 // What grows with the tables because of what the rules ask, by row: why.
-std::map<std::string, std::string> Growing() {
+using Reasons = std::map<std::string, std::string>;
+
+Reasons Growing() {
   std::ifstream in(CORDBOARD_SOURCE_DIR "/bench/growing.json");
   const nlohmann::json reasons = nlohmann::json::parse(in);
-  std::map<std::string, std::string> growing;
+  Reasons growing;
   for (const auto& [reason, rows] : reasons.items()) {
     for (const auto& row : rows) growing[row] = reason;
   }
@@ -50,12 +52,13 @@ std::string Positions() {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
-// Holds the costs where there is much to those where there is little; `mark` ends the names of rows.
-void Table(Front front, const std::vector<std::string>& plans, const std::string& mark) {
+// Holds the costs where there is much to those where there is little; `mark` ends the names of rows. Takes those that
+// grow out of `idle`.
+void Table(Front front, const std::vector<std::string>& plans, const std::string& mark, const Reasons& growing,
+           Reasons& idle) {
   const workbench::StepCounter counter;
   const Costs small = CostsOn(*LargeExchange(few, front), plans);
   const Costs large = CostsOn(*LargeExchange(many, front), plans);
-  const std::map<std::string, std::string> growing = Growing();
   std::printf("\n%-38s %10d %10d %7s %22s\n", "steps of the database", few, many, "ratio", "milliseconds");
   for (const auto& [name, cost] : small) {
     const std::string row = name + mark;
@@ -65,6 +68,7 @@ void Table(Front front, const std::vector<std::string>& plans, const std::string
     const double growth = grows == growing.end() ? 1 : static_cast<double>(many) / few;
     const double steps = other.steps / std::max(cost.steps, 1.0);
     const double time = other.milliseconds / std::max(cost.milliseconds, leastTime);
+    if (steps > moreSteps) idle.erase(row);
     std::printf("  %-36s %10.0f %10.0f %7.2f%s %8.2f %8.2f%s %s\n", row.c_str(), cost.steps, other.steps, steps,
                 Held(row, steps, moreSteps * growth).c_str(), cost.milliseconds, other.milliseconds,
                 Held(row + ", time", time, moreTime * growth).c_str(),
@@ -76,8 +80,12 @@ void Table(Front front, const std::vector<std::string>& plans, const std::string
 
 void MeasureCommands() {
   workbench::Forms();  // they are read once
-  Table(Front::ExamplePlant, Examples(), "");
-  Table(Front::TakenPositions, {Positions()}, ", taken");
+  const Reasons growing = Growing();
+  Reasons idle = growing;
+  Table(Front::ExamplePlant, Examples(), "", growing, idle);
+  Table(Front::TakenPositions, {Positions()}, ", taken", growing, idle);
+  for (const auto& [row, reason] : idle)
+    Complain("growing.json: \"" + row + "\" grows no more, or is no row: take it out");
 }
 
 }  // namespace cordboard::bench

@@ -99,7 +99,7 @@ void Run(int count, char** words) {
 int main(int count, char** words) {
   try {
     cordboard::bench::Run(count, words);
-    return cordboard::bench::ReportPassedBounds() ? 1 : 0;
+    return cordboard::bench::ReportComplaints() ? 1 : 0;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "cordboard-bench: %s\n", error.what());
     return 1;
