@@ -50,6 +50,17 @@ TEST_F(LinesPage, AreAFileWithEveryLineAsTheExchangeTakesIt) {
   EXPECT_EQ(answer.body, lines);
 }
 
+TEST_F(LinesPage, TellsWhichLinesAreMissingAndGivesNoFileWithoutThem) {
+  Change("INSERT INTO IVMAI (CmdId, VSD, BPOS, NOIND) VALUES (90001, '300', '001-0-10', 'many')");
+  const char* const missing = "IVMAI: lines are missing: the generation ended ";
+  EXPECT_THAT(TextOf(Ask("/lines")), AllOf(HasSubstr(missing), HasSubstr("KSEXI: Key extensions, 53 lines")));
+  const Answer answer = Ask("/lines.txt");
+  EXPECT_EQ(answer.status, Conflict);
+  EXPECT_EQ(answer.headers["Content-Disposition"], "");
+  EXPECT_THAT(TextOf(answer), HasSubstr(missing));
+  EXPECT_EQ(Ask("/lines.txt?command=KSEXI").status, Ok);
+}
+
 TEST_F(LinesPage, ShowsWhichLinesCameAndWentSinceAState) {
   ApplyAs("other.plan", "edit KSEXI DIR=100:CUST=2;");
   const std::string text = TextOf(Ask("/lines?since=1"));

@@ -154,8 +154,15 @@ Answer Lines(const Visit& visit, const Request& request) {
 }
 
 Answer LinesAsText(const Visit& visit, const Request& request) {
+  const Generated generated = GeneratedOf(visit, request);
+  // A file could not say that lines are missing in it.
+  if (!generated.problems.empty())
+    return Page(visit, "Lines as text",
+                Told(generated.problems) + Element("p", "The lines are no file while some of them are missing.") +
+                    Element("ul", {{"class", "actions"}}, Element("li", Link("/lines", "The lines that there are"))),
+                Conflict);
   std::string text;
-  for (const GeneratedLine& line : GeneratedOf(visit, request).lines) text += line.text + "\n";
+  for (const GeneratedLine& line : generated.lines) text += line.text + "\n";
   return AsFile("lines.txt", std::move(text));
 }
 

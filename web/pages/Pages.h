@@ -20,7 +20,7 @@ Answer DoUndo(const Visit& visit, const Request& request);
 Answer AskRedo(const Visit& visit, const Request& request);
 Answer DoRedo(const Visit& visit, const Request& request);
 // GET /lines: the lines of the exchange (command=, find=), or which came and went since a state (since=).
-// GET /lines.txt: all of them as a file.
+// GET /lines.txt: all of them as a file; a page that says why, where some are missing.
 Answer Lines(const Visit& visit, const Request& request);
 Answer LinesAsText(const Visit& visit, const Request& request);
 // GET /compare: in what two exchanges differ: states of this one ("@3", or nothing for now), and other exchanges of its
