@@ -1,5 +1,5 @@
-// The form of a command, filled in as far as it is, as a page shows it: a field for each parameter with what is asked
-// of it now, digits beside the whole that they make, and what is wrong at its field.
+// The form of a command, filled in as far as it is, as a page shows it: its fields (web/FormFields.h), the templates
+// that it may be made from, and what it is sent with.
 #pragma once
 
 #include <vector>

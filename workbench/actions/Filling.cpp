@@ -5,12 +5,12 @@
 #include <unordered_set>
 
 #include "script/Conversions.h"
-#include "workbench/actions/FormRules.h"
 #include "workbench/actions/NextValues.h"
 #include "workbench/actions/Reasons.h"
 #include "workbench/actions/Records.h"
 #include "workbench/actions/ShownValues.h"
 #include "workbench/actions/Templates.h"
+#include "workbench/actions/ValueRules.h"
 #include "workbench/text/Elements.h"
 #include "workbench/text/Separated.h"
 

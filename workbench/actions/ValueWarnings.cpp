@@ -6,6 +6,7 @@
 #include "script/Conversions.h"
 #include "script/Text.h"
 #include "workbench/actions/Filling.h"
+#include "workbench/forms/FoldedValues.h"
 #include "workbench/text/Separated.h"
 
 namespace cordboard::workbench {

@@ -3,17 +3,12 @@
 
 #include <map>
 #include <string>
-#include <unordered_map>
-#include <utility>
 
 #include "script/Value.h"
+#include "workbench/forms/FoldedValues.h"
 #include "workbench/forms/FormDefinition.h"
-#include "workbench/forms/FormValues.h"
 
 namespace cordboard::workbench {
-
-// The digits of a sum in a place of this width: the last ones. One digit holds up to 15, as a letter from 10 on.
-std::string DigitsOf(long long sum, int width);
 
 class Form {
  public:
@@ -22,15 +17,12 @@ class Form {
 
   const FormDefinition& definition() const { return *definition_; }
 
-  // The present value, empty if none was given. A whole parameter is folded from its sub-digit parameters where one of
-  // them has a value.
-  Value Get(const std::string& name) const;
+  // The present value, empty if none was given. Wholes and their digits follow one another
+  // (workbench/forms/FoldedValues.h); what the form assumes is no part of a whole.
+  Value Get(const std::string& name) const { return Get(name, values_.Find(name)); }
   // The value that the parameter had before its last Set or Reset; empty if it had none.
-  Value Previous(const std::string& name) const;
-  // Gives the parameter a value, and a whole parameter's digits to its sub-digit parameters.
+  Value Previous(const std::string& name) const { return values_.Previous(name); }
   void Set(const std::string& name, const Value& value);
-  // Clears the parameter, with all sub-digit parameters of a whole; the digits of a sub-digit parameter go back to the
-  // fill in its whole. A whole with a separator stays as it was typed, until all its parts are given.
   void Reset(const std::string& name);
 
   // What the form asks of the user at this moment; checks change it.
@@ -45,45 +37,26 @@ class Form {
   // whatever checks allow.
   void ShowOneRecord() { showsOneRecord_ = true; }
 
-  // A sub-digit parameter has the definition of its whole, unless it has one of its own. A whole whose digits are
-  // others in another definition is cleared by it.
-  int ActiveDefinition(const std::string& name) const;
+  int ActiveDefinition(const std::string& name) const { return values_.active().DefinitionOf(name); }
+  // A whole whose digits are others in another definition is cleared by it.
   void SetActiveDefinition(const std::string& name, int definition);
-  // Whether the folding holds in the active definition of its whole.
-  bool IsActive(const Folding& folding) const;
+  bool IsActive(const Folding& folding) const { return values_.active().IsActive(folding); }
   // Whether the parameter is a digit of its whole in the active definition; yes for one that is no digit.
   bool IsInDefinition(const std::string& name) const;
   // The digits that a sub-digit parameter is, in the active definition; null for any other parameter.
   const DigitPlace* PlaceOf(const std::string& name) const;
-  // The folding that makes the whole of its digits; nothing for a parameter that is no whole.
-  const Folding* FoldingInForce(const std::string& whole) const;
+  // The folding that makes the whole of its digits; null for a parameter that is no whole.
+  const Folding* FoldingInForce(const std::string& whole) const { return values_.FoldingInForce(whole); }
 
  private:
-  const Folding* InForce(const FoldedName& whole) const;
-  const Folding* FoldingOfText(const FoldedName& whole, const Value& text) const;
-  const Folding* FoldingFor(const FoldedName& subDigit) const;
-  const DigitPlace* PlaceOf(const FoldedName& subDigit) const;
-  bool IsGiven(std::size_t slot) const { return !values_[slot].IsBlank(); }
-  std::string Digits(const DigitPlace& place) const;
-  std::string Fold(const Folding& folding) const;
-  const std::string& Folded(const Folding& folding) const;
   Value Get(const std::string& name, const FoldedName* folded) const;
   bool TakesOne(const ParameterDefinition* parameter) const;
-  void Change(const std::string& name, const FoldedName* folded, const Value& value);
-  void ClearParts(const FoldedName& whole);
-  void ClearBeside(const FoldedName& subDigit);
-  void ClearDigits(const Folding& folding, const std::string& subDigit);
-  std::string Composed(const Folding& folding) const;
-  void SetParts(const Folding& folding, std::string whole);
 
   const FormDefinition* definition_;
-  FormValues values_;
-  // What was folded, and of which state of the values.
-  mutable std::unordered_map<const Folding*, std::pair<unsigned, std::string>> digits_;
+  FoldedValues values_;
   std::map<std::string, bool> mandatory_;
   std::map<std::string, bool> range_;
   std::map<std::string, bool> several_;
-  std::map<std::string, int> definitions_;
   bool showsOneRecord_ = false;
 };
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "script/Value.h"
-#include "workbench/forms/FormDefinition.h"
+#include "workbench/forms/FoldingList.h"
 #include "workbench/text/NameHash.h"
 
 namespace cordboard::workbench {

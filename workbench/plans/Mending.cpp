@@ -10,7 +10,6 @@
 #include "script/Conversions.h"
 #include "workbench/actions/Called.h"
 #include "workbench/actions/Filling.h"
-#include "workbench/actions/FormRules.h"
 #include "workbench/actions/Records.h"
 #include "workbench/actions/ShownValues.h"
 #include "workbench/plans/RecordLines.h"
