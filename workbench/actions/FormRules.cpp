@@ -60,7 +60,10 @@ void OneSetIsGiven(Filling& filling) {
 
 // The values of parameters that go in step are paired by their place.
 void InStepAreAsMany(Filling& filling) {
-  const auto number = [&](const std::string& name) { return Elements(Joined(filling.form().Get(name))).size(); };
+  const auto number = [&](const std::string& name) {
+    const std::string typed = Joined(filling.form().Get(name));
+    return typed.empty() ? 0 : Elements(typed).size();
+  };
   const auto compare = [&](const std::string& one, std::size_t ofOne, const std::string& other) {
     const std::size_t ofOther = number(other);
     if (ofOther == ofOne) return;

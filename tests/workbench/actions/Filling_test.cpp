@@ -86,6 +86,21 @@ TEST_F(FillingTest, ADigitThatAnotherValueHasChangedIsRefused) {
   EXPECT_THAT(Told(filling.problems()), testing::Contains(testing::StartsWith("SERV_D2=1: a check ")));
 }
 
+TEST_F(FillingTest, ParametersInStepHaveAsManyValues) {
+  for (const char* name : {"LEFT", "RIGHT"})
+    sytds_.parameters.push_back({.name = name, .title = name, .multiple = true});
+  sytds_.inStep = {{}, {"NOTE"}, {"LEFT", "RIGHT"}};
+  const auto told = [this](const char* right) {
+    Filling filling = FillForm(session_, sytds_, {{"LEFT", "1&2"}, {"RIGHT", right}});
+    CheckWholeForm(filling);
+    return Told(filling.problems());
+  };
+  EXPECT_THAT(told("3&4"), IsEmpty());
+  const std::string inPairs = "RIGHT=: LEFT and RIGHT go in pairs, and there are 2 and ";
+  EXPECT_THAT(told("3"), ElementsAre(inPairs + "1 of them; give as many of each"));
+  EXPECT_THAT(told(""), ElementsAre(inPairs + "0 of them; give as many of each"));
+}
+
 TEST_F(FillingTest, ValuesCanBeSetOneByOneAndAnew) {
   Filling filling(session_, sytds_);
   filling.Set({"CDNAL", "5"});
