@@ -38,11 +38,13 @@ class FormValues {
     return found == others_.end() ? none : found->second;
   }
   void Set(const std::string& name, const FoldedName* folded, Entry entry) {
-    if (folded == nullptr) {
-      others_[name] = std::move(entry);
-    } else {
+    if (folded != nullptr) {
       bySlot_[folded->slot] = std::move(entry);
       ++state_;
+    } else if (entry.value.IsEmpty() && entry.previous.IsEmpty()) {
+      others_.erase(name);  // as if it had never been
+    } else {
+      others_[name] = std::move(entry);
     }
   }
 
