@@ -57,7 +57,8 @@ TEST_F(LinesPage, TellsWhichLinesAreMissingAndGivesNoFileWithoutThem) {
   const Answer answer = Ask("/lines.txt");
   EXPECT_EQ(answer.status, Conflict);
   EXPECT_EQ(answer.headers["Content-Disposition"], "");
-  EXPECT_THAT(TextOf(answer), HasSubstr(missing));
+  EXPECT_THAT(TextOf(answer), AllOf(HasSubstr(missing), HasSubstr("Show the other lines")));
+  EXPECT_THAT(Ask("/lines.txt?command=IVMAI").body, HasSubstr("href=\"/lines?command=IVMAI\""));
   EXPECT_EQ(Ask("/lines.txt?command=KSEXI").status, Ok);
 }
 

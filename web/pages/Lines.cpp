@@ -135,9 +135,15 @@ Html ChangesSince(const Visit& visit, const Request& request, int state) {
          groups.Shown();
 }
 
-Html Ways(const Request& request) {
+// The command whose lines are asked for, as a part of an address.
+Fields CommandField(const Request& request) {
   Fields command;
-  if (!CommandsOf(request).empty()) command.Add("command", request.query["command"]);
+  for (const std::string& name : CommandsOf(request)) command.Add("command", name);
+  return command;
+}
+
+Html Ways(const Request& request) {
+  const Fields command = CommandField(request);
   Html links = Element("li", Link(Address("/lines.txt", command), "Download as text, with secrets"));
   if (command.size() > 0) links += Element("li", Link("/lines", "Lines of all commands"));
   return Element("ul", {{"class", "actions"}}, links);
@@ -158,8 +164,10 @@ Answer LinesAsText(const Visit& visit, const Request& request) {
   // A file could not say that lines are missing in it.
   if (!generated.problems.empty())
     return Page(visit, "Lines as text",
-                Told(generated.problems) + Element("p", "The lines are no file while some of them are missing.") +
-                    Element("ul", {{"class", "actions"}}, Element("li", Link("/lines", "The lines that there are"))),
+                Told(generated.problems) +
+                    Element("p", "There is no file to download while lines are missing: it could not say which.") +
+                    Element("ul", {{"class", "actions"}},
+                            Element("li", Link(Address("/lines", CommandField(request)), "Show the other lines"))),
                 Conflict);
   std::string text;
   for (const GeneratedLine& line : generated.lines) text += line.text + "\n";
