@@ -72,12 +72,11 @@ class Measurement {
 
  private:
   void CountGeneration() {
-    for (const std::string& command : workbench::GenerationOrder()) {
-      const FormDefinition* form = workbench::FindForm(command);
+    for (const FormDefinition* form : workbench::Forms()) {
       if (!form->generates) continue;
       // The first time clears up after the command before.
       std::size_t lines = LinesOf(session_, *form).size();
-      costs_[command + " generate"] = CostOf([&] { lines = LinesOf(session_, *form).size(); }).Each(lines);
+      costs_[form->command + " generate"] = CostOf([&] { lines = LinesOf(session_, *form).size(); }).Each(lines);
     }
   }
 

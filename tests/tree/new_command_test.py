@@ -94,9 +94,12 @@ class NewCommand(unittest.TestCase):
         self.assertEqual(road.count("}  // namespace cordboard::workbench\n"), 1)
 
     def test_generates_after_all_others(self):
+        self.registry.write_text(ROWS + "PLANNED(keyextensions, ITNUITEMPLATE)\n")
         before = self.json("data/generation-order.json")
         self.make("GPAGI")
-        self.assertEqual(self.json("data/generation-order.json"), [*before, "GPAGI"])
+        self.make("ITNUITEMPLATE")
+        self.assertEqual(self.json("data/generation-order.json"),
+                         {"dynamic": [*before["dynamic"], "GPAGI"], "site": [*before["site"], "ITNUITEMPLATE"]})
 
     @unittest.skipUnless(shutil.which("clang-format"), "needs clang-format")
     def test_makes_code_that_is_formatted(self):

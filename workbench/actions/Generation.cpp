@@ -1,9 +1,11 @@
 #include "workbench/actions/Generation.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <set>
 
+#include "entry/Registry.h"
 #include "script/Conversions.h"
 #include "workbench/actions/Filling.h"
 #include "workbench/actions/Records.h"
@@ -27,13 +29,11 @@ struct Built {
   std::vector<std::string> texts;
 };
 
-Built Build(Session& session, const FormDefinition& definition, int number) {
-  session.host().OpenForm(definition);
-  const RunResult result = session.Run("GenerateCmd", 0, {std::to_string(number)});
+Built Build(Session& session, const DatabaseSchema& database, const std::string& command, int number) {
+  const RunResult result = session.Generate(command, number);
   Built built{.failure = result.failure, .messages = TakeMessages(session), .texts = {}};
   const RowSet rows = session.exchange().Dynamic().Run(
-      "SELECT [Line] FROM " + definition.Database().Stored("BuiltCmd") + " WHERE [OrderNo] = ? ORDER BY rowid",
-      {number});
+      "SELECT [Line] FROM " + database.Stored("BuiltCmd") + " WHERE [OrderNo] = ? ORDER BY rowid", {number});
   for (std::size_t row = 0; row < rows.RowCount(); ++row) built.texts.push_back(Joined(rows[0][row]));
   return built;
 }
@@ -46,9 +46,11 @@ void Append(std::vector<GeneratedLine>& lines, const std::string& command, const
   }
 }
 
-void GenerateCommand(Session& session, const FormDefinition& definition, int number, Generated& generated) {
-  const std::string& command = definition.command;
-  Built built = Build(session, definition, number);
+// Gives whether there was anything to say.
+bool GenerateCommand(Session& session, const DatabaseSchema& database, const std::string& command, int number,
+                     Generated& generated) {
+  const std::size_t before = generated.lines.size() + generated.problems.size();
+  Built built = Build(session, database, command, number);
   for (Problem& problem : built.messages) generated.problems.emplace_back(command, std::move(problem));
   if (built.failure) {
     const std::string message =
@@ -56,12 +58,7 @@ void GenerateCommand(Session& session, const FormDefinition& definition, int num
     generated.problems.emplace_back(command, Problem{.message = message, .cause = built.failure->cause});
   }
   for (const std::string& text : built.texts) Append(generated.lines, command, text);
-}
-
-bool SpeaksOf(const Generated& generated, const std::string& command) {
-  return std::ranges::find(generated.lines, command, &GeneratedLine::command) != generated.lines.end() ||
-         std::ranges::find(generated.problems, command, &std::pair<std::string, Problem>::first) !=
-             generated.problems.end();
+  return generated.lines.size() + generated.problems.size() > before;
 }
 
 // Those commands of which `isMeant` is true whose tables hold rows: their forms alone need be read.
@@ -78,29 +75,37 @@ std::set<std::string> CommandsWithRows(Exchange& exchange, const DatabaseSchema&
 
 }  // namespace
 
-const std::vector<std::string>& GenerationOrder() {
-  static const std::vector<std::string> order = ReadResource("generation-order.json").As<std::vector<std::string>>();
-  return order;
+const std::vector<std::string>& GenerationOrder(const std::string& database) {
+  using Orders = std::map<std::string, std::vector<std::string>>;
+  static const Orders orders = [] {
+    Orders read;
+    for (const auto& [name, order] : ReadResource("generation-order.json").Entries())
+      read.emplace(name, order.As<std::vector<std::string>>());
+    return read;
+  }();
+  return orders.at(database);
 }
 
 Generated Generate(Session& session, const std::string& database, const std::vector<std::string>& commands) {
   const auto isNamed = [&](const std::string& command) {
     return commands.empty() || std::ranges::find(commands, command) != commands.end();
   };
+  const DatabaseSchema& schema = ShippedSchema().Database(database);
   Generated generated;
   Transaction transaction(session.exchange());
   int number = 0;
-  for (const std::string& command : GenerationOrder()) {
-    const FormDefinition* form = isNamed(command) ? FindForm(command) : nullptr;
-    if (form != nullptr && form->database == database && form->generates)
-      GenerateCommand(session, *form, ++number, generated);
+  std::set<std::string> spoken;
+  for (const std::string& command : GenerationOrder(database)) {
+    if (isNamed(command) && GenerateCommand(session, schema, command, ++number, generated)) spoken.insert(command);
   }
   transaction.RollBack();
-  const auto isSilent = [&](const std::string& command) { return isNamed(command) && !SpeaksOf(generated, command); };
-  for (const std::string& command :
-       CommandsWithRows(session.exchange(), ShippedSchema().Database(database), isSilent)) {
+  // Some tables are those of the plant, and of no command.
+  const auto isSilent = [&](const std::string& command) {
+    return isNamed(command) && FindModule(command) != nullptr && !spoken.contains(command);
+  };
+  for (const std::string& command : CommandsWithRows(session.exchange(), schema, isSilent)) {
     const FormDefinition* form = FindForm(command);
-    if (form != nullptr && form->database == database && CountRecords(session.exchange(), *form).records > 0)
+    if (form->database == database && CountRecords(session.exchange(), *form).records > 0)
       generated.without.push_back(command);
   }
   return generated;
@@ -108,7 +113,7 @@ Generated Generate(Session& session, const std::string& database, const std::vec
 
 std::vector<std::string> LinesOf(Session& session, const FormDefinition& definition) {
   Transaction transaction(session.exchange());
-  std::vector<std::string> lines = Build(session, definition, 1).texts;
+  std::vector<std::string> lines = Build(session, definition.Database(), definition.command, 1).texts;
   transaction.RollBack();
   return lines;
 }

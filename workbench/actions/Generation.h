@@ -21,9 +21,9 @@ struct Generated {
   std::vector<std::string> without;  // the commands that have records, of which their rules make no line
 };
 
-// The commands that generate lines, in the order of their lines: what others build on comes first
-// (data/generation-order.json).
-const std::vector<std::string>& GenerationOrder();
+// The commands whose records stand in the database, "dynamic" or "site", and that generate lines, in the order of their
+// lines: what others build on comes first (data/generation-order.json).
+const std::vector<std::string>& GenerationOrder(const std::string& database = "dynamic");
 
 // The command lines of the exchange, or, for the database "site", those of its templates, which no exchange takes: all,
 // or those of the commands that are named. The exchange is left as it is.

@@ -12,6 +12,8 @@ namespace cordboard::workbench {
 
 namespace {
 
+// Of an action that is not about one parameter.
+constexpr int usualDefinition = 1;
 // The expression takes stack for each sign of a query, and nobody reads more than this.
 constexpr std::size_t longestQuery = 1000;
 
@@ -83,25 +85,35 @@ Session::Session(Exchange& exchange, const Decorate& decorate)
 RunResult Session::Run(const std::string& function, std::int32_t CmdId, const List& ParamList,
                        const std::string& parameter) {
   const Form& open = host_->form();
-  const int definition = parameter.empty() ? 1 : open.ActiveDefinition(parameter);
+  const int definition = parameter.empty() ? usualDefinition : open.ActiveDefinition(parameter);
+  return RunCommand(open.definition().command, definition, function, CmdId, ParamList);
+}
+
+RunResult Session::Check(const std::string& parameter) {
+  host_->Checking(parameter);
+  return Run("StatCheck", 0, {parameter}, parameter);
+}
+
+RunResult Session::Generate(const std::string& command, int number) {
+  host_->CloseForm();
+  return RunCommand(command, usualDefinition, "GenerateCmd", 0, {std::to_string(number)});
+}
+
+RunResult Session::RunCommand(const std::string& command, int definition, const std::string& function,
+                              std::int32_t CmdId, const List& ParamList) {
   const int openBefore = exchange_.OpenTransactions();
   const int enclosing = host_->Enclose(openBefore);
   const BoxesGoTo host([this](const std::string& text, const std::string&, int) { host_->ShowBox(text); });
   RunResult result;
   host_->ForgetQueries();
   try {
-    result.answer = script_.Run(definition, exchange_.release(), function, open.definition().command, CmdId, ParamList);
+    result.answer = script_.Run(definition, exchange_.release(), function, command, CmdId, ParamList);
   } catch (const RunTimeFailure& failure) {
-    result.failure = Explained(failure, open.definition().command, host_->FoundNothing());
+    result.failure = Explained(failure, command, host_->FoundNothing());
   }
   while (exchange_.OpenTransactions() > openBefore) exchange_.RollBack();
   host_->Enclose(enclosing);
   return result;
-}
-
-RunResult Session::Check(const std::string& parameter) {
-  host_->Checking(parameter);
-  return Run("StatCheck", 0, {parameter}, parameter);
 }
 
 }  // namespace cordboard::workbench

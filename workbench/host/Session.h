@@ -40,8 +40,14 @@ class Session {
                 const std::string& parameter = "");
   // Runs the static check of one parameter.
   RunResult Check(const std::string& parameter);
+  // Runs the generation of a command, which writes its lines under this number. It reads records alone: no form is open
+  // then, nor afterwards.
+  RunResult Generate(const std::string& command, int number);
 
  private:
+  RunResult RunCommand(const std::string& command, int definition, const std::string& function, std::int32_t CmdId,
+                       const List& ParamList);
+
   Exchange& exchange_;
   std::shared_ptr<WorkbenchHost> host_;
   CScript script_;

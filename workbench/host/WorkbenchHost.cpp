@@ -12,11 +12,16 @@
 namespace cordboard::workbench {
 
 Form& WorkbenchHost::OpenForm(const FormDefinition& definition) {
+  CloseForm();
+  return open_.emplace(exchange_, definition, buildList_).form;
+}
+
+void WorkbenchHost::CloseForm() {
+  open_.reset();
   template_ = false;
   seriesRefusal_.clear();
   messages_.clear();
   debugLines_.clear();
-  return open_.emplace(exchange_, definition, buildList_).form;
 }
 
 WorkbenchHost::OpenedForm& WorkbenchHost::open() {

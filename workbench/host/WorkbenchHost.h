@@ -21,8 +21,10 @@ class WorkbenchHost : public Host {
   // How the host has the library build the list of a parameter: a nested Run. Set by the session.
   void SetBuildList(FormLists::Build build) { buildList_ = std::move(build); }
 
-  // Opens an empty form of the command; its messages and lists are gone with it.
+  // Opens an empty form of the command; the form before it is closed.
   Form& OpenForm(const FormDefinition& definition);
+  // Lists and messages are gone with it.
+  void CloseForm();
   Form& form() { return open().form; }
 
   // The list of a parameter as it is built anew for the form as it now is. Nothing where the library builds none or

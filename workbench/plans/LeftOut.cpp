@@ -80,7 +80,6 @@ std::vector<LeftOut> FindLeftOut(Exchange& exchange) {
   std::vector<LeftOut> found;
   for (const std::string& command : GenerationOrder()) {
     const FormDefinition* form = FindForm(command);
-    if (form == nullptr || form->database != "dynamic") continue;
     for (const auto& [parameter, toldBy] : OnlyToldByOthers(byRelease, exchange.release(), command)) {
       const std::size_t records =
           parameter.empty() ? CountRecords(exchange, *form).records : RecordsWithValue(exchange, *form, parameter);

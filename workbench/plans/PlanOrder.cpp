@@ -38,7 +38,8 @@ Commands CommandsBefore(const FormDefinition& form) {
 
 std::vector<const FormDefinition*> FormsInOrderOfLines() {
   std::vector<const FormDefinition*> forms;
-  for (const std::string& command : GenerationOrder()) forms.push_back(FindForm(command));
+  for (const char* database : {"dynamic", "site"})
+    for (const std::string& command : GenerationOrder(database)) forms.push_back(FindForm(command));
   for (const FormDefinition* form : Forms()) {
     if (std::ranges::find(forms, form) == forms.end()) forms.push_back(form);
   }

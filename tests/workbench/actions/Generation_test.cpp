@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <set>
 #include <sstream>
+#include <stdexcept>
 
-#include "entry/Registry.h"
 #include "script/ForwardingHost.h"
 #include "script/RunTimeFailure.h"
 #include "workbench/plans/Plan.h"
@@ -145,15 +145,21 @@ TEST_F(GenerationTest, AFailureOfTheCallIsToldToo) {
   EXPECT_EQ(exchange_->OpenTransactions(), 0);
 }
 
-TEST(GenerationOrder, HoldsEveryCommandThatGeneratesOnce) {
-  const std::set<std::string> order(GenerationOrder().begin(), GenerationOrder().end());
-  EXPECT_EQ(order.size(), GenerationOrder().size());
-  for (const FormDefinition* form : Forms()) EXPECT_EQ(form->generates, order.contains(form->command)) << form->command;
+TEST_F(GenerationTest, RecordsAloneAreReadAndNoForm) {
+  Apply("NANSI:NUMTYP=EX,NUMSE=100;\n");
+  session_.host().OpenForm(*FindForm("NANSI")).Set("NUMSE", "7");
+  EXPECT_THAT(Lines(), ElementsAre("NANSI NANSI:NUMTYP=EX,NUMSE=100;"));
+  EXPECT_THROW(session_.form(), std::logic_error);
 }
 
-TEST(GenerationOrder, HoldsCommandsOfTheExchangeAlone) {
-  for (const std::string& command : GenerationOrder())
-    EXPECT_NE(std::ranges::find(CommandNames(), command), CommandNames().end()) << command;
+TEST(GenerationOrder, HoldsEveryCommandThatGeneratesOnceWhereItsRecordsStand) {
+  std::multiset<std::pair<std::string, std::string>> ordered;
+  for (const char* database : {"dynamic", "site"})
+    for (const std::string& command : GenerationOrder(database)) ordered.emplace(database, command);
+  std::multiset<std::pair<std::string, std::string>> generating;
+  for (const FormDefinition* form : Forms())
+    if (form->generates) generating.emplace(form->database, form->command);
+  EXPECT_EQ(ordered, generating);
 }
 
 }  // namespace
