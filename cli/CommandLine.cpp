@@ -7,6 +7,8 @@
 #include <cctype>
 #include <iostream>
 #include <memory>
+#include <span>
+#include <string_view>
 
 #include "cli/Definition.h"
 #include "cli/Output.h"
@@ -66,36 +68,20 @@ class HelpFormatter : public CLI::FormatterBase {
   }
 };
 
-// The program with its subcommands. The exit code is that of the one that was chosen.
+// The program with the subcommand that is named, or with all of them where none has that name: to define those that
+// nobody asks for takes a tenth of a short run. The exit code is that of the one that was chosen.
 class CommandLine {
  public:
-  CommandLine() : app_("Prepare a private telephone exchange offline, and get its command lines", "cordboard") {
+  explicit CommandLine(std::string_view named)
+      : app_("Prepare a private telephone exchange offline, and get its command lines", "cordboard") {
     app_.formatter(std::make_shared<HelpFormatter>());
     app_.set_help_flag("-h,--help", "show this help");
     app_.set_version_flag("--version", VersionAndBuild(), "tell the version and how it was built");
     app_.footer(exitCodes);
     app_.require_subcommand(1);
-    AddNew();
-    AddPlants();
-    AddPlant();
-    AddApply();
-    AddShell();
-    AddHistory();
-    AddUndo();
-    AddRedo();
-    AddValues();
-    AddShow();
-    AddGenerate();
-    AddExport();
-    AddCompare();
-    AddExplain();
-    AddCheck();
-    AddUsed();
-    AddWeb();
-    AddServe();
-    AddCommands();
-    AddHelp();
-    AddHidden();
+    const bool isOne = IsSubcommand(named);
+    for (const auto& [name, add] : Subcommands())
+      if (!isOne || name == named) (this->*add)();
   }
 
   int Run(int argc, char** argv) {
@@ -115,11 +101,34 @@ class CommandLine {
   }
 
  private:
+  struct Subcommand {
+    std::string_view name;
+    void (CommandLine::*add)();
+  };
+  // In the order of the help. The last two are hidden: for the build, and for the scripts that complete in shells.
+  static std::span<const Subcommand> Subcommands() {
+    static constexpr Subcommand all[] = {
+        {"new", &CommandLine::AddNew},           {"plants", &CommandLine::AddPlants},
+        {"plant", &CommandLine::AddPlant},       {"apply", &CommandLine::AddApply},
+        {"shell", &CommandLine::AddShell},       {"history", &CommandLine::AddHistory},
+        {"undo", &CommandLine::AddUndo},         {"redo", &CommandLine::AddRedo},
+        {"values", &CommandLine::AddValues},     {"show", &CommandLine::AddShow},
+        {"generate", &CommandLine::AddGenerate}, {"export", &CommandLine::AddExport},
+        {"compare", &CommandLine::AddCompare},   {"explain", &CommandLine::AddExplain},
+        {"check", &CommandLine::AddCheck},       {"used", &CommandLine::AddUsed},
+        {"web", &CommandLine::AddWeb},           {"serve", &CommandLine::AddServe},
+        {"commands", &CommandLine::AddCommands}, {"help", &CommandLine::AddHelp},
+        {"man", &CommandLine::AddMan},           {"complete", &CommandLine::AddComplete},
+    };
+    return all;
+  }
+  static bool IsSubcommand(std::string_view name) {
+    return std::ranges::find(Subcommands(), name, &Subcommand::name) != Subcommands().end();
+  }
+
   // What stands in the place of a subcommand and is none: a better complaint than that one is missing.
-  void CheckSubcommand(int argc, char** argv) const {
-    if (argc < 2 || argv[1][0] == '-') return;
-    const auto isTyped = [&](const CLI::App* sub) { return sub->get_name() == argv[1]; };
-    if (!app_.get_subcommands(isTyped).empty()) return;
+  static void CheckSubcommand(int argc, char** argv) {
+    if (argc < 2 || argv[1][0] == '-' || IsSubcommand(argv[1])) return;
     std::vector<std::string> names;
     for (const Definition& sub : Program().subcommands) names.push_back(sub.name);
     throw Exit{Usage, "there is no subcommand " + std::string(argv[1]) + "." + workbench::DidYouMean(argv[1], names)};
@@ -414,21 +423,26 @@ class CommandLine {
     sub->callback([this, options] { exitCode_ = Help(*options, Program()); });
   }
 
-  // For the build, and for the scripts that complete in shells.
-  void AddHidden() {
+  void AddMan() {
     const auto manual = std::make_shared<ManOptions>();
     CLI::App* man = app_.add_subcommand("man", "Print a manual page, or write all of them")->group("");
     man->add_option("NAME", manual->name, "a subcommand or a command; none for the program");
     man->add_option("--pages", manual->pages, "write all pages into this folder, under man1 and man7");
     man->callback([this, manual] { exitCode_ = Man(*manual, Program()); });
+  }
 
+  void AddComplete() {
     const auto words = std::make_shared<std::vector<std::string>>();
     CLI::App* complete = app_.add_subcommand("complete", "Tell what the last word may be completed to")->group("");
     complete->add_option("WORDS", *words, "what is typed behind the name of the program");
     complete->callback([this, words] { exitCode_ = Complete(*words, Program()); });
   }
 
-  Definition Program() const { return Define(app_, app_.get_name()); }
+  // With all subcommands.
+  static Definition Program() {
+    const CommandLine whole("");
+    return Define(whole.app_, whole.app_.get_name());
+  }
 
   CLI::App app_;
   int exitCode_ = Done;
@@ -436,6 +450,6 @@ class CommandLine {
 
 }  // namespace
 
-int RunCommandLine(int argc, char** argv) { return CommandLine().Run(argc, argv); }
+int RunCommandLine(int argc, char** argv) { return CommandLine(argc > 1 ? argv[1] : "").Run(argc, argv); }
 
 }  // namespace cordboard::cli
