@@ -5,6 +5,7 @@
 #include "bench/Bounds.h"
 #include "bench/Folder.h"
 #include "bench/Valgrind.h"
+#include "script/Statement.h"
 #include "workbench/data/Resources.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"
@@ -41,7 +42,7 @@ void MeasureStart(const std::string& program) {
   for (const auto& [words, bound] : runs) {
     std::string command = words;
     if (const std::size_t at = command.find("FILE"); at != command.npos) command.replace(at, 4, "'" + file + "'");
-    const double millions = InstructionsOf("'" + program + "' " + command) / 1e6;
+    const double millions = InstructionsOf(Text("'", program, "' ", command)) / 1e6;
     std::printf("  %-36s %8.1f million instructions%s\n", words, millions, Held(words, millions, bound).c_str());
   }
 }

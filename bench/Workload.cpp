@@ -68,7 +68,7 @@ void Workload::AddSeries() {
   std::string plan;
   for (int i = firstSeries; i < firstSeries + series_; ++i) {
     const std::string number = std::to_string(i);
-    plan += "NANSI:NUMTYP=EX,NUMSE=" + number + "00&&" + number + "99;\n";
+    plan.append("NANSI:NUMTYP=EX,NUMSE=").append(number).append("00&&").append(number).append("99;\n");
   }
   Apply(plan);
 }

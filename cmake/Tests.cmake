@@ -62,7 +62,8 @@ add_test(NAME tree.calls COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/test
                                  ${PROJECT_BINARY_DIR})
 add_test(NAME tree.check_calls COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/check_calls_test.py)
 add_test(NAME tree.new_command COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/new_command_test.py)
-set_tests_properties(tree.check_tree tree.calls tree.check_calls tree.new_command PROPERTIES
+add_test(NAME tree.tidy COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/tree/tidy_test.py)
+set_tests_properties(tree.check_tree tree.calls tree.check_calls tree.new_command tree.tidy PROPERTIES
   ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1")
 # What new-command makes is built into the programs of this build.
 if(CORDBOARD_WORKBENCH AND CMAKE_GENERATOR STREQUAL "Ninja")
