@@ -28,6 +28,7 @@ using workbench::StoredRecord;
 using workbench::UserAction;
 
 constexpr std::size_t firstOnes = 10;
+constexpr int times = 3;
 constexpr const char* inNoList = "98765432";
 
 template <typename Work>
@@ -35,6 +36,15 @@ Cost CostOf(Work work) {
   Cost cost;
   cost.milliseconds = Seconds([&] { cost.steps = static_cast<double>(StepCounter::Steps(work)); }) * 1e3;
   return cost;
+}
+
+// Of what changes nothing, the least time of several.
+template <typename Work>
+Cost LeastCostOf(Work work) {
+  Cost least = CostOf(work);
+  for (int again = 1; again < times; ++again)
+    least.milliseconds = std::min(least.milliseconds, CostOf(work).milliseconds);
+  return least;
 }
 
 void Expect(bool holds, const std::string& command, const std::string& what) {
@@ -76,7 +86,7 @@ class Measurement {
       if (!form->generates) continue;
       // The first time clears up after the command before.
       std::size_t lines = LinesOf(session_, *form).size();
-      costs_[form->command + " generate"] = CostOf([&] { lines = LinesOf(session_, *form).size(); }).Each(lines);
+      costs_[form->command + " generate"] = LeastCostOf([&] { lines = LinesOf(session_, *form).size(); }).Each(lines);
     }
   }
 
@@ -101,9 +111,9 @@ class Measurement {
       const workbench::ValueList* list = session_.host().FreshList(parameter.name);
       if (list == nullptr) continue;
       const std::string name = add.command + " " + parameter.name;
-      costs_[name + " first"] = CostOf([&] { list->First(firstOnes); });
+      costs_[name + " first"] = LeastCostOf([&] { list->First(firstOnes); });
       std::size_t values = 0;
-      costs_[name + " whole"] = CostOf([&] { values = list->Count(); }).Each(values);
+      costs_[name + " whole"] = LeastCostOf([&] { values = list->Count(); }).Each(values);
     }
   }
 
@@ -159,14 +169,15 @@ class Measurement {
     return Perform(session_, action).done;
   }
 
+  // Without the end of its transaction: of a database in memory SQLite then looks at each page, where one was taken
+  // back. There are as many as its cache of a file has.
   Outcome Count(const UserAction& action, const char* how = "") {
     static constexpr const char* kinds[] = {" add", " edit", " delete"};
+    workbench::Transaction transaction(exchange_);
     Outcome outcome;
-    costs_[action.command + kinds[static_cast<int>(action.kind)] + how] += CostOf([&] {
-      workbench::Transaction transaction(exchange_);
-      outcome = Perform(session_, action);
-      outcome.done ? transaction.Commit() : transaction.RollBack();
-    });
+    costs_[action.command + kinds[static_cast<int>(action.kind)] + how] +=
+        CostOf([&] { outcome = Perform(session_, action); });
+    outcome.done ? transaction.Commit() : transaction.RollBack();
     return outcome;
   }
 
