@@ -3,14 +3,12 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
-#include <set>
 
 #include "entry/Registry.h"
 #include "workbench/data/DataFile.h"
 #include "workbench/database/Schema.h"
-#include "workbench/exchange/Exchange.h"
-#include "workbench/exchange/FixedValues.h"
 #include "workbench/forms/Foldings.h"
+#include "workbench/forms/ParameterReader.h"
 #include "workbench/text/Names.h"
 
 namespace cordboard::workbench {
@@ -18,64 +16,6 @@ namespace cordboard::workbench {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-Texts ReadReleases(Fields& fields) {
-  const auto item = fields.Find("releases");
-  if (!item) return {};
-  for (const DataItem& release : item->List()) {
-    if (std::ranges::find(Releases(), release.Text()) == Releases().end())
-      release.Fail("there is no release " + release.Text());
-  }
-  return item->As<Texts>();
-}
-
-Characters ReadCharacters(Fields& fields) {
-  const auto item = fields.Find("characters");
-  if (!item) return Characters::Word;
-  const std::string kind = item->Text();
-  if (kind == "any") return Characters::Any;
-  if (kind == "digits") return Characters::Digits;
-  if (kind == "dialled") return Characters::Dialled;
-  if (kind == "hexadecimal") return Characters::Hexadecimal;
-  item->Fail("characters are \"any\", \"digits\", \"dialled\" or \"hexadecimal\"");
-}
-
-// What the library serves of the command's parameters, and their fixed values.
-struct Served {
-  const Module* module;  // null where there is none
-  const std::set<std::string>& fixed;
-};
-
-ParameterDefinition ReadParameter(const Served& served, Fields& fields, const std::string& number) {
-  ParameterDefinition parameter{.name = WithNumber(fields.Get<std::string>("name"), number),
-                                .title = fields.Get<std::string>("title")};
-  for (const ParameterFlag& flag : ParameterFlags()) {
-    if (flag.source == ParameterFlag::Source::Form) parameter.*flag.flag = fields.Get(flag.key, false);
-  }
-  if (served.module != nullptr) {
-    parameter.list = served.module->ListOf(parameter.name) != nullptr;
-    parameter.check = served.module->CheckOf(parameter.name) != nullptr;
-  }
-  parameter.fixed = !parameter.list && served.fixed.contains(parameter.name);
-  parameter.characters = ReadCharacters(fields);
-  parameter.releases = ReadReleases(fields);
-  parameter.otherwise = fields.Get<std::string>("otherwise", "");
-  fields.Find("each");
-  if (const auto pool = fields.Find("pool")) {
-    parameter.pool = pool->Object([](Fields& of) {
-      return Pool{of.Get<std::string>("table"), of.Get<std::string>("column")};
-    });
-  }
-  if (const auto narrowed = fields.Find("narrowed")) {
-    parameter.narrowing = narrowed->Object([](Fields& of) {
-      return Narrowing{of.Get<std::string>("by"), of.Get<std::string>("without")};
-    });
-  }
-  if (const auto beside = fields.Find("beside")) {
-    parameter.beside = beside->Object([](Fields& of) { return Numbers{of.Get<int>("from"), of.Get<int>("to")}; });
-  }
-  return parameter;
-}
 
 // The identifier is CMDID to the library, however the table spells it.
 Texts ColumnsOf(const Table& table) {
@@ -200,14 +140,7 @@ FormDefinition ReadForm(const std::string& command, const DataItem& file) {
                         .table = {},
                         .columns = {}};
     ReadRecord(form, fields, file);
-    const Served served{FindModule(command), FixedParametersOf(command)};
-    for (const DataItem& parameter : fields.At("parameters").List()) {
-      const Texts numbers = EachOf(parameter);
-      for (const std::string& number : numbers) {
-        form.parameters.push_back(parameter.Object([&](Fields& of) { return ReadParameter(served, of, number); }));
-        form.parameters.back().ofSeries = numbers.size();
-      }
-    }
+    form.parameters = ReadParameters(command, fields.At("parameters"));
     form.foldings = FoldingsOf(form, file, fields.Find("folding"));
     form.inStep = fields.Get("inStep", std::vector<Texts>());
     form.oneOf = fields.Get("oneOf", std::vector<Texts>());

@@ -3,23 +3,19 @@
 //   {"title": "Key extensions", "help": "One sentence.",
 //    "parameters": [{"name": "DIR", "title": "Directory number", "mandatory": true, "multiple": true}, ...]}
 //
-// A parameter has the flags of ParameterFlags() that the form says, "releases", "pool" {"table", "column"}, "narrowed"
-// {"by", "without"}, "beside" {"from", "to"}, whole numbers beside the list, and "otherwise", what rules put where none
-// is given. A form has besides "key": the parameters that tell one record from another, where it is not the first that
-// is stored; "prepared": the column that rows have which stand before they are filled in, "ordered", "single",
-// "inStep", "oneOf", "folding", "after" {"removeRowAfterDelete", "writeAfterEdit"}, where records are made from
-// templates "templates" {"command", "name"}: the command of the templates and the parameter that names one, "assumed"
-// {name: value}: what rules read or reset though the form does not show it, and, where records stand in two tables,
-// "second" {"table", "with"}: the other table, and the parameter that its records have.
+// What a parameter has tells workbench/forms/ParameterReader.h. A form has besides "key": the parameters that tell one
+// record from another, where it is not the first that is stored; "prepared": the column that rows have which stand
+// before they are filled in, "ordered", "single", "inStep", "oneOf", "folding", "after" {"removeRowAfterDelete",
+// "writeAfterEdit"}, where records are made from templates "templates" {"command", "name"}: the command of the templates
+// and the parameter that names one, "assumed" {name: value}: what rules read or reset though the form does not show it,
+// and, where records stand in two tables, "second" {"table", "with"}: the other table, and the parameter that its
+// records have.
 //
 // Where lines of the exchange differ from what the form takes, "lines" says so: "derived", parameters that lines alone
 // have; "untold", parameters that lines do not have, of those that decide on the derived ones; "from", the command
 // whose records give the lines, where it is another one; and lines that some records have besides, each {"key":
 // [names], "with": {name: value}}: "release", in front of a line that uses a key, and "continued", behind a line that
 // is full, with "further", the parameter with whose values it goes on.
-//
-// Parameters that differ in a number alone are one entry: with "each": "01&&40" it stands for forty parameters, and %
-// in its name for the number of each.
 //
 // What is known elsewhere follows from there, and the form says only where it is otherwise:
 //   what the command serves   from the table of its module: actions, lists and checks
