@@ -55,7 +55,9 @@ Cost CostOf(const std::string& program, const Words& words) {
   rusage usage{};
   if (error != 0 || wait4(child, &status, 0, &usage) != child || !WIFEXITED(status))
     throw std::runtime_error(program + " cannot be run");
-  const auto seconds = [](const timeval& time) { return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6; };
+  const auto seconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+  };
   return {seconds(usage.ru_utime) + seconds(usage.ru_stime), static_cast<double>(usage.ru_maxrss) / 1024};
 }
 

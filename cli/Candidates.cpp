@@ -1,7 +1,6 @@
 #include "cli/Candidates.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "cli/EditedForm.h"
 #include "cli/Files.h"
@@ -12,8 +11,6 @@
 #include "workbench/history/History.h"
 #include "workbench/history/StateInWords.h"
 #include "workbench/host/Session.h"
-#include "workbench/plans/PlanLine.h"
-#include "workbench/text/Quoted.h"
 
 namespace cordboard::cli {
 
@@ -24,16 +21,6 @@ using workbench::Filling;
 using workbench::FormDefinition;
 using workbench::ParameterDefinition;
 using workbench::Session;
-
-// Puts what is typed already before each word.
-Candidates After(const std::string& typed, Candidates candidates) {
-  for (auto& candidate : candidates) candidate.value.insert(0, typed);
-  return candidates;
-}
-
-void Append(Candidates& candidates, const Candidates& others) {
-  candidates.insert(candidates.end(), others.begin(), others.end());
-}
 
 // The names that are not given yet.
 Candidates Names(const FormDefinition& form, const std::vector<std::string>& names,
@@ -79,46 +66,30 @@ std::string AsLiteral(const std::string& text) {
   return literal + "'";
 }
 
-// --- Lines of a plan.
+}  // namespace
 
-// Where the word begins that is typed last, and the colon before the values, as far as there is one: neither stands in
-// double quotes, with which a value or the name of a template may begin.
-struct Ends {
-  std::size_t word = 0;
-  std::size_t colon = std::string::npos;
-};
-Ends EndsOf(const std::string& line, std::size_t begin) {
-  Ends ends{.word = begin};
-  bool quoted = false;
-  for (std::size_t i = begin; i < line.size(); ++i) {
-    if (line[i] == '"' && (quoted || line[i - 1] == '=' || line[i - 1] == ' ')) quoted = !quoted;
-    const bool isColon = line[i] == ':' && ends.colon == line.npos;
-    if (quoted || (line[i] != ',' && !isColon)) continue;
-    if (isColon) ends.colon = i;
-    ends.word = i + 1;
-  }
-  while (ends.word < line.size() && line[ends.word] == ' ') ++ends.word;
-  return ends;
+Candidates After(const std::string& typed, Candidates candidates) {
+  for (auto& candidate : candidates) candidate.value.insert(0, typed);
+  return candidates;
 }
 
-// What is typed before the last word, as an action. It is given its end; a selection that stands alone deletes.
-workbench::UserAction ActionSoFar(std::string line, bool selects) {
-  if (selects && line.starts_with("edit ")) line.replace(0, 4, "delete");
-  line.erase(line.find_last_not_of(' ') + 1);
-  if (line.ends_with(',')) line.pop_back();
-  return workbench::ParsePlanLine(line + ";").value_or(workbench::UserAction());
+Candidates CommandNames() {
+  Candidates candidates;
+  for (const FormDefinition* form : workbench::Forms()) candidates.push_back({form->command, form->title});
+  return candidates;
 }
 
-// A value that is typed in double quotes is looked for without them, and values stand in them where they have to.
-Candidates AsInLines(const std::string& word, const std::function<Candidates(const std::string& word)>& candidatesFor) {
-  const std::size_t equals = word.find('=');
-  const bool quoted = equals != word.npos && word.substr(equals + 1).starts_with('"');
-  Candidates candidates = candidatesFor(quoted ? word.substr(0, equals + 1) + word.substr(equals + 2) : word);
-  for (auto& [text, description] : candidates) {
-    const std::size_t begin = text.find('=') + 1;
-    const std::string value = text.substr(begin);
-    if (begin > 0) text = text.substr(0, begin) + (quoted ? workbench::Quoted(value) : workbench::WrittenValue(value));
-  }
+Candidates ParameterNames(const FormDefinition& form) {
+  Candidates candidates;
+  for (const auto& parameter : form.parameters) candidates.push_back({parameter.name, parameter.title});
+  return candidates;
+}
+
+Candidates StateNumbers(const LookUp& lookUp) {
+  const workbench::History history(lookUp.exchange().Dynamic());
+  Candidates candidates;
+  for (auto state = history.states().rbegin(); state != history.states().rend(); ++state)
+    candidates.push_back({std::to_string(state->number), Told(*state)});
   return candidates;
 }
 
@@ -143,41 +114,6 @@ Candidates NewValues(const LookUp& lookUp, const FormDefinition& form, const wor
         return FillForm(session, form, soFar.values, soFar.from);
       },
       word);
-}
-
-// Behind the command of an add, before its colon: the templates from which it may be made.
-Candidates FromTemplate(const LookUp& lookUp, const FormDefinition& form, const std::string& typed) {
-  const std::string from = "from ";
-  if (form.templates.command.empty()) return {};
-  if (!typed.starts_with(from)) return {{from, "Add from a template"}};
-  const std::string begin = form.templates.name + "=";
-  Candidates candidates = AsInLines(begin + typed.substr(from.size()), [&](const std::string& word) {
-    return StoredValues(lookUp, FormOf(form.templates.command), {}, word);
-  });
-  for (auto& [value, description] : candidates) value.replace(0, begin.size(), from).append(":");
-  return candidates;
-}
-
-}  // namespace
-
-Candidates CommandNames() {
-  Candidates candidates;
-  for (const FormDefinition* form : workbench::Forms()) candidates.push_back({form->command, form->title});
-  return candidates;
-}
-
-Candidates ParameterNames(const FormDefinition& form) {
-  Candidates candidates;
-  for (const auto& parameter : form.parameters) candidates.push_back({parameter.name, parameter.title});
-  return candidates;
-}
-
-Candidates StateNumbers(const LookUp& lookUp) {
-  const workbench::History history(lookUp.exchange().Dynamic());
-  Candidates candidates;
-  for (auto state = history.states().rbegin(); state != history.states().rend(); ++state)
-    candidates.push_back({std::to_string(state->number), Told(*state)});
-  return candidates;
 }
 
 Candidates FormValues(const LookUp& lookUp, const FormDefinition& form, const std::vector<Assignment>& given,
@@ -216,28 +152,6 @@ Candidates StoredValues(const LookUp& lookUp, const FormDefinition& form, const 
     }
   }
   return After(word.substr(0, begin), std::move(candidates));
-}
-
-Candidates LineContinued(const LookUp& lookUp, const std::string& line) {
-  const std::string verb = line.starts_with("edit ") ? "edit " : line.starts_with("delete ") ? "delete " : "";
-  const std::size_t afterCommand = line.find_first_of(" :", verb.size());
-  if (afterCommand == line.npos) {
-    Candidates candidates = CommandNames();
-    for (auto& command : candidates) command.value = verb + command.value + (verb.empty() ? ":" : " ");
-    if (verb.empty()) Append(candidates, {{"edit ", "Change a record"}, {"delete ", "Remove a record"}});
-    return candidates;
-  }
-  const FormDefinition& form = FormOf(line.substr(verb.size(), afterCommand - verb.size()));
-  const Ends ends = EndsOf(line, afterCommand);
-  const bool selects = ends.colon == line.npos;
-  if (selects && verb.empty())
-    return After(line.substr(0, afterCommand + 1), FromTemplate(lookUp, form, line.substr(afterCommand + 1)));
-  const std::size_t begin = selects && ends.word == afterCommand ? afterCommand + 1 : ends.word;
-  const workbench::UserAction soFar = ActionSoFar(line.substr(0, begin), selects);
-  const auto candidates = AsInLines(line.substr(begin), [&](const std::string& word) {
-    return selects ? StoredValues(lookUp, form, soFar.selection, word) : NewValues(lookUp, form, soFar, word);
-  });
-  return After(line.substr(0, begin), candidates);
 }
 
 }  // namespace cordboard::cli

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/actions/UserAction.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/forms/FormDefinition.h"
 #include "workbench/forms/ValueList.h"
@@ -22,6 +23,9 @@ struct LookUp {
   std::size_t most = std::numeric_limits<std::int32_t>::max();
 };
 
+// Puts what is typed already before each word.
+Candidates After(const std::string& typed, Candidates candidates);
+
 Candidates CommandNames();
 Candidates ParameterNames(const workbench::FormDefinition& form);
 
@@ -32,11 +36,11 @@ Candidates StateNumbers(const LookUp& lookUp);
 // what is given before.
 Candidates FormValues(const LookUp& lookUp, const workbench::FormDefinition& form,
                       const std::vector<workbench::Assignment>& given, const std::string& word);
+// The same of an add or an edit, after what is typed of it.
+Candidates NewValues(const LookUp& lookUp, const workbench::FormDefinition& form, const workbench::UserAction& soFar,
+                     const std::string& word);
 // NAME=VALUE, of a selection of records: columns, and the values that are stored; those of secrets are not told.
 Candidates StoredValues(const LookUp& lookUp, const workbench::FormDefinition& form,
                         const std::vector<workbench::Assignment>& given, const std::string& word);
-
-// A line of a plan, as far as it is typed: "KSEXI:DIR=100,ITYPE=".
-Candidates LineContinued(const LookUp& lookUp, const std::string& line);
 
 }  // namespace cordboard::cli

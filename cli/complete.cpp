@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-#include "cli/Candidates.h"
+#include "cli/LineCandidates.h"
 #include "cli/Definition.h"
 #include "cli/Files.h"
 #include "cli/Subcommands.h"

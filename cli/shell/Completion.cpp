@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "cli/Files.h"
+#include "cli/LineCandidates.h"
 #include "cli/shell/Typed.h"
 #include "cli/shell/Words.h"
 #include "script/Text.h"

@@ -1,6 +1,7 @@
 #include "workbench/plans/PlanLine.h"
 
 #include "script/Text.h"
+#include "workbench/plans/LineReader.h"
 #include "workbench/text/Names.h"
 #include "workbench/text/Quoted.h"
 #include "workbench/text/Separated.h"
@@ -10,104 +11,9 @@ namespace cordboard::workbench {
 
 namespace {
 
-// The carriage return is what is left of a line end of Windows.
-constexpr std::string_view blanks = " \t\r";
-
-// Reads a line from left to right; all reading passes over blanks and tabs in front.
-class Reader {
- public:
-  explicit Reader(std::string_view line) : line_(line), rest_(line) { SkipBlanks(); }
-
-  bool AtEnd() const { return rest_.empty(); }
-  bool AtComment() const { return rest_.starts_with('#'); }
-
-  bool Take(char wanted) {
-    if (!rest_.starts_with(wanted)) return false;
-    rest_.remove_prefix(1);
-    SkipBlanks();
-    return true;
-  }
-
-  // A name ends at a blank or at one of the signs of the notation.
-  std::string Name() {
-    const std::size_t end = std::min(rest_.find_first_of(" \t:,;=\"#"), rest_.size());
-    std::string name(rest_.substr(0, end));
-    rest_.remove_prefix(end);
-    SkipBlanks();
-    return name;
-  }
-
-  // NAME=value, whose value ends at one of `ends`.
-  Assignment NextAssignment(std::string_view ends, const std::string& hint) {
-    const std::string name = Name();
-    if (name.empty()) Refuse("a parameter name is missing");
-    if (!Take('=')) Refuse("an equals sign is missing", hint);
-    const std::size_t begin = Position();
-    assigned_.push_back({{name, Content(ends)}, begin, Position()});
-    return assigned_.back().assignment;
-  }
-
-  // A value ends at one of `ends`; blanks around it do not count.
-  std::string Content(std::string_view ends) {
-    if (rest_.starts_with('"')) {
-      auto quoted = TakeQuoted(rest_);
-      if (!quoted) Refuse("a double quote is opened and not closed");
-      SkipBlanks();
-      return *quoted;
-    }
-    const std::size_t end = std::min(rest_.find_first_of(ends), rest_.size());
-    const std::string_view content = rest_.substr(0, end);
-    std::string value(content.substr(0, content.find_last_not_of(blanks) + 1));
-    rest_.remove_prefix(end);
-    return value;
-  }
-
-  // A word of the notation: it ends at a blank or at one of the signs behind it.
-  bool Word(std::string_view wanted) {
-    const bool ends =
-        rest_.size() > wanted.size() && std::string_view(" \t\":;").find(rest_[wanted.size()]) != rest_.npos;
-    if (!rest_.starts_with(wanted) || !ends) return false;
-    rest_.remove_prefix(wanted.size());
-    SkipBlanks();
-    return true;
-  }
-
-  std::string_view rest() const { return rest_; }
-
-  // Refuses the line for what stands next. Its text is not told: in a line that cannot be read it may be part of a
-  // secret.
-  [[noreturn]] void Refuse(const std::string& message, const std::string& hint = "") const {
-    const std::size_t column = Column(Position());
-    throw PlanLineError(message + " at column " + std::to_string(column) + hint, column, AtEnd());
-  }
-
-  // All assignments that were read, and where the value of each begins and ends.
-  struct Assigned {
-    Assignment assignment;
-    std::size_t begin;
-    std::size_t end;
-  };
-  const std::vector<Assigned>& assigned() const { return assigned_; }
-
-  std::size_t Column(std::size_t position) const { return Length(line_.substr(0, position)) + 1; }
-  std::string_view line() const { return line_; }
-
- private:
-  std::size_t Position() const { return line_.size() - rest_.size(); }
-
-  void SkipBlanks() {
-    const std::size_t first = rest_.find_first_not_of(blanks);
-    rest_.remove_prefix(std::min(first, rest_.size()));
-  }
-
-  std::string_view line_;
-  std::string_view rest_;
-  std::vector<Assigned> assigned_;
-};
-
-std::vector<Assignment> Assignments(Reader& reader, std::string_view ends) {
+std::vector<Assignment> Assignments(LineReader& reader, std::string_view ends) {
   std::vector<Assignment> assignments;
-  if (reader.AtEnd() || ends.find(reader.rest().front()) != ends.npos) return assignments;
+  if (reader.AtOneOf(ends)) return assignments;
   std::string hint;
   do {
     assignments.push_back(reader.NextAssignment(std::string(ends) + ",", hint));
@@ -124,7 +30,7 @@ std::string SmallLetters(const std::string& command) {
   return "";
 }
 
-void End(Reader& reader) {
+void End(LineReader& reader) {
   if (reader.AtEnd()) throw PlanLineError("the line is not ended: a semicolon is missing", {}, true);
   if (!reader.Take(';')) reader.Refuse("a comma or the semicolon is missing");
   if (!reader.AtEnd() && !reader.AtComment())
@@ -138,7 +44,7 @@ void CheckText(std::string_view line) {
   if (line.find('\0') != line.npos) throw PlanLineError("the line holds a zero character");
 }
 
-std::optional<UserAction> Parse(Reader& reader) {
+std::optional<UserAction> Parse(LineReader& reader) {
   if (reader.AtEnd() || reader.AtComment()) return std::nullopt;
   UserAction action;
   action.command = reader.Name();
@@ -146,11 +52,11 @@ std::optional<UserAction> Parse(Reader& reader) {
     action.kind = action.command == "edit" ? UserAction::Kind::Edit : UserAction::Kind::Delete;
     action.command = reader.Name();
     if (action.command.empty()) throw PlanLineError("after edit or delete a command is missing", {}, reader.AtEnd());
-    if (reader.Word("from")) throw PlanLineError("only an add is made from a template");
+    if (reader.TakeWord("from")) throw PlanLineError("only an add is made from a template");
     action.selection = Assignments(reader, ":;");
   }
   if (action.command.empty()) throw PlanLineError("a command is missing at the beginning");
-  if (action.kind == UserAction::Kind::Add && reader.Word("from")) {
+  if (action.kind == UserAction::Kind::Add && reader.TakeWord("from")) {
     action.from = reader.Content(":;");
     if (action.from.empty()) throw PlanLineError("after from the name of a template is missing");
   }
@@ -182,12 +88,12 @@ bool FirstLine(std::istream& in, std::string& line) {
 
 std::optional<UserAction> ParsePlanLine(std::string_view line) {
   CheckText(line);
-  Reader reader(line);
+  LineReader reader(line);
   return Parse(reader);
 }
 
 std::optional<Stretch> FindInLine(std::string_view line, const std::string& parameter, const std::string& value) {
-  Reader reader(line);
+  LineReader reader(line);
   const auto action = Parse(reader);
   if (!action) return std::nullopt;
   if (parameter.empty()) {
@@ -217,8 +123,7 @@ std::optional<UserAction> ReadableLine(std::string_view line) {
 }
 
 std::string WrittenValue(const std::string& value) {
-  const bool blankAtEnd =
-      !value.empty() && (blanks.find(value.front()) != blanks.npos || blanks.find(value.back()) != blanks.npos);
+  const bool blankAtEnd = !value.empty() && (IsBlank(value.front()) || IsBlank(value.back()));
   if (value.find_first_of("\",:;#") == value.npos && !blankAtEnd) return value;
   return Quoted(value);
 }
