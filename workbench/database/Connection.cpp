@@ -118,13 +118,14 @@ RowSet Connection::RunRule(const std::string& sql, const std::vector<Value>& par
   return statement.whole ? WholeRows(statement) : Step(statement, parameters);
 }
 
-void Connection::ReadRule(const std::string& sql, const std::vector<Value>& parameters, const TakeRow& take) {
+void Connection::ReadValues(const std::string& sql, const std::vector<Value>& parameters, const TakeValue& take) {
   Statement& statement = Prepared(sql, keptRules_);
   const int count = sqlite3_column_count(statement.prepared.get());
   std::string first;
   std::string second;
   EachRow(statement, parameters, [&](sqlite3_stmt* row) {
-    return take(Text(row, 0, first), count > 1 ? Text(row, 1, second) : std::string_view());
+    const std::string_view value = Text(row, 0, first);
+    return value.empty() || take(value, count > 1 ? Text(row, 1, second) : std::string_view());
   });
 }
 

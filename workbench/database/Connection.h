@@ -75,11 +75,11 @@ class Connection {
   // that it touches has changed since, one that changed nothing is not run again, and of a table that it reads whole
   // only new rows are read.
   RowSet RunRule(const std::string& sql, const std::vector<Value>& parameters);
-  // Hands the rows of a statement of the library on, one after the other: the first two columns as texts, and no
-  // characters for a null or a column that there is not. `take` runs no statement and does not fail; where it answers
-  // false, that is all.
-  using TakeRow = std::function<bool(std::string_view first, std::string_view second)>;
-  void ReadRule(const std::string& sql, const std::vector<Value>& parameters, const TakeRow& take);
+  // Hands on what a statement of the library lists, row by row: the first column as the value, the second, where there
+  // is one, as its description, both as texts. A row without a value, a null or the empty text, is passed over. `take`
+  // runs no statement and does not fail; where it answers false, that is all.
+  using TakeValue = std::function<bool(std::string_view value, std::string_view description)>;
+  void ReadValues(const std::string& sql, const std::vector<Value>& parameters, const TakeValue& take);
   // Prepares and keeps a statement of the library, and gives the number of its columns. Fails where it does not fit.
   int PrepareRule(const std::string& sql);
 

@@ -77,10 +77,7 @@ bool RowValues::OfferFromPool(std::size_t count, const std::string& unusedOf, co
   }
 }
 
-void RowValues::OfferAll(const Take& take) const {
-  all_.database->ReadRule(all_.sql, all_.parameters,
-                          [&take](auto value, auto description) { return value.empty() || take(value, description); });
-}
+void RowValues::OfferAll(const Take& take) const { all_.database->ReadValues(all_.sql, all_.parameters, take); }
 
 // The pages grow, so that the first rows of many cost little.
 void RowValues::OfferPages(std::size_t page, const Take& take) const {
