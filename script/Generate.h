@@ -1,4 +1,5 @@
-// The output of "GenerateCmd": exchange command lines in the table BuiltCmd.
+// The output of "GenerateCmd": exchange command lines in the table BuiltCmd. It follows from the records alone: no
+// generation reads a parameter of the form, and a host need not have one.
 #pragma once
 
 #include <array>

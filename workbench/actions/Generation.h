@@ -26,10 +26,10 @@ struct Generated {
 const std::vector<std::string>& GenerationOrder(const std::string& database = "dynamic");
 
 // The command lines of the exchange, or, for the database "site", those of its templates, which no exchange takes: all,
-// or those of the commands that are named. The exchange is left as it is.
+// or those of the commands that are named. The exchange is left as it is; a form that is open is closed.
 Generated Generate(Session& session, const std::string& database = "dynamic",
                    const std::vector<std::string>& commands = {});
-// The lines of one command, as far as they come: what its generation reports is left out.
+// The lines of one command, as far as they come: what its generation reports is left out. Closes the form, too.
 std::vector<std::string> LinesOf(Session& session, const FormDefinition& definition);
 
 }  // namespace cordboard::workbench

@@ -40,8 +40,8 @@ class Session {
                 const std::string& parameter = "");
   // Runs the static check of one parameter.
   RunResult Check(const std::string& parameter);
-  // Runs the generation of a command, which writes its lines under this number. It reads records alone: no form is open
-  // then, nor afterwards.
+  // Runs the generation of a command, which writes its lines under this number. It reads records alone: a form that is
+  // open is closed.
   RunResult Generate(const std::string& command, int number);
 
  private:

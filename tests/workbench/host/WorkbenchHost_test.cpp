@@ -436,6 +436,14 @@ TEST_F(WorkbenchHostTest, AnotherFormBeginsWithoutListsAndMessages) {
   EXPECT_TRUE(host_.TakeDebugLines().empty());
 }
 
+TEST_F(WorkbenchHostTest, AFormThatIsClosedIsGoneWithItsMessages) {
+  host_.scErrorMessage(0, 2, 2, "x", 62000, {});
+  host_.CloseForm();
+  EXPECT_TRUE(host_.TakeMessages().empty());
+  EXPECT_THROW(host_.form(), std::logic_error);
+  EXPECT_THROW(host_.scGetParamValue("CUST"), std::logic_error);
+}
+
 TEST_F(WorkbenchHostTest, AListThatFailsWhenItIsReadIsRefused) {
   exchange_->Dynamic().Execute("CREATE TABLE [gone] ([a])");
   Built([&] { host_.scPushValidValues("1", std::nullopt); });
