@@ -28,7 +28,6 @@ using workbench::StoredRecord;
 using workbench::UserAction;
 
 constexpr std::size_t firstOnes = 10;
-constexpr int times = 3;
 constexpr const char* inNoList = "98765432";
 
 template <typename Work>
@@ -42,7 +41,7 @@ Cost CostOf(Work work) {
 template <typename Work>
 Cost LeastCostOf(Work work) {
   Cost least = CostOf(work);
-  for (int again = 1; again < times; ++again)
+  for (int again = 1; again < repeats; ++again)
     least.milliseconds = std::min(least.milliseconds, CostOf(work).milliseconds);
   return least;
 }
@@ -84,7 +83,7 @@ class Measurement {
   void CountGeneration() {
     for (const FormDefinition* form : workbench::Forms()) {
       if (!form->generates) continue;
-      // The first time clears up after the command before.
+      // The first time prepares the statements.
       std::size_t lines = LinesOf(session_, *form).size();
       costs_[form->command + " generate"] = LeastCostOf([&] { lines = LinesOf(session_, *form).size(); }).Each(lines);
     }
@@ -169,8 +168,8 @@ class Measurement {
     return Perform(session_, action).done;
   }
 
-  // Without the end of its transaction: of a database in memory SQLite then looks at each page, where one was taken
-  // back. There are as many as its cache of a file has.
+  // Without its transaction: at the end of one SQLite walks all pages that it holds, where one of them was taken back.
+  // In memory these are the whole exchange.
   Outcome Count(const UserAction& action, const char* how = "") {
     static constexpr const char* kinds[] = {" add", " edit", " delete"};
     workbench::Transaction transaction(exchange_);

@@ -17,8 +17,6 @@ using nlohmann::json;
 using workbench::Exchange;
 using workbench::Resource;
 
-constexpr const char* release = "R8";
-
 // LIMs with boards of every type in turn.
 workbench::Plant PlantWith(json plant, int positions) {
   const json types = json::parse(Resource("board-types.json"));
@@ -75,7 +73,7 @@ void TakePositions(Exchange& exchange) {
 }  // namespace
 
 std::unique_ptr<Exchange> LargeExchange(int count, Front front) {
-  auto exchange = Exchange::CreateInMemory(release, PlantWith(Before(front), count));
+  auto exchange = Exchange::CreateInMemory("R8", PlantWith(Before(front), count));
   workbench::Transaction transaction(*exchange);
   for (const char* type : {"EX", "ED", "GH", "OI", "AD", "EP", "CO", "DN", "DG", "DE", "MA"})
     AddRows(*exchange, count, "[CmdId], [NUMSE], [NUMTYP], [USED]", "NANSI",

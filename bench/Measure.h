@@ -5,6 +5,9 @@
 
 namespace cordboard::bench {
 
+// How often something is measured whose least time counts.
+inline constexpr int repeats = 3;
+
 // The seconds that the work takes of the processor: other programs on the machine do not count.
 template <typename Work>
 double Seconds(Work work) {

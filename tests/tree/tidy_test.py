@@ -4,6 +4,7 @@
 import contextlib
 import io
 import re
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -23,10 +24,17 @@ def tool():
 
 
 class Sources(unittest.TestCase):
+    @unittest.skipUnless(shutil.which("git") and (SOURCE / ".git").exists(), "needs a checkout")
     def test_every_source_but_tests_and_those_for_windows_is_in_one_batch(self):
         listed = subprocess.run(["git", "ls-files", "*.cpp"], cwd=SOURCE, capture_output=True, text=True, check=True)
         wanted = [path for path in listed.stdout.split() if not path.startswith(("tests/", "com/"))]
         self.assertEqual(sorted(path for batch in tool().all_batches() for path in batch), sorted(wanted))
+
+    def test_what_is_found_in_a_batch_is_told_of_every_room(self):
+        wanted = re.search(r"HeaderFilterRegex: '(.*)'", (SOURCE / ".clang-tidy").read_text())[1]
+        for room in tool().ROOMS:
+            self.assertRegex(str(SOURCE / room / "Source.cpp"), wanted)
+        self.assertNotRegex("/usr/include/sqlite3.h", wanted)
 
     def test_commands_stand_in_namespaces_of_their_own(self):
         tidy = tool()
@@ -82,6 +90,8 @@ class Findings(unittest.TestCase):
         self.faulty = {"script/Text.cpp", "script/Module.cpp"}
         code, said = self.look(*self.four)
         self.assertEqual(code, 1)
+        self.assertIn(["script/Conversions.cpp", "script/Module.cpp"], self.looked_at)
+        self.assertFalse([batch for batch in self.looked_at if self.clashing <= set(batch)])
         self.assertEqual(sorted(said.splitlines()), ["script/Module.cpp is faulty", "script/Text.cpp is faulty"])
 
 
