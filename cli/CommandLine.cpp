@@ -79,9 +79,9 @@ class CommandLine {
     app_.set_version_flag("--version", VersionAndBuild(), "tell the version and how it was built");
     app_.footer(exitCodes);
     app_.require_subcommand(1);
-    const bool isOne = IsSubcommand(named);
+    const bool isKnown = IsSubcommand(named);
     for (const auto& [name, add] : Subcommands())
-      if (!isOne || name == named) (this->*add)();
+      if (!isKnown || name == named) (this->*add)();
   }
 
   int Run(int argc, char** argv) {

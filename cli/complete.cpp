@@ -6,9 +6,10 @@
 #include <memory>
 #include <utility>
 
-#include "cli/LineCandidates.h"
+#include "cli/Candidates.h"
 #include "cli/Definition.h"
 #include "cli/Files.h"
+#include "cli/LineCandidates.h"
 #include "cli/Subcommands.h"
 #include "workbench/exchange/Exchange.h"
 #include "workbench/exchange/Plant.h"

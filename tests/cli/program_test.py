@@ -1196,6 +1196,11 @@ class Usage(ProgramTest):
             self.assertEqual("FILE" in ran.stdout, name not in ("plants", "commands", "help"), ran.stdout)
             self.assertEqual("--json" in ran.stdout, name != "web", ran.stdout)
 
+    def test_the_name_of_another_subcommand_is_an_argument(self):
+        self.fails(NOT_FOUND, "there is no file show", "generate", "show")
+        self.assertIn("cordboard show [OPTIONS]", self.ends(DONE, "help", "show").stdout)
+        self.assertIn("cordboard serve [OPTIONS]", self.ends(DONE, "serve", "--help").stdout)
+
     def test_the_version_is_told(self):
         told = self.ends(DONE, "--version").stdout
         self.assertRegex(told, r"^cordboard \d+\.\d+\.\d+ \(([\w.-]+, )?(Debug|Release|\w*), SQLite 3\.\d+\.\d+\)\n$")

@@ -32,7 +32,7 @@ void Facts::LookWhoHas(const std::string& value) {
   if (!IsTheKeyOfAnother(value) && reference_ != nullptr && reference_->takes) IsTaken(*reference_->thing, value);
 }
 
-// Those that it begins stand together in an index, before the last of all characters.
+// The strings that the value begins stand together in an index: between it, and it with the last of all characters.
 void Facts::LookForBeginning(const std::string& value) {
   const bool ownStrings = defined_ != nullptr;
   const std::string table = ownStrings ? filling_.definition().table : "NANSI";

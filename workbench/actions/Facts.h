@@ -18,9 +18,9 @@ class Facts {
   void Look(const std::string& value);
   // Only whether a record has the value.
   void LookWhoHas(const std::string& value);
-  // A string of digits must not begin another one.
+  // Whether it begins another string of digits, as none may.
   void LookForBeginning(const std::string& value);
-  // Or lie in a range that is blocked.
+  // Whether it lies in a range that is blocked.
   void LookForRange(const std::string& value);
 
   // "300 is used by the key extension DIR=300 (KSEXI); no series holds 999". Nothing where nothing was found.

@@ -3,13 +3,13 @@
 //   {"title": "Key extensions", "help": "One sentence.",
 //    "parameters": [{"name": "DIR", "title": "Directory number", "mandatory": true, "multiple": true}, ...]}
 //
-// What a parameter has tells workbench/forms/ParameterReader.h. A form has besides "key": the parameters that tell one
-// record from another, where it is not the first that is stored; "prepared": the column that rows have which stand
+// What a parameter has is told in workbench/forms/ParameterReader.h. A form has besides "key": the parameters that tell
+// one record from another, where it is not the first that is stored; "prepared": the column that rows have which stand
 // before they are filled in, "ordered", "single", "inStep", "oneOf", "folding", "after" {"removeRowAfterDelete",
-// "writeAfterEdit"}, where records are made from templates "templates" {"command", "name"}: the command of the templates
-// and the parameter that names one, "assumed" {name: value}: what rules read or reset though the form does not show it,
-// and, where records stand in two tables, "second" {"table", "with"}: the other table, and the parameter that its
-// records have.
+// "writeAfterEdit"}, where records are made from templates "templates" {"command", "name"}: the command of the
+// templates and the parameter that names one, "assumed" {name: value}: what rules read or reset though the form does
+// not show it, and, where records stand in two tables, "second" {"table", "with"}: the other table, and the parameter
+// that its records have.
 //
 // Where lines of the exchange differ from what the form takes, "lines" says so: "derived", parameters that lines alone
 // have; "untold", parameters that lines do not have, of those that decide on the derived ones; "from", the command

@@ -1,5 +1,5 @@
-// Reads a line of a plan from left to right, word by word. What is read begins and ends without blanks and tabs; the
-// carriage return is one of them: it is what is left of a line end of Windows.
+// Reads a line of a plan from left to right, word by word, and passes over the blanks between words. A tab is a blank,
+// and so is the carriage return, which is what is left of a line end of Windows.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@ bool IsBlank(char sign);
 
 class LineReader {
  public:
-  // Does not hold the line.
+  // The line has to outlive it.
   explicit LineReader(std::string_view line) : line_(line), rest_(line) { SkipBlanks(); }
 
   bool AtEnd() const { return rest_.empty(); }
@@ -23,7 +23,7 @@ class LineReader {
   // Whether one of these signs stands next, or nothing.
   bool AtOneOf(std::string_view signs) const { return AtEnd() || signs.find(rest_.front()) != signs.npos; }
 
-  // Each passes over what it wants, where that stands next.
+  // Each gives whether what it wants stands next, and then passes over it.
   bool Take(char sign);
   // A word of the notation: it ends at a blank or at one of the signs behind it.
   bool TakeWord(std::string_view wanted);

@@ -1,5 +1,7 @@
 #include "workbench/plans/PlanLine.h"
 
+#include <algorithm>
+
 #include "script/Text.h"
 #include "workbench/plans/LineReader.h"
 #include "workbench/text/Names.h"
