@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <unordered_set>
@@ -106,8 +107,10 @@ class ValueList::Gone {
   }
   void ReadAll() {
     if (!values_.offer) return;
-    all_.emplace();
-    values_.offer(wholePage, {}, [this](auto value, auto) { return all_->emplace(value), true; });
+    // They are read before: a set that is told how many there are lays them out once.
+    std::vector<std::string> all;
+    values_.offer(wholePage, {}, [&all](auto value, auto) { return all.emplace_back(value), true; });
+    all_.emplace(std::make_move_iterator(all.begin()), std::make_move_iterator(all.end()), all.size());
   }
 
  private:
