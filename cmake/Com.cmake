@@ -6,10 +6,6 @@ file(GLOB layers /usr/lib/*/wine/x86_64-windows /usr/lib/wine/x86_64-windows)
 find_file(CORDBOARD_STDOLE stdole2.tlb PATHS ${layers} NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 cmake_path(GET CORDBOARD_STDOLE PARENT_PATH stdole_folder)
 
-# Two whole builds of the library are part of every check: what all modules include is compiled once.
-target_precompile_headers(cordboard_library PRIVATE script/Conversions.h script/Generate.h script/Module.h
-                          script/Report.h)
-
 set(generated ${PROJECT_BINARY_DIR}/generated/com)
 file(MAKE_DIRECTORY ${generated})
 set(widl ${CORDBOARD_WIDL} -I${PROJECT_SOURCE_DIR}/com -L${stdole_folder})
@@ -29,6 +25,7 @@ add_dependencies(cordboard_com cordboard_interface)
 target_include_directories(cordboard_com SYSTEM PUBLIC ${PROJECT_BINARY_DIR}/generated)
 target_compile_definitions(cordboard_com PUBLIC UNICODE _UNICODE _WIN32_WINNT=0x0601)
 target_link_libraries(cordboard_com PUBLIC cordboard::cordboard ole32 oleaut32)
+precompile(cordboard_com com/Platform.h com/Variant.h com/WideText.h)
 
 # The resource compiler writes no dependency file.
 set_source_files_properties(com/cordboard.rc PROPERTIES OBJECT_DEPENDS ${generated}/cordboard.tlb

@@ -18,20 +18,27 @@ file(GLOB workbench_sources CONFIGURE_DEPENDS workbench/*.cpp workbench/*/*.cpp)
 add_library(cordboard_workbench STATIC ${workbench_sources} ${resources})
 target_link_libraries(cordboard_workbench PUBLIC cordboard::cordboard PRIVATE SQLite::SQLite3
                       nlohmann_json::nlohmann_json)
-if(CORDBOARD_PRECOMPILE)
-  target_precompile_headers(cordboard_workbench PRIVATE <algorithm> <array> <cstdint> <functional> <map> <memory>
-    <optional> <ranges> <set> <stdexcept> <string> <string_view> <utility> <variant> <vector>)
-endif()
+precompile(cordboard_workbench ${standard_headers} workbench/actions/UserAction.h workbench/text/Separated.h)
 if(CORDBOARD_SANITIZE)
   # Under sanitizers its tests take longer than to compile it.
   target_compile_options(cordboard_workbench PRIVATE -O1)
 endif()
+
+# Of an inline function that many objects have, the first one's is taken. Under sanitizers that is to be the
+# workbench's, which is optimised: its tests take a third less.
+function(link_workbench_first target)
+  if(CORDBOARD_SANITIZE)
+    target_link_options(${target} PRIVATE
+                        LINKER:--whole-archive,$<TARGET_FILE:cordboard_workbench>,--no-whole-archive)
+  endif()
+endfunction()
 
 # The page for a browser.
 find_package(Boost REQUIRED)
 file(GLOB web_sources CONFIGURE_DEPENDS web/*.cpp web/pages/*.cpp)
 add_library(cordboard_web STATIC ${web_sources})
 target_link_libraries(cordboard_web PUBLIC cordboard_workbench PRIVATE Boost::headers)
+precompile(cordboard_web <algorithm> web/Frame.h web/Selecting.h)
 
 # What the program says of its build is looked up by every build, and compiled where it has changed.
 set(version ${PROJECT_BINARY_DIR}/Version.cpp)
@@ -50,11 +57,10 @@ add_dependencies(cordboard_cli cordboard_version)
 target_include_directories(cordboard_cli PRIVATE ${EDIT_INCLUDE})
 target_link_libraries(cordboard_cli PUBLIC cordboard_workbench nlohmann_json::nlohmann_json
                       PRIVATE cordboard_web cordboard_remote CLI11::CLI11 SQLite::SQLite3 ${EDIT_LIBRARY})
-if(CORDBOARD_PRECOMPILE)
-  target_precompile_headers(cordboard_cli PRIVATE <nlohmann/json.hpp>)
-endif()
+precompile(cordboard_cli <iostream> <nlohmann/json.hpp> cli/Files.h cli/Output.h)
 add_executable(cordboard cli/main.cpp)
 target_link_libraries(cordboard PRIVATE cordboard_cli)
+link_workbench_first(cordboard)
 if(NOT CORDBOARD_SANITIZE)
   # To bind thousands of names of the standard library takes a quarter of a short run.
   target_link_options(cordboard PRIVATE -static-libstdc++ -static-libgcc)

@@ -42,7 +42,7 @@ class Tree:
         self.objects = root / "build"
         self.objects.mkdir()
         commands = json.loads((BUILD / "compile_commands.json").read_text())
-        self.commands = {entry["file"]: shlex.split(entry["command"]) for entry in commands}
+        self.commands = {entry["file"]: entry["command"] for entry in commands}
 
     def plan(self):
         registry = self.root / "entry/Commands.def"
@@ -55,10 +55,12 @@ class Tree:
         references.write_text(text.replace('"namedBy": [', f'"namedBy": ["{NAME}.DIR", ', 1))
 
     def compile(self, source, like):
-        """Compiles a file with the options of one that the build has."""
+        """Compiles a file with the options of one that the build has, but for precompiled headers: these are not the
+        copy's."""
         out = self.objects / (Path(source).stem + ".o")
+        options = re.sub(r"(-Xclang )?-include(-pch)? (-Xclang )?\S+", "", self.commands[str(like)])
         command = [part.replace(str(SOURCE), str(self.root)) if part.startswith(("-I", "-D")) else part
-                   for part in self.commands[str(like)]]
+                   for part in shlex.split(options)]
         command[command.index("-o") + 1] = str(out)
         command[command.index("-c") + 1] = str(self.root / source)
         done = run(*command, folder=BUILD, check=False)
@@ -67,13 +69,15 @@ class Tree:
         return out
 
     def link(self, target, objects):
-        """Links a program of the build; the given objects take the place of those of the same sources."""
+        """Links a program of the build; the given objects take the place of those of the same sources, also of those in
+        archives, of which the linker takes what is missing."""
         out = self.objects / target
         command = run("ninja", "-t", "commands", target, folder=BUILD).stdout.splitlines()[-1]
         place = f" -o {target} "
         assert place in command, command
         for path in objects:
             command = re.sub(rf"\S*/{path.stem}\.cpp\.o ", "", command)
+        command = re.sub(r"-Xlinker --whole-archive .*--no-whole-archive ", "", command)
         command = command.replace(place, f" -o {shlex.quote(str(out))} {shlex.join(map(str, objects))} ")
         subprocess.run(command, shell=True, cwd=BUILD, check=True)
         return out
