@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "script/Conversions.h"
+#include "workbench/database/Schema.h"
 #include "workbench/forms/Unknown.h"
 #include "workbench/text/Elements.h"
 #include "workbench/text/Separated.h"
@@ -145,16 +146,12 @@ std::optional<std::int32_t> StandingRecord(Exchange& exchange, const FormDefinit
 
 StoredValues ReadRecord(Exchange& exchange, const FormDefinition& definition, std::int32_t CmdId) {
   // A whole comes even where the form shows its digits alone: an edit of one digit keeps the others.
+  const RowSet stored = exchange.Dynamic().Run(
+      "SELECT " + ColumnList(definition.shown) + " FROM " + definition.Rows() + " WHERE [CmdId] = ? LIMIT 1", {CmdId});
   StoredValues values;
-  std::string select;
-  for (const std::string& column : definition.columns) {
-    if (!definition.Shows(column)) continue;
-    values.emplace_back(column, Value());
-    select.append(select.empty() ? "SELECT [" : ", [").append(column).append("]");
-  }
-  select.append(" FROM ").append(definition.Rows()).append(" WHERE [CmdId] = ? LIMIT 1");
-  const RowSet stored = exchange.Dynamic().Run(select, {CmdId});
-  for (std::size_t i = 0; i < values.size() && !stored.IsEmpty(); ++i) values[i].second = stored[i][0];
+  values.reserve(definition.shown.size());
+  for (std::size_t i = 0; i < definition.shown.size(); ++i)
+    values.emplace_back(definition.shown[i], stored.IsEmpty() ? Value() : stored[i][0]);
   return values;
 }
 

@@ -134,8 +134,8 @@ std::string PatternIndexName(const DatabaseSchema& database, const Table& table,
 
 std::string CreateIndex(const std::string& kind, const DatabaseSchema& database, const Table& table,
                         const std::vector<std::string>& columns) {
-  return kind + " [" + IndexName(database, table, columns) + "] ON " + database.Stored(table.name) + " ([" +
-         Separated(columns, "], [") + "])";
+  return kind + " [" + IndexName(database, table, columns) + "] ON " + database.Stored(table.name) + " (" +
+         ColumnList(columns) + ")";
 }
 
 // LIKE takes no notice of capitals, and uses only an index that takes none either.
@@ -195,6 +195,8 @@ std::string DatabaseSchema::RowsOf(std::string_view table) const {
   };
   return "(" + Separated(view->of, " UNION ALL ", rows) + ")";
 }
+
+std::string ColumnList(const std::vector<std::string>& columns) { return "[" + Separated(columns, "], [") + "]"; }
 
 std::vector<std::string> CreateStatements(const DatabaseSchema& database) {
   std::vector<std::string> statements;

@@ -93,6 +93,9 @@ Schema ReadSchema(const DataItem& file);
 // The one that the program carries.
 const Schema& ShippedSchema();
 
+// Columns, one at least, as a statement names them: "[DIR], [CUST]".
+std::string ColumnList(const std::vector<std::string>& columns);
+
 // The statements that create the database's tables and indexes, in SQLite's own language and always in the same
 // order. The declared types are TEXT, INTEGER and BOOLEAN. No column is a key, so that rows stand in the order of
 // insertion.

@@ -54,10 +54,11 @@ struct LineForm {
 struct FormDefinition {
   std::string command;
   std::string title;
-  std::string help;                  // one sentence
-  std::string table;                 // the table of its records
-  std::string database = "dynamic";  // in which the table stands: "site" for templates
-  std::vector<std::string> columns;  // the columns that "SetInfo" is given, "CMDID" first
+  std::string help;                     // one sentence
+  std::string table;                    // the table of its records
+  std::string database = "dynamic";     // in which the table stands: "site" for templates
+  std::vector<std::string> columns;     // the columns that "SetInfo" is given, "CMDID" first
+  std::vector<std::string> shown = {};  // of these, those that the form shows
   ParameterList parameters = {};
   std::vector<std::string> key = {};  // the parameters that tell one record from another, as far as it has them
   FoldingList foldings = {};

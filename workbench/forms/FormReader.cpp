@@ -44,6 +44,13 @@ void ReadRecord(FormDefinition& form, Fields& fields, const DataItem& file) {
   }
 }
 
+Texts ShownColumns(const FormDefinition& form) {
+  Texts shown;
+  std::ranges::copy_if(form.columns, std::back_inserter(shown),
+                       [&form](const std::string& column) { return form.Shows(column); });
+  return shown;
+}
+
 Texts WithoutThoseOf(const Texts& columns, const Texts& others) {
   Texts rest;
   std::ranges::copy_if(columns, std::back_inserter(rest),
@@ -77,6 +84,7 @@ void ReadSecondTable(FormDefinition& form, const DataItem& item) {
   const Table* table = form.Database().Find(second->table);
   if (table == nullptr) item.Fail("there is no table " + second->table);
   second->columns = ColumnsOf(*table);
+  second->shown = ShownColumns(*second);
   form.elsewhere = WithoutThoseOf(second->columns, form.columns);
   second->elsewhere = WithoutThoseOf(form.columns, second->columns);
   if (std::ranges::find(form.elsewhere, form.secondWith) == form.elsewhere.end())
@@ -142,6 +150,7 @@ FormDefinition ReadForm(const std::string& command, const DataItem& file) {
     ReadRecord(form, fields, file);
     form.parameters = ReadParameters(command, fields.At("parameters"));
     form.foldings = FoldingsOf(form, file, fields.Find("folding"));
+    form.shown = ShownColumns(form);
     form.inStep = fields.Get("inStep", std::vector<Texts>());
     form.oneOf = fields.Get("oneOf", std::vector<Texts>());
     form.ordered = fields.Get("ordered", false);

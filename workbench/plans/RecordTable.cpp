@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <iterator>
 #include <unordered_map>
 
 #include "script/Conversions.h"
@@ -41,18 +40,15 @@ void DropShared(std::vector<Record>& first, std::vector<Record>& second) {
 
 }  // namespace
 
-RecordTable::RecordTable(const FormDefinition& form) : form_(&form) {
-  std::ranges::copy_if(form.columns, std::back_inserter(columns_),
-                       [&](const std::string& column) { return form.Shows(column); });
+RecordTable::RecordTable(const FormDefinition& form) : form_(&form), columns_(form.shown) {
   std::ranges::stable_sort(columns_, {}, [&](const std::string& column) { return form.Place(column); });
   for (const std::string& column : columns_) isKey_.push_back(std::ranges::find(form.key, column) != form.key.end());
 }
 
 std::vector<Record> RecordTable::Read(Exchange& exchange) const {
-  const std::string names = Separated(columns_, ", ", [](const std::string& column) { return "[" + column + "]"; });
   // Nothing but a table has a rowid: the rows of a view stand in the order of its tables.
   const std::string order = form_->Database().IsView(form_->table) ? "" : " ORDER BY rowid";
-  const RowSet rows = exchange.Dynamic().Run("SELECT " + names + " FROM " + form_->Rows() + order);
+  const RowSet rows = exchange.Dynamic().Run("SELECT " + ColumnList(columns_) + " FROM " + form_->Rows() + order);
   std::vector<Record> records;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
     Record record;

@@ -103,6 +103,11 @@ TEST(Schema, StoresTheTablesOfTemplatesUnderNamesOfTheirOwn) {
   EXPECT_THAT(IndexNames(site), ElementsAre("site.t by End"));
 }
 
+TEST(Schema, ColumnsAreNamedInBrackets) {
+  EXPECT_EQ(ColumnList({"DIR"}), "[DIR]");
+  EXPECT_EQ(ColumnList({"DIR", "End"}), "[DIR], [End]");
+}
+
 // --- Views.
 
 TEST(Schema, AViewShowsTheRowsOfItsTablesWithTheColumnsOfAll) {

@@ -136,6 +136,8 @@ TEST(FormReader, ASecondTableHasAFormOfItsOwnWithTheSameParameters) {
   ASSERT_THAT(form.OfEachTable(), ElementsAre(&form, form.second.get()));
   EXPECT_EQ(form.second->table, "AUCOI_Regional");
   EXPECT_THAT(form.second->columns, ElementsAre("CMDID", "NUMTYP", "AUTH", "DIR", "CAT", "CSP", "CUST"));
+  EXPECT_THAT(form.shown, ElementsAre("AUTH", "CHECK"));
+  EXPECT_THAT(form.second->shown, ElementsAre("AUTH", "DIR"));
   EXPECT_EQ(form.second->parameters.size(), 3);
   EXPECT_TRUE(form.second->adds);
   EXPECT_THAT(form.elsewhere, ElementsAre("DIR"));
@@ -237,6 +239,7 @@ TEST(FormReader, FoldingsFollowFromTheNames) {
       Read("EXTEI", Names({"ICAT_D1", "ICAT_D1_SUB1", "ICAT_D1_SUB2"}), R"(, "table": "EXTEIDIR")");
   EXPECT_EQ(Written(form.foldings), "ICAT 10: 1+1,ICAT_D1=,ICAT_D1_SUB1,ICAT_D1_SUB2\n")
       << "the digit as a whole, and its parts";
+  EXPECT_THAT(form.shown, ElementsAre("ICAT")) << "by its digits";
 }
 
 TEST(FormReader, AFormSaysOfAFoldingWhatNamesCannotTell) {
