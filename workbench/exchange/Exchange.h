@@ -10,7 +10,7 @@
 
 #include "workbench/database/Connection.h"
 #include "workbench/database/DatabaseTransaction.h"
-#include "workbench/exchange/FixedValues.h"
+#include "workbench/exchange/FixedDatabase.h"
 
 namespace cordboard::workbench {
 

@@ -1,4 +1,4 @@
-// The fixed values of a release: lists of values (ParamValueDesc) and the other static tables (data/values/).
+// The fixed values of all releases: lists of values (ParamValueDesc) and the other static tables (data/values/).
 //
 // A file holds lists that its commands and parameters share:
 //   {"commands": ["KSEXI", "KSANI"],
@@ -11,17 +11,13 @@
 // Or it holds the rows of a table: {"table": "PARNUMVAL", "columns": [...], "rows": [[...], ...]}
 #pragma once
 
-#include <map>
-#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <utility>
 #include <vector>
 
 #include "script/Value.h"
-#include "workbench/database/Connection.h"
 
 namespace cordboard::workbench {
 
@@ -57,30 +53,5 @@ const FixedValues& AllFixedValues();
 const std::vector<const FixedList*>& FixedListsOf(const std::string& command);
 // The parameters of these lists, whose values need not be read for that.
 const std::set<std::string>& FixedParametersOf(const std::string& command);
-
-// The static database: what holds for a release. The lists of a command are entered when they are asked for, since all
-// that there is takes longer than most of what a program is started for.
-class FixedDatabase {
- public:
-  explicit FixedDatabase(std::string release);
-
-  // With the lists of this command, at least.
-  Connection& With(const std::string& command);
-  // With all lists and tables.
-  Connection& Whole();
-  // The list of a parameter in one definition, which is read once.
-  std::shared_ptr<const DescribedValues> List(const std::string& command, const std::string& parameter, int definition);
-
- private:
-  template <typename Work>
-  void Change(Work work);
-  void Enter(const std::string& command, const FixedList& list);
-
-  std::string release_;
-  Connection database_;
-  std::set<std::string> entered_;  // commands
-  std::map<std::tuple<std::string, std::string, int>, std::shared_ptr<const DescribedValues>> read_;
-  bool whole_ = false;
-};
 
 }  // namespace cordboard::workbench
