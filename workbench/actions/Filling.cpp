@@ -1,7 +1,6 @@
 #include "workbench/actions/Filling.h"
 
 #include <algorithm>
-#include <span>
 #include <unordered_set>
 
 #include "script/Conversions.h"
@@ -17,20 +16,6 @@
 namespace cordboard::workbench {
 
 namespace {
-
-constexpr std::size_t shownValues = 10;
-// Where there are more they are not counted: that would cost what the whole list costs. Of a pool not even those are.
-constexpr std::size_t countedValues = 50;
-
-Possible PossibleOf(const ValueList& list, const ParameterDefinition& parameter, bool mandatory) {
-  const std::size_t counted = list.DrawsFromPool() ? shownValues : countedValues;
-  const std::vector<ValidValue> values = list.First(counted + 1);
-  Possible possible{.numbers = parameter.beside, .canBeLeftOut = !mandatory};
-  if (values.size() <= counted) possible.total = values.size();
-  for (const ValidValue& entry : std::span(values).first(std::min(values.size(), shownValues)))
-    possible.values.push_back(entry.value);
-  return possible;
-}
 
 std::string NotPossible(const ParameterDefinition& parameter, const std::vector<std::string>& wrong) {
   if (!parameter.TakesElements() && HoldsSeveral(wrong.front()))
