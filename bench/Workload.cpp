@@ -42,9 +42,9 @@ const std::array<Workload::Step, 8> Workload::steps = {
      {"list all numbers", lists, &Workload::ListNumbers, "ListNumbers", 1.7, 11000},
      {"generate, per series", 0, &Workload::Generate, "Generate", 1.35, 82},
      {"add an extension", 0, &Workload::Add, "Add", 0.75, 560},
-     {"edit an extension", 0, &Workload::Edit, "Edit", 0.85, 290},
+     {"edit an extension", 0, &Workload::Edit, "Edit", 0.85, 280},
      {"list all free positions", lists, &Workload::ListPositions, "ListPositions", 1.6, 1120},
-     {"delete an extension", 0, &Workload::Delete, "Delete", 0.65, 290}}};
+     {"delete an extension", 0, &Workload::Delete, "Delete", 0.65, 275}}};
 
 Workload::Workload(int series, std::unique_ptr<Exchange> exchange, const workbench::Session::Decorate& decorate)
     : series_(series), exchange_(std::move(exchange)), session_(*exchange_, decorate) {
