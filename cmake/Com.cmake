@@ -25,7 +25,7 @@ add_dependencies(cordboard_com cordboard_interface)
 target_include_directories(cordboard_com SYSTEM PUBLIC ${PROJECT_BINARY_DIR}/generated)
 target_compile_definitions(cordboard_com PUBLIC UNICODE _UNICODE _WIN32_WINNT=0x0601)
 target_link_libraries(cordboard_com PUBLIC cordboard::cordboard ole32 oleaut32)
-precompile(cordboard_com com/Platform.h com/Variant.h com/WideText.h)
+cordboard_precompile(cordboard_com com/Platform.h com/Variant.h com/WideText.h)
 
 # The resource compiler writes no dependency file.
 set_source_files_properties(com/cordboard.rc PROPERTIES OBJECT_DEPENDS ${generated}/cordboard.tlb

@@ -20,7 +20,7 @@ file(GLOB com_test_sources CONFIGURE_DEPENDS tests/com/*.cpp tests/com/support/*
 add_executable(com-tests ${com_test_sources} tests/support/EveryOperation.cpp)
 target_include_directories(com-tests PRIVATE tests)
 target_link_libraries(com-tests PRIVATE cordboard_com gtest_windows)
-precompile(com-tests <gtest/gtest.h> tests/com/support/AutomationHost.h)
+cordboard_precompile(com-tests <gtest/gtest.h> tests/com/support/AutomationHost.h)
 target_link_options(com-tests PRIVATE -static)
 add_dependencies(com-tests cordboard_dll)
 add_test(NAME com.client COMMAND ${com_tests}/wine $<TARGET_FILE:com-tests> --gtest_brief=1)

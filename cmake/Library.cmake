@@ -7,8 +7,8 @@ set_target_properties(cordboard_library PROPERTIES OUTPUT_NAME cordboard EXPORT_
 target_compile_features(cordboard_library PUBLIC cxx_std_20)
 set(standard_headers <algorithm> <array> <cstdint> <functional> <map> <memory> <optional> <ranges> <set> <stdexcept>
     <string> <string_view> <utility> <variant> <vector>)
-precompile(cordboard_library ${standard_headers} script/Conversions.h script/Generate.h script/Module.h script/Report.h
-           shared/ValueLists.h)
+cordboard_precompile(cordboard_library ${standard_headers} script/Conversions.h script/Generate.h script/Module.h
+                     script/Report.h shared/ValueLists.h)
 target_include_directories(cordboard_library PUBLIC
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/cordboard>)

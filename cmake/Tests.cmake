@@ -11,14 +11,14 @@ set_source_files_properties(tests/support/SourceFolder.cpp PROPERTIES
 target_include_directories(cordboard_test_support PUBLIC tests)
 target_link_libraries(cordboard_test_support PUBLIC cordboard::cordboard GTest::gtest GTest::gmock GTest::gtest_main)
 
-# What has been precompiled for another target serves this one too.
+# What has been precompiled for a library serves this target too, which is built with the same options.
 function(reuse_precompiled target other)
   if(CORDBOARD_PRECOMPILE)
     target_precompile_headers(${target} REUSE_FROM ${other})
   endif()
 endfunction()
-precompile(cordboard_test_support <gmock/gmock.h> tests/support/Outcome.h tests/support/ScriptedHost.h
-           tests/support/Transcript.h)
+cordboard_precompile(cordboard_test_support <gmock/gmock.h> tests/support/Outcome.h tests/support/ScriptedHost.h
+                     tests/support/Transcript.h)
 
 file(GLOB library_tests CONFIGURE_DEPENDS tests/script/*.cpp tests/shared/*.cpp tests/commands/*.cpp
      tests/commands/*/*.cpp tests/entry/*.cpp tests/support/*_test.cpp)
@@ -27,12 +27,19 @@ target_link_libraries(library-tests PRIVATE cordboard_test_support)
 reuse_precompiled(library-tests cordboard_test_support)
 add_test(NAME library COMMAND library-tests --gtest_brief=1)
 
+# The same for tests of what stands on the workbench.
 if(CORDBOARD_WORKBENCH)
-  file(GLOB_RECURSE workbench_tests CONFIGURE_DEPENDS tests/workbench/*.cpp)
+  file(GLOB workbench_support CONFIGURE_DEPENDS tests/workbench/support/*.cpp)
+  add_library(cordboard_workbench_test_support STATIC ${workbench_support})
+  target_link_libraries(cordboard_workbench_test_support PUBLIC cordboard_test_support cordboard_workbench)
+  cordboard_precompile(cordboard_workbench_test_support <gmock/gmock.h> tests/support/Road.h
+                       tests/workbench/support/RoadTest.h)
+
+  file(GLOB_RECURSE workbench_tests CONFIGURE_DEPENDS tests/workbench/*_test.cpp)
   add_executable(workbench-tests ${workbench_tests})
-  target_link_libraries(workbench-tests PRIVATE cordboard_test_support cordboard_workbench)
+  target_link_libraries(workbench-tests PRIVATE cordboard_workbench_test_support)
   link_workbench_first(workbench-tests)
-  precompile(workbench-tests <gmock/gmock.h> tests/support/Road.h tests/workbench/support/RoadTest.h)
+  reuse_precompiled(workbench-tests cordboard_workbench_test_support)
   add_test(NAME workbench COMMAND workbench-tests --gtest_brief=1)
 endif()
 
@@ -42,9 +49,9 @@ find_package(Python3 REQUIRED COMPONENTS Interpreter)
 if(CORDBOARD_WORKBENCH)
   file(GLOB web_tests CONFIGURE_DEPENDS tests/web/*.cpp)
   add_executable(web-tests ${web_tests})
-  target_link_libraries(web-tests PRIVATE cordboard_test_support cordboard_web)
+  target_link_libraries(web-tests PRIVATE cordboard_workbench_test_support cordboard_web)
   link_workbench_first(web-tests)
-  reuse_precompiled(web-tests workbench-tests)
+  reuse_precompiled(web-tests cordboard_workbench_test_support)
   add_test(NAME web COMMAND web-tests --gtest_brief=1)
   add_test(NAME web.wire COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tests/web/wire_test.py
                                  $<TARGET_FILE:cordboard>)
@@ -115,9 +122,9 @@ endif()
 if(CORDBOARD_WORKBENCH)
   file(GLOB fault_tests CONFIGURE_DEPENDS tests/fault/*.cpp)
   add_executable(fault-tests ${fault_tests})
-  target_link_libraries(fault-tests PRIVATE cordboard_test_support cordboard_workbench)
+  target_link_libraries(fault-tests PRIVATE cordboard_workbench_test_support)
   link_workbench_first(fault-tests)
-  reuse_precompiled(fault-tests workbench-tests)
+  reuse_precompiled(fault-tests cordboard_workbench_test_support)
   file(GLOB modules CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/commands commands/*/*.cpp)
   list(TRANSFORM modules REPLACE "/.*" "")
   list(REMOVE_DUPLICATES modules)
@@ -132,9 +139,9 @@ endif()
 if(CORDBOARD_WORKBENCH)
   file(GLOB cli_tests CONFIGURE_DEPENDS tests/cli/*_test.cpp)
   add_executable(cli-tests ${cli_tests})
-  target_link_libraries(cli-tests PRIVATE cordboard_test_support cordboard_cli)
+  target_link_libraries(cli-tests PRIVATE cordboard_workbench_test_support cordboard_cli)
   link_workbench_first(cli-tests)
-  reuse_precompiled(cli-tests workbench-tests)
+  reuse_precompiled(cli-tests cordboard_workbench_test_support)
   add_test(NAME cli COMMAND cli-tests --gtest_brief=1)
 endif()
 

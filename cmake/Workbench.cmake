@@ -18,7 +18,7 @@ file(GLOB workbench_sources CONFIGURE_DEPENDS workbench/*.cpp workbench/*/*.cpp)
 add_library(cordboard_workbench STATIC ${workbench_sources} ${resources})
 target_link_libraries(cordboard_workbench PUBLIC cordboard::cordboard PRIVATE SQLite::SQLite3
                       nlohmann_json::nlohmann_json)
-precompile(cordboard_workbench ${standard_headers} workbench/actions/UserAction.h workbench/text/Separated.h)
+cordboard_precompile(cordboard_workbench ${standard_headers} workbench/actions/UserAction.h workbench/text/Separated.h)
 if(CORDBOARD_SANITIZE)
   # Under sanitizers its tests take longer than to compile it.
   target_compile_options(cordboard_workbench PRIVATE -O1)
@@ -38,7 +38,7 @@ find_package(Boost REQUIRED)
 file(GLOB web_sources CONFIGURE_DEPENDS web/*.cpp web/pages/*.cpp)
 add_library(cordboard_web STATIC ${web_sources})
 target_link_libraries(cordboard_web PUBLIC cordboard_workbench PRIVATE Boost::headers)
-precompile(cordboard_web <algorithm> web/Frame.h web/Selecting.h)
+cordboard_precompile(cordboard_web <algorithm> web/Frame.h web/Selecting.h)
 
 # What the program says of its build is looked up by every build, and compiled where it has changed.
 set(version ${PROJECT_BINARY_DIR}/Version.cpp)
@@ -57,7 +57,7 @@ add_dependencies(cordboard_cli cordboard_version)
 target_include_directories(cordboard_cli PRIVATE ${EDIT_INCLUDE})
 target_link_libraries(cordboard_cli PUBLIC cordboard_workbench nlohmann_json::nlohmann_json
                       PRIVATE cordboard_web cordboard_remote CLI11::CLI11 SQLite::SQLite3 ${EDIT_LIBRARY})
-precompile(cordboard_cli <iostream> <nlohmann/json.hpp> cli/Files.h cli/Output.h)
+cordboard_precompile(cordboard_cli <iostream> <nlohmann/json.hpp> cli/Files.h cli/Output.h)
 add_executable(cordboard cli/main.cpp)
 target_link_libraries(cordboard PRIVATE cordboard_cli)
 link_workbench_first(cordboard)

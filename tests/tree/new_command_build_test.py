@@ -70,14 +70,14 @@ class Tree:
 
     def link(self, target, objects):
         """Links a program of the build; the given objects take the place of those of the same sources, also of those in
-        archives, of which the linker takes what is missing."""
+        archives: of these none is linked whole, so that the linker takes what is missing."""
         out = self.objects / target
         command = run("ninja", "-t", "commands", target, folder=BUILD).stdout.splitlines()[-1]
         place = f" -o {target} "
         assert place in command, command
         for path in objects:
             command = re.sub(rf"\S*/{path.stem}\.cpp\.o ", "", command)
-        command = re.sub(r"-Xlinker --whole-archive .*--no-whole-archive ", "", command)
+        command = re.sub(r"(-Xlinker |-Wl,)--whole-archive[ ,].*?--no-whole-archive ", "", command)
         command = command.replace(place, f" -o {shlex.quote(str(out))} {shlex.join(map(str, objects))} ")
         subprocess.run(command, shell=True, cwd=BUILD, check=True)
         return out

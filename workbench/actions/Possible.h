@@ -19,7 +19,7 @@ struct Possible {
   bool canBeLeftOut = false;              // no value is needed
 };
 
-// In the place of a value of this parameter, which may be left out where it is not mandatory.
+// What its list gives for a parameter, which can be left out where it is not mandatory.
 Possible PossibleOf(const ValueList& list, const ParameterDefinition& parameter, bool mandatory);
 
 // "10, 20, 30, ... (57 in all), or a number from 90 to 99"; of no values it says so.

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <limits>
+#include <memory>
 #include <new>
 
 #include "workbench/database/Connection.h"

@@ -44,13 +44,6 @@ void ReadRecord(FormDefinition& form, Fields& fields, const DataItem& file) {
   }
 }
 
-Texts ShownColumns(const FormDefinition& form) {
-  Texts shown;
-  std::ranges::copy_if(form.columns, std::back_inserter(shown),
-                       [&form](const std::string& column) { return form.Shows(column); });
-  return shown;
-}
-
 Texts WithoutThoseOf(const Texts& columns, const Texts& others) {
   Texts rest;
   std::ranges::copy_if(columns, std::back_inserter(rest),
@@ -139,6 +132,13 @@ void ReadActions(FormDefinition& form) {
 }
 
 }  // namespace
+
+Texts ShownColumns(const FormDefinition& form) {
+  Texts shown;
+  std::ranges::copy_if(form.columns, std::back_inserter(shown),
+                       [&form](const std::string& column) { return form.Shows(column); });
+  return shown;
+}
 
 FormDefinition ReadForm(const std::string& command, const DataItem& file) {
   return file.Object([&](Fields& fields) {

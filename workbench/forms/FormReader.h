@@ -26,6 +26,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "workbench/forms/FormDefinition.h"
 
@@ -33,6 +34,8 @@ namespace cordboard::workbench {
 
 class DataItem;
 
+// The columns that a form with these parameters and foldings shows.
+std::vector<std::string> ShownColumns(const FormDefinition& form);
 // Reads the form of a command. Fails with a DataError.
 FormDefinition ReadForm(const std::string& command, const DataItem& file);
 

@@ -43,6 +43,7 @@ class UserActionTest : public testing::Test {
                        FreeText("DESCRIPTION")});
     gespi_.foldings = {
         {.parameter = "TRAF", .length = 3, .places = {{1, 1, {"TRAF_D1"}}, {2, 1, {"TRAF_D2"}}, {3, 1, {"TRAF_D3"}}}}};
+    gespi_.shown = ShownColumns(gespi_);
     sytds_ = TestForm("SYTDS", {"CMDID", "CDNAL", "CDNAS"},
                       {WithList(Parameter("CDNAL")), WithCheck(WithList(Parameter("CDNAS")))});
     roddi_ = TestForm("RODDI", {"CMDID", "ROU", "DEST", "CUST"},
@@ -184,6 +185,7 @@ TEST_F(UserActionTest, FixedValuesAreAListToo) {
 TEST_F(UserActionTest, AListThatIsNotBuiltInSilenceLeavesTheValueToTheForm) {
   sytds_.columns.push_back("OPTL");
   sytds_.parameters.push_back(WithList(Parameter("OPTL")));
+  sytds_.shown.push_back("OPTL");
   EXPECT_EQ(Add(sytds_, {{"OPTL", "anything"}}), "done");
 }
 

@@ -1,16 +1,14 @@
 // Forms made for tests, over commands that are built.
 #pragma once
 
-#include <algorithm>
-#include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "workbench/forms/FormDefinition.h"
+#include "workbench/forms/FormReader.h"
 
 namespace cordboard::workbench {
 
-// Shows all of its columns but the identifier.
 inline FormDefinition TestForm(const std::string& command, std::vector<std::string> columns,
                                std::vector<ParameterDefinition> parameters) {
   FormDefinition form;
@@ -18,8 +16,8 @@ inline FormDefinition TestForm(const std::string& command, std::vector<std::stri
   form.title = command;
   form.table = command;
   form.columns = std::move(columns);
-  std::ranges::remove_copy(form.columns, std::back_inserter(form.shown), "CMDID");
   form.parameters = std::move(parameters);
+  form.shown = ShownColumns(form);
   form.adds = form.edits = form.deletes = true;
   return form;
 }
