@@ -27,7 +27,7 @@ target_link_libraries(library-tests PRIVATE cordboard_test_support)
 reuse_precompiled(library-tests cordboard_test_support)
 add_test(NAME library COMMAND library-tests --gtest_brief=1)
 
-# The same for tests of what stands on the workbench.
+# What the tests of the workbench, and of what stands on it, have in common; then its own tests.
 if(CORDBOARD_WORKBENCH)
   file(GLOB workbench_support CONFIGURE_DEPENDS tests/workbench/support/*.cpp)
   add_library(cordboard_workbench_test_support STATIC ${workbench_support})

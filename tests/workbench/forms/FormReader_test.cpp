@@ -339,6 +339,8 @@ TEST(FormReader, AListIsMadeOfParametersThatMayBeWholes) {
             "DATA8 50: 1+2,DATA8_D1D2 5+1,DATA8_D5\nDATA9 50-: 1+2,DATA9_D1D2 5+1,DATA9_D5\n"
             "DATA10 50-: 1+2,DATA10_D1D2 5+1,DATA10_D5\nDATA 30&: 1+1,DATA8 2+1,DATA9 3+1,DATA10\n");
   EXPECT_TRUE(form.foldings.back().isList);
+  EXPECT_THAT(form.shown, testing::Contains("DATA"));
+  EXPECT_THAT(form.shown, testing::Not(testing::Contains("DATA9"))) << "a part is shown by its list";
   EXPECT_THAT(form.foldings.back().sum, ElementsAre("DATA8_D1D2", "DATA9_D1D2", "DATA10_D1D2"));
 }
 
